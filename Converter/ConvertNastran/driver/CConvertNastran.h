@@ -1,0 +1,287 @@
+#pragma once
+// The one object of a run: it owns the store and the log; reader, card handlers and section writers are its members.
+
+#include "driver/RunError.h"
+#include "messages/ZdtMsgMgr.h"
+#include "platform/File.h"
+#include "reader/Card.h"
+#include "reader/LineReader.h"
+#include "store/DataPool.h"
+#include "writer/Format.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class CDialogs;
+struct T_KEYW_D;
+
+/// Converts one deck; made anew for each run.
+class CConvertNastran {
+  public:
+    /// rDialogs shows the log and a failing output file; it must outlive this object.
+    explicit CConvertNastran(CDialogs& rDialogs);
+    virtual ~CConvertNastran();
+    CConvertNastran(const CConvertNastran&) = delete;
+    CConvertNastran& operator=(const CConvertNastran&) = delete;
+
+    /// Reads the deck sPath and all that it includes, resolves the model, writes the target file beside the deck and
+    /// shows the log. Returns 1, or 0 for a failed run, whose reason is in GetFailure. An output file that fails is
+    /// told through the dialogs and counts as success. Doesn't throw.
+    int Convert(const std::string& sPath);
+
+    /// Why the last run failed.
+    const T_FAIL_D& GetFailure() const { return m_failure; }
+
+    /// The model, as far as the run got.
+    const CDataPool& GetDataPool() const { return *m_pDataPool; }
+
+    const CZdtMsgMgr& GetMsgMgr() const { return *m_pMsgMgr; }
+
+    /// Path of the target file: the path up to its last ".", wherever that stands, and ".zdt".
+    static std::string TargetPath(const std::string& sPath);
+
+    /// The field as an integer: the default if it is empty, else atoi of it.
+    static std::int32_t FieldToInt(std::string_view sField, std::int32_t iDefault);
+
+    /// The field as a real: the default if it is empty, else its value with the exponent forms of the card format.
+    static double FieldToReal(std::string_view sField, double dDefault);
+
+    /// The field as a text: the default if it is empty.
+    static std::string_view FieldToText(std::string_view sField, std::string_view sDefault = {});
+
+    /// Id of a keyword that is written exactly so. Returns 1, or 0 if there is none.
+    static int KeywordToId(std::string_view sKeyword, std::int32_t& rId);
+
+    /// The lines of a card for a message: "(Line:%d)", or "(Line:%d~%d)" with more than one number.
+    static std::string LineInfoText(const std::vector<std::int32_t>& aLines);
+
+    /// The one way to the output file: sends a line made of a printf format and its arguments, which are checked
+    /// against it by the compiler. Adds no line feed. Always 1. Throws CFileException.
+    template <class... ARGS>
+    static int WriteLine(CFile& rFile, T_FORMAT_D<std::type_identity_t<ARGS>...> format, const ARGS&... args) {
+        FormatTo(rFile, format, args...);
+        return 1;
+    }
+
+  private:
+    friend struct T_KEYW_D;
+
+    // driver/Convert.cpp
+    void RunConversion(const std::string& sPath);
+    void ReadDeck();
+    void TestIncludeCycle() const;
+    void LogBanner(const std::string& sPath);
+    template <class... ARGS>
+    int LogMessage(std::string_view sFormat, const ARGS&... args) {
+        m_pMsgMgr->AddMessageF(sFormat, {CTextArg(args)...});
+        return 0;
+    }
+
+    // reader/DeckReader.cpp
+    int ReadDeckFile();
+    int ReadCardGroup();
+    int PeekNextLine();
+    int SwitchSection(std::string_view sText);
+    T_LINE_D* FetchLine(std::int32_t nLongest);
+    void TestLength(std::size_t nText, std::int32_t nLongest, std::int32_t iLine) const;
+
+    // reader/CardAssembly.cpp
+    int AssembleCard();
+    int SplitSmallLine(T_LINE_D& rLine);
+    int SplitLargeLine(T_LINE_D& rLine);
+    int SplitFreeLine(T_LINE_D& rLine);
+
+    // reader/Dispatch.cpp
+    int DispatchCard(const T_DATA_D& rCard);
+    void ReportCard(const T_DATA_D& rCard);
+    void TakeInclude(const T_DATA_D& rCard);
+
+    // The card handlers. Each stores what its card says, logs nothing and returns 1.
+
+    // cards/GridCard.cpp
+    int ParseGRID(const T_DATA_D& rCard);
+
+    // cards/CoordinateSystemCards.cpp
+    int ParseCORD1R(const T_DATA_D& rCard);
+    int ParseCORD1C(const T_DATA_D& rCard);
+    int ParseCORD1S(const T_DATA_D& rCard);
+    int ParseCORD2R(const T_DATA_D& rCard);
+    int ParseCORD2C(const T_DATA_D& rCard);
+    int ParseCORD2S(const T_DATA_D& rCard);
+
+    // cards/LineElementCards.cpp
+    int ParseCBAR(const T_DATA_D& rCard);
+    int ParseCBEAM(const T_DATA_D& rCard);
+    int ParseCBEND(const T_DATA_D& rCard);
+    int ParseCROD(const T_DATA_D& rCard);
+    int ParseCTUBE(const T_DATA_D& rCard);
+    int ParseCONROD(const T_DATA_D& rCard);
+
+    // cards/ShellElementCards.cpp
+    int ParseCTRIA3(const T_DATA_D& rCard);
+    int ParseCTRIA6(const T_DATA_D& rCard);
+    int ParseCTRIAR(const T_DATA_D& rCard);
+    int ParseCQUAD4(const T_DATA_D& rCard);
+    int ParseCQUAD8(const T_DATA_D& rCard);
+    int ParseCQUADR(const T_DATA_D& rCard);
+    int ParseCSHEAR(const T_DATA_D& rCard);
+
+    // cards/SolidElementCards.cpp
+    int ParseCTETRA(const T_DATA_D& rCard);
+    int ParseCPENTA(const T_DATA_D& rCard);
+    int ParseCHEXA(const T_DATA_D& rCard);
+
+    // cards/LinkCards.cpp
+    int ParseCELAS1(const T_DATA_D& rCard);
+    int ParseCELAS2(const T_DATA_D& rCard);
+    int ParseCBUSH(const T_DATA_D& rCard);
+    int ParseCGAP(const T_DATA_D& rCard);
+
+    // cards/MassAndRigidCards.cpp
+    int ParseCONM2(const T_DATA_D& rCard);
+    int ParseRBE2(const T_DATA_D& rCard);
+
+    // cards/BeamPropertyCards.cpp
+    int ParsePBAR(const T_DATA_D& rCard);
+    int ParsePBARL(const T_DATA_D& rCard);
+    int ParsePBEAM(const T_DATA_D& rCard);
+    int ParsePBEND(const T_DATA_D& rCard);
+    int ParsePROD(const T_DATA_D& rCard);
+    int ParsePTUBE(const T_DATA_D& rCard);
+
+    // cards/PlatePropertyCards.cpp
+    int ParsePSHELL(const T_DATA_D& rCard);
+    int ParsePCOMP(const T_DATA_D& rCard);
+    int ParsePSHEAR(const T_DATA_D& rCard);
+    int ParsePSOLID(const T_DATA_D& rCard);
+
+    // cards/SpringPropertyCards.cpp
+    int ParsePELAS(const T_DATA_D& rCard);
+    int ParsePBUSH(const T_DATA_D& rCard);
+    int ParsePGAP(const T_DATA_D& rCard);
+
+    // cards/MaterialCards.cpp
+    int ParseMAT1(const T_DATA_D& rCard);
+    int ParseMAT4(const T_DATA_D& rCard);
+    int ParseMAT8(const T_DATA_D& rCard);
+
+    // cards/NodalLoadCards.cpp
+    int ParseFORCE(const T_DATA_D& rCard);
+    int ParseFORCE1(const T_DATA_D& rCard);
+    int ParseFORCE2(const T_DATA_D& rCard);
+    int ParseMOMENT(const T_DATA_D& rCard);
+    int ParseMOMENT1(const T_DATA_D& rCard);
+    int ParseMOMENT2(const T_DATA_D& rCard);
+    int ParseGRAV(const T_DATA_D& rCard);
+    int ParseLOAD(const T_DATA_D& rCard);
+
+    // cards/LoadSets.cpp
+    T_LOAD_D& EnsureLoadSet(std::int32_t iSID);
+
+    // cards/ElementLoadCards.cpp
+    int ParsePLOAD1(const T_DATA_D& rCard);
+    int ParsePLOAD2(const T_DATA_D& rCard);
+    int ParsePLOAD4(const T_DATA_D& rCard);
+
+    // cards/TemperatureCards.cpp
+    int ParseTEMP(const T_DATA_D& rCard);
+    int ParseTEMPD(const T_DATA_D& rCard);
+    int ParseTEMPP1(const T_DATA_D& rCard);
+    int ParseTEMPRB(const T_DATA_D& rCard);
+
+    // cards/ConstraintCards.cpp
+    int ParseSPC(const T_DATA_D& rCard);
+    int ParseSPC1(const T_DATA_D& rCard);
+    int ParseMPC(const T_DATA_D& rCard);
+    int ParseSPCD(const T_DATA_D& rCard);
+
+    // cards/EigenvalueCards.cpp
+    int ParseEIGB(const T_DATA_D& rCard);
+    int ParseEIGRL(const T_DATA_D& rCard);
+
+    // The section writers. Each returns 1 and throws CFileException; a section without records writes nothing unless
+    // its writer says otherwise.
+
+    // writer/ZdtFile.cpp
+    int WriteZdtFile(const std::string& sPath);
+    int WriteModel(CFile& rFile);
+    int WriteFileVersion(CFile& rFile);
+
+    // writer/NodeSection.cpp
+    int WriteNodeSection(CFile& rFile);
+
+    // writer/ElementSection.cpp
+    int WriteElementSection(CFile& rFile);
+    int WriteConrodSection(CFile& rFile);
+
+    // writer/MaterialSection.cpp
+    int WriteMaterialSection(CFile& rFile);
+
+    // writer/SectionSection.cpp
+    int WriteSectionAndThickness(CFile& rFile);
+    int WriteBarSection(CFile& rFile, std::int32_t iPID, const T_PROP_D& rProperty);
+    int WriteBeamSection(CFile& rFile, std::int32_t iPID, const T_PROP_D& rProperty);
+
+    // writer/ConstraintSection.cpp
+    int WriteConstraintSection(CFile& rFile);
+    int WriteLocalAxisSection(CFile& rFile);
+
+    // writer/RigidLinkSection.cpp
+    int WriteRbe2Links(CFile& rFile);
+    int WriteMpcLinks(CFile& rFile);
+
+    // writer/ElasticLinkSection.cpp
+    int WriteCelas1Links(CFile& rFile);
+    int WriteCelas2Links(CFile& rFile);
+
+    // writer/GeneralLinkSection.cpp: bushes and gaps
+    int WriteBushGapProperties(CFile& rFile);
+    int WriteBushGapLinks(CFile& rFile);
+
+    // writer/ScalarLinkSection.cpp: springs between coincident nodes
+    int WriteScalarProperties(CFile& rFile);
+    int WriteScalarLinks(CFile& rFile);
+    std::int32_t MaxPropertyId() const;
+
+    // writer/NodalMassSection.cpp
+    int WriteNodalMassSection(CFile& rFile);
+
+    // writer/LoadCases.cpp
+    int WriteStaticLoadCases(CFile& rFile);
+
+    // writer/LoadCombinations.cpp
+    int WriteLoadCombinations(CFile& rFile);
+
+    // writer/EigenControl.cpp
+    int WriteEigenControl(CFile& rFile);
+
+    /// A deck that a run read or has yet to read.
+    struct T_DECK_D {
+        std::string sPATH;
+        std::size_t iORIGIN = 0; // the deck that includes it; the main deck is its own
+        T_FILEID_D id;           // once it was opened
+    };
+
+    CDialogs& m_rDialogs;
+    std::unique_ptr<CDataPool> m_pDataPool;
+    std::unique_ptr<CZdtMsgMgr> m_pMsgMgr;
+    T_FAIL_D m_failure;
+
+    std::vector<T_DECK_D> m_aDecks; // the main deck, then those of INCLUDE cards in the order met
+    std::size_t m_iCurDeck = 0;     // the one being read
+    CLineReader m_reader;
+    std::int32_t m_iSection = 0;             // 0 before CEND, 1 case control, 2 bulk data
+    std::int32_t m_iLineNo = 0;              // lines read of the current deck
+    std::int32_t m_nFileLines = 0;           // lines that count; a Ctrl-Z ends them
+    std::vector<T_LINE_D> m_aLines;          // lines of the card in hand, then the one looked ahead to; never shrinks
+    std::size_t m_nLines = 0;                // of the card in hand
+    bool m_bPeeked = false;                  // whether m_aLines[m_nLines] is the next line
+    std::vector<std::string_view> m_aPieces; // of one line
+    T_DATA_D m_card;                         // the assembled card
+
+    std::int32_t m_iCurLoadSet = 0; // set of the last load card
+    std::int32_t m_nPSHELL = 0;     // PSHELL cards read
+};

@@ -1,0 +1,84 @@
+// One run from the deck to the target file.
+
+#include "driver/CConvertNastran.h"
+
+#include "messages/MsgDll.h"
+#include "platform/Dialogs.h"
+
+#include <exception>
+#include <new>
+
+CConvertNastran::CConvertNastran(CDialogs& rDialogs)
+    : m_rDialogs(rDialogs), m_pDataPool(std::make_unique<CDataPool>()),
+      m_pMsgMgr(std::make_unique<CZdtMsgMgr>(rDialogs)) {}
+
+CConvertNastran::~CConvertNastran() = default;
+
+int CConvertNastran::Convert(const std::string& sPath) {
+    try {
+        m_failure = {};
+        RunConversion(sPath);
+    } catch (const CRunError& rError) {
+        m_failure.eFAILURE = rError.m_eFailure;
+        m_failure.iLINE = rError.m_iLine;
+        m_failure.nLIMIT = rError.m_nLimit;
+    } catch (const std::bad_alloc&) {
+        m_failure.eFAILURE = FAILURE_EXHAUSTED;
+        m_failure.iLINE = m_iCurDeck < m_aDecks.size() ? m_iLineNo : 0;
+    } catch (const std::exception& rError) {
+        m_failure.eFAILURE = FAILURE_INTERNAL;
+        m_failure.sCAUSE = rError.what();
+    }
+    m_reader.Close();
+    if (m_failure.eFAILURE != FAILURE_NONE && m_iCurDeck < m_aDecks.size()) {
+        m_failure.sFILE = m_aDecks[m_iCurDeck].sPATH;
+    }
+    return m_failure.eFAILURE == FAILURE_NONE ? 1 : 0;
+}
+
+void CConvertNastran::RunConversion(const std::string& sPath) {
+    m_nPSHELL = 0;
+    m_aDecks.push_back({sPath, 0, {}});
+    for (m_iCurDeck = 0; m_iCurDeck < m_aDecks.size(); ++m_iCurDeck) { // INCLUDE cards add to the list as it is walked
+        ReadDeck();
+    }
+    m_pDataPool->m_pMsgMgr = m_pMsgMgr.get();
+    if (!WriteZdtFile(sPath)) throw CRunError(FAILURE_NOT_WRITTEN);
+    m_pMsgMgr->ShowMessages();
+}
+
+/// Reads the deck at m_iCurDeck. Throws CRunError if it can't be opened or includes itself.
+void CConvertNastran::ReadDeck() {
+    const bool bMain = m_iCurDeck == 0;
+    if (!m_reader.Open(m_aDecks[m_iCurDeck].sPATH, m_failure.sCAUSE)) {
+        throw CRunError(bMain ? FAILURE_DECK_NOT_OPENED : FAILURE_INCLUDE_NOT_OPENED);
+    }
+    m_aDecks[m_iCurDeck].id = m_reader.GetId();
+    TestIncludeCycle();
+    if (bMain) LogBanner(m_aDecks[0].sPATH);
+    ReadDeckFile();
+    m_reader.Close();
+}
+
+/// A deck may be included again and again by different roads, but a road that leads back to where it came from would
+/// never end.
+void CConvertNastran::TestIncludeCycle() const {
+    const T_FILEID_D id = m_aDecks[m_iCurDeck].id;
+    for (std::size_t iDeck = m_iCurDeck; iDeck != 0;) {
+        iDeck = m_aDecks[iDeck].iORIGIN;
+        if (m_aDecks[iDeck].id == id) throw CRunError(FAILURE_INCLUDE_CYCLE);
+    }
+}
+
+void CConvertNastran::LogBanner(const std::string& sPath) {
+    LogMessage("");
+    LogMessage("================================== [ Conversion Information ] =======================================");
+    LogMessage("");
+    LogMessage("** Original File   : %s", sPath);
+    LogMessage("** Conversed By    : ZENTA Nastran 5.5.0 Convertor");
+    LogMessage("** Limitation");
+    LogMessage("  - %s", g_pfnLoadStr("IDS_NASTRAN_Input_file_maked_by_FEAMAP_is_required"));
+    LogMessage("");
+    LogMessage(std::string(100, '='));
+    LogMessage("");
+}

@@ -1,0 +1,45 @@
+#pragma once
+// Why a run ended before its time.
+
+#include <cstdint>
+#include <exception>
+#include <string>
+
+/// Causes of a failed run.
+enum E_FAILURE {
+    FAILURE_NONE,
+    FAILURE_DECK_NOT_OPENED,    // the main deck
+    FAILURE_INCLUDE_NOT_OPENED, // an included deck
+    FAILURE_DECK_NOT_READ,      // a deck stopped giving bytes before its end
+    FAILURE_LINE_TOO_LONG,
+    FAILURE_INCLUDE_CYCLE,  // a chain of includes that leads back to a deck that it came from
+    FAILURE_RANGE_TOO_LONG, // a THRU range that can't be held
+    FAILURE_NOT_WRITTEN,    // a section writer gave up
+    FAILURE_EXHAUSTED,      // no memory left
+    FAILURE_INTERNAL,
+};
+
+/// The reason that a run keeps for its host.
+struct T_FAIL_D {
+    E_FAILURE eFAILURE = FAILURE_NONE;
+    std::string sFILE;       // the deck concerned
+    std::int32_t iLINE = 0;  // its line, 0 if none
+    std::int32_t nLIMIT = 0; // the limit that was passed
+    std::string sCAUSE;      // the system's words
+
+    /// One line for a person.
+    std::string GetText() const;
+};
+
+/// Ends the run from wherever it is thrown. CConvertNastran::Convert turns it into the reason and a result.
+class CRunError : public std::exception {
+  public:
+    /// The run adds the file that it is reading.
+    explicit CRunError(E_FAILURE eFailure, std::int32_t iLine = 0, std::int32_t nLimit = 0)
+        : m_eFailure(eFailure), m_iLine(iLine), m_nLimit(nLimit) {}
+    const char* what() const noexcept override { return "the run can't go on"; }
+
+    const E_FAILURE m_eFailure;
+    const std::int32_t m_iLine;
+    const std::int32_t m_nLimit;
+};

@@ -1,0 +1,39 @@
+#pragma once
+// What the reader makes of a deck: lines, and cards made of lines.
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+/// Limits of a line's text in characters. The line loop takes every line up to the first; whatever looks into a bulk
+/// line, or ahead to the next one, takes the second.
+constexpr std::int32_t LONGEST_LINE = 199;
+constexpr std::int32_t LONGEST_BULK_LINE = 159;
+
+/// How a line's fields are cut.
+enum E_FORMAT : std::int32_t {
+    FORMAT_SMALL = 0,
+    FORMAT_LARGE = 1,
+    FORMAT_FREE = 2,
+    FORMAT_CASE_CONTROL = 3,
+    FORMAT_EXECUTIVE = 4,
+};
+
+/// One line of a deck, in upper case. The text is changed in place as fields are cut from it.
+struct T_LINE_D {
+    std::int32_t iLINE = 0; // from 1
+    E_FORMAT iFORMAT = FORMAT_SMALL;
+    bool bCONT = false;    // whether it continues a card
+    bool bCOMMENT = false; // whether it is a comment; then there is no text
+    std::uint32_t nTEXT = 0;
+    char aTEXT[LONGEST_LINE + 1];
+
+    std::string_view Text() const { return {aTEXT, nTEXT}; }
+};
+
+/// An assembled card. Fields point into the lines that it was made of.
+struct T_DATA_D {
+    std::int32_t iKEYWORD = -1;            // place in the keyword table
+    std::vector<std::int32_t> aLINES;      // the line that each field came from
+    std::vector<std::string_view> aFIELDS; // data fields in order, without blanks; the keyword isn't among them
+};

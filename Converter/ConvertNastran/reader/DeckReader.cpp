@@ -1,0 +1,123 @@
+// From the lines of a deck to groups of lines, one group a card.
+
+#include "driver/CConvertNastran.h"
+
+#include "messages/MsgDll.h"
+#include "reader/NastranStrParser.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace {
+
+constexpr std::size_t MOST_LINES = 1000; // tested before a line is added, so a card can have one more
+constexpr char CTRL_Z = '\x1A';
+
+} // namespace
+
+void CConvertNastran::TestLength(std::size_t nText, std::int32_t nLongest, std::int32_t iLine) const {
+    if (nText > static_cast<std::size_t>(nLongest)) throw CRunError(FAILURE_LINE_TOO_LONG, iLine, nLongest);
+}
+
+/// The next line of the deck, normalized, in the place behind the lines of the card in hand; null at the end of the
+/// deck. Throws CRunError if its text is longer than nLongest.
+T_LINE_D* CConvertNastran::FetchLine(std::int32_t nLongest) {
+    std::string_view sRaw;
+    if (!m_reader.Read(sRaw)) return nullptr;
+    const std::string_view sText = sRaw.substr(0, sRaw.find('\0'));
+    TestLength(sText.size(), nLongest, m_iLineNo + 1);
+    if (const std::size_t iCtrlZ = sRaw.find(CTRL_Z); iCtrlZ != std::string_view::npos) {
+        m_nFileLines = std::min(m_nFileLines, iCtrlZ > 0 ? m_iLineNo + 1 : m_iLineNo);
+    }
+    if (m_aLines.size() == m_nLines) m_aLines.emplace_back();
+    T_LINE_D& rLine = m_aLines[m_nLines];
+    CNastranStrParser::NormalizeLine(sText, rLine);
+    return &rLine;
+}
+
+/// Reads m_reader to its end. Returns 1.
+int CConvertNastran::ReadDeckFile() {
+    m_iSection = 0;
+    m_iLineNo = 0;
+    m_nFileLines = std::numeric_limits<std::int32_t>::max();
+    m_bPeeked = false;
+    for (;;) {
+        if (m_bPeeked && m_nLines > 0) std::swap(m_aLines[0], m_aLines[m_nLines]);
+        m_nLines = 0;
+        const int iResult = ReadCardGroup();
+        if (iResult < 0) return 1;
+        if (iResult == 0 || m_nLines == 0) continue;
+        if (m_iSection == 2 && AssembleCard()) DispatchCard(m_card);
+        // Lines count as in text mode, where a Ctrl-Z ends the file, and reading stops with the count.
+        if (m_nFileLines <= m_iLineNo || (!m_bPeeked && m_reader.PeekByte() == CTRL_Z)) return 1;
+    }
+}
+
+/// Reads a line and, in the bulk section, those that continue it. Returns 1 with the group in m_aLines, 0 if there is
+/// nothing to dispatch, -1 if the deck is not to be read on.
+int CConvertNastran::ReadCardGroup() {
+    for (;;) {
+        if (!std::exchange(m_bPeeked, false) && !FetchLine(LONGEST_LINE)) return -1;
+        T_LINE_D& rLine = m_aLines[m_nLines];
+        ++m_iLineNo;
+        if (rLine.bCOMMENT) return 0;
+        const std::string_view sText = rLine.Text();
+        if (CNastranStrParser::IsBlankLine(sText)) return 0;
+        if (SwitchSection(sText)) return 0;
+        if (sText.find("ENDDATA") != std::string_view::npos) return -1;
+        if (m_nLines > MOST_LINES) {
+            LogMessage(g_pfnLoadStr("IDS_NASTRAN_Error_Data_Line_Connectivity"), m_aLines[0].iLINE, m_iLineNo);
+            return 0;
+        }
+        rLine.iLINE = m_iLineNo;
+        rLine.bCONT = m_nLines > 0;
+        ++m_nLines;
+        if (m_iSection != 2) {
+            rLine.iFORMAT = m_iSection == 0 ? FORMAT_EXECUTIVE : FORMAT_CASE_CONTROL;
+            return 1;
+        }
+        TestLength(sText.size(), LONGEST_BULK_LINE, m_iLineNo);
+        const std::string_view sFirst = CNastranStrParser::SplitFirstField(sText);
+        if (CNastranStrParser::SliceColumns(1, 10, sText).find_first_of(",=") != std::string_view::npos) {
+            rLine.iFORMAT = FORMAT_FREE;
+        } else if (sFirst[0] == ' ' || sFirst[0] == '+' || sFirst.find('*') == std::string_view::npos) {
+            rLine.iFORMAT = FORMAT_SMALL;
+        } else {
+            rLine.iFORMAT = FORMAT_LARGE;
+        }
+        const int iNext = PeekNextLine();
+        if (iNext <= 0) return iNext < 0 ? -1 : 1;
+    }
+}
+
+/// Looks at the next line. Returns 1 if it continues the card, 0 if not, -1 at the end of the deck.
+int CConvertNastran::PeekNextLine() {
+    const T_LINE_D* pLine = FetchLine(LONGEST_BULK_LINE);
+    if (!pLine) return -1;
+    m_bPeeked = true;
+    if (pLine->bCOMMENT || pLine->nTEXT == 0) return 0;
+    const std::string_view sText = pLine->Text();
+    if (std::string_view("*+ ,").find(sText[0]) != std::string_view::npos) return 1;
+    if (const std::size_t iStar = sText.find('*'); iStar != std::string_view::npos) {
+        std::int32_t iKeyword = 0;
+        if (!KeywordToId(sText.substr(0, iStar), iKeyword)) {
+            LogMessage(g_pfnLoadStr("IDS_NASTRAN_AutoGenerate_Line_Cammand_is_ignored"), m_iLineNo);
+        }
+    } else if (sText.find('=') != std::string_view::npos) {
+        LogMessage(g_pfnLoadStr("IDS_NASTRAN_AutoGenerate_Line_Cammand_is_ignored"), m_iLineNo);
+    }
+    return 0;
+}
+
+/// Obeys a section marker, which counts in any section. Returns 1 if the line is one.
+int CConvertNastran::SwitchSection(std::string_view sText) {
+    if (sText.starts_with("CEND")) {
+        m_iSection = 1;
+    } else if (sText.starts_with("BEGIN BULK")) {
+        m_iSection = 2;
+    } else {
+        return 0;
+    }
+    return 1;
+}

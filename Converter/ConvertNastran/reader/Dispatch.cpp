@@ -1,0 +1,43 @@
+// What becomes of an assembled card.
+
+#include "driver/CConvertNastran.h"
+
+#include "messages/MsgDll.h"
+#include "reader/Keywords.h"
+
+#include <algorithm>
+
+/// Sends a card to its handler, whose result doesn't matter. Returns 0 for the keyword that ends a deck, else 1.
+int CConvertNastran::DispatchCard(const T_DATA_D& rCard) {
+    if (rCard.iKEYWORD < 0) return 1;
+    const T_KEYW_D& rKeyword = T_KEYW_D::TABLE[static_cast<std::size_t>(rCard.iKEYWORD)];
+    switch (rKeyword.eACTION) {
+    case CARD_PARSED:
+        (this->*rKeyword.pfnPARSE)(rCard);
+        break;
+    case CARD_REPORTED:
+        ReportCard(rCard);
+        break;
+    case CARD_INCLUDED:
+        TakeInclude(rCard);
+        break;
+    case CARD_END:
+        return 0;
+    case CARD_SKIPPED:
+        break;
+    }
+    return 1;
+}
+
+/// Logs that a card isn't converted.
+void CConvertNastran::ReportCard(const T_DATA_D& rCard) {
+    const std::string_view sKeyword = T_KEYW_D::TABLE[static_cast<std::size_t>(rCard.iKEYWORD)].sNAME;
+    LogMessage(g_pfnLoadStr("IDS_NASTRAN_Not_convert_in_this_version"), sKeyword, LineInfoText(rCard.aLINES));
+}
+
+/// Takes the path of an INCLUDE from its first field, without apostrophes. A card without one gives an empty path.
+void CConvertNastran::TakeInclude(const T_DATA_D& rCard) {
+    std::string sPath(rCard.aFIELDS.empty() ? std::string_view() : rCard.aFIELDS[0]);
+    std::erase(sPath, '\'');
+    m_aDecks.push_back({std::move(sPath), m_iCurDeck, {}});
+}

@@ -1,0 +1,151 @@
+// From the text of a field to a value.
+
+#include "reader/FieldParser.h"
+
+#include "driver/CConvertNastran.h"
+
+#include <array>
+#include <charconv>
+#include <limits>
+#include <string>
+#include <system_error>
+
+namespace {
+
+bool IsDigit(char c) {
+    return static_cast<unsigned char>(c - '0') < 10;
+}
+bool IsSpace(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+/// A decimal number: digits times 10 to the power of nExponent.
+struct T_DECIMAL_D {
+    bool bNegative = false;
+    std::uint64_t nDigits = 0; // the first 19 significant digits
+    std::int64_t nExponent = 0;
+    bool bExact = true;             // whether nDigits holds all of them
+    std::string_view sMantissa;     // digits and point as they stand
+    std::int64_t nTextExponent = 0; // the exponent behind them
+};
+
+constexpr std::int64_t EXPONENT_LIMIT = 1000000; // far past any double, far from overflow
+
+/// Reads an exponent's sign and digits; 0 if there are no digits.
+std::int64_t ReadExponent(const char* p, const char* pEnd) {
+    const bool bNegative = p < pEnd && *p == '-';
+    if (p < pEnd && (*p == '-' || *p == '+')) ++p;
+    std::int64_t nExponent = 0;
+    for (; p < pEnd && IsDigit(*p); ++p) {
+        if (nExponent < EXPONENT_LIMIT) nExponent = nExponent * 10 + (*p - '0');
+    }
+    return bNegative ? -nExponent : nExponent;
+}
+
+/// Reads as much of a decimal number as there is. False if there are no digits.
+bool ReadDecimal(std::string_view sField, T_DECIMAL_D& rDecimal) {
+    const bool bHasE = sField.find('E') != std::string_view::npos;
+    const char* const pBegin = sField.data();
+    const char* const pEnd = pBegin + sField.size();
+    const char* p = pBegin;
+    while (p < pEnd && IsSpace(*p)) ++p;
+    if (p < pEnd && (*p == '-' || *p == '+')) {
+        if (p > pBegin && !bHasE) return false; // a sign behind the first character begins an exponent
+        rDecimal.bNegative = *p == '-';
+        ++p;
+    }
+    const char* const pMantissa = p;
+    bool bDigits = false;
+    bool bPoint = false;
+    int nSignificant = 0;
+    for (; p < pEnd; ++p) {
+        if (*p == '.' && !bPoint) {
+            bPoint = true;
+            continue;
+        }
+        if (!IsDigit(*p)) break;
+        bDigits = true;
+        if (nSignificant < 19) {
+            rDecimal.nDigits = rDecimal.nDigits * 10 + static_cast<std::uint64_t>(*p - '0');
+            if (rDecimal.nDigits != 0) ++nSignificant;
+            if (bPoint) --rDecimal.nExponent;
+        } else {
+            if (*p != '0') rDecimal.bExact = false;
+            if (!bPoint) ++rDecimal.nExponent;
+        }
+    }
+    if (!bDigits) return false;
+    rDecimal.sMantissa = {pMantissa, static_cast<std::size_t>(p - pMantissa)};
+    if (p < pEnd) {
+        if (*p == 'E' || *p == 'e') {
+            const bool bSign = p + 1 < pEnd && (p[1] == '+' || p[1] == '-');
+            if (bHasE || !bSign) rDecimal.nTextExponent = ReadExponent(p + 1, pEnd);
+        } else if (!bHasE && (*p == '+' || *p == '-')) {
+            rDecimal.nTextExponent = ReadExponent(p, pEnd);
+        }
+    }
+    rDecimal.nExponent += rDecimal.nTextExponent;
+    return true;
+}
+
+constexpr std::array<double, 23> POWERS = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                           1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+/// The nearest double, by the library's conversion.
+double ConvertExactly(const T_DECIMAL_D& rDecimal) {
+    std::string sText(rDecimal.sMantissa);
+    sText += 'e';
+    sText += std::to_string(rDecimal.nTextExponent);
+    double dValue = 0.0;
+    const auto result = std::from_chars(sText.data(), sText.data() + sText.size(), dValue);
+    if (result.ec != std::errc::result_out_of_range) return dValue;
+    return rDecimal.nExponent > 0 ? std::numeric_limits<double>::infinity() : 0.0;
+}
+
+} // namespace
+
+std::int32_t TextToInt(std::string_view sText) {
+    const char* p = sText.data();
+    const char* const pEnd = p + sText.size();
+    while (p < pEnd && IsSpace(*p)) ++p;
+    const bool bNegative = p < pEnd && *p == '-';
+    if (p < pEnd && (*p == '-' || *p == '+')) ++p;
+    const std::int64_t nLimit = std::int64_t(std::numeric_limits<std::int32_t>::max()) + (bNegative ? 1 : 0);
+    std::int64_t nValue = 0;
+    for (; p < pEnd && IsDigit(*p); ++p) {
+        nValue = nValue * 10 + (*p - '0');
+        if (nValue > nLimit) nValue = nLimit;
+    }
+    return static_cast<std::int32_t>(bNegative ? -nValue : nValue);
+}
+
+double TextToReal(std::string_view sField) {
+    T_DECIMAL_D decimal;
+    if (!ReadDecimal(sField, decimal)) return 0.0;
+    double dValue = 0.0;
+    constexpr std::uint64_t EXACT_INTEGERS = std::uint64_t(1) << 53;
+    if (decimal.nDigits == 0 && decimal.bExact) {
+        dValue = 0.0;
+    } else if (decimal.bExact && decimal.nDigits <= EXACT_INTEGERS && decimal.nExponent >= -22 &&
+               decimal.nExponent <= 22) {
+        // Both operands are exact doubles, so one rounded operation gives the nearest double (Clinger, "How to Read
+        // Floating Point Numbers Accurately").
+        dValue = static_cast<double>(decimal.nDigits);
+        if (decimal.nExponent < 0) {
+            dValue /= POWERS[static_cast<std::size_t>(-decimal.nExponent)];
+        } else {
+            dValue *= POWERS[static_cast<std::size_t>(decimal.nExponent)];
+        }
+    } else {
+        dValue = ConvertExactly(decimal);
+    }
+    return decimal.bNegative ? -dValue : dValue;
+}
+
+std::int32_t CConvertNastran::FieldToInt(std::string_view sField, std::int32_t iDefault) {
+    return sField.empty() ? iDefault : TextToInt(sField);
+}
+
+double CConvertNastran::FieldToReal(std::string_view sField, double dDefault) {
+    return sField.empty() ? dDefault : TextToReal(sField);
+}

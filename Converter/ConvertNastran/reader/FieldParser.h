@@ -1,0 +1,13 @@
+#pragma once
+// From the text of a field to a value. No field ever fails: what isn't a number becomes what the C library's
+// conversions make of it.
+
+#include <cstdint>
+#include <string_view>
+
+/// atoi in the C locale; a value outside of 32 bits becomes the nearest that fits.
+std::int32_t TextToInt(std::string_view sText);
+
+/// Value of a real field: atof in the C locale, where the first sign behind the first character begins an exponent
+/// unless the field has an "E". Decimal notation alone: neither hexadecimal, nor infinity and not-a-number by name.
+double TextToReal(std::string_view sField);

@@ -1,0 +1,35 @@
+#pragma once
+// The physical lines of one deck.
+
+#include "platform/File.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Reads a deck in large blocks and hands out its lines in pieces of at most 499 bytes, as a reader with a buffer of
+/// 500 does.
+class CLineReader {
+  public:
+    /// Returns 1, or 0 with the cause in rCause.
+    int Open(const std::string& sPath, std::string& rCause);
+    void Close() { m_file.Close(); }
+    const T_FILEID_D& GetId() const { return m_file.GetId(); }
+
+    /// The next line without its line feed. False at the end of the deck. The text is valid until the next call.
+    /// Throws CRunError if the deck can't be read on.
+    bool Read(std::string_view& rText);
+
+    /// The first byte of the line that Read gives next, -1 at the end of the deck.
+    int PeekByte();
+
+  private:
+    bool Fill(std::size_t nWanted);
+
+    CDeckFile m_file;
+    std::vector<char> m_aBuffer;
+    std::size_t m_iNext = 0; // first byte not handed out yet
+    std::size_t m_iEnd = 0;  // end of what was read
+    bool m_bEnd = false;     // the file has no more
+};

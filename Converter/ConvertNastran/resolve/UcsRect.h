@@ -1,0 +1,6 @@
+#pragma once
+// The rectangular frame.
+
+#include "resolve/UcsBase.h"
+
+class CUCSRect : public CUCSBase {};

@@ -1,0 +1,91 @@
+#pragma once
+// The whole finite element model in memory.
+
+#include "messages/ZdtMsgMgr.h"
+#include "resolve/LocalAxis.h"
+#include "store/ConstraintRecords.h"
+#include "store/CoordinateRecords.h"
+#include "store/EigenRecords.h"
+#include "store/ElementRecords.h"
+#include "store/LoadRecords.h"
+#include "store/Map.h"
+#include "store/MaterialRecord.h"
+#include "store/NodeRecord.h"
+#include "store/PropertyRecord.h"
+
+#include <utility>
+#include <vector>
+
+/// A plain bag of tables, filled by the card handlers, rewritten by the resolution passes, read by the writers. A
+/// record refers to another by id alone. The numbers are bucket counts: with the hash they decide the order of lines
+/// in the output file.
+class CDataPool {
+  public:
+    virtual ~CDataPool() = default;
+
+    CZdtMsgMgr* m_pMsgMgr = nullptr; // the run's log, not owned; set just before the passes
+    std::vector<CLocalAxis> m_aLocalAxis;
+
+    CMap<T_CD1R_D> CD1R{101};
+    CMap<T_CD2R_D> CD2R{101};
+    CMap<T_CD1C_D> CD1C{101};
+    CMap<T_CD2C_D> CD2C{101};
+    CMap<T_CD1S_D> CD1S{101};
+    CMap<T_CD2S_D> CD2S{101};
+    CMap<T_RBE2_D> RBE2{1001};
+    CMap<T_CEL1_D> CEL1{1001};
+    CMap<T_CEL2_D> CEL2{1001};
+    CMap<T_CNRD_D> CNRD{10001};
+    CMap<T_LDCB_D> LDCB{1001};
+    CMap<T_EIGB_D> EIGB{11};
+    CMap<T_EIRL_D> EIRL{11};
+    CMap<std::int32_t> m_mapNodeId{1000001}; // renumbered node ids; nothing renumbers
+    std::int32_t m_iLastCNST = 0;            // SID of the last SPC or MPC card
+    CMap<T_MATL_D> MATL{101};
+    CMap<T_PROP_D> PROP{1000001};
+    CMap<T_NODS_D> NODS{1000001};
+    CMap<T_ELEM_D> ELEM{1000001};
+    CMap<T_CNST_D> CNST{1001};
+    CMap<T_LOAD_D> LOAD{101};
+
+    /// The setters insert a record, or replace the one of that id. Always 1.
+    int SetNODS(std::int32_t iID, T_NODS_D record) { return NODS.SetAt(iID, std::move(record)); }
+    int SetELEM(std::int32_t iID, T_ELEM_D record) { return ELEM.SetAt(iID, std::move(record)); }
+    int SetPROP(std::int32_t iID, T_PROP_D record) { return PROP.SetAt(iID, std::move(record)); }
+    int SetMATL(std::int32_t iID, T_MATL_D record) { return MATL.SetAt(iID, std::move(record)); }
+    int SetCNST(std::int32_t iID, T_CNST_D record) { return CNST.SetAt(iID, std::move(record)); }
+    int SetLOAD(std::int32_t iID, T_LOAD_D record) { return LOAD.SetAt(iID, std::move(record)); }
+    int SetLDCB(std::int32_t iID, T_LDCB_D record) { return LDCB.SetAt(iID, std::move(record)); }
+    int SetEIGB(std::int32_t iID, T_EIGB_D record) { return EIGB.SetAt(iID, std::move(record)); }
+    int SetEIRL(std::int32_t iID, T_EIRL_D record) { return EIRL.SetAt(iID, std::move(record)); }
+    int SetCD1R(std::int32_t iID, T_CD1R_D record) { return CD1R.SetAt(iID, std::move(record)); }
+    int SetCD2R(std::int32_t iID, T_CD2R_D record) { return CD2R.SetAt(iID, std::move(record)); }
+    int SetCD1C(std::int32_t iID, T_CD1C_D record) { return CD1C.SetAt(iID, std::move(record)); }
+    int SetCD2C(std::int32_t iID, T_CD2C_D record) { return CD2C.SetAt(iID, std::move(record)); }
+    int SetCD1S(std::int32_t iID, T_CD1S_D record) { return CD1S.SetAt(iID, std::move(record)); }
+    int SetCD2S(std::int32_t iID, T_CD2S_D record) { return CD2S.SetAt(iID, std::move(record)); }
+    int SetRBE2(std::int32_t iID, T_RBE2_D record) { return RBE2.SetAt(iID, std::move(record)); }
+    int SetCEL1(std::int32_t iID, T_CEL1_D record) { return CEL1.SetAt(iID, std::move(record)); }
+    int SetCEL2(std::int32_t iID, T_CEL2_D record) { return CEL2.SetAt(iID, std::move(record)); }
+    int SetCNRD(std::int32_t iID, T_CNRD_D record) { return CNRD.SetAt(iID, std::move(record)); }
+
+    /// Output id of a node: its renumbered id, or the id itself. Always 1.
+    int MapNodeId(std::int32_t iID, std::int32_t& rOut) const {
+        const std::int32_t* pMapped = m_mapNodeId.IsEmpty() ? nullptr : m_mapNodeId.Find(iID);
+        rOut = pMapped ? *pMapped : iID;
+        return 1;
+    }
+    std::int32_t MapNodeId(std::int32_t iID) const {
+        MapNodeId(iID, iID);
+        return iID;
+    }
+
+    /// Global position of a node. Returns 1, or 0 and (0, 0, 0) if there is no such node.
+    int GetNodePosition(std::int32_t iID, double (&rPosition)[3]) const {
+        const T_NODS_D* pNode = NODS.Find(iID);
+        rPosition[0] = pNode ? pNode->dGX : 0.0;
+        rPosition[1] = pNode ? pNode->dGY : 0.0;
+        rPosition[2] = pNode ? pNode->dGZ : 0.0;
+        return pNode ? 1 : 0;
+    }
+};

@@ -1,0 +1,130 @@
+#pragma once
+// Elements: the record that most share, and those with a table of their own.
+
+#include "store/Array.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+/// Element families, T_ELEM_D::iTYPE.
+enum E_ELEMENT_TYPE : std::int32_t {
+    TYPE_ROD = 1,
+    TYPE_BAR = 2,
+    TYPE_TUBE = 3,
+    TYPE_BEAM = 5,
+    TYPE_BEND = 8,
+    TYPE_GAP = 9,
+    TYPE_SHEAR = 13,
+    TYPE_PLATE = 17,
+    TYPE_MASS = 27,
+    TYPE_SOLID = 31,
+    TYPE_BUSH = 41,
+};
+
+/// Shapes inside a family, T_ELEM_D::iSUBTYPE.
+enum E_ELEMENT_SHAPE : std::int32_t {
+    SHAPE_LINE = 0,
+    SHAPE_TRIA3 = 2,
+    SHAPE_TRIA6 = 3,
+    SHAPE_QUAD4 = 4,
+    SHAPE_QUAD8 = 5,
+    SHAPE_POINT = 9,
+    SHAPE_TETRA = 10,
+    SHAPE_PENTA = 11,
+    SHAPE_HEXA = 12,
+};
+
+/// The 20 node slots of an element, 0 in a slot without a node. Corners are kept in place, midside nodes apart and only
+/// where there are any: a model of flat or linear elements doesn't pay for them.
+class CNodeSlots {
+  public:
+    CNodeSlots() = default;
+    CNodeSlots(const CNodeSlots& rOther) { *this = rOther; }
+    CNodeSlots(CNodeSlots&&) noexcept = default;
+    CNodeSlots& operator=(CNodeSlots&&) noexcept = default;
+    CNodeSlots& operator=(const CNodeSlots& rOther) {
+        if (this == &rOther) return *this;
+        m_aCorners = rOther.m_aCorners;
+        m_pMidsides = rOther.m_pMidsides ? std::make_unique<MIDSIDES>(*rOther.m_pMidsides) : nullptr;
+        return *this;
+    }
+
+    /// Throws std::invalid_argument for a slot past 19.
+    std::int32_t operator[](std::size_t i) const {
+        if (Tested(i) < CORNERS) return m_aCorners[i];
+        return m_pMidsides ? (*m_pMidsides)[i - CORNERS] : 0;
+    }
+    void Set(std::size_t i, std::int32_t iNode) {
+        if (Tested(i) < CORNERS) {
+            m_aCorners[i] = iNode;
+        } else if (m_pMidsides || iNode != 0) {
+            if (!m_pMidsides) m_pMidsides = std::make_unique<MIDSIDES>();
+            (*m_pMidsides)[i - CORNERS] = iNode;
+        }
+    }
+
+  private:
+    static constexpr std::size_t SLOTS = 20;
+    static constexpr std::size_t CORNERS = 8;
+    using MIDSIDES = std::array<std::int32_t, SLOTS - CORNERS>;
+
+    static std::size_t Tested(std::size_t i) {
+        if (i >= SLOTS) throw std::invalid_argument("CNodeSlots: slot out of range");
+        return i;
+    }
+
+    std::array<std::int32_t, CORNERS> m_aCorners = {};
+    std::unique_ptr<MIDSIDES> m_pMidsides;
+};
+
+/// Every element but CONROD and the scalar springs. Key: the EID.
+struct T_ELEM_D {
+    std::int32_t iPID = 0;     // key into PROP; of a CONM2 minus the EID
+    std::int32_t iTYPE = 0;    // E_ELEMENT_TYPE
+    std::int32_t iSUBTYPE = 0; // E_ELEMENT_SHAPE
+    std::int32_t bVECTOR = 0;  // line elements: 1 if dX1 to dX3 hold the orientation, 0 if iG0 does
+    std::int32_t iG0 = 0;      // line elements: the orientation grid
+    CNodeSlots iNODE;          // grids by slot
+    // Line elements: the orientation vector, after the orientations are resolved the reference point, global. Plates:
+    // dX1 is THETA in degrees.
+    double dX1 = 0.0, dX2 = 0.0, dX3 = 0.0;
+
+    /// Number of the solid's face that has iNode (the face opposite to it, of a tetrahedron); 0 for none.
+    int FindSolidFaceByNode(std::int32_t iNode) const;
+
+    /// Number of the first face of the solid of which exactly two corners compare equal to iNode1 or iNode2; 0 for
+    /// none. A wedge with iNode2 0 is searched by iNode1 alone.
+    int FindSolidFaceByNodes(std::int32_t iNode1, std::int32_t iNode2) const;
+};
+
+/// CONROD. Key: the EID.
+struct T_CNRD_D {
+    std::int32_t iG1 = 0, iG2 = 0;
+    std::int32_t iMID = 0;
+    double dA = 0.0, dJ = 0.0, dC = 0.0, dNSM = 0.0;
+};
+
+/// CELAS1. Key: the EID.
+struct T_CEL1_D {
+    std::int32_t iPID = 0;         // key into PROP
+    std::int32_t iG1 = 0, iG2 = 0; // grids, 0 for ground
+    std::int32_t iC1 = 0, iC2 = 0; // components 1 to 6
+};
+
+/// CELAS2. Key: the EID.
+struct T_CEL2_D {
+    double dK = 0.0;
+    std::int32_t iG1 = 0, iG2 = 0; // grids, 0 for ground
+    std::int32_t iC1 = 0, iC2 = 0; // components 1 to 6
+    double dGE = 0.0, dS = 0.0;
+};
+
+/// RBE2. Key: the EID.
+struct T_RBE2_D {
+    std::int32_t iGN = 0;     // the independent grid
+    std::string sCM;          // dependent components as typed
+    CArray<std::int32_t> aGM; // the dependent grids
+};

@@ -1,0 +1,116 @@
+#pragma once
+// printf formats that the compiler checks and that come out the same on every platform and under every locale.
+
+#include "platform/File.h"
+#include "writer/Numbers.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+/// What an argument is for a format.
+enum E_ARG_KIND : char { ARG_INT = 'd', ARG_REAL = 'g', ARG_TEXT = 's' };
+
+template <class ARG>
+constexpr E_ARG_KIND ArgKind() {
+    if constexpr (std::is_same_v<ARG, std::int32_t>) {
+        return ARG_INT;
+    } else if constexpr (std::is_same_v<ARG, double>) {
+        return ARG_REAL;
+    } else {
+        static_assert(std::is_convertible_v<const ARG&, std::string_view>, "an argument is an int, a double or a text");
+        return ARG_TEXT;
+    }
+}
+
+/// A format for arguments of these types. %d, %g and %s with a width are known; a wrong count or type doesn't compile.
+template <class... ARGS>
+class T_FORMAT_D {
+  public:
+    static constexpr std::size_t COUNT = sizeof...(ARGS);
+
+    consteval T_FORMAT_D(const char* sFormat) {
+        constexpr std::array<E_ARG_KIND, COUNT + 1> KINDS = {ArgKind<ARGS>()...};
+        std::size_t iArg = 0;
+        const char* pLiteral = sFormat;
+        const char* p = sFormat;
+        while (*p != '\0') {
+            if (*p != '%') {
+                ++p;
+                continue;
+            }
+            if (iArg == COUNT) throw "the format has more placeholders than there are arguments";
+            T_PART_D& rPart = m_aParts[iArg];
+            rPart.sLITERAL = {pLiteral, static_cast<std::size_t>(p - pLiteral)};
+            for (++p; *p >= '0' && *p <= '9'; ++p)
+                rPart.nWIDTH = rPart.nWIDTH * 10 + static_cast<std::size_t>(*p - '0');
+            if (*p != KINDS[iArg]) throw "the placeholder isn't for an argument of this type";
+            pLiteral = ++p;
+            ++iArg;
+        }
+        if (iArg != COUNT) throw "the format has fewer placeholders than there are arguments";
+        m_aParts[COUNT].sLITERAL = {pLiteral, static_cast<std::size_t>(p - pLiteral)};
+    }
+
+    /// The text before a placeholder, and the least number of characters that its argument takes.
+    struct T_PART_D {
+        std::string_view sLITERAL;
+        std::size_t nWIDTH = 0;
+    };
+    constexpr const T_PART_D& operator[](std::size_t i) const { return m_aParts[i]; }
+
+  private:
+    std::array<T_PART_D, COUNT + 1> m_aParts; // the last is what stands behind the last placeholder
+};
+
+inline std::size_t LongestText(std::int32_t) {
+    return LONGEST_INT;
+}
+inline std::size_t LongestText(double) {
+    return LONGEST_REAL;
+}
+inline std::size_t LongestText(std::string_view sText) {
+    return sText.size();
+}
+
+/// Writes a value at p and returns the place behind it; LongestText tells the room that it needs.
+inline char* PutValue(char* p, std::int32_t iValue) {
+    return PutInt(p, iValue);
+}
+inline char* PutValue(char* p, double dValue) {
+    return PutReal(p, dValue);
+}
+inline char* PutValue(char* p, std::string_view sText) {
+    std::memcpy(p, sText.data(), sText.size());
+    return p + sText.size();
+}
+
+template <class VALUE>
+char* PutPart(char* p, std::string_view sLiteral, std::size_t nWidth, const VALUE& value) {
+    std::memcpy(p, sLiteral.data(), sLiteral.size());
+    p += sLiteral.size();
+    char* pEnd = PutValue(p, value);
+    const auto nText = static_cast<std::size_t>(pEnd - p);
+    if (nText >= nWidth) return pEnd;
+    std::memmove(p + nWidth - nText, p, nText);
+    std::memset(p, ' ', nWidth - nText);
+    return p + nWidth;
+}
+
+/// Formats the arguments at the end of rFile. Throws CFileException.
+template <class... ARGS>
+void FormatTo(CFile& rFile, const T_FORMAT_D<ARGS...>& rFormat, const ARGS&... args) {
+    std::size_t i = 0;
+    std::size_t nRoom = rFormat[sizeof...(ARGS)].sLITERAL.size();
+    ((nRoom += rFormat[i].sLITERAL.size() + rFormat[i].nWIDTH + LongestText(args), ++i), ...);
+    char* const pBegin = rFile.Reserve(nRoom);
+    char* p = pBegin;
+    i = 0;
+    ((p = PutPart(p, rFormat[i].sLITERAL, rFormat[i].nWIDTH, args), ++i), ...);
+    p = PutValue(p, rFormat[sizeof...(ARGS)].sLITERAL);
+    rFile.Commit(static_cast<std::size_t>(p - pBegin));
+}

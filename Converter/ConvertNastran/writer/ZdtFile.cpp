@@ -1,0 +1,45 @@
+// The target file: its name, its opening and closing, and the order of its sections.
+
+#include "driver/CConvertNastran.h"
+
+#include "platform/Dialogs.h"
+
+std::string CConvertNastran::TargetPath(const std::string& sPath) {
+    return sPath.substr(0, sPath.rfind('.')) + ".zdt";
+}
+
+/// Writes the model beside the deck sPath. Returns 1, also when the file fails, which the user is told; 0 if a section
+/// writer gave up.
+int CConvertNastran::WriteZdtFile(const std::string& sPath) {
+    CFile file;
+    try {
+        std::vector<T_FILEID_D> aKeep;
+        for (const T_DECK_D& rDeck : m_aDecks) aKeep.push_back(rDeck.id);
+        file.Create(TargetPath(sPath), aKeep);
+        const int iResult = WriteModel(file);
+        file.Close();
+        return iResult ? 1 : 0;
+    } catch (const CFileException& rError) {
+        m_rDialogs.ShowFileError(rError);
+        file.Abort();
+        return 1;
+    }
+}
+
+/// The sections in the order of the file. Returns 0 at the first that does.
+int CConvertNastran::WriteModel(CFile& rFile) {
+    using WRITER = int (CConvertNastran::*)(CFile&);
+    static constexpr WRITER STEPS[] = {
+        &CConvertNastran::WriteFileVersion,
+        &CConvertNastran::WriteNodeSection,
+    };
+    for (const WRITER pfnWrite : STEPS) {
+        if (!(this->*pfnWrite)(rFile)) return 0;
+    }
+    return 1;
+}
+
+int CConvertNastran::WriteFileVersion(CFile& rFile) {
+    WriteLine(rFile, "*VERSION\n");
+    return WriteLine(rFile, "  5.8.1\n\n");
+}

@@ -1,0 +1,93 @@
+#pragma once
+// Files as the converter needs them: a deck that is read, an output file that is written, and how the two are told
+// apart. Paths are UTF-8 on every platform.
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What makes a file this file, whatever name it was reached by: volume and number on the volume.
+struct T_FILEID_D {
+    std::uint64_t nVOLUME = 0;
+    std::uint64_t nNUMBER = 0;
+    bool operator==(const T_FILEID_D&) const = default;
+};
+
+/// A deck opened for reading. Only regular files open.
+class CDeckFile {
+  public:
+    CDeckFile() = default;
+    CDeckFile(const CDeckFile&) = delete;
+    CDeckFile& operator=(const CDeckFile&) = delete;
+    ~CDeckFile() { Close(); }
+
+    /// Opens sPath as it stands or, where the file system tells case apart and the path isn't there, without regard to
+    /// case, folder by folder. Returns 1, or 0 with the cause in rCause.
+    int Open(const std::string& sPath, std::string& rCause);
+
+    /// Reads up to nSize bytes. Returns their number, 0 at the end of the file, -1 if the file can't be read on.
+    std::ptrdiff_t Read(char* pBuffer, std::size_t nSize);
+
+    void Close();
+
+    /// Identity of the open deck.
+    const T_FILEID_D& GetId() const { return m_id; }
+
+  private:
+    std::intptr_t m_iHandle = -1;
+    T_FILEID_D m_id;
+};
+
+/// Failure of an output file: which file, and why in the system's words.
+class CFileException {
+  public:
+    CFileException(std::string sFile, std::string sCause) : m_sFile(std::move(sFile)), m_sCause(std::move(sCause)) {}
+    const std::string& GetFile() const { return m_sFile; }
+    const std::string& GetCause() const { return m_sCause; }
+    /// One line for a person: file and cause.
+    std::string GetText() const { return m_sFile + ": " + m_sCause; }
+
+  private:
+    std::string m_sFile;
+    std::string m_sCause;
+};
+
+/// The output file: bytes go out as they stand, through a buffer, in the order written. Every operation but Abort
+/// throws CFileException when the file fails.
+class CFile {
+  public:
+    CFile() = default;
+    CFile(const CFile&) = delete;
+    CFile& operator=(const CFile&) = delete;
+    ~CFile() { Abort(); }
+
+    /// Creates sPath or cuts an existing file to length 0. A file whose identity is among aKeep is left as it is and
+    /// counts as one that can't be created.
+    void Create(const std::string& sPath, const std::vector<T_FILEID_D>& aKeep = {});
+
+    /// Room for nSize bytes at the end of what was written; Commit takes those that were filled.
+    char* Reserve(std::size_t nSize) {
+        if (nSize > m_aBuffer.size() - m_nUsed) MakeRoom(nSize);
+        return m_aBuffer.data() + m_nUsed;
+    }
+    void Commit(std::size_t nSize) { m_nUsed += nSize; }
+
+    void Write(std::string_view sText);
+    void Flush();
+
+    /// Writes what is buffered and closes; a close that fails counts as a failed write.
+    void Close();
+
+    /// Closes without writing the buffer and without raising anything.
+    void Abort() noexcept;
+
+  private:
+    void MakeRoom(std::size_t nSize);
+
+    std::intptr_t m_iHandle = -1;
+    std::string m_sPath;
+    std::vector<char> m_aBuffer;
+    std::size_t m_nUsed = 0;
+};

@@ -1,0 +1,14 @@
+#pragma once
+// Loading a library by name, finding an export by name, freeing it.
+
+/// Handle of a loaded library, null for none.
+using T_MODULE = void*;
+
+/// Loads sName from beside the program or library that holds this code, else by the platform's ordinary search.
+/// Returns null if neither finds it.
+T_MODULE LoadModule(const char* sName);
+
+/// Address of the export sName, null if the library has none.
+void* FindExport(T_MODULE pModule, const char* sName);
+
+void FreeModule(T_MODULE pModule);

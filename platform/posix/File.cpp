@@ -1,0 +1,144 @@
+// Decks and output files on POSIX systems.
+
+#include "platform/File.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <strings.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace {
+
+std::string CauseText(int iError) {
+    return std::generic_category().message(iError);
+}
+
+// Never blocks: a pipe without a partner must not hang the host.
+int OpenToRead(const std::string& sPath) {
+    return ::open(sPath.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+}
+
+/// The entry of sFolder that equals sName without regard to case, the first in byte order; empty if there is none.
+std::string FindWithoutCase(const std::string& sFolder, const std::string& sName) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> pDir(::opendir(sFolder.c_str()), &::closedir);
+    std::string sFound;
+    if (!pDir) return sFound;
+    while (const dirent* pEntry = ::readdir(pDir.get())) {
+        const std::string sEntry = pEntry->d_name;
+        if (::strcasecmp(sEntry.c_str(), sName.c_str()) == 0 && (sFound.empty() || sEntry < sFound)) sFound = sEntry;
+    }
+    return sFound;
+}
+
+/// Walks sPath folder by folder, taking each name as it stands where it exists and without regard to case where not.
+/// Both separators part names. Empty if a name isn't found.
+std::string ResolveWithoutCase(std::string sPath) {
+    std::replace(sPath.begin(), sPath.end(), '\\', '/');
+    std::string sResolved = sPath.starts_with('/') ? "/" : "";
+    std::size_t iPos = 0;
+    while (iPos < sPath.size()) {
+        const std::size_t iEnd = std::min(sPath.find('/', iPos), sPath.size());
+        std::string sName = sPath.substr(iPos, iEnd - iPos);
+        iPos = iEnd + 1;
+        if (sName.empty()) continue;
+        struct stat status {};
+        if (::stat((sResolved + sName).c_str(), &status) != 0) {
+            sName = FindWithoutCase(sResolved.empty() ? "." : sResolved, sName);
+            if (sName.empty()) return {};
+        }
+        sResolved += sName;
+        if (iEnd < sPath.size()) sResolved += '/';
+    }
+    return sResolved;
+}
+
+} // namespace
+
+int CDeckFile::Open(const std::string& sPath, std::string& rCause) {
+    Close();
+    int iFile = OpenToRead(sPath);
+    int iError = iFile < 0 ? errno : 0;
+    if (iFile < 0 && (iError == ENOENT || iError == ENOTDIR) && !sPath.empty()) {
+        if (const std::string sFound = ResolveWithoutCase(sPath); !sFound.empty()) {
+            iFile = OpenToRead(sFound);
+            iError = iFile < 0 ? errno : 0;
+        }
+    }
+    struct stat status {};
+    if (iFile >= 0 && ::fstat(iFile, &status) != 0) iError = errno;
+    if (iFile >= 0 && iError == 0 && !S_ISREG(status.st_mode)) {
+        ::close(iFile);
+        rCause = S_ISDIR(status.st_mode) ? CauseText(EISDIR) : "Not a regular file";
+        return 0;
+    }
+    if (iError != 0) {
+        if (iFile >= 0) ::close(iFile);
+        rCause = CauseText(iError);
+        return 0;
+    }
+    m_iHandle = iFile;
+    m_id = {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
+    return 1;
+}
+
+std::ptrdiff_t CDeckFile::Read(char* pBuffer, std::size_t nSize) {
+    for (;;) {
+        const ssize_t nRead = ::read(static_cast<int>(m_iHandle), pBuffer, nSize);
+        if (nRead >= 0 || errno != EINTR) return nRead;
+    }
+}
+
+void CDeckFile::Close() {
+    if (m_iHandle >= 0) ::close(static_cast<int>(m_iHandle));
+    m_iHandle = -1;
+}
+
+void CFile::Create(const std::string& sPath, const std::vector<T_FILEID_D>& aKeep) {
+    Abort();
+    m_sPath = sPath;
+    // Not cut on opening: a deck that is its own output file must be recognised first.
+    const int iFile = ::open(sPath.c_str(), O_WRONLY | O_CREAT | O_NONBLOCK | O_CLOEXEC, 0666);
+    if (iFile < 0) throw CFileException(sPath, CauseText(errno));
+    m_iHandle = iFile;
+    struct stat status {};
+    if (::fstat(iFile, &status) != 0) throw CFileException(sPath, CauseText(errno));
+    const T_FILEID_D id{static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
+    if (std::find(aKeep.begin(), aKeep.end(), id) != aKeep.end()) {
+        throw CFileException(sPath, "The output file is a deck of this run");
+    }
+    if (S_ISREG(status.st_mode) && ::ftruncate(iFile, 0) != 0) throw CFileException(sPath, CauseText(errno));
+    if (const int iFlags = ::fcntl(iFile, F_GETFL); iFlags >= 0) ::fcntl(iFile, F_SETFL, iFlags & ~O_NONBLOCK);
+}
+
+void CFile::Flush() {
+    const char* pData = m_aBuffer.data();
+    std::size_t nLeft = m_nUsed;
+    m_nUsed = 0; // whatever fails below, these bytes are not written twice
+    while (nLeft > 0) {
+        const ssize_t nDone = ::write(static_cast<int>(m_iHandle), pData, nLeft);
+        if (nDone < 0 && errno == EINTR) continue;
+        if (nDone <= 0) throw CFileException(m_sPath, CauseText(nDone < 0 ? errno : EIO));
+        pData += nDone;
+        nLeft -= static_cast<std::size_t>(nDone);
+    }
+}
+
+void CFile::Close() {
+    if (m_iHandle < 0) return;
+    Flush();
+    const int iFile = static_cast<int>(m_iHandle);
+    m_iHandle = -1;
+    if (::close(iFile) != 0 && errno != EINTR) throw CFileException(m_sPath, CauseText(errno));
+}
+
+void CFile::Abort() noexcept {
+    if (m_iHandle >= 0) ::close(static_cast<int>(m_iHandle));
+    m_iHandle = -1;
+    m_nUsed = 0;
+}

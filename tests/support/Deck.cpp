@@ -1,0 +1,95 @@
+#include "support/Deck.h"
+
+#include "driver/ConvertNastranApp.h"
+#include "platform/Dialogs.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+namespace {
+
+const CConvertNastranApp g_app; // the real message texts
+
+class CSilentDialogs : public CDialogs {
+  public:
+    explicit CSilentDialogs(T_RUN_D& rRun) : m_rRun(rRun) {}
+    void ShowNotice(const std::string&) override {}
+    int ChooseDeck(std::string&) override { return 0; }
+    void ShowFileError(const CFileException& rError) override { m_rRun.sFILEERROR = rError.GetText(); }
+    void ShowRunError(const std::string&) override {}
+    void ShowMessages(const std::vector<std::string>& aLines) override { m_rRun.aSHOWN = aLines; }
+
+  private:
+    T_RUN_D& m_rRun;
+};
+
+constexpr std::size_t BANNER_LINES = 10;
+
+} // namespace
+
+CTempFolder::CTempFolder() {
+    std::string sName = (std::filesystem::temp_directory_path() / "nas2zdt-XXXXXX").string();
+    if (!::mkdtemp(sName.data())) std::abort();
+    m_path = sName;
+}
+
+CTempFolder::~CTempFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(m_path, ignored);
+}
+
+void WriteText(const std::string& sPath, std::string_view sText) {
+    std::ofstream file(sPath, std::ios::binary);
+    file.write(sText.data(), static_cast<std::streamsize>(sText.size()));
+    if (!file) std::abort();
+}
+
+std::string ReadText(const std::string& sPath) {
+    std::ifstream file(sPath, std::ios::binary);
+    if (!file) return "<no file>";
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+T_RUN_D RunFile(const std::string& sPath) {
+    T_RUN_D result;
+    CSilentDialogs dialogs(result);
+    CConvertNastran run(dialogs);
+    result.iRESULT = run.Convert(sPath);
+    result.failure = run.GetFailure();
+    result.sZDT = ReadText(CConvertNastran::TargetPath(sPath));
+    const std::vector<std::string>& rLog = run.GetMsgMgr().GetMessages();
+    const std::string sSummary = "================================== [ Conversion Summary ] ===============";
+    auto pEnd = std::find_if(rLog.begin(), rLog.end(), [&](const auto& rLine) { return rLine.starts_with(sSummary); });
+    if (pEnd != rLog.end()) --pEnd; // the empty line before the summary is its own
+    const auto nBanner = std::min<std::ptrdiff_t>(BANNER_LINES, pEnd - rLog.begin());
+    result.aLOG.assign(rLog.begin() + nBanner, pEnd);
+    return result;
+}
+
+T_RUN_D RunDeck(std::string_view sDeck) {
+    const CTempFolder folder;
+    const std::string sPath = folder.Path("deck.dat");
+    WriteText(sPath, sDeck);
+    return RunFile(sPath);
+}
+
+T_RUN_D RunBulk(std::string_view sCards) {
+    return RunDeck("BEGIN BULK\n" + std::string(sCards) + "ENDDATA\n");
+}
+
+std::string ConvertBulk(std::string_view sCards) {
+    return RunBulk(sCards).sZDT;
+}
+
+std::string Sections(const std::string& sZdt, std::string_view sKeyword) {
+    std::string sFound;
+    const std::string sLine = "\n" + std::string(sKeyword);
+    const std::string sText = "\n" + sZdt;
+    for (std::size_t i = sText.find(sLine); i != std::string::npos; i = sText.find(sLine, i + 1)) {
+        const std::size_t iEnd = sText.find("\n\n", i);
+        sFound += sText.substr(i + 1, iEnd == std::string::npos ? iEnd : iEnd + 1 - i);
+    }
+    return sFound;
+}

@@ -1,0 +1,52 @@
+#pragma once
+// Runs decks given as text and hands back what came of them.
+
+#include "driver/CConvertNastran.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// A folder of its own that goes with the object.
+class CTempFolder {
+  public:
+    CTempFolder();
+    ~CTempFolder();
+    CTempFolder(const CTempFolder&) = delete;
+    CTempFolder& operator=(const CTempFolder&) = delete;
+    std::string Path(const std::string& sName) const { return (m_path / sName).string(); }
+
+  private:
+    std::filesystem::path m_path;
+};
+
+void WriteText(const std::string& sPath, std::string_view sText);
+
+/// The file's bytes; a text that no output equals if it isn't there.
+std::string ReadText(const std::string& sPath);
+
+/// What a run left behind.
+struct T_RUN_D {
+    int iRESULT = 0;
+    T_FAIL_D failure;
+    std::string sZDT;                // the target file
+    std::vector<std::string> aLOG;   // what was logged after the banner and before the summary
+    std::vector<std::string> aSHOWN; // the whole list as it was shown; empty if it wasn't
+    std::string sFILEERROR;          // the text of the file error box; empty if there was none
+};
+
+/// Runs the deck at sPath.
+T_RUN_D RunFile(const std::string& sPath);
+
+/// Runs sDeck, a whole deck, in a folder of its own.
+T_RUN_D RunDeck(std::string_view sDeck);
+
+/// The same with sCards as the bulk section.
+T_RUN_D RunBulk(std::string_view sCards);
+
+/// The target file of a bulk section.
+std::string ConvertBulk(std::string_view sCards);
+
+/// All blocks of the target file that begin with sKeyword, each through the empty line that ends it.
+std::string Sections(const std::string& sZdt, std::string_view sKeyword);
