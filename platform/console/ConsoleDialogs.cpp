@@ -2,6 +2,7 @@
 
 #include "platform/console/ConsoleDialogs.h"
 
+#include <cstdio>
 #include <filesystem>
 #include <iostream>
 #include <system_error>
@@ -11,6 +12,8 @@ void CConsoleDialogs::ShowNotice(const std::string& sText) {
 }
 
 int CConsoleDialogs::ChooseDeck(std::string& rPath) {
+    std::cin.clear(); // an earlier call may have met the end of input, which C streams remember too
+    std::clearerr(stdin);
     std::string sLine;
     for (;;) {
         std::cout << "NASTRAN deck: " << std::flush;

@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <limits>
+#include <ostream>
 
 namespace {
 
@@ -16,6 +17,8 @@ struct T_REAL_D {
     std::string_view sFIELD;
     double dDEFAULT;
     double dVALUE;
+
+    friend std::ostream& operator<<(std::ostream& rOut, const T_REAL_D& rCase) { return rOut << rCase.sFIELD; }
 };
 
 class FieldToRealTest : public testing::TestWithParam<T_REAL_D> {};
@@ -71,6 +74,8 @@ struct T_INT_D {
     std::string_view sFIELD;
     std::int32_t iDEFAULT;
     std::int32_t iVALUE;
+
+    friend std::ostream& operator<<(std::ostream& rOut, const T_INT_D& rCase) { return rOut << rCase.sFIELD; }
 };
 
 class FieldToIntTest : public testing::TestWithParam<T_INT_D> {};

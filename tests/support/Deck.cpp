@@ -47,6 +47,8 @@ void WriteText(const std::string& sPath, std::string_view sText) {
 }
 
 std::string ReadText(const std::string& sPath) {
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(sPath, ignored)) return "<no file>"; // a device may have no end
     std::ifstream file(sPath, std::ios::binary);
     if (!file) return "<no file>";
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};

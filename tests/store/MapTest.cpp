@@ -1,0 +1,128 @@
+// The keyed table: what is found, and in which order it is walked.
+
+#include "store/Map.h"
+
+#include "store/Array.h"
+#include "store/SlotArray.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <map>
+
+namespace {
+
+constexpr std::int32_t MOST = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t LEAST = std::numeric_limits<std::int32_t>::min();
+
+using KEYS = std::vector<std::int32_t>;
+
+template <class MAP>
+KEYS Walked(const MAP& rMap) {
+    KEYS aKeys;
+    for (const auto& [iKey, rValue] : rMap.Walk()) aKeys.push_back(iKey);
+    return aKeys;
+}
+
+// Worked out by hand: 127773 is the modulus, 16807 and 2836 the factors.
+static_assert(HashKey(0) == 0);
+static_assert(HashKey(1) == 16807);
+static_assert(HashKey(-7) == 2147483647 - 117649);
+static_assert(HashKey(127773) == 2147483647 - 2836);
+static_assert(HashKey(MOST) == 0);                   // 16807 * 2836 - 2836 * 16807
+static_assert(HashKey(LEAST) == 2147483647 - 16807); // 16807 * -2837 + 2836 * 16807
+
+TEST(Map, WalksBucketsAndInABucketTheLastAddedFirst) {
+    CMap<int> map(101);
+    for (const int iKey : {1, 2, 3, 102, -7, 203}) map.SetAt(iKey, iKey);
+    // buckets: 1, 102 and 203 in 41, 2 in 82, 3 in 22, -7 in 49
+    EXPECT_EQ(Walked(map), (KEYS{3, 203, 102, 1, -7, 2}));
+    EXPECT_EQ(map.GetCount(), 6u);
+}
+
+TEST(Map, AReplacedRecordKeepsItsPlace) {
+    CMap<int> map(101);
+    for (const int iKey : {1, 102, 203}) map.SetAt(iKey, iKey);
+    map.SetAt(1, 10);
+    map[102] = 20;
+    EXPECT_EQ(Walked(map), (KEYS{203, 102, 1}));
+    EXPECT_EQ(*map.Find(1), 10);
+    int iFound = 0;
+    EXPECT_EQ(map.Lookup(102, iFound), 1);
+    EXPECT_EQ(iFound, 20);
+    EXPECT_EQ(map.Lookup(4, iFound), 0);
+    EXPECT_EQ(map[4], 0); // made on first mention
+    EXPECT_EQ(map.GetCount(), 4u);
+}
+
+TEST(Map, RowsKeepTheirAddressesAndWalksDoNotMeetWhatIsAdded) {
+    CMap<int> map(101);
+    const int* pFirst = &map[0];
+    int nMet = 0;
+    for ([[maybe_unused]] const auto& rPair : map.Walk()) {
+        ++nMet;
+        for (int i = 1; i < 5000; ++i) map.SetAt(i, i);
+    }
+    EXPECT_EQ(nMet, 1);
+    EXPECT_EQ(&map[0], pFirst);
+}
+
+TEST(Map, SortsBySignedId) {
+    CMap<int> map(101);
+    for (const int iKey : {30, MOST, -1, 2, LEAST, 0}) map.SetAt(iKey, iKey);
+    KEYS aKeys;
+    for (const auto& [iKey, rValue] : map.Sorted([](int iValue) { return iValue != 2; })) aKeys.push_back(iKey);
+    EXPECT_EQ(aKeys, (KEYS{LEAST, -1, 0, 30, MOST}));
+}
+
+/// The table as it is told: a chain for each bucket, grown at its head.
+KEYS WalkedByTheRules(const KEYS& aKeys, std::uint32_t nBuckets) {
+    std::map<std::uint32_t, KEYS> mapChains;
+    for (const std::int32_t iKey : aKeys) {
+        KEYS& rChain = mapChains[HashKey(iKey) % nBuckets];
+        if (std::find(rChain.begin(), rChain.end(), iKey) == rChain.end()) rChain.insert(rChain.begin(), iKey);
+    }
+    KEYS aWalked;
+    for (const auto& [nBucket, rChain] : mapChains) aWalked.insert(aWalked.end(), rChain.begin(), rChain.end());
+    return aWalked;
+}
+
+TEST(Map, KeepsTheRulesForKeysOfAllKinds) {
+    struct T_STRIDE_D {
+        std::int64_t nStride;
+        int nKeys;
+        std::uint32_t nBuckets;
+    };
+    for (const auto [nStride, nKeys, nBuckets] :
+         {T_STRIDE_D{1, 3000, 1000001}, T_STRIDE_D{-1, 3000, 1000001}, T_STRIDE_D{16, 5000, 1001},
+          T_STRIDE_D{65536, 5000, 101}, T_STRIDE_D{1000001, 2000, 1000001}, T_STRIDE_D{715827883, 4000, 11}}) {
+        SCOPED_TRACE(nStride);
+        CMap<std::int64_t> map(nBuckets);
+        KEYS aKeys;
+        for (int i = 0; i < nKeys; ++i) {
+            aKeys.push_back(static_cast<std::int32_t>(i * nStride)); // wraps
+            map.SetAt(aKeys.back(), i * nStride);
+        }
+        EXPECT_EQ(Walked(map), WalkedByTheRules(aKeys, nBuckets));
+        for (const std::int32_t iKey : aKeys) {
+            ASSERT_NE(map.Find(iKey), nullptr);
+            EXPECT_EQ(static_cast<std::int32_t>(*map.Find(iKey)), iKey);
+        }
+        EXPECT_EQ(map.Find(123456789), nullptr);
+    }
+}
+
+TEST(Arrays, TestTheirRange) {
+    CArray<int> array;
+    array.Add(5);
+    EXPECT_EQ(array[0], 5);
+    EXPECT_THROW(array[1], std::invalid_argument);
+    CSlotArray<double, 3> slots;
+    slots.Set(1, 2.5);
+    EXPECT_EQ(slots[1], 2.5);
+    EXPECT_EQ(slots[2], 0.0);
+    EXPECT_THROW(slots[3], std::invalid_argument);
+    EXPECT_THROW(slots.Set(3, 1.0), std::invalid_argument);
+}
+
+} // namespace
