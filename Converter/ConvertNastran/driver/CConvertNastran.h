@@ -93,6 +93,7 @@ class CConvertNastran {
     int SplitSmallLine(T_LINE_D& rLine);
     int SplitLargeLine(T_LINE_D& rLine);
     int SplitFreeLine(T_LINE_D& rLine);
+    void RemoveBlanksOfPieces(T_LINE_D& rLine);
 
     // reader/Dispatch.cpp
     int DispatchCard(const T_DATA_D& rCard);
@@ -273,10 +274,11 @@ class CConvertNastran {
     std::vector<T_DECK_D> m_aDecks; // the main deck, then those of INCLUDE cards in the order met
     std::size_t m_iCurDeck = 0;     // the one being read
     CLineReader m_reader;
-    std::int32_t m_iSection = 0;             // 0 before CEND, 1 case control, 2 bulk data
-    std::int32_t m_iLineNo = 0;              // lines read of the current deck
-    std::int32_t m_nFileLines = 0;           // lines that count; a Ctrl-Z ends them
-    std::vector<T_LINE_D> m_aLines;          // lines of the card in hand, then the one looked ahead to; never shrinks
+    std::int32_t m_iSection = 0;   // 0 before CEND, 1 case control, 2 bulk data
+    std::int32_t m_iLineNo = 0;    // lines read of the current deck
+    std::int32_t m_nFileLines = 0; // lines that count; a Ctrl-Z ends them
+    std::vector<std::unique_ptr<T_LINE_D>>
+        m_aLines;                            // lines of the card in hand, then the one looked ahead to; never shrinks
     std::size_t m_nLines = 0;                // of the card in hand
     bool m_bPeeked = false;                  // whether m_aLines[m_nLines] is the next line
     std::vector<std::string_view> m_aPieces; // of one line

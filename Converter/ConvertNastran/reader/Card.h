@@ -1,6 +1,7 @@
 #pragma once
 // What the reader makes of a deck: lines, and cards made of lines.
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -21,12 +22,18 @@ enum E_FORMAT : std::int32_t {
 
 /// One line of a deck, in upper case. The text is changed in place as fields are cut from it.
 struct T_LINE_D {
+    static constexpr std::size_t SMALL_COLUMNS = 80; // filled with blanks where the text is shorter
+    static constexpr std::size_t ROOM = 208;         // the longest text in whole blocks of 16
+
     std::int32_t iLINE = 0; // from 1
     E_FORMAT iFORMAT = FORMAT_SMALL;
     bool bCONT = false;    // whether it continues a card
     bool bCOMMENT = false; // whether it is a comment; then there is no text
+    bool bMARKED = false;  // whether a ",", "*" or "=" is in it: without one it is a small field line
+    bool bTABBED = false;  // whether a tab may be in it
+    bool bENDING = false;  // whether "ENDDATA" may be in it
     std::uint32_t nTEXT = 0;
-    char aTEXT[LONGEST_LINE + 1];
+    char aTEXT[ROOM];
 
     std::string_view Text() const { return {aTEXT, nTEXT}; }
 };

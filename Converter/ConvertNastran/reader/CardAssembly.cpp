@@ -13,7 +13,7 @@ int CConvertNastran::AssembleCard() {
     m_card.aFIELDS.clear();
     m_card.aLINES.clear();
     for (std::size_t iLine = 0; iLine < m_nLines; ++iLine) {
-        T_LINE_D& rLine = m_aLines[iLine];
+        T_LINE_D& rLine = *m_aLines[iLine];
         m_aPieces.clear();
         switch (rLine.iFORMAT) {
         case FORMAT_SMALL:
@@ -29,10 +29,6 @@ int CConvertNastran::AssembleCard() {
             break;
         }
         if (m_aPieces.empty()) continue;
-        for (std::string_view& rPiece : m_aPieces) {
-            char* pPiece = rLine.aTEXT + (rPiece.data() - rLine.aTEXT);
-            rPiece = CNastranStrParser::RemoveBlanks(pPiece, pPiece + rPiece.size());
-        }
         if (!rLine.bCONT && !KeywordToId(m_aPieces[0], m_card.iKEYWORD)) return 0;
         m_card.aFIELDS.insert(m_card.aFIELDS.end(), m_aPieces.begin() + 1, m_aPieces.end());
         m_card.aLINES.resize(m_card.aFIELDS.size(), rLine.iLINE);
@@ -40,11 +36,19 @@ int CConvertNastran::AssembleCard() {
     return 1;
 }
 
+/// Takes the blanks out of the pieces of a line, in place.
+void CConvertNastran::RemoveBlanksOfPieces(T_LINE_D& rLine) {
+    for (std::string_view& rPiece : m_aPieces) {
+        char* pPiece = rLine.aTEXT + (rPiece.data() - rLine.aTEXT);
+        rPiece = CNastranStrParser::RemoveBlanks(pPiece, pPiece + rPiece.size());
+    }
+}
+
 /// Nine pieces of eight columns, blank where the line ends before; columns past 72 aren't looked at.
 int CConvertNastran::SplitSmallLine(T_LINE_D& rLine) {
-    for (std::size_t iColumn = 0; iColumn < 72; iColumn += 8) {
-        const std::size_t iBegin = std::min<std::size_t>(iColumn, rLine.nTEXT);
-        m_aPieces.push_back(rLine.Text().substr(iBegin, 8));
+    for (char* pField = rLine.aTEXT; pField < rLine.aTEXT + 72; pField += 8) {
+        m_aPieces.push_back(rLine.bTABBED ? CNastranStrParser::RemoveBlanks(pField, pField + 8)
+                                          : CNastranStrParser::RemoveBlanksOf8(pField));
     }
     return 1;
 }
@@ -61,6 +65,7 @@ int CConvertNastran::SplitLargeLine(T_LINE_D& rLine) {
         pEnd = std::remove_if(pBegin, pEnd, [](char c) { return c == '\r' || c == '\n' || c == '\t'; });
         if (pBegin < pEnd) m_aPieces.emplace_back(pBegin, static_cast<std::size_t>(pEnd - pBegin));
     }
+    RemoveBlanksOfPieces(rLine);
     return 1;
 }
 
@@ -70,6 +75,7 @@ int CConvertNastran::SplitFreeLine(T_LINE_D& rLine) {
     if (m_aPieces.empty()) return 1;
     const auto isMark = [](std::string_view sField) { return sField.find('+') != std::string_view::npos; };
     m_aPieces.erase(std::remove_if(m_aPieces.begin() + 1, m_aPieces.end(), isMark), m_aPieces.end());
+    RemoveBlanksOfPieces(rLine);
     return 1;
 }
 

@@ -12,7 +12,14 @@
 namespace {
 
 constexpr std::size_t MOST_LINES = 1000; // tested before a line is added, so a card can have one more
-constexpr char CTRL_Z = '\x1A';
+
+/// Each line of a card has a format of its own.
+E_FORMAT FindFormat(std::string_view sText) {
+    if (CNastranStrParser::SliceColumns(1, 10, sText).find_first_of(",=") != std::string_view::npos) return FORMAT_FREE;
+    const std::string_view sFirst = CNastranStrParser::SplitFirstField(sText);
+    if (sFirst[0] == ' ' || sFirst[0] == '+') return FORMAT_SMALL;
+    return sFirst.find('*') == std::string_view::npos ? FORMAT_SMALL : FORMAT_LARGE;
+}
 
 } // namespace
 
@@ -25,14 +32,16 @@ void CConvertNastran::TestLength(std::size_t nText, std::int32_t nLongest, std::
 T_LINE_D* CConvertNastran::FetchLine(std::int32_t nLongest) {
     std::string_view sRaw;
     if (!m_reader.Read(sRaw)) return nullptr;
-    const std::string_view sText = sRaw.substr(0, sRaw.find('\0'));
-    TestLength(sText.size(), nLongest, m_iLineNo + 1);
-    if (const std::size_t iCtrlZ = sRaw.find(CTRL_Z); iCtrlZ != std::string_view::npos) {
-        m_nFileLines = std::min(m_nFileLines, iCtrlZ > 0 ? m_iLineNo + 1 : m_iLineNo);
+    if (m_reader.HasSpecialBytes()) {
+        if (const std::size_t iCtrlZ = sRaw.find(CTRL_Z); iCtrlZ != std::string_view::npos) {
+            m_nFileLines = std::min(m_nFileLines, iCtrlZ > 0 ? m_iLineNo + 1 : m_iLineNo);
+        }
+        sRaw = sRaw.substr(0, sRaw.find('\0'));
     }
-    if (m_aLines.size() == m_nLines) m_aLines.emplace_back();
-    T_LINE_D& rLine = m_aLines[m_nLines];
-    CNastranStrParser::NormalizeLine(sText, rLine);
+    TestLength(sRaw.size(), nLongest, m_iLineNo + 1);
+    if (m_aLines.size() == m_nLines) m_aLines.push_back(std::make_unique<T_LINE_D>());
+    T_LINE_D& rLine = *m_aLines[m_nLines];
+    CNastranStrParser::NormalizeLine(sRaw, rLine);
     return &rLine;
 }
 
@@ -59,15 +68,15 @@ int CConvertNastran::ReadDeckFile() {
 int CConvertNastran::ReadCardGroup() {
     for (;;) {
         if (!std::exchange(m_bPeeked, false) && !FetchLine(LONGEST_LINE)) return -1;
-        T_LINE_D& rLine = m_aLines[m_nLines];
+        T_LINE_D& rLine = *m_aLines[m_nLines];
         ++m_iLineNo;
         if (rLine.bCOMMENT) return 0;
         const std::string_view sText = rLine.Text();
         if (CNastranStrParser::IsBlankLine(sText)) return 0;
         if (SwitchSection(sText)) return 0;
-        if (sText.find("ENDDATA") != std::string_view::npos) return -1;
+        if (rLine.bENDING && sText.find("ENDDATA") != std::string_view::npos) return -1;
         if (m_nLines > MOST_LINES) {
-            LogMessage(g_pfnLoadStr("IDS_NASTRAN_Error_Data_Line_Connectivity"), m_aLines[0].iLINE, m_iLineNo);
+            LogMessage(g_pfnLoadStr("IDS_NASTRAN_Error_Data_Line_Connectivity"), m_aLines[0]->iLINE, m_iLineNo);
             return 0;
         }
         rLine.iLINE = m_iLineNo;
@@ -78,14 +87,7 @@ int CConvertNastran::ReadCardGroup() {
             return 1;
         }
         TestLength(sText.size(), LONGEST_BULK_LINE, m_iLineNo);
-        const std::string_view sFirst = CNastranStrParser::SplitFirstField(sText);
-        if (CNastranStrParser::SliceColumns(1, 10, sText).find_first_of(",=") != std::string_view::npos) {
-            rLine.iFORMAT = FORMAT_FREE;
-        } else if (sFirst[0] == ' ' || sFirst[0] == '+' || sFirst.find('*') == std::string_view::npos) {
-            rLine.iFORMAT = FORMAT_SMALL;
-        } else {
-            rLine.iFORMAT = FORMAT_LARGE;
-        }
+        rLine.iFORMAT = rLine.bMARKED ? FindFormat(sText) : FORMAT_SMALL;
         const int iNext = PeekNextLine();
         if (iNext <= 0) return iNext < 0 ? -1 : 1;
     }
@@ -98,7 +100,8 @@ int CConvertNastran::PeekNextLine() {
     m_bPeeked = true;
     if (pLine->bCOMMENT || pLine->nTEXT == 0) return 0;
     const std::string_view sText = pLine->Text();
-    if (std::string_view("*+ ,").find(sText[0]) != std::string_view::npos) return 1;
+    if (const char c = sText[0]; c == '*' || c == '+' || c == ' ' || c == ',') return 1;
+    if (!pLine->bMARKED) return 0;
     if (const std::size_t iStar = sText.find('*'); iStar != std::string_view::npos) {
         std::int32_t iKeyword = 0;
         if (!KeywordToId(sText.substr(0, iStar), iKeyword)) {

@@ -3,6 +3,7 @@
 #include "reader/LineReader.h"
 
 #include "driver/RunError.h"
+#include "reader/NastranStrParser.h"
 
 #include <algorithm>
 #include <cstring>
@@ -10,12 +11,17 @@
 namespace {
 constexpr std::size_t BLOCK_SIZE = 256 * 1024;
 constexpr std::size_t LONGEST_PIECE = 499;
+
+bool HasSpecial(const char* pText, std::size_t nText) {
+    return std::memchr(pText, '\0', nText) || std::memchr(pText, CTRL_Z, nText);
+}
+
 } // namespace
 
 int CLineReader::Open(const std::string& sPath, std::string& rCause) {
-    m_aBuffer.resize(BLOCK_SIZE);
+    m_aBuffer.resize(BLOCK_SIZE + CNastranStrParser::SLACK);
     m_iNext = m_iEnd = 0;
-    m_bEnd = false;
+    m_bEnd = m_bSpecial = false;
     return m_file.Open(sPath, rCause);
 }
 
@@ -25,9 +31,10 @@ bool CLineReader::Fill(std::size_t nWanted) {
     m_iEnd -= m_iNext;
     m_iNext = 0;
     while (m_iEnd < nWanted && !m_bEnd) {
-        const std::ptrdiff_t nRead = m_file.Read(m_aBuffer.data() + m_iEnd, m_aBuffer.size() - m_iEnd);
+        const std::ptrdiff_t nRead = m_file.Read(m_aBuffer.data() + m_iEnd, BLOCK_SIZE - m_iEnd);
         if (nRead < 0) throw CRunError(FAILURE_DECK_NOT_READ);
         m_bEnd = nRead == 0;
+        m_bSpecial = m_bSpecial || HasSpecial(m_aBuffer.data() + m_iEnd, static_cast<std::size_t>(nRead));
         m_iEnd += static_cast<std::size_t>(nRead);
     }
     return m_iEnd > m_iNext;

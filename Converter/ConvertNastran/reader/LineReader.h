@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+constexpr char CTRL_Z = '\x1A';
+
 /// Reads a deck in large blocks and hands out its lines in pieces of at most 499 bytes, as a reader with a buffer of
 /// 500 does.
 class CLineReader {
@@ -17,9 +19,13 @@ class CLineReader {
     void Close() { m_file.Close(); }
     const T_FILEID_D& GetId() const { return m_file.GetId(); }
 
-    /// The next line without its line feed. False at the end of the deck. The text is valid until the next call.
+    /// The next line without its line feed. False at the end of the deck. The text is valid until the next call, and
+    /// CNastranStrParser::SLACK bytes behind it are readable.
     /// Throws CRunError if the deck can't be read on.
     bool Read(std::string_view& rText);
+
+    /// Whether the deck, as far as it was read, may hold a NUL or a Ctrl-Z.
+    bool HasSpecialBytes() const { return m_bSpecial; }
 
     /// The first byte of the line that Read gives next, -1 at the end of the deck.
     int PeekByte();
@@ -32,4 +38,5 @@ class CLineReader {
     std::size_t m_iNext = 0; // first byte not handed out yet
     std::size_t m_iEnd = 0;  // end of what was read
     bool m_bEnd = false;     // the file has no more
+    bool m_bSpecial = false; // a NUL or a Ctrl-Z was met; the few decks with one are searched line by line
 };

@@ -12,8 +12,11 @@ class CNastranStrParser {
   public:
     virtual ~CNastranStrParser() = default;
 
+    /// How far behind the end of its text NormalizeLine may read.
+    static constexpr std::size_t SLACK = 32;
+
     /// Fills rLine with sRaw, which is at most LONGEST_LINE long, in upper case and cut before a ":". Returns 0 and
-    /// marks a comment if it begins with "$".
+    /// marks a comment if it begins with "$". SLACK bytes behind sRaw must be readable; they don't matter.
     static int NormalizeLine(std::string_view sRaw, T_LINE_D& rLine);
 
     /// Whether there is nothing but blanks. A tab or a carriage return is something.
@@ -21,6 +24,9 @@ class CNastranStrParser {
 
     /// Takes blanks, tabs and line feeds out of [pBegin, pEnd), in place. A carriage return stays.
     static std::string_view RemoveBlanks(char* pBegin, char* pEnd);
+
+    /// The same for the eight columns at pField, which hold neither tabs nor line feeds.
+    static std::string_view RemoveBlanksOf8(char* pField);
 
     /// The text before the first comma, or columns 1 to 8 if there is none.
     static std::string_view SplitFirstField(std::string_view sText);
