@@ -55,9 +55,5 @@ int CConvertNastran::ParseCQUADR(const T_DATA_D& rCard) {
 }
 
 int CConvertNastran::ParseCSHEAR(const T_DATA_D& rCard) {
-    CFieldCursor fields(rCard);
-    const std::int32_t iEID = fields.Int();
-    T_ELEM_D element;
-    ReadElement(fields, element, SHEAR);
-    return m_pDataPool->SetELEM(iEID, std::move(element));
+    return StoreElement(*m_pDataPool, rCard, SHEAR);
 }

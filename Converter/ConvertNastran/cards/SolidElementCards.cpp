@@ -15,24 +15,16 @@ constexpr T_LAYT_D TETRA = {TYPE_SOLID, SHAPE_TETRA, TETRA_SLOTS};
 constexpr T_LAYT_D PENTA = {TYPE_SOLID, SHAPE_PENTA, PENTA_SLOTS};
 constexpr T_LAYT_D HEXA = {TYPE_SOLID, SHAPE_HEXA, HEXA_SLOTS};
 
-int StoreSolid(CDataPool& rDataPool, const T_DATA_D& rCard, const T_LAYT_D& rLayout) {
-    CFieldCursor fields(rCard);
-    const std::int32_t iEID = fields.Int();
-    T_ELEM_D element;
-    ReadElement(fields, element, rLayout);
-    return rDataPool.SetELEM(iEID, std::move(element));
-}
-
 } // namespace
 
 int CConvertNastran::ParseCTETRA(const T_DATA_D& rCard) {
-    return StoreSolid(*m_pDataPool, rCard, TETRA);
+    return StoreElement(*m_pDataPool, rCard, TETRA);
 }
 
 int CConvertNastran::ParseCPENTA(const T_DATA_D& rCard) {
-    return StoreSolid(*m_pDataPool, rCard, PENTA);
+    return StoreElement(*m_pDataPool, rCard, PENTA);
 }
 
 int CConvertNastran::ParseCHEXA(const T_DATA_D& rCard) {
-    return StoreSolid(*m_pDataPool, rCard, HEXA);
+    return StoreElement(*m_pDataPool, rCard, HEXA);
 }

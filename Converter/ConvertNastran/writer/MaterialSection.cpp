@@ -3,7 +3,7 @@
 #include "driver/CConvertNastran.h"
 
 namespace {
-constexpr double ALPHA = 0.00001; // of materials that bring none of their own for this place
+constexpr double ALPHA = 0.00001; // in the lines of MAT8 and MAT4 whatever the card says
 constexpr const char* USER = "USER";
 } // namespace
 
