@@ -77,9 +77,25 @@ T_RUN_D RunDeck(std::string_view sDeck) {
     return RunFile(sPath);
 }
 
-T_RUN_D RunBulk(std::string_view sCards) {
-    return RunDeck("BEGIN BULK\n" + std::string(sCards) + "ENDDATA\n");
+namespace {
+std::string BulkDeck(std::string_view sCards) {
+    return "BEGIN BULK\n" + std::string(sCards) + "ENDDATA\n";
 }
+} // namespace
+
+T_RUN_D RunBulk(std::string_view sCards) {
+    return RunDeck(BulkDeck(sCards));
+}
+
+CStoredRun::CStoredRun(std::string_view sCards)
+    : m_pDialogs(std::make_unique<CSilentDialogs>(m_result)), m_pRun(std::make_unique<CConvertNastran>(*m_pDialogs)) {
+    const CTempFolder folder;
+    const std::string sPath = folder.Path("deck.dat");
+    WriteText(sPath, BulkDeck(sCards));
+    m_pRun->Convert(sPath);
+}
+
+CStoredRun::~CStoredRun() = default;
 
 std::string ConvertBulk(std::string_view sCards) {
     return RunBulk(sCards).sZDT;

@@ -4,6 +4,7 @@
 #include "driver/CConvertNastran.h"
 
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,6 +45,19 @@ T_RUN_D RunDeck(std::string_view sDeck);
 
 /// The same with sCards as the bulk section.
 T_RUN_D RunBulk(std::string_view sCards);
+
+/// A run over a bulk section that stays, for a look at the model that it made.
+class CStoredRun {
+  public:
+    explicit CStoredRun(std::string_view sCards);
+    ~CStoredRun();
+    const CDataPool& GetDataPool() const { return m_pRun->GetDataPool(); }
+
+  private:
+    T_RUN_D m_result;
+    std::unique_ptr<CDialogs> m_pDialogs;
+    std::unique_ptr<CConvertNastran> m_pRun;
+};
 
 /// The target file of a bulk section.
 std::string ConvertBulk(std::string_view sCards);

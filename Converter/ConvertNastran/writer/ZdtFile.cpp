@@ -30,8 +30,9 @@ int CConvertNastran::WriteZdtFile(const std::string& sPath) {
 int CConvertNastran::WriteModel(CFile& rFile) {
     using WRITER = int (CConvertNastran::*)(CFile&);
     static constexpr WRITER STEPS[] = {
-        &CConvertNastran::WriteFileVersion,
-        &CConvertNastran::WriteNodeSection,
+        &CConvertNastran::WriteFileVersion,     &CConvertNastran::WriteNodeSection,
+        &CConvertNastran::WriteElementSection,  &CConvertNastran::WriteConrodSection,
+        &CConvertNastran::WriteMaterialSection, &CConvertNastran::WriteSectionAndThickness,
     };
     for (const WRITER pfnWrite : STEPS) {
         if (!(this->*pfnWrite)(rFile)) return 0;
