@@ -32,6 +32,7 @@ int CConvertNastran::WriteModel(CFile& rFile) {
     static constexpr WRITER STEPS[] = {
         &CConvertNastran::WriteFileVersion,
         &CConvertNastran::WriteNodeSection,
+        &CConvertNastran::WriteLocalAxisSection,
     };
     for (const WRITER pfnWrite : STEPS) {
         if (!(this->*pfnWrite)(rFile)) return 0;
