@@ -4,12 +4,15 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 namespace {
 
 struct T_CASE_D {
     const char* sNAME;
     const char* sCARDS;
     const char* sLINES; // of *NODE
+    friend std::ostream& operator<<(std::ostream& rOut, const T_CASE_D& rCase) { return rOut << rCase.sNAME; }
 };
 
 class GridPositionTest : public testing::TestWithParam<T_CASE_D> {};

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 namespace {
 
 class CNoDialogs : public CDialogs {
@@ -61,6 +63,7 @@ struct T_LINE_CASE_D {
     const char* sNAME;
     double dFROM[3], dTO[3], dVECTOR[3];
     const char* sPOINT;
+    friend std::ostream& operator<<(std::ostream& rOut, const T_LINE_CASE_D& rCase) { return rOut << rCase.sNAME; }
 };
 
 class ReferencePointTest : public testing::TestWithParam<T_LINE_CASE_D> {};
