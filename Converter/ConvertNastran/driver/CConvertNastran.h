@@ -228,6 +228,8 @@ class CConvertNastran {
 
     // writer/ConstraintSection.cpp
     int WriteConstraintSection(CFile& rFile);
+
+    // writer/LocalAxisSection.cpp
     int WriteLocalAxisSection(CFile& rFile);
 
     // writer/RigidLinkSection.cpp

@@ -43,6 +43,7 @@ void CConvertNastran::RunConversion(const std::string& sPath) {
         ReadDeck();
     }
     m_pDataPool->m_pMsgMgr = m_pMsgMgr.get();
+    m_pDataPool->ResolveModel();
     if (!WriteZdtFile(sPath)) throw CRunError(FAILURE_NOT_WRITTEN);
     m_pMsgMgr->ShowMessages();
 }

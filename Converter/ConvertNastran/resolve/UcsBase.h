@@ -1,6 +1,8 @@
 #pragma once
 // A frame that carries points between its local axes and the frame above it.
 
+#include <cstddef>
+
 /// Abstract base of frames. A frame owns nothing; copying one copies its parent link and both matrices.
 class CUCSBase {
   public:
@@ -9,8 +11,30 @@ class CUCSBase {
     CUCSBase& operator=(const CUCSBase&) = default;
     virtual ~CUCSBase() = default;
 
+    /// The frame that this one is defined in, null for the basic frame; it must outlive the link. Returns it.
+    virtual CUCSBase* SetParent(CUCSBase* pParent) { return m_pParent = pParent; }
+
+    /// Takes 16 values row by row, and makes the way back from them.
+    virtual void SetMatrix(const double (&dMatrix)[16]);
+
+    /// From local to basic: through this frame and then outward through its parents. Parents that lead in a circle are
+    /// gone through once.
+    virtual void ToGlobal(double& rX, double& rY, double& rZ) const;
+
+    /// From basic to local: through the parents inward and through this frame last.
+    virtual void ToLocal(double& rX, double& rY, double& rZ) const;
+
+    /// Origin A, B on the Z axis, C in the XZ plane; the parent stays. Always 1: of collinear points the X and Y
+    /// directions become zeros.
+    virtual int SetByThreePoints(const double (&dA)[3], const double (&dB)[3], const double (&dC)[3]) = 0;
+
   protected:
     CUCSBase* m_pParent = nullptr; // the frame that this one is defined in, null for the basic frame
-    double m_dMat[4][4] = {};      // rows X, Y, Z, each with the negated origin behind
-    double m_dInv[4][4] = {};      // the way back to the outer frame
+    // The origin stands in the rows as it is and not turned into local axes, so ToLocal is the way back of ToGlobal
+    // only for a frame at the origin or along the axes of the outer frame.
+    double m_dMat[4][4] = {}; // rows X, Y, Z, each with the negated origin behind
+    double m_dInv[4][4] = {}; // the way back to the outer frame
+
+  private:
+    std::size_t CountFrames() const;
 };

@@ -13,6 +13,8 @@
 #include "store/NodeRecord.h"
 #include "store/PropertyRecord.h"
 
+#include <cstdint>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -87,5 +89,43 @@ class CDataPool {
         rPosition[1] = pNode ? pNode->dGY : 0.0;
         rPosition[2] = pNode ? pNode->dGZ : 0.0;
         return pNode ? 1 : 0;
+    }
+
+    /// Replaces rIds by the ids of all load sets, ascending. Returns 1, or 0 if there are none.
+    int GetSortedLoadIds(CArray<std::int32_t>& rIds) const;
+
+    /// From the cards to global terms: runs the passes below in order. m_pMsgMgr must be set. Always 1; what can't be
+    /// resolved stays as it was read.
+    int ResolveModel();
+
+    /// The frames of all coordinate systems, and their links to the frames that they are defined in.
+    void ResolveCoordinateSystems();
+    /// The position of each grid in the basic frame. Logs a CP that doesn't exist.
+    void ResolveGridPositions();
+    /// The reference point of each line element. Logs missing grids.
+    void ResolveElementOrientations();
+    /// The components of loads whose direction is given by grids.
+    void ResolveLoadDirections();
+    /// A row of m_aLocalAxis for each grid with an existing CD.
+    void ResolveNodeLocalAxes();
+
+    /// The frame of a coordinate system of any kind, null if there is none. Of several with one id, the first by kind.
+    const CUCSBase* FindFrame(std::int32_t iCID) const;
+
+    /// Angle in degrees by which the orientation (dVX, dVY, dVZ), in global axes, turns a link about the line between
+    /// two nodes; 0 if it lies along that line. Goes by the card's coordinates; a missing first node counts as the
+    /// origin, a missing second one as the first. Always 1.
+    int ComputeBetaAngle(std::int32_t iNode1, std::int32_t iNode2, double dVX, double dVY, double dVZ,
+                         double& rAngle) const;
+
+    /// Distance between the first two nodes of an element in global terms; what is missing counts as the origin.
+    /// Always 1.
+    int ComputeElementLength(std::int32_t iElement, double& rLength) const;
+
+  private:
+    template <class... ARGS>
+    int LogMessage(std::string_view sFormat, const ARGS&... args) const {
+        m_pMsgMgr->AddMessageF(sFormat, {CTextArg(args)...});
+        return 0;
     }
 };

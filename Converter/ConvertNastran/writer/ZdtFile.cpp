@@ -29,11 +29,17 @@ int CConvertNastran::WriteZdtFile(const std::string& sPath) {
 /// The sections in the order of the file. Returns 0 at the first that does.
 int CConvertNastran::WriteModel(CFile& rFile) {
     using WRITER = int (CConvertNastran::*)(CFile&);
+    // clang-format off
     static constexpr WRITER STEPS[] = {
-        &CConvertNastran::WriteFileVersion,     &CConvertNastran::WriteNodeSection,
-        &CConvertNastran::WriteElementSection,  &CConvertNastran::WriteConrodSection,
-        &CConvertNastran::WriteMaterialSection, &CConvertNastran::WriteSectionAndThickness,
+        &CConvertNastran::WriteFileVersion,
+        &CConvertNastran::WriteNodeSection,
+        &CConvertNastran::WriteElementSection,
+        &CConvertNastran::WriteConrodSection,
+        &CConvertNastran::WriteMaterialSection,
+        &CConvertNastran::WriteSectionAndThickness,
+        &CConvertNastran::WriteLocalAxisSection,
     };
+    // clang-format on
     for (const WRITER pfnWrite : STEPS) {
         if (!(this->*pfnWrite)(rFile)) return 0;
     }

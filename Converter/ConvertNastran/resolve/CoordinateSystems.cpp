@@ -1,0 +1,90 @@
+// The first pass: frames from coordinate cards.
+
+#include "store/DataPool.h"
+
+namespace {
+
+bool NamesFrame(const T_CD2_D& rSystem) {
+    return rSystem.iRID != 0;
+}
+
+/// Links rFrame to the frame iRID of rTable and returns true, if the table holds it. The link leads to the record in
+/// its table, whatever becomes of it later in the pass.
+template <class RECORD>
+bool LinkTo(CMap<RECORD>& rTable, std::int32_t iRID, CUCSRect& rFrame) {
+    RECORD* const pOuter = rTable.Find(iRID);
+    if (pOuter) rFrame.SetParent(&pOuter->frame);
+    return pOuter != nullptr;
+}
+
+/// The point of a grid as its card gives it: no grid has its global position yet, so a CP has no effect.
+void TakePoint(const CMap<T_NODS_D>& rNodes, std::int32_t iGrid, double (&dPoint)[3]) {
+    const T_NODS_D* const pNode = rNodes.Find(iGrid);
+    dPoint[0] = pNode ? pNode->dX1 : 0.0;
+    dPoint[1] = pNode ? pNode->dX2 : 0.0;
+    dPoint[2] = pNode ? pNode->dX3 : 0.0;
+}
+
+template <class RECORD>
+void PlaceByGrids(CMap<RECORD>& rTable, const CMap<T_NODS_D>& rNodes) {
+    rTable.ForEach([&](std::int32_t, T_CD1_D& rSystem) {
+        TakePoint(rNodes, rSystem.iG1, rSystem.dA);
+        TakePoint(rNodes, rSystem.iG2, rSystem.dB);
+        TakePoint(rNodes, rSystem.iG3, rSystem.dC);
+        rSystem.frame.SetByThreePoints(rSystem.dA, rSystem.dB, rSystem.dC);
+    });
+}
+
+template <class RECORD>
+void PlaceByPoints(CMap<RECORD>& rTable) {
+    rTable.ForEach(
+        [](std::int32_t, T_CD2_D& rSystem) { rSystem.frame.SetByThreePoints(rSystem.dA, rSystem.dB, rSystem.dC); });
+}
+
+} // namespace
+
+void CDataPool::ResolveCoordinateSystems() {
+    // Every other table is tried, also after a hit: of several frames with one id the last gives the link. A frame's
+    // own table is not among them, so a RID of its own kind gives no link.
+    for (const auto& [iCID, rSystem] : CD2R.Walk(NamesFrame)) {
+        LinkTo(CD1R, rSystem.iRID, rSystem.frame);
+        LinkTo(CD1C, rSystem.iRID, rSystem.frame);
+        LinkTo(CD2C, rSystem.iRID, rSystem.frame);
+        LinkTo(CD1S, rSystem.iRID, rSystem.frame);
+        LinkTo(CD2S, rSystem.iRID, rSystem.frame);
+    }
+    for (const auto& [iCID, rSystem] : CD2C.Walk(NamesFrame)) {
+        LinkTo(CD1R, rSystem.iRID, rSystem.frame);
+        LinkTo(CD2R, rSystem.iRID, rSystem.frame);
+        LinkTo(CD1C, rSystem.iRID, rSystem.frame);
+        LinkTo(CD1S, rSystem.iRID, rSystem.frame);
+        LinkTo(CD2S, rSystem.iRID, rSystem.frame);
+    }
+    for (const auto& [iCID, rSystem] : CD2S.Walk(NamesFrame)) {
+        LinkTo(CD1R, rSystem.iRID, rSystem.frame);
+        LinkTo(CD2R, rSystem.iRID, rSystem.frame); // also one that was copied there below
+        LinkTo(CD1C, rSystem.iRID, rSystem.frame);
+        // A sphere on a cylinder gets its link in a copy among the rectangular systems, which it joins or replaces one
+        // of; the sphere itself keeps the link that it has. Output depends on it.
+        T_CD2R_D copy{rSystem};
+        if (LinkTo(CD2C, rSystem.iRID, copy.frame)) CD2R.SetAt(iCID, copy);
+        LinkTo(CD1S, rSystem.iRID, rSystem.frame);
+    }
+
+    PlaceByGrids(CD1R, NODS);
+    PlaceByGrids(CD1C, NODS);
+    PlaceByGrids(CD1S, NODS);
+    PlaceByPoints(CD2R);
+    PlaceByPoints(CD2C);
+    PlaceByPoints(CD2S);
+}
+
+const CUCSBase* CDataPool::FindFrame(std::int32_t iCID) const {
+    if (const T_CD1R_D* pSystem = CD1R.Find(iCID)) return &pSystem->frame;
+    if (const T_CD2R_D* pSystem = CD2R.Find(iCID)) return &pSystem->frame;
+    if (const T_CD1C_D* pSystem = CD1C.Find(iCID)) return &pSystem->frame;
+    if (const T_CD1S_D* pSystem = CD1S.Find(iCID)) return &pSystem->frame;
+    if (const T_CD2C_D* pSystem = CD2C.Find(iCID)) return &pSystem->frame;
+    if (const T_CD2S_D* pSystem = CD2S.Find(iCID)) return &pSystem->frame;
+    return nullptr;
+}

@@ -1,0 +1,56 @@
+// The fourth pass: the components of loads whose direction is given by grids.
+
+#include "resolve/MathFunc.h"
+#include "store/DataPool.h"
+
+namespace {
+
+using VECTOR = double[3];
+
+/// From grid iFrom to grid iTo; a missing grid counts as the origin.
+void TakeVector(const CDataPool& rPool, std::int32_t iFrom, std::int32_t iTo, VECTOR& rVector) {
+    VECTOR dFrom;
+    rPool.GetNodePosition(iFrom, dFrom);
+    rPool.GetNodePosition(iTo, rVector);
+    for (int i = 0; i < 3; ++i) rVector[i] -= dFrom[i];
+}
+
+/// The direction of an entry, not yet of length 1. Returns 0 for an entry that has its components.
+int TakeDirection(const CDataPool& rPool, const T_MBLD_D& rLoad, VECTOR& rDirection) {
+    if (rLoad.iKIND != LOAD_FORCE && rLoad.iKIND != LOAD_MOMENT) return 0;
+    if (rLoad.iFORM == 1) {
+        TakeVector(rPool, rLoad.iG[0], rLoad.iG[1], rDirection);
+        return 1;
+    }
+    if (rLoad.iFORM == 2) {
+        VECTOR d12, d34;
+        TakeVector(rPool, rLoad.iG[0], rLoad.iG[1], d12);
+        TakeVector(rPool, rLoad.iG[2], rLoad.iG[3], d34);
+        CMathFunc::CrossProduct(d12, d34, rDirection);
+        return 1;
+    }
+    return 0;
+}
+
+} // namespace
+
+void CDataPool::ResolveLoadDirections() {
+    CArray<std::int32_t> aIds;
+    if (!GetSortedLoadIds(aIds)) return;
+    VECTOR dDirection;
+    VECTOR dUnit = {}; // lives over all sets: a direction without length takes the one before it
+    for (const std::int32_t iID : aIds) {
+        for (T_MBLD_D& rLoad : LOAD.Find(iID)->aMBLD) {
+            if (!TakeDirection(*this, rLoad, dDirection)) continue;
+            CMathFunc::Normalize(dDirection, dUnit);
+            const double dMagnitude = rLoad.dV[0];
+            for (std::size_t i = 0; i < 3; ++i) rLoad.dV[i] = dUnit[i] * dMagnitude;
+        }
+    }
+}
+
+int CDataPool::GetSortedLoadIds(CArray<std::int32_t>& rIds) const {
+    rIds.RemoveAll();
+    for (const auto& [iID, rSet] : LOAD.Sorted()) rIds.Add(iID);
+    return rIds.IsEmpty() ? 0 : 1;
+}

@@ -1,0 +1,75 @@
+// Carrying points through a chain of frames.
+
+#include "resolve/UcsBase.h"
+
+#include <vector>
+
+namespace {
+
+/// rX, rY, rZ = the upper three rows of dM times (x, y, z, 1).
+void Carry(const double (&dM)[4][4], double& rX, double& rY, double& rZ) {
+    const double dX = rX, dY = rY, dZ = rZ;
+    rX = dM[0][0] * dX + dM[0][1] * dY + dM[0][2] * dZ + dM[0][3];
+    rY = dM[1][0] * dX + dM[1][1] * dY + dM[1][2] * dZ + dM[1][3];
+    rZ = dM[2][0] * dX + dM[2][1] * dY + dM[2][2] * dZ + dM[2][3];
+}
+
+} // namespace
+
+void CUCSBase::SetMatrix(const double (&dMatrix)[16]) {
+    for (std::size_t i = 0; i < 16; ++i) m_dMat[i / 4][i % 4] = dMatrix[i];
+    for (std::size_t i = 0; i < 3; ++i) {
+        for (std::size_t j = 0; j < 3; ++j) m_dInv[i][j] = m_dMat[j][i];
+        m_dInv[i][3] = -m_dMat[i][3];
+        m_dInv[3][i] = 0.0;
+    }
+    m_dInv[3][3] = -m_dMat[3][3];
+}
+
+/// Number of frames from this one outward, each counted once.
+std::size_t CUCSBase::CountFrames() const {
+    std::size_t nFrames = 1;
+    // A frame to compare with that moves up at powers of two: on a circle it is met again after at most a few rounds.
+    const CUCSBase* pMark = this;
+    std::size_t nMark = 1; // frames up to and with the mark
+    std::size_t nNextMark = 2;
+    for (const CUCSBase* pFrame = m_pParent; pFrame; pFrame = pFrame->m_pParent) {
+        if (pFrame == pMark) {
+            // The circle has nFrames + 1 - nMark frames. Two walkers that far apart meet where it is entered.
+            const std::size_t nCircle = nFrames + 1 - nMark;
+            const CUCSBase* pAhead = this;
+            for (std::size_t i = 0; i < nCircle; ++i) pAhead = pAhead->m_pParent;
+            std::size_t nBefore = 0;
+            for (const CUCSBase* pBehind = this; pBehind != pAhead; pBehind = pBehind->m_pParent) {
+                pAhead = pAhead->m_pParent;
+                ++nBefore;
+            }
+            return nBefore + nCircle;
+        }
+        ++nFrames;
+        if (nFrames == nNextMark) {
+            pMark = pFrame;
+            nMark = nFrames;
+            nNextMark *= 2;
+        }
+    }
+    return nFrames;
+}
+
+void CUCSBase::ToGlobal(double& rX, double& rY, double& rZ) const {
+    const CUCSBase* pFrame = this;
+    for (std::size_t nLeft = CountFrames(); nLeft > 0; --nLeft) {
+        Carry(pFrame->m_dInv, rX, rY, rZ);
+        pFrame = pFrame->m_pParent;
+    }
+}
+
+void CUCSBase::ToLocal(double& rX, double& rY, double& rZ) const {
+    std::vector<const CUCSBase*> aChain(CountFrames());
+    const CUCSBase* pFrame = this;
+    for (const CUCSBase*& rpLink : aChain) {
+        rpLink = pFrame;
+        pFrame = pFrame->m_pParent;
+    }
+    for (std::size_t i = aChain.size(); i-- > 0;) Carry(aChain[i]->m_dMat, rX, rY, rZ);
+}

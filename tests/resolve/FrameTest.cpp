@@ -1,0 +1,113 @@
+// Frames, chains of frames, and the vector operations under them.
+
+#include "resolve/MathFunc.h"
+#include "resolve/UcsRect.h"
+#include "support/Text.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A frame with the axes of the one above it and its origin at (dX, dY, dZ).
+CUCSRect Shifted(double dX, double dY, double dZ) {
+    CUCSRect frame;
+    frame.SetByThreePoints({dX, dY, dZ}, {dX, dY, dZ + 1.0}, {dX + 1.0, dY, dZ});
+    return frame;
+}
+
+/// A frame whose X axis lies along the outer Y axis, and Y along -X.
+CUCSRect Turned(double dX, double dY, double dZ) {
+    CUCSRect frame;
+    frame.SetByThreePoints({dX, dY, dZ}, {dX, dY, dZ + 2.0}, {dX, dY + 3.0, dZ + 4.0});
+    return frame;
+}
+
+std::string Global(const CUCSRect& rFrame, double dX, double dY, double dZ) {
+    rFrame.ToGlobal(dX, dY, dZ);
+    return Text(dX, dY, dZ);
+}
+
+std::string Local(const CUCSRect& rFrame, double dX, double dY, double dZ) {
+    rFrame.ToLocal(dX, dY, dZ);
+    return Text(dX, dY, dZ);
+}
+
+std::string Turn(double dAngle, const double (&dAxis)[3], double dX, double dY, double dZ) {
+    CMathFunc::RotateAboutAxis(dAngle, dAxis[0], dAxis[1], dAxis[2], dX, dY, dZ);
+    return Text(dX, dY, dZ);
+}
+
+} // namespace
+
+TEST(Frame, ThreePoints) {
+    EXPECT_EQ(Global(Shifted(0, 0, 0), 1, 2, 3), "1 2 3");
+    EXPECT_EQ(Global(Shifted(1, 0, 0), 0, 0, 0), "1 0 0");
+    EXPECT_EQ(Global(Turned(10, 20, 30), 1, 2, 3), "8 21 33");
+    EXPECT_EQ(Global(CUCSRect(), 1, 2, 3), "0 0 0");
+
+    CUCSRect collinear;
+    collinear.SetByThreePoints({1, 2, 3}, {1, 2, 5}, {1, 2, 9});
+    EXPECT_EQ(Global(collinear, 7, 8, 9), "1 2 12");
+    CUCSRect point;
+    point.SetByThreePoints({1, 2, 3}, {1, 2, 3}, {4, 5, 6});
+    EXPECT_EQ(Global(point, 7, 8, 9), "1 2 3");
+}
+
+TEST(Frame, ChainGoesOutwardAndInward) {
+    CUCSRect outer = Turned(10, 0, 0);
+    CUCSRect inner = Shifted(0, 0, 5);
+    EXPECT_EQ(inner.SetParent(&outer), &outer);
+    EXPECT_EQ(Global(inner, 1, 2, 3), "8 1 8");
+    // Inward a frame turns the point before it takes its origin off: (8 1 8) turns to (1 -8 8).
+    EXPECT_EQ(Local(inner, 8, 1, 8), "-9 -8 3");
+
+    CUCSRect matrix;
+    matrix.SetMatrix({0, 1, 0, -7, -1, 0, 0, -8, 0, 0, 1, -9, 0, 0, 0, 1});
+    EXPECT_EQ(Global(matrix, 1, 2, 3), "5 9 12");
+    EXPECT_EQ(Local(matrix, 1, 2, 3), "-5 -9 -6");
+}
+
+TEST(Frame, EachFrameOfACircleOnce) {
+    // Each frame shifts by a digit of its own, so a sum of ones tells that every frame was met and none twice.
+    for (int nFrames = 1; nFrames <= 6; ++nFrames) {
+        for (int iEntry = 0; iEntry < nFrames; ++iEntry) {
+            CUCSRect frames[6];
+            double dSum = 0.0, dDigit = 1.0;
+            for (int i = 0; i < nFrames; ++i, dDigit *= 10.0) {
+                frames[i] = Shifted(dDigit, 0, 0);
+                frames[i].SetParent(&frames[i + 1 < nFrames ? i + 1 : iEntry]);
+                dSum += dDigit;
+            }
+            EXPECT_EQ(Global(frames[0], 0, 0, 0), Text(dSum, 0, 0))
+                << nFrames << " frames, the last leads to " << iEntry;
+            EXPECT_EQ(Local(frames[0], dSum, 0, 0), "0 0 0");
+        }
+    }
+}
+
+TEST(MathFunc, TurnsAboutAnAxis) {
+    EXPECT_EQ(Turn(90, {0, 0, 1}, 1, 0, 0), "0 1 0");
+    EXPECT_EQ(Turn(90, {1, 0, 0}, 0, 1, 0), "0 0 1");
+    EXPECT_EQ(Turn(90, {0, 5, 0}, 0, 0, 1), "1 0 0");
+    EXPECT_EQ(Turn(90, {0, 0, -2}, 1, 0, 0), "0 -1 0");
+    EXPECT_EQ(Turn(90, {-1, 0, 0}, 0, 1, 0), "0 0 -1");
+    EXPECT_EQ(Turn(90, {0, 0, 0}, 1, 0, 0), "0 1 0");
+    EXPECT_EQ(Turn(90, {1, 1, 1}, 1, 0, 0), "0.333333 0.910684 -0.244017");
+    EXPECT_EQ(Turn(60, {0, 0, 1}, 2, 0, 3), "1 1.73205 3");
+    EXPECT_EQ(Turn(90, {0, 0, 1}, 1, 1e-11, -0.0), "0 1 0"); // small values become 0, and lose their sign
+    EXPECT_EQ(Turn(0, {0, 0, 1}, 1, 1e-11, -0.0), "1 1e-11 -0");
+}
+
+TEST(MathFunc, NormalizeRefusesNoLength) {
+    double dUnit[3] = {7, 8, 9};
+    EXPECT_EQ(CMathFunc::Normalize({1e-16, 0, 0}, dUnit), 0);
+    EXPECT_EQ(Text(dUnit[0], dUnit[1], dUnit[2]), "7 8 9");
+    EXPECT_EQ(CMathFunc::Normalize({0, 3, -4}, dUnit), 1);
+    EXPECT_EQ(Text(dUnit[0], dUnit[1], dUnit[2]), "0 0.6 -0.8");
+}
+
+TEST(MathFunc, SignsOutOfRange) {
+    EXPECT_EQ(Text(CMathFunc::SquareRoot(-1.0), CMathFunc::SquareRoot(-0.0), CMathFunc::SquareRoot(16.0)), "-nan -0 4");
+    EXPECT_EQ(Text(CMathFunc::ArcCosine(1.0000001), CMathFunc::ArcCosine(-2.0), CMathFunc::ArcCosine(1.0)),
+              "nan nan 0");
+}
