@@ -88,4 +88,10 @@ class CDataPool {
         rPosition[2] = pNode ? pNode->dGZ : 0.0;
         return pNode ? 1 : 0;
     }
+
+    // resolve/ElementGeometry.cpp
+
+    /// Distance between the first two nodes of an element, in the deck's length unit. A missing element has node 0
+    /// twice, and a missing node lies at the origin. Always 1.
+    int ComputeElementLength(std::int32_t iElement, double& rLength) const;
 };

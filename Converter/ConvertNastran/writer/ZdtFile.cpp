@@ -32,6 +32,8 @@ int CConvertNastran::WriteModel(CFile& rFile) {
     static constexpr WRITER STEPS[] = {
         &CConvertNastran::WriteFileVersion,
         &CConvertNastran::WriteNodeSection,
+        &CConvertNastran::WriteStaticLoadCases,
+        &CConvertNastran::WriteLoadCombinations,
     };
     for (const WRITER pfnWrite : STEPS) {
         if (!(this->*pfnWrite)(rFile)) return 0;
