@@ -170,6 +170,7 @@ class CConvertNastran {
     int ParseMAT8(const T_DATA_D& rCard);
 
     // cards/NodalLoadCards.cpp
+    int AddNodalLoad(const T_DATA_D& rCard, E_LOAD_KIND eKind, E_LOAD_FORM eForm);
     int ParseFORCE(const T_DATA_D& rCard);
     int ParseFORCE1(const T_DATA_D& rCard);
     int ParseFORCE2(const T_DATA_D& rCard);
@@ -197,6 +198,8 @@ class CConvertNastran {
     int ParseSPC(const T_DATA_D& rCard);
     int ParseSPC1(const T_DATA_D& rCard);
     int ParseMPC(const T_DATA_D& rCard);
+
+    // cards/EnforcedDisplacementCard.cpp
     int ParseSPCD(const T_DATA_D& rCard);
 
     // cards/EigenvalueCards.cpp
@@ -255,6 +258,30 @@ class CConvertNastran {
     // writer/LoadCases.cpp
     int WriteStaticLoadCases(CFile& rFile);
 
+    // The sections of one load case.
+
+    // writer/NodalLoads.cpp
+    int WriteNodalForces(CFile& rFile, const T_LOAD_D& rSet);
+    int WriteNodalMoments(CFile& rFile, const T_LOAD_D& rSet);
+    int WriteNodalLoads(CFile& rFile, const T_LOAD_D& rSet, E_LOAD_KIND eKind);
+
+    // writer/BeamLoads.cpp
+    int WriteBeamLoads(CFile& rFile, const T_LOAD_D& rSet);
+    int WriteBeamLoad(CFile& rFile, const T_MBLD_D& rEntry);
+
+    // writer/PressureLoads.cpp
+    int WritePressureLoads(CFile& rFile, const T_LOAD_D& rSet);
+    int WritePlatePressure(CFile& rFile, const T_MBLD_D& rEntry);
+    int WriteSolidPressure(CFile& rFile, const T_MBLD_D& rEntry, std::int32_t iFace);
+
+    // writer/Temperatures.cpp
+    int WriteNodalTemperatures(CFile& rFile, const T_LOAD_D& rSet);
+    int WriteElementTemperatures(CFile& rFile, const T_LOAD_D& rSet);
+    int WriteTemperatureGradients(CFile& rFile, const T_LOAD_D& rSet);
+
+    // writer/EnforcedDisplacements.cpp
+    int WriteSpecifiedDisplacements(CFile& rFile, const T_LOAD_D& rSet);
+
     // writer/LoadCombinations.cpp
     int WriteLoadCombinations(CFile& rFile);
 
@@ -286,6 +313,7 @@ class CConvertNastran {
     std::vector<std::string_view> m_aPieces; // of one line
     T_DATA_D m_card;                         // the assembled card
 
-    std::int32_t m_iCurLoadSet = 0; // set of the last load card
-    std::int32_t m_nPSHELL = 0;     // PSHELL cards read
+    std::int32_t m_iCurLoadSet = 0;    // set of the last load card
+    T_LOAD_D* m_pCurLoadSet = nullptr; // its record
+    std::int32_t m_nPSHELL = 0;        // PSHELL cards read
 };

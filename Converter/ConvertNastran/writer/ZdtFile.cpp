@@ -30,6 +30,7 @@ int CConvertNastran::WriteZdtFile(const std::string& sPath) {
 int CConvertNastran::WriteModel(CFile& rFile) {
     using WRITER = int (CConvertNastran::*)(CFile&);
     // clang-format off
+    // clang-format off
     static constexpr WRITER STEPS[] = {
         &CConvertNastran::WriteFileVersion,
         &CConvertNastran::WriteNodeSection,
@@ -38,6 +39,8 @@ int CConvertNastran::WriteModel(CFile& rFile) {
         &CConvertNastran::WriteMaterialSection,
         &CConvertNastran::WriteSectionAndThickness,
         &CConvertNastran::WriteLocalAxisSection,
+        &CConvertNastran::WriteStaticLoadCases,
+        &CConvertNastran::WriteLoadCombinations,
     };
     // clang-format on
     for (const WRITER pfnWrite : STEPS) {

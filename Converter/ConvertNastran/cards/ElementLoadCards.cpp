@@ -1,0 +1,107 @@
+// PLOAD1, PLOAD2 and PLOAD4: loads on elements.
+
+#include "cards/IdRange.h"
+#include "driver/CConvertNastran.h"
+#include "reader/FieldCursor.h"
+
+namespace {
+
+/// TYPE of PLOAD1: what the load is and where it points.
+struct T_PLTY_D {
+    std::string_view sTYPE;
+    E_LOAD_KIND eKIND;
+    std::int8_t iDIR;
+};
+
+// clang-format off
+constexpr T_PLTY_D TYPES[] = {
+    {"FX",  LOAD_BEAM_FORCE, 1}, {"MX",  LOAD_BEAM_MOMENT, 1},
+    {"FY",  LOAD_BEAM_FORCE, 2}, {"MY",  LOAD_BEAM_MOMENT, 2},
+    {"FZ",  LOAD_BEAM_FORCE, 3}, {"MZ",  LOAD_BEAM_MOMENT, 3},
+    {"FXE", LOAD_BEAM_FORCE, 4}, {"MXE", LOAD_BEAM_MOMENT, 4},
+    {"FYE", LOAD_BEAM_FORCE, 5}, {"MYE", LOAD_BEAM_MOMENT, 5},
+    {"FZE", LOAD_BEAM_FORCE, 6}, {"MZE", LOAD_BEAM_MOMENT, 6},
+};
+// clang-format on
+
+/// Sets kind and direction; a TYPE that isn't known leaves both 0.
+void SetBeamLoadType(T_MBLD_D& rEntry, std::string_view sType) {
+    for (const T_PLTY_D& rRow : TYPES) {
+        if (rRow.sTYPE != sType) continue;
+        rEntry.iKIND = rRow.eKIND;
+        rEntry.iDIR = rRow.iDIR;
+    }
+}
+
+E_LOAD_SCALE TextToScale(std::string_view sScale) {
+    if (sScale == "FR") return SCALE_FR;
+    if (sScale == "LEPR") return SCALE_LEPR;
+    if (sScale == "FPPR") return SCALE_FPPR; // the usual FRPR isn't known
+    return SCALE_LE;
+}
+
+} // namespace
+
+int CConvertNastran::ParsePLOAD1(const T_DATA_D& rCard) {
+    CFieldCursor fields(rCard);
+    const std::int32_t iSID = fields.Int();
+    T_MBLD_D entry;
+    entry.iID = fields.Int();
+    SetBeamLoadType(entry, fields.Text());
+    entry.iSCALE = TextToScale(fields.Text());
+    entry.dV[0] = fields.Real(); // X1
+    entry.dV[1] = fields.Real(); // P1
+    entry.dV[2] = fields.Real(); // X2, 0 for a load at one point
+    entry.dV[3] = fields.Real(); // P2
+    EnsureLoadSet(iSID).aMBLD.Add(entry);
+    return 1;
+}
+
+int CConvertNastran::ParsePLOAD2(const T_DATA_D& rCard) {
+    CFieldCursor fields(rCard);
+    CArray<T_MBLD_D>& rEntries = EnsureLoadSet(fields.Int()).aMBLD;
+    T_MBLD_D entry;
+    entry.iKIND = LOAD_PRESSURE;
+    entry.iFORM = FORM_PLAIN;
+    entry.dV[0] = fields.Real();
+    entry.iID = fields.Int();
+    rEntries.Add(entry);
+    const auto AddCopy = [&](std::int32_t iEID) {
+        entry.iID = iEID;
+        rEntries.Add(entry);
+    };
+    if (fields.Peek() == "THRU") {
+        fields.Skip(1);
+        WalkRange(rCard, entry.iID, fields.Int(), AddCopy);
+        return 1;
+    }
+    for (int iField = 0; iField < 5; ++iField) { // EID2 to EID6; no line behind the first is read
+        const std::int32_t iEID = fields.Int();
+        if (iEID > 0) AddCopy(iEID);
+    }
+    return 1;
+}
+
+int CConvertNastran::ParsePLOAD4(const T_DATA_D& rCard) {
+    CFieldCursor fields(rCard);
+    const std::int32_t iSID = fields.Int();
+    T_MBLD_D entry;
+    entry.iKIND = LOAD_PRESSURE;
+    entry.iFORM = FORM_CORNERS;
+    entry.iID = fields.Int();
+    entry.dV[0] = fields.Real();
+    for (std::size_t iCorner = 1; iCorner < 4; ++iCorner) {
+        const double dP = fields.Real();
+        entry.dV[iCorner] = dP == 0.0 ? entry.dV[0] : dP; // a zero isn't told from a blank
+    }
+    if (fields.Peek() == "THRU") {
+        fields.Skip(2); // with EID2 behind it: the first element alone takes the load
+    } else {
+        entry.iFACEG1 = fields.Int();
+        entry.iFACEG34 = fields.Int();
+    }
+    entry.iCID = fields.Int();
+    for (double& rN : entry.dN) rN = fields.Real(); // SORL and LDIR, the last fields, have no use here
+    EnsureLoadSet(iSID).aMBLD.Add(entry);
+    return 1;
+}
