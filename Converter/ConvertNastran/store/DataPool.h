@@ -88,4 +88,10 @@ class CDataPool {
         rPosition[2] = pNode ? pNode->dGZ : 0.0;
         return pNode ? 1 : 0;
     }
+
+    /// Angle in degrees that the vector (dX, dY, dZ), in global axes, makes at a link from iNode1 to iNode2, by the
+    /// nodes' coordinates as on their cards; 0 for a vector of no length or along the link. Not a number where rounding
+    /// takes a cosine out of its range. Always 1.
+    int ComputeBetaAngle(std::int32_t iNode1, std::int32_t iNode2, double dX, double dY, double dZ,
+                         double& rAngle) const;
 };

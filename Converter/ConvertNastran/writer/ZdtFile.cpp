@@ -32,6 +32,17 @@ int CConvertNastran::WriteModel(CFile& rFile) {
     static constexpr WRITER STEPS[] = {
         &CConvertNastran::WriteFileVersion,
         &CConvertNastran::WriteNodeSection,
+        &CConvertNastran::WriteConstraintSection,
+        &CConvertNastran::WriteCelas1Links,
+        &CConvertNastran::WriteCelas2Links,
+        &CConvertNastran::WriteRbe2Links,
+        &CConvertNastran::WriteBushGapProperties,
+        &CConvertNastran::WriteBushGapLinks,
+        &CConvertNastran::WriteMpcLinks,
+        &CConvertNastran::WriteScalarProperties,
+        &CConvertNastran::WriteScalarLinks,
+        &CConvertNastran::WriteNodalMassSection,
+        &CConvertNastran::WriteEigenControl,
     };
     for (const WRITER pfnWrite : STEPS) {
         if (!(this->*pfnWrite)(rFile)) return 0;
