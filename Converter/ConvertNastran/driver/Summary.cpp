@@ -72,14 +72,14 @@ class CTally {
     std::size_t Get(std::int32_t iKind, std::int32_t iShape = 0) const { return m_aCounts.at(Place(iKind, iShape)); }
 
   private:
-    static constexpr std::int32_t SHAPES = 16; // both more than there are
-    static constexpr std::int32_t KINDS = 64;
+    static constexpr std::size_t SHAPES = 16; // both more than there are
+    static constexpr std::size_t KINDS = 64;
 
     static std::size_t Place(std::int32_t iKind, std::int32_t iShape) {
-        return static_cast<std::size_t>(iKind * SHAPES + iShape);
+        return static_cast<std::size_t>(iKind) * SHAPES + static_cast<std::size_t>(iShape);
     }
 
-    std::array<std::size_t, static_cast<std::size_t>(KINDS* SHAPES)> m_aCounts = {};
+    std::array<std::size_t, KINDS * SHAPES> m_aCounts = {};
 };
 
 } // namespace

@@ -52,7 +52,6 @@ int CDataPool::ComputeBetaAngle(std::int32_t iNode1, std::int32_t iNode2, double
     // The reference direction goes by the slope: X for a vertical link, Z for a level one, else the level normal.
     if (std::abs(e[0]) < 0.0001 && std::abs(e[1]) < 0.0001) {
         rAngle = ArcCosine(d[0] / Length(d)) + 90.0;
-        if (rAngle >= 360.0) rAngle -= 360.0;
     } else if (std::abs(e[2]) < 0.0001) {
         rAngle = ArcCosine(c[2] / Length(c));
     } else {

@@ -73,12 +73,13 @@ int CConvertNastran::WriteBushGapLinks(CFile& rFile) {
     const bool bAny = elements.GetCount() > 0;
     if (bAny) {
         WriteLinkVersion(rFile);
+        // clang-format off
         WriteLine(rFile, "*NL-LINK  ; General Link\n");
         WriteLine(rFile, "; iNO, iNODE1, iNODE2, GPROP, IEPROP, iRCS, ANGLE, GROUP\n");
         WriteLine(rFile, "; iNO, iNODE1, iNODE2, GPROP, IEPROP, iRCS, iMETHOD, ANGLE-x, ANGLE-y, ANGLE-z, GROUP\n");
-        WriteLine(rFile, "; iNO, iNODE1, iNODE2, GPROP, IEPROP, iRCS, iMETHOD, P0X, P0Y, P0Z, P1X, P1Y, P1Z, P2X, P2Y, "
-                         "P2Z, GROUP\n");
+        WriteLine(rFile, "; iNO, iNODE1, iNODE2, GPROP, IEPROP, iRCS, iMETHOD, P0X, P0Y, P0Z, P1X, P1Y, P1Z, P2X, P2Y, P2Z, GROUP\n");
         WriteLine(rFile, "; iNO, iNODE1, iNODE2, GPROP, IEPROP, iRCS, iMETHOD, V1X, V1Y, V1Z, V2X, V2Y, V2Z, GROUP\n");
+        // clang-format on
     }
     for (const auto& [iID, rElement] : elements) {
         const std::int32_t iNode1 = rElement.iNODE[0];

@@ -29,6 +29,7 @@ int CConvertNastran::WriteZdtFile(const std::string& sPath) {
 /// The sections in the order of the file. Returns 0 at the first that does.
 int CConvertNastran::WriteModel(CFile& rFile) {
     using WRITER = int (CConvertNastran::*)(CFile&);
+    // clang-format off
     static constexpr WRITER STEPS[] = {
         &CConvertNastran::WriteFileVersion,
         &CConvertNastran::WriteNodeSection,
@@ -44,6 +45,7 @@ int CConvertNastran::WriteModel(CFile& rFile) {
         &CConvertNastran::WriteNodalMassSection,
         &CConvertNastran::WriteEigenControl,
     };
+    // clang-format on
     for (const WRITER pfnWrite : STEPS) {
         if (!(this->*pfnWrite)(rFile)) return 0;
     }
