@@ -7,10 +7,10 @@
 
 namespace {
 
-T_MBLD_D Load(std::int32_t iKind, std::int32_t iForm, double dValue, std::array<std::int32_t, 4> aGrids) {
+T_MBLD_D Load(E_LOAD_KIND eKind, E_LOAD_FORM eForm, double dValue, std::array<std::int32_t, 4> aGrids) {
     T_MBLD_D load;
-    load.iKIND = iKind;
-    load.iFORM = iForm;
+    load.iKIND = eKind;
+    load.iFORM = eForm;
     load.dV[0] = dValue;
     load.iG = aGrids;
     return load;
@@ -36,17 +36,17 @@ TEST(LoadDirections, SetsByAscendingId) {
     };
     const T_CASE_D aCases[] = {
         // In store order set 3 comes first. Its first entry has no length and follows the last direction of set 1.
-        {3, Load(LOAD_FORCE, 1, 2, {1, 6}), "0 0 -2"},
-        {3, Load(LOAD_FORCE, 2, 1, {1, 3, 1, 4}), "0 0 1"},
-        {3, Load(LOAD_MOMENT, 2, 2, {1, 4, 1, 3}), "0 0 -2"},
-        {1, Load(LOAD_FORCE, 1, 5, {6, 1}), "0 0 0"}, // no direction before it
-        {1, Load(LOAD_FORCE, 1, 10, {1, 2}), "0 6 8"},
-        {1, Load(LOAD_MOMENT, 1, -10, {2, 1}), "-0 6 8"},
-        {1, Load(LOAD_MOMENT, 1, 3, {4, 4}), "0 -1.8 -2.4"}, // as the entry before it
-        {1, Load(LOAD_FORCE, 0, 7, {1, 2}), "7 0 0"},
-        {1, Load(LOAD_PRESSURE, 1, 7, {1, 2}), "7 0 0"},
-        {1, Load(LOAD_DISPLACEMENT, 2, 7, {1, 2, 3, 4}), "7 0 0"},
-        {1, Load(LOAD_FORCE, 1, 1, {5, 99}), "0 0 -1"}, // a missing grid is the origin
+        {3, Load(LOAD_FORCE, FORM_TWO_GRIDS, 2, {1, 6}), "0 0 -2"},
+        {3, Load(LOAD_FORCE, FORM_CROSS, 1, {1, 3, 1, 4}), "0 0 1"},
+        {3, Load(LOAD_MOMENT, FORM_CROSS, 2, {1, 4, 1, 3}), "0 0 -2"},
+        {1, Load(LOAD_FORCE, FORM_TWO_GRIDS, 5, {6, 1}), "0 0 0"}, // no direction before it
+        {1, Load(LOAD_FORCE, FORM_TWO_GRIDS, 10, {1, 2}), "0 6 8"},
+        {1, Load(LOAD_MOMENT, FORM_TWO_GRIDS, -10, {2, 1}), "-0 6 8"},
+        {1, Load(LOAD_MOMENT, FORM_TWO_GRIDS, 3, {4, 4}), "0 -1.8 -2.4"}, // as the entry before it
+        {1, Load(LOAD_FORCE, FORM_PLAIN, 7, {1, 2}), "7 0 0"},
+        {1, Load(LOAD_PRESSURE, FORM_TWO_GRIDS, 7, {1, 2}), "7 0 0"},
+        {1, Load(LOAD_DISPLACEMENT, FORM_CROSS, 7, {1, 2, 3, 4}), "7 0 0"},
+        {1, Load(LOAD_FORCE, FORM_TWO_GRIDS, 1, {5, 99}), "0 0 -1"}, // a missing grid is the origin
     };
     for (const T_CASE_D& rCase : aCases) pool.LOAD[rCase.iSET].aMBLD.Add(rCase.load);
     pool.LOAD[2]; // a set without entries

@@ -17,6 +17,8 @@
 
 class CDialogs;
 struct T_KEYW_D;
+struct T_SCALARLINK_D;
+struct T_SPRINGKEYS_D;
 
 /// Converts one deck; made anew for each run.
 class CConvertNastran {
@@ -79,6 +81,9 @@ class CConvertNastran {
         m_pMsgMgr->AddMessageF(sFormat, {CTextArg(args)...});
         return 0;
     }
+
+    // driver/Summary.cpp
+    void WriteSummary();
 
     // reader/DeckReader.cpp
     int ReadDeckFile();
@@ -239,7 +244,13 @@ class CConvertNastran {
     int WriteRbe2Links(CFile& rFile);
     int WriteMpcLinks(CFile& rFile);
 
+    // writer/Springs.cpp
+    bool GetSpringValues(std::int32_t iEID, const T_CEL1_D& rSpring, double& rK, double& rGE);
+    bool GetSpringValues(std::int32_t iEID, const T_CEL2_D& rSpring, double& rK, double& rGE);
+
     // writer/ElasticLinkSection.cpp
+    template <class SPRING>
+    int WriteElasticLinks(CFile& rFile, const CMap<SPRING>& rSprings, const T_SPRINGKEYS_D& rKeys);
     int WriteCelas1Links(CFile& rFile);
     int WriteCelas2Links(CFile& rFile);
 
@@ -250,6 +261,7 @@ class CConvertNastran {
     // writer/ScalarLinkSection.cpp: springs between coincident nodes
     int WriteScalarProperties(CFile& rFile);
     int WriteScalarLinks(CFile& rFile);
+    std::vector<T_SCALARLINK_D> SelectScalarLinks();
     std::int32_t MaxPropertyId() const;
 
     // writer/NodalMassSection.cpp

@@ -45,6 +45,7 @@ void CConvertNastran::RunConversion(const std::string& sPath) {
     m_pDataPool->m_pMsgMgr = m_pMsgMgr.get();
     m_pDataPool->ResolveModel();
     if (!WriteZdtFile(sPath)) throw CRunError(FAILURE_NOT_WRITTEN);
+    WriteSummary();
     m_pMsgMgr->ShowMessages();
 }
 

@@ -18,11 +18,11 @@ void TakeVector(const CDataPool& rPool, std::int32_t iFrom, std::int32_t iTo, VE
 /// The direction of an entry, not yet of length 1. Returns 0 for an entry that has its components.
 int TakeDirection(const CDataPool& rPool, const T_MBLD_D& rLoad, VECTOR& rDirection) {
     if (rLoad.iKIND != LOAD_FORCE && rLoad.iKIND != LOAD_MOMENT) return 0;
-    if (rLoad.iFORM == 1) {
+    if (rLoad.iFORM == FORM_TWO_GRIDS) {
         TakeVector(rPool, rLoad.iG[0], rLoad.iG[1], rDirection);
         return 1;
     }
-    if (rLoad.iFORM == 2) {
+    if (rLoad.iFORM == FORM_CROSS) {
         VECTOR d12, d34;
         TakeVector(rPool, rLoad.iG[0], rLoad.iG[1], d12);
         TakeVector(rPool, rLoad.iG[2], rLoad.iG[3], d34);

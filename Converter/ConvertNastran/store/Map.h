@@ -140,6 +140,12 @@ class CMap {
     }
     CONST_WALK Sorted() const { return Sorted(All); }
 
+    /// Calls visit with the key of each record and the record, without making an order of them.
+    template <class VISIT>
+    void Visit(VISIT visit) const {
+        for (std::size_t i = 0; i < m_aKeys.size(); ++i) visit(m_aKeys[i], At(i));
+    }
+
   private:
     template <class, class>
     friend class CWalk;

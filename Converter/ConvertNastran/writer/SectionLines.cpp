@@ -4,7 +4,7 @@
 
 #include "driver/CConvertNastran.h"
 #include "store/PropertySlots.h"
-#include "writer/SquareRoot.h"
+#include "resolve/MathFunc.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ void WriteClosingLines(CFile& rFile) {
 }
 
 void WriteTaperedEnd(CFile& rFile, const T_STIF_D& rEnd) {
-    const double dSide = SquareRoot(rEnd.dA);
+    const double dSide = CMathFunc::SquareRoot(rEnd.dA);
     CConvertNastran::WriteLine(rFile, "    %g, %g, 0, 0, 0, 0, 0, 0\n", dSide, dSide);
     CConvertNastran::WriteLine(rFile, "    %g, %g, %g, %g, %g, %g\n", rEnd.dA, rEnd.dAS1, rEnd.dAS2, rEnd.dJ, rEnd.dI1,
                                rEnd.dI2);
@@ -36,7 +36,7 @@ T_STIF_D EndStiffness(const T_PROP_D& rProperty, std::size_t iEnd) {
 }
 
 void WriteValueSection(CFile& rFile, std::int32_t iPID, const T_STIF_D& rStiffness) {
-    const double dSide = SquareRoot(rStiffness.dA);
+    const double dSide = CMathFunc::SquareRoot(rStiffness.dA);
     CConvertNastran::WriteLine(rFile, "  %d, VALUE, %s, CC, SB, BUILT, %g, %g, 0, 0, 0, 0, 0, 0\n", iPID,
                                SectionName(iPID), dSide, dSide);
     // Three blanks more than in a tapered section.

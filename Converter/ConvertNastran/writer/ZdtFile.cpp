@@ -31,6 +31,7 @@ int CConvertNastran::WriteModel(CFile& rFile) {
     using WRITER = int (CConvertNastran::*)(CFile&);
     // clang-format off
     // clang-format off
+    // clang-format off
     static constexpr WRITER STEPS[] = {
         &CConvertNastran::WriteFileVersion,
         &CConvertNastran::WriteNodeSection,
@@ -38,9 +39,20 @@ int CConvertNastran::WriteModel(CFile& rFile) {
         &CConvertNastran::WriteConrodSection,
         &CConvertNastran::WriteMaterialSection,
         &CConvertNastran::WriteSectionAndThickness,
+        &CConvertNastran::WriteConstraintSection,
         &CConvertNastran::WriteLocalAxisSection,
+        &CConvertNastran::WriteCelas1Links,
+        &CConvertNastran::WriteCelas2Links,
+        &CConvertNastran::WriteRbe2Links,
+        &CConvertNastran::WriteBushGapProperties,
+        &CConvertNastran::WriteBushGapLinks,
+        &CConvertNastran::WriteMpcLinks,
+        &CConvertNastran::WriteScalarProperties,
+        &CConvertNastran::WriteScalarLinks,
+        &CConvertNastran::WriteNodalMassSection,
         &CConvertNastran::WriteStaticLoadCases,
         &CConvertNastran::WriteLoadCombinations,
+        &CConvertNastran::WriteEigenControl,
     };
     // clang-format on
     for (const WRITER pfnWrite : STEPS) {
