@@ -7,7 +7,7 @@
 
 namespace {
 
-// Three values of pi, and not PI: output must match to the byte, and these are what it is made with.
+// Two values of pi, neither of them PI: output must match to the byte, and these are what it is made with.
 constexpr double CORD1C_PI = 3.141592;
 constexpr double POLAR_PI = 3.1415926535;
 
