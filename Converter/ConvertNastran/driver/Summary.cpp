@@ -87,9 +87,9 @@ class CTally {
 void CConvertNastran::WriteSummary() {
     const CDataPool& rPool = *m_pDataPool;
     CTally elements, properties, loads;
-    rPool.ELEM.Visit([&](std::int32_t, const T_ELEM_D& rElement) { elements.Add(rElement.iTYPE, rElement.iSUBTYPE); });
-    rPool.PROP.Visit([&](std::int32_t, const T_PROP_D& rProperty) { properties.Add(rProperty.iPROPTYPE); });
-    rPool.LOAD.Visit([&](std::int32_t, const T_LOAD_D& rSet) {
+    rPool.ELEM.ForEach([&](std::int32_t, const T_ELEM_D& rElement) { elements.Add(rElement.iTYPE, rElement.iSUBTYPE); });
+    rPool.PROP.ForEach([&](std::int32_t, const T_PROP_D& rProperty) { properties.Add(rProperty.iPROPTYPE); });
+    rPool.LOAD.ForEach([&](std::int32_t, const T_LOAD_D& rSet) {
         for (const T_MBLD_D& rEntry : rSet.aMBLD) loads.Add(rEntry.iKIND);
     });
     const T_CNST_D* pLastSet = rPool.CNST.Find(rPool.m_iLastCNST);

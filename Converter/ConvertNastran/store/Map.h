@@ -81,6 +81,10 @@ class CMap {
     void ForEach(VISIT visit) {
         for (std::size_t i = 0; i < m_aKeys.size(); ++i) visit(m_aKeys[i], At(i));
     }
+    template <class VISIT>
+    void ForEach(VISIT visit) const {
+        for (std::size_t i = 0; i < m_aKeys.size(); ++i) visit(m_aKeys[i], At(i));
+    }
 
     /// Some of the records, in an order of their own.
     template <class MAP, class ITEM>
@@ -139,12 +143,6 @@ class CMap {
         return {*this, std::move(aPlaces)};
     }
     CONST_WALK Sorted() const { return Sorted(All); }
-
-    /// Calls visit with the key of each record and the record, without making an order of them.
-    template <class VISIT>
-    void Visit(VISIT visit) const {
-        for (std::size_t i = 0; i < m_aKeys.size(); ++i) visit(m_aKeys[i], At(i));
-    }
 
   private:
     template <class, class>

@@ -16,7 +16,7 @@ struct T_SCALARLINK_D {
 /// Largest id of a property, at least 0.
 std::int32_t CConvertNastran::MaxPropertyId() const {
     std::int32_t iMax = 0;
-    m_pDataPool->PROP.Visit([&](std::int32_t iPID, const T_PROP_D&) { iMax = std::max(iMax, iPID); });
+    m_pDataPool->PROP.ForEach([&](std::int32_t iPID, const T_PROP_D&) { iMax = std::max(iMax, iPID); });
     return iMax;
 }
 
