@@ -95,10 +95,10 @@ class CConvertNastran {
 
     // reader/CardAssembly.cpp
     int AssembleCard();
-    int SplitSmallLine(T_LINE_D& rLine);
+    int SplitLine(T_LINE_D& rLine, std::string_view& rFirst);
+    int SplitSmallLine(T_LINE_D& rLine, std::string_view& rFirst);
     int SplitLargeLine(T_LINE_D& rLine);
     int SplitFreeLine(T_LINE_D& rLine);
-    void RemoveBlanksOfPieces(T_LINE_D& rLine);
 
     // reader/Dispatch.cpp
     int DispatchCard(const T_DATA_D& rCard);

@@ -14,42 +14,43 @@ int CConvertNastran::AssembleCard() {
     m_card.aLINES.clear();
     for (std::size_t iLine = 0; iLine < m_nLines; ++iLine) {
         T_LINE_D& rLine = *m_aLines[iLine];
-        m_aPieces.clear();
-        switch (rLine.iFORMAT) {
-        case FORMAT_SMALL:
-            SplitSmallLine(rLine);
-            break;
-        case FORMAT_LARGE:
-            SplitLargeLine(rLine);
-            break;
-        case FORMAT_FREE:
-            SplitFreeLine(rLine);
-            break;
-        default:
-            break;
-        }
-        if (m_aPieces.empty()) continue;
-        if (!rLine.bCONT && !KeywordToId(m_aPieces[0], m_card.iKEYWORD)) return 0;
-        m_card.aFIELDS.insert(m_card.aFIELDS.end(), m_aPieces.begin() + 1, m_aPieces.end());
+        std::string_view sFirst; // the keyword, or a continuation mark, which has no use
+        if (!SplitLine(rLine, sFirst)) continue;
+        if (!rLine.bCONT && !KeywordToId(sFirst, m_card.iKEYWORD)) return 0;
         m_card.aLINES.resize(m_card.aFIELDS.size(), rLine.iLINE);
     }
     return 1;
 }
 
-/// Takes the blanks out of the pieces of a line, in place.
-void CConvertNastran::RemoveBlanksOfPieces(T_LINE_D& rLine) {
+/// Cuts a line by its own format: the first piece goes to rFirst, the others behind the fields of m_card. Returns 0 if
+/// there is no piece.
+int CConvertNastran::SplitLine(T_LINE_D& rLine, std::string_view& rFirst) {
+    if (rLine.iFORMAT == FORMAT_SMALL) return SplitSmallLine(rLine, rFirst);
+    m_aPieces.clear();
+    if (rLine.iFORMAT == FORMAT_LARGE) {
+        SplitLargeLine(rLine);
+    } else {
+        SplitFreeLine(rLine);
+    }
     for (std::string_view& rPiece : m_aPieces) {
         char* pPiece = rLine.aTEXT + (rPiece.data() - rLine.aTEXT);
         rPiece = CNastranStrParser::RemoveBlanks(pPiece, pPiece + rPiece.size());
     }
+    if (m_aPieces.empty()) return 0;
+    rFirst = m_aPieces[0];
+    m_card.aFIELDS.insert(m_card.aFIELDS.end(), m_aPieces.begin() + 1, m_aPieces.end());
+    return 1;
 }
 
 /// Nine pieces of eight columns, blank where the line ends before; columns past 72 aren't looked at.
-int CConvertNastran::SplitSmallLine(T_LINE_D& rLine) {
-    for (char* pField = rLine.aTEXT; pField < rLine.aTEXT + 72; pField += 8) {
-        m_aPieces.push_back(rLine.bTABBED ? CNastranStrParser::RemoveBlanks(pField, pField + 8)
-                                          : CNastranStrParser::RemoveBlanksOf8(pField));
-    }
+int CConvertNastran::SplitSmallLine(T_LINE_D& rLine, std::string_view& rFirst) {
+    const auto Field = [&](std::size_t iColumn) {
+        char* pField = rLine.aTEXT + iColumn;
+        return rLine.bTABBED ? CNastranStrParser::RemoveBlanks(pField, pField + 8)
+                             : CNastranStrParser::RemoveBlanksOf8(pField);
+    };
+    rFirst = Field(0);
+    for (std::size_t iColumn = 8; iColumn < 72; iColumn += 8) m_card.aFIELDS.push_back(Field(iColumn));
     return 1;
 }
 
@@ -65,7 +66,6 @@ int CConvertNastran::SplitLargeLine(T_LINE_D& rLine) {
         pEnd = std::remove_if(pBegin, pEnd, [](char c) { return c == '\r' || c == '\n' || c == '\t'; });
         if (pBegin < pEnd) m_aPieces.emplace_back(pBegin, static_cast<std::size_t>(pEnd - pBegin));
     }
-    RemoveBlanksOfPieces(rLine);
     return 1;
 }
 
@@ -75,7 +75,6 @@ int CConvertNastran::SplitFreeLine(T_LINE_D& rLine) {
     if (m_aPieces.empty()) return 1;
     const auto isMark = [](std::string_view sField) { return sField.find('+') != std::string_view::npos; };
     m_aPieces.erase(std::remove_if(m_aPieces.begin() + 1, m_aPieces.end(), isMark), m_aPieces.end());
-    RemoveBlanksOfPieces(rLine);
     return 1;
 }
 

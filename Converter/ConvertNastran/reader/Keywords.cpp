@@ -5,8 +5,7 @@
 
 #include "driver/CConvertNastran.h"
 
-#include <algorithm>
-#include <cstring>
+#include <cstdint>
 
 // clang-format off
 constexpr std::array<T_KEYW_D, 242> T_KEYW_D::TABLE = {{
@@ -258,37 +257,50 @@ static_assert(T_KEYW_D::TABLE[241].sNAME == "ENDDATA"); // an id is a place: a l
 
 namespace {
 
-/// A keyword packed into a number, and its id.
-struct T_PACKED_D {
-    std::uint64_t nNAME;
-    std::int32_t iID;
-};
-
 constexpr std::uint64_t Pack(std::string_view sName) {
     std::uint64_t nName = 0;
     for (const char c : sName) nName = nName << 8 | static_cast<unsigned char>(c);
     return nName;
 }
 
-/// The keywords in ascending order of their packed names.
-constexpr auto PACKED = [] {
-    std::array<T_PACKED_D, T_KEYW_D::TABLE.size()> aPacked{};
-    for (std::size_t i = 0; i < aPacked.size(); ++i) {
-        aPacked[i] = {Pack(T_KEYW_D::TABLE[i].sNAME), static_cast<std::int32_t>(i)};
+/// From a packed keyword to its row: open addressing over twice as many places as there are keywords.
+class CKeywordIndex {
+  public:
+    static constexpr std::int16_t NONE = -1;
+
+    constexpr CKeywordIndex() {
+        m_aRows.fill(NONE);
+        for (std::size_t i = 0; i < T_KEYW_D::TABLE.size(); ++i) {
+            const std::uint64_t nName = Pack(T_KEYW_D::TABLE[i].sNAME);
+            std::size_t iPlace = Home(nName);
+            while (m_aRows[iPlace] != NONE) iPlace = (iPlace + 1) % PLACES;
+            m_aNames[iPlace] = nName;
+            m_aRows[iPlace] = static_cast<std::int16_t>(i);
+        }
     }
-    std::sort(aPacked.begin(), aPacked.end(),
-              [](const T_PACKED_D& a, const T_PACKED_D& b) { return a.nNAME < b.nNAME; });
-    return aPacked;
-}();
+
+    constexpr std::int16_t Find(std::uint64_t nName) const {
+        std::size_t iPlace = Home(nName);
+        while (m_aRows[iPlace] != NONE && m_aNames[iPlace] != nName) iPlace = (iPlace + 1) % PLACES;
+        return m_aRows[iPlace];
+    }
+
+  private:
+    static constexpr std::size_t PLACES = 512;
+    static constexpr std::size_t Home(std::uint64_t nName) { return (nName * 0x9E3779B97F4A7C15ull) >> 55; }
+
+    std::array<std::uint64_t, PLACES> m_aNames{};
+    std::array<std::int16_t, PLACES> m_aRows{};
+};
+
+constexpr CKeywordIndex INDEX;
 
 } // namespace
 
 int CConvertNastran::KeywordToId(std::string_view sKeyword, std::int32_t& rId) {
     if (sKeyword.size() > sizeof(std::uint64_t)) return 0; // no keyword is longer
-    const std::uint64_t nName = Pack(sKeyword);
-    const auto pFound = std::lower_bound(PACKED.begin(), PACKED.end(), nName,
-                                         [](const T_PACKED_D& rRow, std::uint64_t n) { return rRow.nNAME < n; });
-    if (pFound == PACKED.end() || pFound->nNAME != nName) return 0;
-    rId = pFound->iID;
+    const std::int16_t iRow = INDEX.Find(Pack(sKeyword));
+    if (iRow == CKeywordIndex::NONE) return 0;
+    rId = iRow;
     return 1;
 }

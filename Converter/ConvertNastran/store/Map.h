@@ -2,13 +2,14 @@
 // The keyed table: records by a signed 32-bit id. The order of a walk is part of the output and is that of a chained
 // hash table with a fixed number of buckets, each chain grown at its head.
 
+#include "platform/Memory.h"
 #include "store/KeyIndex.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <limits>
 #include <memory>
-#include <new>
 #include <stdexcept>
 #include <type_traits>
 #include <utility>
@@ -36,8 +37,10 @@ class CMap {
     CMap(const CMap&) = delete;
     CMap& operator=(const CMap&) = delete;
     ~CMap() {
-        for (std::size_t i = 0; i < m_aKeys.size(); ++i) std::destroy_at(&At(i));
-        for (RECORD* pBlock : m_aBlocks) ::operator delete(pBlock, std::align_val_t(alignof(RECORD)));
+        if constexpr (!std::is_trivially_destructible_v<RECORD>) {
+            for (std::size_t i = 0; i < m_aKeys.size(); ++i) std::destroy_at(&At(i));
+        }
+        for (RECORD* pBlock : m_aBlocks) FreeBlock(pBlock);
     }
 
     std::size_t GetCount() const { return m_aKeys.size(); }
@@ -75,8 +78,8 @@ class CMap {
         return iPlace == CKeyIndex::NONE ? Append(iKey, RECORD()) : At(iPlace);
     }
 
-    /// Calls visit(id, record) for all records in the order of insertion, which is the cheapest: for work on each record
-    /// by itself. visit may change the record but adds none to this table.
+    /// Calls visit(id, record) for all records in the order of insertion, which is the cheapest: for work on each
+    /// record by itself. visit may change the record but adds none to this table.
     template <class VISIT>
     void ForEach(VISIT visit) {
         for (std::size_t i = 0; i < m_aKeys.size(); ++i) visit(m_aKeys[i], At(i));
@@ -148,7 +151,9 @@ class CMap {
     template <class, class>
     friend class CWalk;
 
-    static constexpr std::size_t BLOCK = 256; // records; a power of two makes finding one a shift and a mask
+    // Records in a block: a power of two makes finding one a shift and a mask. Memory that isn't touched isn't taken,
+    // so a block may be large.
+    static constexpr std::size_t BLOCK = std::bit_floor(LARGE_BLOCK / sizeof(RECORD));
 
     static bool All(const RECORD&) { return true; }
 
@@ -171,8 +176,7 @@ class CMap {
         if (iPlace >= CKeyIndex::NONE) throw std::length_error("CMap: too many records");
         if (iPlace == m_aBlocks.size() * BLOCK) {
             m_aBlocks.reserve(m_aBlocks.size() + 1);
-            void* pBlock = ::operator new(BLOCK * sizeof(RECORD), std::align_val_t(alignof(RECORD)));
-            m_aBlocks.push_back(static_cast<RECORD*>(pBlock));
+            m_aBlocks.push_back(static_cast<RECORD*>(AllocateBlock(BLOCK * sizeof(RECORD), !m_aBlocks.empty())));
         }
         // Each step leaves the table whole if it throws: the index comes first, the count that everything goes by last.
         if (iPlace == m_aKeys.capacity()) m_aKeys.reserve(iPlace + iPlace / 2 + 16);
