@@ -79,7 +79,7 @@ class CTally {
         return static_cast<std::size_t>(iKind) * SHAPES + static_cast<std::size_t>(iShape);
     }
 
-    std::array<std::size_t, KINDS * SHAPES> m_aCounts = {};
+    std::array<std::size_t, KINDS* SHAPES> m_aCounts = {};
 };
 
 } // namespace
@@ -87,7 +87,8 @@ class CTally {
 void CConvertNastran::WriteSummary() {
     const CDataPool& rPool = *m_pDataPool;
     CTally elements, properties, loads;
-    rPool.ELEM.ForEach([&](std::int32_t, const T_ELEM_D& rElement) { elements.Add(rElement.iTYPE, rElement.iSUBTYPE); });
+    for (const std::uint16_t nTraits : rPool.ELEM.GetTraits())
+        elements.Add(TypeOfTraits(nTraits), ShapeOfTraits(nTraits));
     rPool.PROP.ForEach([&](std::int32_t, const T_PROP_D& rProperty) { properties.Add(rProperty.iPROPTYPE); });
     rPool.LOAD.ForEach([&](std::int32_t, const T_LOAD_D& rSet) {
         for (const T_MBLD_D& rEntry : rSet.aMBLD) loads.Add(rEntry.iKIND);

@@ -31,6 +31,7 @@ struct T_LINE_D {
     bool bCOMMENT = false; // whether it is a comment; then there is no text
     bool bMARKED = false;  // whether a ",", "*" or "=" is in it: without one it is a small field line
     bool bTABBED = false;  // whether a tab may be in it
+    bool bRETURN = false;  // whether a carriage return may be in it
     bool bENDING = false;  // whether "ENDDATA" may be in it
     std::uint32_t nTEXT = 0;
     char aTEXT[ROOM];

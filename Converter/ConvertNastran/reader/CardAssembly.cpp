@@ -63,7 +63,9 @@ int CConvertNastran::SplitLargeLine(T_LINE_D& rLine) {
         char* pBegin = pText + std::min<std::size_t>(COLUMNS[i], rLine.nTEXT);
         char* pEnd = pText + std::min<std::size_t>(COLUMNS[i + 1], rLine.nTEXT);
         if (i == 0) pEnd = std::remove(std::min(pBegin + 1, pEnd), pEnd, '*');
-        pEnd = std::remove_if(pBegin, pEnd, [](char c) { return c == '\r' || c == '\n' || c == '\t'; });
+        if (rLine.bRETURN || rLine.bTABBED) {
+            pEnd = std::remove_if(pBegin, pEnd, [](char c) { return c == '\r' || c == '\t'; });
+        }
         if (pBegin < pEnd) m_aPieces.emplace_back(pBegin, static_cast<std::size_t>(pEnd - pBegin));
     }
     return 1;

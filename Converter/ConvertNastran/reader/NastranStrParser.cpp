@@ -47,7 +47,7 @@ int CNastranStrParser::NormalizeLine(std::string_view sRaw, T_LINE_D& rLine) {
     rLine.nTEXT = 0;
     rLine.bCOMMENT = sRaw.starts_with('$');
     if (rLine.bCOMMENT) return 0;
-    T_BYTES marks{}, controls{}, colons{}, endings{};
+    T_BYTES marks{}, tabs{}, returns{}, colons{}, endings{};
     std::size_t i = 0;
     for (; i < sRaw.size(); i += sizeof(T_BYTES)) {
         T_BYTES bytes = Load(sRaw.data() + i);
@@ -57,7 +57,8 @@ int CNastranStrParser::NormalizeLine(std::string_view sRaw, T_LINE_D& rLine) {
         }
         bytes -= Mask(bytes - 'a' < 26) & ('a' - 'A');
         marks |= Mask(bytes == ',') | Mask(bytes == '*') | Mask(bytes == '=');
-        controls |= Mask(bytes == '\t');
+        tabs |= Mask(bytes == '\t');
+        returns |= Mask(bytes == '\r');
         colons |= Mask(bytes == ':');
         std::memcpy(rLine.aTEXT + i, &bytes, sizeof bytes);
         // two of the same letter in a row, here or where two blocks meet: rare enough to leave the rest to a search
@@ -66,7 +67,8 @@ int CNastranStrParser::NormalizeLine(std::string_view sRaw, T_LINE_D& rLine) {
     }
     for (; i < T_LINE_D::SMALL_COLUMNS; i += sizeof(T_BYTES)) std::memset(rLine.aTEXT + i, ' ', sizeof(T_BYTES));
     rLine.bMARKED = AnySet(marks);
-    rLine.bTABBED = AnySet(controls);
+    rLine.bTABBED = AnySet(tabs);
+    rLine.bRETURN = AnySet(returns);
     rLine.bENDING = AnySet(endings);
     rLine.nTEXT = static_cast<std::uint32_t>(sRaw.size());
     if (AnySet(colons)) {
@@ -82,8 +84,12 @@ bool CNastranStrParser::IsBlankLine(std::string_view sText) {
 }
 
 std::string_view CNastranStrParser::RemoveBlanks(char* pBegin, char* pEnd) {
-    char* pTo = std::remove_if(pBegin, pEnd, [](char c) { return c == ' ' || c == '\t' || c == '\n'; });
-    return {pBegin, static_cast<std::size_t>(pTo - pBegin)};
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\n'; };
+    while (pEnd - pBegin >= 8 && std::memcmp(pBegin, "        ", 8) == 0) pBegin += 8; // most of a wide field
+    while (pBegin < pEnd && isBlank(*pBegin)) ++pBegin;
+    while (pBegin < pEnd && isBlank(pEnd[-1])) --pEnd;
+    pEnd = std::remove_if(pBegin, pEnd, isBlank);
+    return {pBegin, static_cast<std::size_t>(pEnd - pBegin)};
 }
 
 std::string_view CNastranStrParser::RemoveBlanksOf8(char* pField) {

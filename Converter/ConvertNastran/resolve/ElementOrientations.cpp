@@ -39,8 +39,8 @@ E_ORIENTATION FindOrientation(const CDataPool& rPool, const T_ELEM_D& rElement, 
 void CDataPool::ResolveElementOrientations() {
     double dFrom[3], dTo[3], dR[3];
     bool bReport = false;
-    ELEM.ForEach([&](std::int32_t, T_ELEM_D& rElement) {
-        if (rElement.iSUBTYPE != SHAPE_LINE) return;
+    const auto isLine = [](std::uint16_t nTraits) { return ShapeOfTraits(nTraits) == SHAPE_LINE; };
+    ELEM.ForEach(isLine, [&](std::int32_t, T_ELEM_D& rElement) {
         const E_ORIENTATION eOrientation = FindOrientation(*this, rElement, dFrom, dTo, dR);
         bReport |= IsReported(eOrientation);
         if (eOrientation != ORIENTATION_GIVEN) return;

@@ -48,8 +48,8 @@ void CDataPool::ResolveGridPositions() {
     const auto turnCord1C = [](POINT& rPoint) { TurnCylinder(rPoint, CORD1C_PI); };
     const auto turnCord2C = [](POINT& rPoint) { TurnCylinder(rPoint, POLAR_PI); };
     bool bAllFound = true;
-    NODS.ForEach([&](std::int32_t, T_NODS_D& rNode) {
-        if (rNode.iCP == 0) return;
+    const auto inFrame = [](std::uint16_t nTraits) { return (nTraits & NODE_IN_FRAME) != 0; };
+    NODS.ForEach(inFrame, [&](std::int32_t, T_NODS_D& rNode) {
         double dP[3] = {rNode.dX1, rNode.dX2, rNode.dX3};
         // Every table is tried, also after a hit: systems that share an id apply one after the other.
         bool bFound = CarryOut(CD1R.Find(rNode.iCP), dP, keep);

@@ -3,11 +3,10 @@
 #include "store/DataPool.h"
 
 void CDataPool::ResolveNodeLocalAxes() {
-    const auto hasAxes = [this](const T_NODS_D& rNode) { return rNode.iCD != 0 && FindFrame(rNode.iCD); };
-    const auto aNodes = NODS.Walk(hasAxes);
-    m_aLocalAxis.reserve(m_aLocalAxis.size() + aNodes.GetCount());
-    for (const auto& [iID, rNode] : aNodes) {
+    const auto withAxes = [](std::uint16_t nTraits) { return (nTraits & NODE_WITH_AXES) != 0; };
+    for (const auto& [iID, rNode] : NODS.Walk(withAxes)) {
         const CUCSBase* const pFrame = FindFrame(rNode.iCD);
+        if (!pFrame) continue;
         CLocalAxis axis;
         axis.iNODE = iID;
         axis.iMETHOD = 2;

@@ -37,6 +37,17 @@ enum E_ELEMENT_SHAPE : std::int32_t {
     SHAPE_HEXA = 12,
 };
 
+/// Family and shape in one number.
+constexpr std::uint16_t ElementTraits(std::int32_t iType, std::int32_t iShape) {
+    return static_cast<std::uint16_t>(iType * 16 + iShape);
+}
+constexpr std::int32_t TypeOfTraits(std::uint16_t nTraits) {
+    return nTraits / 16;
+}
+constexpr std::int32_t ShapeOfTraits(std::uint16_t nTraits) {
+    return nTraits % 16;
+}
+
 /// The 20 node slots of an element, 0 in a slot without a node. Corners are kept in place, midside nodes apart and only
 /// where there are any: a model of flat or linear elements doesn't pay for them.
 class CNodeSlots {
@@ -91,6 +102,8 @@ struct T_ELEM_D {
     // Line elements: the orientation vector, after the orientations are resolved the reference point, global. Plates:
     // dX1 is THETA in degrees.
     double dX1 = 0.0, dX2 = 0.0, dX3 = 0.0;
+
+    std::uint16_t Traits() const { return ElementTraits(iTYPE, iSUBTYPE); }
 
     /// Number of the solid's face that has iNode (the face opposite to it, of a tetrahedron); 0 for none.
     int FindSolidFaceByNode(std::int32_t iNode) const;

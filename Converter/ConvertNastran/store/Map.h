@@ -26,6 +26,13 @@ constexpr std::uint32_t HashKey(std::int32_t iKey) {
 std::vector<std::uint32_t> SortByBucket(const std::vector<std::int32_t>& aKeys, std::vector<std::uint32_t> aPlaces,
                                         std::uint32_t nBuckets);
 
+/// Records that tell in a number what walks choose them by. The number is taken when a record is stored and must not
+/// change while it lies in the table.
+template <class RECORD>
+concept HasTraits = requires(const RECORD& rRecord) {
+    std::uint16_t{rRecord.Traits()};
+};
+
 /// Records lie side by side in blocks in the order of insertion and keep their addresses; nothing is ever removed.
 /// Walks give pairs of key and record. They hold the places that the table had when they were made, so a walk may
 /// change records and may add to the table without meeting what it adds.
@@ -52,6 +59,7 @@ class CMap {
         const std::uint32_t iPlace = m_index.Find(iKey);
         if (iPlace != CKeyIndex::NONE) {
             At(iPlace) = std::forward<VALUE>(record);
+            if constexpr (HasTraits<RECORD>) m_aTraits[iPlace] = At(iPlace).Traits();
         } else {
             Append(iKey, std::forward<VALUE>(record));
         }
@@ -89,6 +97,17 @@ class CMap {
         for (std::size_t i = 0; i < m_aKeys.size(); ++i) visit(m_aKeys[i], At(i));
     }
 
+    /// The same for the records that taken accepts by their traits: the others aren't touched.
+    template <class PREDICATE, class VISIT>
+    void ForEach(PREDICATE taken, VISIT visit) {
+        for (std::size_t i = 0; i < m_aTraits.size(); ++i) {
+            if (taken(m_aTraits[i])) visit(m_aKeys[i], At(i));
+        }
+    }
+
+    /// The traits of all records in the order of insertion.
+    const std::vector<std::uint16_t>& GetTraits() const { return m_aTraits; }
+
     /// Some of the records, in an order of their own.
     template <class MAP, class ITEM>
     class CWalk {
@@ -121,7 +140,8 @@ class CMap {
     using WALK = CWalk<CMap, RECORD>;
     using CONST_WALK = CWalk<const CMap, const RECORD>;
 
-    /// The records that taken accepts, in store order: buckets ascending, in a bucket the last added first.
+    /// The records that taken accepts, in store order: buckets ascending, in a bucket the last added first. taken looks
+    /// at a record or, where a table has them, at its traits, which costs a fraction.
     template <class PREDICATE>
     WALK Walk(PREDICATE taken) {
         return {*this, SortByBucket(m_aKeys, Places(taken), m_nBuckets)};
@@ -164,8 +184,15 @@ class CMap {
     std::vector<std::uint32_t> Places(PREDICATE taken) const {
         std::vector<std::uint32_t> aPlaces;
         if constexpr (std::is_same_v<PREDICATE, bool (*)(const RECORD&)>) aPlaces.reserve(m_aKeys.size());
+        const auto accepted = [&](std::size_t i) {
+            if constexpr (HasTraits<RECORD> && std::is_invocable_v<PREDICATE, std::uint16_t>) {
+                return taken(m_aTraits[i]);
+            } else {
+                return taken(At(i));
+            }
+        };
         for (std::size_t i = 0; i < m_aKeys.size(); ++i) {
-            if (taken(At(i))) aPlaces.push_back(static_cast<std::uint32_t>(i));
+            if (accepted(i)) aPlaces.push_back(static_cast<std::uint32_t>(i));
         }
         return aPlaces;
     }
@@ -179,7 +206,11 @@ class CMap {
             m_aBlocks.push_back(static_cast<RECORD*>(AllocateBlock(BLOCK * sizeof(RECORD), !m_aBlocks.empty())));
         }
         // Each step leaves the table whole if it throws: the index comes first, the count that everything goes by last.
-        if (iPlace == m_aKeys.capacity()) m_aKeys.reserve(iPlace + iPlace / 2 + 16);
+        if (iPlace == m_aKeys.capacity()) {
+            const std::size_t nPlaces = iPlace + iPlace / 2 + 16;
+            if constexpr (HasTraits<RECORD>) m_aTraits.reserve(nPlaces);
+            m_aKeys.reserve(nPlaces);
+        }
         RECORD* pRecord = std::construct_at(&At(iPlace), std::forward<VALUE>(record));
         try {
             m_index.Add(iKey, static_cast<std::uint32_t>(iPlace));
@@ -188,6 +219,7 @@ class CMap {
             throw;
         }
         m_bAscending = m_bAscending && (iPlace == 0 || m_aKeys.back() < iKey);
+        if constexpr (HasTraits<RECORD>) m_aTraits.push_back(pRecord->Traits());
         m_aKeys.push_back(iKey);
         return *pRecord;
     }
@@ -195,6 +227,7 @@ class CMap {
     std::uint32_t m_nBuckets;
     bool m_bAscending = true; // whether the keys came in ascending order
     CKeyIndex m_index;
-    std::vector<std::int32_t> m_aKeys; // key of each place
+    std::vector<std::int32_t> m_aKeys;    // key of each place
+    std::vector<std::uint16_t> m_aTraits; // traits of each place, if records have them
     std::vector<RECORD*> m_aBlocks;
 };

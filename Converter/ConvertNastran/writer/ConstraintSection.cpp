@@ -3,7 +3,7 @@
 #include "driver/CConvertNastran.h"
 #include "writer/DofText.h"
 
-#include <algorithm>
+#include <utility>
 
 int CConvertNastran::WriteConstraintSection(CFile& rFile) {
     if (m_pDataPool->CNST.IsEmpty()) return 1; // PS constraints alone don't make the section
@@ -12,7 +12,7 @@ int CConvertNastran::WriteConstraintSection(CFile& rFile) {
     for (const T_CNND_D& rGrid : (*sets.begin()).second.aCNND) { // the first set stands for all
         WriteLine(rFile, "%5d, %s\n", m_pDataPool->MapNodeId(rGrid.iNODE), DofText(rGrid.bDOF));
     }
-    const auto held = [](const T_NODS_D& rNode) { return std::ranges::count(rNode.bPS, true) > 0; };
+    const auto held = [](std::uint16_t nTraits) { return (nTraits & NODE_HELD) != 0; };
     for (const auto& [iID, rNode] : m_pDataPool->NODS.Walk(held)) {
         WriteLine(rFile, "%5d, %s\n", m_pDataPool->MapNodeId(iID), DofText(rNode.bPS));
     }

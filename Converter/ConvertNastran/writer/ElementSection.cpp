@@ -7,8 +7,8 @@ namespace {
 
 constexpr const char* SOLID_LINE = "%d, SOLID, %d, %d, %d, %d, %d, %d, %d, %d, %d, %d\n";
 
-bool HasLine(const T_ELEM_D& rElement) {
-    switch (rElement.iTYPE) {
+bool HasLine(std::uint16_t nTraits) {
+    switch (TypeOfTraits(nTraits)) {
     case TYPE_ROD:
     case TYPE_BAR:
     case TYPE_TUBE:

@@ -68,8 +68,10 @@ int CConvertNastran::WriteBushGapProperties(CFile& rFile) {
 
 int CConvertNastran::WriteBushGapLinks(CFile& rFile) {
     if (m_pDataPool->ELEM.IsEmpty()) return 1;
-    const auto elements = m_pDataPool->ELEM.Sorted(
-        [](const T_ELEM_D& r) { return (r.iTYPE == TYPE_BUSH || r.iTYPE == TYPE_GAP) && r.iSUBTYPE == SHAPE_LINE; });
+    const auto isLink = [](std::uint16_t nTraits) {
+        return nTraits == ElementTraits(TYPE_BUSH, SHAPE_LINE) || nTraits == ElementTraits(TYPE_GAP, SHAPE_LINE);
+    };
+    const auto elements = m_pDataPool->ELEM.Sorted(isLink);
     const bool bAny = elements.GetCount() > 0;
     if (bAny) {
         WriteLinkVersion(rFile);

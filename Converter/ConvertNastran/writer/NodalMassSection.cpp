@@ -4,8 +4,8 @@
 
 int CConvertNastran::WriteNodalMassSection(CFile& rFile) {
     if (m_pDataPool->ELEM.IsEmpty()) return 1;
-    const auto elements =
-        m_pDataPool->ELEM.Walk([](const T_ELEM_D& r) { return r.iTYPE == TYPE_MASS && r.iSUBTYPE == SHAPE_POINT; });
+    const auto isMass = [](std::uint16_t nTraits) { return nTraits == ElementTraits(TYPE_MASS, SHAPE_POINT); };
+    const auto elements = m_pDataPool->ELEM.Walk(isMass);
     if (elements.GetCount() > 0) {
         WriteLine(rFile, "*NODALMASS    ; Nodal Masses\n");
         WriteLine(rFile, "; NODE_LIST, mX, mY, mZ, rmX, rmY, rmZ\n");
