@@ -19,12 +19,14 @@ CAccount::CAccount() {
 }
 
 T_WORD_D& CAccount::Unknown(std::string_view sWord) {
+    if (m_pUnknown && m_pUnknown->sNAME == sWord) return *m_pUnknown; // one word often comes many times in a row
     auto pFound = m_mapUnknown.find(sWord);
     if (pFound == m_mapUnknown.end()) {
         pFound = m_mapUnknown.emplace(sWord, T_WORD_D()).first;
         pFound->second.sNAME = sWord;
     }
-    return pFound->second;
+    m_pUnknown = &pFound->second;
+    return *m_pUnknown;
 }
 
 void CAccount::Note(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace, const char* sText) {
@@ -62,10 +64,12 @@ void CAccount::AddCard(const T_DATA_D& rCard, std::int32_t iFirst, std::int32_t 
     if (!rRules.pDROPS) return;
     if (rRules.owns.eTABLE == OWNED_NODES && rCard.aFIELDS.size() > 6 && !rCard.aFIELDS[6].empty()) m_bHeldGrids = true;
     const T_DROPS_D& rDrops = *rRules.pDROPS;
-    if (HoldsBehind(rCard, rDrops.nREAD)) Note(rWord, NOTE_PAST_READ, place);
-    if (HoldsOneOf(rCard, rDrops.nDROPPED)) Note(rWord, NOTE_FIELDS, place, rDrops.sDROPPED);
-    if (HoldsThru(rCard, rDrops.nNOTHRU)) Note(rWord, NOTE_THRU, place);
-    if (rDrops.pfnLoses && rDrops.pfnLoses(rCard)) Note(rWord, NOTE_FIELDS, place, rDrops.sOWN);
+    const std::uint32_t nDrops = FindDrops(rDrops, rCard);
+    if (nDrops == 0) return;
+    if (nDrops & DROP_PAST_READ) Note(rWord, NOTE_PAST_READ, place);
+    if (nDrops & DROP_FIELDS) Note(rWord, NOTE_FIELDS, place, rDrops.sDROPPED);
+    if (nDrops & DROP_THRU) Note(rWord, NOTE_THRU, place);
+    if (nDrops & DROP_OWN) Note(rWord, NOTE_FIELDS, place, rDrops.sOWN);
 }
 
 /// The card's records are its keyword's from now on; those that were another card's were replaced.

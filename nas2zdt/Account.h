@@ -62,6 +62,9 @@ struct T_WORD_D {
     std::uint64_t nLOST = 0;
     std::uint64_t nCUTOFF = 0; // groups of continuation lines that a card lost
     std::vector<T_NOTE_D> aNOTES;
+
+    /// False for a word that has nothing but notes.
+    bool HasCounts() const { return nREAD > 0 || nCUTOFF > 0; }
 };
 
 /// Counts while a run goes on.
@@ -105,6 +108,7 @@ class CAccount {
     std::array<T_WORD_D, T_KEYW_D::TABLE.size()> m_aKnown;
     std::array<T_CARDRULES_D, T_KEYW_D::TABLE.size()> m_aRules; // in step
     std::map<std::string, T_WORD_D, std::less<>> m_mapUnknown;
+    T_WORD_D* m_pUnknown = nullptr; // the last one of them
     std::array<CIdOwners, OWNED_COUNT> m_aOwners;
     std::vector<std::string> m_aDecks;
     T_WORD_D* m_pLast = nullptr;      // of the last card or loss, which continuation lines that stand alone belong to

@@ -55,8 +55,10 @@ std::string AccountJson(const T_RESULT_D& rResult, const CAccount& rAccount) {
                         ",\"log\":" + Array(rResult.aLOG, [](const std::string& sLine) { return JsonText(sLine); });
     if (!rResult.bACCOUNT) return sText + ",\"account\":null}";
     const std::vector<const T_WORD_D*> aWords = rAccount.GetWords();
+    std::vector<const T_WORD_D*> aCounted = aWords;
+    std::erase_if(aCounted, [](const T_WORD_D* pWord) { return !pWord->HasCounts(); });
     sText += ",\"account\":{" + Member("losses", rAccount.GetLossCount()) +
-             ",\"keywords\":" + Array(aWords, [](const T_WORD_D* pWord) { return Keyword(*pWord); }) + ",\"lost\":[";
+             ",\"keywords\":" + Array(aCounted, [](const T_WORD_D* pWord) { return Keyword(*pWord); }) + ",\"lost\":[";
     const char* pBetween = "";
     for (const T_WORD_D* pWord : aWords) {
         for (const T_NOTE_D& rNote : pWord->aNOTES) {

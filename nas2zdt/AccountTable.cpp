@@ -80,7 +80,7 @@ std::string AccountTable(const T_RESULT_D& rResult, const CAccount& rAccount) {
     sText += "\n";
     T_WORD_D total;
     for (const T_WORD_D* pWord : aWords) {
-        sText += Row(Shown(pWord->sNAME), *pWord);
+        if (pWord->HasCounts()) sText += Row(Shown(pWord->sNAME), *pWord);
         for (const T_COLUMN_D& rColumn : COLUMNS) total.*rColumn.pVALUE += pWord->*rColumn.pVALUE;
     }
     sText += Row("total", total);

@@ -4,7 +4,7 @@
 
 #include "driver/CConvertNastran.h"
 #include "nas2zdt/RunWatch.h"
-#include "nas2zdt/TempFolder.h"
+#include "nas2zdt/TempFiles.h"
 #include "platform/console/ConsoleDialogs.h"
 
 #include <iostream>
@@ -46,7 +46,7 @@ void CDeckRun::Run() {
     if (!m_rJob.sREFUSED.empty()) return Fail(m_rJob.sDECK + ": " + m_rJob.sREFUSED);
     try {
         if (!m_rOptions.bFLATTEN) return Convert(m_rJob.sDECK, nullptr);
-        const CTempFolder folder;
+        const CJoinFolder folder;
         m_joined = FlattenDeck(m_rJob.sDECK, folder.GetFile());
         m_aKeep.insert(m_aKeep.end(), m_joined.aFILES.begin(), m_joined.aFILES.end());
         Convert(folder.GetFile(), &m_joined.lines);

@@ -34,6 +34,34 @@ bool IsNothing(std::string_view sField) {
     return sField.empty() || sField.find_first_not_of("0.\r") == std::string_view::npos;
 }
 
+/// Whether one of the fields that bits of nFields name holds something.
+bool HoldsOneOf(const T_DATA_D& rCard, std::uint32_t nFields) {
+    for (; nFields != 0; nFields &= nFields - 1) {
+        const auto i = static_cast<std::size_t>(std::countr_zero(nFields));
+        if (i >= rCard.aFIELDS.size()) return false;
+        if (!IsNothing(rCard.aFIELDS[i])) return true;
+    }
+    return false;
+}
+
+/// The same for the fields from iFirst on.
+bool HoldsBehind(const T_DATA_D& rCard, std::size_t iFirst) {
+    for (std::size_t i = iFirst; i < rCard.aFIELDS.size(); ++i) {
+        if (!IsNothing(rCard.aFIELDS[i])) return true;
+    }
+    return false;
+}
+
+/// Whether one of the fields that bits of nFields name is the word THRU.
+bool HoldsThru(const T_DATA_D& rCard, std::uint32_t nFields) {
+    if (nFields == 0) return false;
+    const std::size_t nSize = std::min<std::size_t>(rCard.aFIELDS.size(), 32);
+    for (std::size_t i = 0; i < nSize; ++i) {
+        if ((nFields >> i & 1) != 0 && IsThru(rCard.aFIELDS[i])) return true;
+    }
+    return false;
+}
+
 bool IsNot(std::string_view sField, double dDefault) {
     return !IsNothing(sField) && TextToReal(sField) != dDefault;
 }
@@ -155,27 +183,11 @@ T_CARDRULES_D FindCardRules(std::string_view sKeyword) {
     return pRow == std::end(ROWS) ? T_CARDRULES_D() : T_CARDRULES_D{pRow->owns, &pRow->drops};
 }
 
-bool HoldsOneOf(const T_DATA_D& rCard, std::uint32_t nFields) {
-    for (; nFields != 0; nFields &= nFields - 1) {
-        const auto i = static_cast<std::size_t>(std::countr_zero(nFields));
-        if (i >= rCard.aFIELDS.size()) return false;
-        if (!IsNothing(rCard.aFIELDS[i])) return true;
-    }
-    return false;
-}
-
-bool HoldsBehind(const T_DATA_D& rCard, std::size_t iFirst) {
-    for (std::size_t i = iFirst; i < rCard.aFIELDS.size(); ++i) {
-        if (!IsNothing(rCard.aFIELDS[i])) return true;
-    }
-    return false;
-}
-
-bool HoldsThru(const T_DATA_D& rCard, std::uint32_t nFields) {
-    if (nFields == 0) return false;
-    const std::size_t nSize = std::min<std::size_t>(rCard.aFIELDS.size(), 32);
-    for (std::size_t i = 0; i < nSize; ++i) {
-        if ((nFields >> i & 1) != 0 && IsThru(rCard.aFIELDS[i])) return true;
-    }
-    return false;
+std::uint32_t FindDrops(const T_DROPS_D& rDrops, const T_DATA_D& rCard) {
+    std::uint32_t nDrops = 0;
+    if (HoldsBehind(rCard, rDrops.nREAD)) nDrops |= DROP_PAST_READ;
+    if (HoldsOneOf(rCard, rDrops.nDROPPED)) nDrops |= DROP_FIELDS;
+    if (HoldsThru(rCard, rDrops.nNOTHRU)) nDrops |= DROP_THRU;
+    if (rDrops.pfnLoses && rDrops.pfnLoses(rCard)) nDrops |= DROP_OWN;
+    return nDrops;
 }

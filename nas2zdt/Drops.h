@@ -57,11 +57,13 @@ struct T_CARDRULES_D {
 /// The rules of a keyword.
 T_CARDRULES_D FindCardRules(std::string_view sKeyword);
 
-/// Whether one of the fields that bits of nFields name holds something, that is more than blanks or a zero.
-bool HoldsOneOf(const T_DATA_D& rCard, std::uint32_t nFields);
+/// Bits of what FindDrops tells.
+enum E_DROP : std::uint32_t {
+    DROP_PAST_READ = 1, // fields behind those that are read
+    DROP_FIELDS = 2,    // some of nDROPPED
+    DROP_THRU = 4,      // a THRU that isn't understood
+    DROP_OWN = 8,       // by the rule of its own
+};
 
-/// The same for the fields from iFirst on.
-bool HoldsBehind(const T_DATA_D& rCard, std::size_t iFirst);
-
-/// Whether one of the fields that bits of nFields name is the word THRU.
-bool HoldsThru(const T_DATA_D& rCard, std::uint32_t nFields);
+/// What a card loses by its rules.
+std::uint32_t FindDrops(const T_DROPS_D& rDrops, const T_DATA_D& rCard);

@@ -5,7 +5,7 @@
 #include "nas2zdt/DeckRun.h"
 #include "nas2zdt/Jobs.h"
 #include "nas2zdt/Options.h"
-#include "nas2zdt/TempFolder.h"
+#include "nas2zdt/TempFiles.h"
 #include "nas2zdt/Terminal.h"
 #include "platform/console/ConsoleDialogs.h"
 

@@ -1,6 +1,6 @@
 // Files that exist for a while or not at all.
 
-#include "nas2zdt/TempFolder.h"
+#include "nas2zdt/TempFiles.h"
 
 #include "nas2zdt/Paths.h"
 
@@ -52,7 +52,7 @@ std::string RandomSuffix() {
 
 } // namespace
 
-CTempFolder::CTempFolder() {
+CJoinFolder::CJoinFolder() {
     std::error_code error;
     const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
     for (int i = 0; i < TRIES && !error; ++i) {
@@ -66,13 +66,13 @@ CTempFolder::CTempFolder() {
     throw CFileException(ToText(parent), error ? error.message() : "no name is free");
 }
 
-CTempFolder::~CTempFolder() {
+CJoinFolder::~CJoinFolder() {
     std::error_code ignored;
     std::filesystem::remove_all(ToPath(m_sFolder), ignored);
     ForgetSignals();
 }
 
-std::string CTempFolder::GetFile() const {
+std::string CJoinFolder::GetFile() const {
     return m_sFolder + "/deck";
 }
 

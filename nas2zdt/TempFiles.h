@@ -7,13 +7,13 @@
 #include <string>
 
 /// A folder that nobody else can look into. It goes with what is in it, also when the program is interrupted.
-class CTempFolder {
+class CJoinFolder {
   public:
     /// Throws CFileException.
-    CTempFolder();
-    ~CTempFolder();
-    CTempFolder(const CTempFolder&) = delete;
-    CTempFolder& operator=(const CTempFolder&) = delete;
+    CJoinFolder();
+    ~CJoinFolder();
+    CJoinFolder(const CJoinFolder&) = delete;
+    CJoinFolder& operator=(const CJoinFolder&) = delete;
 
     /// Path of the one file that the folder is for.
     std::string GetFile() const;
