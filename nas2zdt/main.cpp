@@ -1,75 +1,116 @@
-// nas2zdt: converts a deck from a terminal or a script.
+// nas2zdt: converts decks from a terminal or a script.
 
-#include "driver/CConvertNastran.h"
 #include "driver/ConvertNastranApp.h"
+#include "messages/ZdtMsgMgr.h"
+#include "nas2zdt/DeckRun.h"
+#include "nas2zdt/Jobs.h"
+#include "nas2zdt/Options.h"
+#include "nas2zdt/TempFiles.h"
+#include "nas2zdt/Terminal.h"
 #include "platform/console/ConsoleDialogs.h"
 
-#include <cstdio>
+#include <algorithm>
+#include <iostream>
 #include <string>
-#include <string_view>
+#include <vector>
 
 namespace {
 
 constexpr int EXIT_DONE = 0;
 constexpr int EXIT_FAILED = 1;
 constexpr int EXIT_USAGE = 2;
-
-constexpr const char* HELP = "usage: nas2zdt DECK\n"
-                             "\n"
-                             "Converts a NASTRAN bulk data deck and all that it includes into a ZDT text file,\n"
-                             "which is written beside the deck under its name with the extension .zdt.\n"
-                             "The log of the run goes to standard output, failures to standard error.\n"
-                             "\n"
-                             "  --help     this text\n"
-                             "  --version  the version\n"
-                             "\n"
-                             "exit status: 0 success, 1 the run failed, 2 wrong usage\n";
-
-/// Nothing is asked; the log goes to standard output. Remembers whether the output file failed.
-class CCommandDialogs : public CConsoleDialogs {
-  public:
-    void ShowFileError(const CFileException& rError) override {
-        m_bFileError = true;
-        ShowRunError("nas2zdt: " + rError.GetText());
-    }
-    bool m_bFileError = false;
-};
+constexpr int EXIT_LOSS = 3;
 
 int Usage(const std::string& sWhy) {
-    std::fprintf(stderr, "nas2zdt: %s\nTry 'nas2zdt --help'.\n", sWhy.c_str());
+    std::cerr << "nas2zdt: " << sWhy << "\nTry 'nas2zdt --help'.\n";
     return EXIT_USAGE;
 }
 
-int ConvertDeck(const std::string& sDeck) {
-    const CConvertNastranApp app;
-    CCommandDialogs dialogs;
-    CConvertNastran run(dialogs);
-    if (!run.Convert(sDeck)) {
-        dialogs.ShowRunError("nas2zdt: " + run.GetFailure().GetText());
-        return EXIT_FAILED;
-    }
-    return dialogs.m_bFileError ? EXIT_FAILED : EXIT_DONE;
+int Fail(const std::string& sWhy) {
+    std::cerr << Paint(stderr, COLOUR_RED, "nas2zdt: ") << sWhy << '\n';
+    return EXIT_FAILED;
 }
+
+int Print(const std::string& sText) {
+    std::cout << sText << std::flush;
+    return std::cout ? EXIT_DONE : EXIT_FAILED;
+}
+
+/// All decks of a command line, and what is told of them together.
+class CBatch {
+  public:
+    CBatch(const T_OPTIONS_D& rOptions, const T_JOBS_D& rJobs) : m_rOptions(rOptions), m_rJobs(rJobs) {}
+
+    int Run() {
+        const bool bJson = m_rOptions.eACCOUNT == ACCOUNT_JSON;
+        if (bJson) std::cout << "{\"version\":1,\"decks\":[";
+        for (std::size_t i = 0; i < m_rJobs.aJOBS.size(); ++i) {
+            if (bJson && i > 0) std::cout << ',';
+            RunJob(m_rJobs.aJOBS[i]);
+        }
+        if (bJson) std::cout << "]}\n";
+        SaveLog();
+        // a log that can't be shown is no failure of the run, an account that was asked for is
+        if (!std::cout.flush() && m_rOptions.eACCOUNT != ACCOUNT_NONE) {
+            m_bFailed = true;
+            Fail("the account can't be written to standard output");
+        }
+        if (m_bFailed) return EXIT_FAILED;
+        return m_rOptions.bSTRICT && m_bLoss ? EXIT_LOSS : EXIT_DONE;
+    }
+
+  private:
+    void RunJob(const T_JOB_D& rJob) {
+        CDeckRun run(m_rOptions, rJob, m_rJobs.aDECKS);
+        run.Run();
+        const T_RESULT_D& rResult = run.GetResult();
+        const CAccount* pAccount = run.GetAccount();
+        m_bFailed = m_bFailed || !rResult.sERROR.empty();
+        for (const std::string& sLine : rResult.aLOG) m_log.AppendMessageF("%s", {sLine});
+        if (m_rOptions.eACCOUNT == ACCOUNT_JSON) std::cout << AccountJson(rResult, *pAccount) << std::flush;
+        if (m_rOptions.eACCOUNT == ACCOUNT_TABLE && rResult.bACCOUNT) std::cout << AccountTable(rResult, *pAccount);
+        if (m_rOptions.bSTRICT && rResult.bACCOUNT && pAccount->GetLossCount() > 0) {
+            m_bLoss = true;
+            std::cerr << "nas2zdt: " << rJob.sDECK << ": " << pAccount->GetLossCount() << " losses"
+                      << (m_rOptions.eACCOUNT == ACCOUNT_NONE ? ", which --account tells\n" : "\n");
+        }
+        const bool bTold = m_rJobs.aJOBS.size() > 1 && !m_rOptions.bQUIET && m_rOptions.eACCOUNT != ACCOUNT_JSON;
+        if (bTold && rResult.sERROR.empty()) {
+            std::cout << rJob.sDECK << ": " << Paint(stdout, COLOUR_GREEN, "converted") << " into " << rJob.sTARGET
+                      << '\n';
+        }
+        std::cout << std::flush;
+    }
+
+    void SaveLog() {
+        if (m_rOptions.sLOG.empty()) return;
+        try {
+            WriteWhole(m_rOptions.sLOG, [&](CFile& rFile) { m_log.WriteMessages(rFile); });
+        } catch (const CFileException& rError) {
+            m_bFailed = true;
+            Fail(rError.GetText());
+        }
+    }
+
+    const T_OPTIONS_D& m_rOptions;
+    const T_JOBS_D& m_rJobs;
+    CConsoleDialogs m_dialogs;
+    CZdtMsgMgr m_log{m_dialogs}; // of all decks
+    bool m_bFailed = false;
+    bool m_bLoss = false;
+};
 
 } // namespace
 
 int main(int nArgs, char** aArgs) {
-    std::string sDeck;
-    bool bOptions = true; // until "--"
-    int nDecks = 0;
-    for (int i = 1; i < nArgs; ++i) {
-        const std::string sArg = aArgs[i];
-        if (bOptions && sArg == "--help") return std::fputs(HELP, stdout) < 0 ? EXIT_FAILED : EXIT_DONE;
-        if (bOptions && sArg == "--version") return std::puts("nas2zdt " NAS2ZDT_VERSION) < 0 ? EXIT_FAILED : EXIT_DONE;
-        if (bOptions && sArg == "--") {
-            bOptions = false;
-        } else if (bOptions && sArg.size() > 1 && sArg[0] == '-') {
-            return Usage("unknown option " + sArg);
-        } else {
-            sDeck = sArg;
-            ++nDecks;
-        }
-    }
-    if (nDecks != 1) return Usage(nDecks == 0 ? "no deck given" : "more than one deck given");
-    return ConvertDeck(sDeck);
+    T_OPTIONS_D options;
+    std::string sWhy;
+    if (!ReadOptions({aArgs + 1, aArgs + std::max(nArgs, 1)}, options, sWhy)) return Usage(sWhy);
+    if (options.bHELP) return Print(HelpText());
+    if (options.bVERSION) return Print("nas2zdt " NAS2ZDT_VERSION "\n");
+    const T_JOBS_D jobs = PlanJobs(options);
+    if (!jobs.sUSAGE.empty()) return Usage(jobs.sUSAGE);
+    if (!jobs.sFAILURE.empty()) return Fail(jobs.sFAILURE);
+    const CConvertNastranApp app;
+    return CBatch(options, jobs).Run();
 }

@@ -5,6 +5,7 @@
 #include "messages/ZdtMsgMgr.h"
 #include "platform/File.h"
 #include "reader/Card.h"
+#include "reader/DeckObserver.h"
 #include "reader/LineReader.h"
 #include "store/DataPool.h"
 #include "writer/Format.h"
@@ -13,6 +14,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class CDialogs;
@@ -33,6 +35,19 @@ class CConvertNastran {
     /// shows the log. Returns 1, or 0 for a failed run, whose reason is in GetFailure. An output file that fails is
     /// told through the dialogs and counts as success. Doesn't throw.
     int Convert(const std::string& sPath);
+
+    /// Before a run: tells pObserver what becomes of each group of lines. It must outlive the run; null for none.
+    void SetObserver(CDeckObserver* pObserver) { m_pObserver = pObserver; }
+
+    /// Before a run: the path of the target file, instead of the one beside the deck. It is refused, as a deck of the
+    /// run is, if it is one of the files aKeep.
+    void SetTarget(std::string sTarget, std::vector<T_FILEID_D> aKeep) {
+        m_sTarget = std::move(sTarget);
+        m_aKeep = std::move(aKeep);
+    }
+
+    /// Before a run: the name that the log gives to the deck, instead of its path.
+    void SetDeckName(std::string sName) { m_sDeckName = std::move(sName); }
 
     /// Why the last run failed.
     const T_FAIL_D& GetFailure() const { return m_failure; }
@@ -57,8 +72,9 @@ class CConvertNastran {
     /// Id of a keyword that is written exactly so. Returns 1, or 0 if there is none.
     static int KeywordToId(std::string_view sKeyword, std::int32_t& rId);
 
-    /// The lines of a card for a message: "(Line:%d)", or "(Line:%d~%d)" with more than one number.
-    static std::string LineInfoText(const std::vector<std::int32_t>& aLines);
+    /// The lines of a card for a message: "(Line:%d)", or "(Line:%d~%d)" with more than one number. An observer names
+    /// the lines in its own way.
+    static std::string LineInfoText(const std::vector<std::int32_t>& aLines, const CDeckObserver* pObserver = nullptr);
 
     /// The one way to the output file: sends a line made of a printf format and its arguments, which are checked
     /// against it by the compiler. Adds no line feed. Always 1. Throws CFileException.
@@ -92,6 +108,13 @@ class CConvertNastran {
     int SwitchSection(std::string_view sText);
     T_LINE_D* FetchLine(std::int32_t nLongest);
     void TestLength(std::size_t nText, std::int32_t nLongest, std::int32_t iLine) const;
+
+    // reader/DeckObserver.cpp
+    void TakeObservedGroup();
+    void TellLoss(E_LOSS eLoss);
+    void TellAssembled(E_LOSS eLoss);
+    void TellDeletedFields(std::int32_t iLine);
+    std::string LineText(std::int32_t iLine) const;
 
     // reader/CardAssembly.cpp
     int AssembleCard();
@@ -311,6 +334,11 @@ class CConvertNastran {
     std::unique_ptr<CDataPool> m_pDataPool;
     std::unique_ptr<CZdtMsgMgr> m_pMsgMgr;
     T_FAIL_D m_failure;
+    CDeckObserver* m_pObserver = nullptr;
+    std::string m_sTarget;           // empty for the one beside the deck
+    std::string m_sDeckName;         // empty for its path
+    std::uint64_t m_nBytesTold = 0;  // to the observer
+    std::vector<T_FILEID_D> m_aKeep; // files that aren't decks of the run and yet may not be written over
 
     std::vector<T_DECK_D> m_aDecks; // the main deck, then those of INCLUDE cards in the order met
     std::size_t m_iCurDeck = 0;     // the one being read

@@ -57,8 +57,10 @@ void CConvertNastran::ReadDeck() {
     }
     m_aDecks[m_iCurDeck].id = m_reader.GetId();
     TestIncludeCycle();
-    if (bMain) LogBanner(m_aDecks[0].sPATH);
+    if (bMain) LogBanner(m_sDeckName.empty() ? m_aDecks[0].sPATH : m_sDeckName);
+    if (m_pObserver) m_pObserver->OnDeckBegin(m_aDecks[m_iCurDeck].sPATH);
     ReadDeckFile();
+    if (m_pObserver) m_pObserver->OnDeckEnd(m_iSection == 2);
     m_reader.Close();
 }
 

@@ -76,16 +76,11 @@ int CConvertNastran::SplitFreeLine(T_LINE_D& rLine) {
     CNastranStrParser::SplitFreeFields(rLine, m_aPieces);
     if (m_aPieces.empty()) return 1;
     const auto isMark = [](std::string_view sField) { return sField.find('+') != std::string_view::npos; };
+    if (m_pObserver) TellDeletedFields(rLine.iLINE);
     m_aPieces.erase(std::remove_if(m_aPieces.begin() + 1, m_aPieces.end(), isMark), m_aPieces.end());
     return 1;
 }
 
 std::string_view CConvertNastran::FieldToText(std::string_view sField, std::string_view sDefault) {
     return sField.empty() ? sDefault : sField;
-}
-
-std::string CConvertNastran::LineInfoText(const std::vector<std::int32_t>& aLines) {
-    if (aLines.empty()) return "(Line:There is no Line Number Info.)";
-    if (aLines.size() == 1) return FormatText("(Line:%d)", {aLines[0]});
-    return FormatText("(Line:%d~%d)", {aLines.front(), aLines.back()});
 }

@@ -57,7 +57,13 @@ int CConvertNastran::ReadDeckFile() {
         const int iResult = ReadCardGroup();
         if (iResult < 0) return 1;
         if (iResult == 0 || m_nLines == 0) continue;
-        if (m_iSection == 2 && AssembleCard()) DispatchCard(m_card);
+        if (m_iSection == 2) {
+            if (m_pObserver) {
+                TakeObservedGroup();
+            } else if (AssembleCard()) {
+                DispatchCard(m_card);
+            }
+        }
         // Lines count as in text mode, where a Ctrl-Z ends the file, and reading stops with the count.
         if (m_nFileLines <= m_iLineNo || (!m_bPeeked && m_reader.PeekByte() == CTRL_Z)) return 1;
     }
@@ -72,11 +78,19 @@ int CConvertNastran::ReadCardGroup() {
         ++m_iLineNo;
         if (rLine.bCOMMENT) return 0;
         const std::string_view sText = rLine.Text();
-        if (CNastranStrParser::IsBlankLine(sText)) return 0;
+        if (CNastranStrParser::IsBlankLine(sText)) {
+            if (m_pObserver && m_nLines > 0) TellLoss(LOSS_BLANK_LINE);
+            return 0;
+        }
         if (SwitchSection(sText)) return 0;
-        if (rLine.bENDING && sText.find("ENDDATA") != std::string_view::npos) return -1;
+        if (rLine.bENDING && sText.find("ENDDATA") != std::string_view::npos) {
+            if (m_pObserver && m_nLines > 0) TellLoss(LOSS_END_OF_DECK);
+            return -1;
+        }
         if (m_nLines > MOST_LINES) {
-            LogMessage(g_pfnLoadStr("IDS_NASTRAN_Error_Data_Line_Connectivity"), m_aLines[0]->iLINE, m_iLineNo);
+            LogMessage(g_pfnLoadStr("IDS_NASTRAN_Error_Data_Line_Connectivity"), LineText(m_aLines[0]->iLINE),
+                       LineText(m_iLineNo));
+            if (m_pObserver) TellLoss(LOSS_TOO_MANY_LINES);
             return 0;
         }
         rLine.iLINE = m_iLineNo;
@@ -89,6 +103,7 @@ int CConvertNastran::ReadCardGroup() {
         TestLength(sText.size(), LONGEST_BULK_LINE, m_iLineNo);
         rLine.iFORMAT = rLine.bMARKED ? FindFormat(sText) : FORMAT_SMALL;
         const int iNext = PeekNextLine();
+        if (iNext < 0 && m_pObserver) TellLoss(LOSS_END_OF_DECK);
         if (iNext <= 0) return iNext < 0 ? -1 : 1;
     }
 }
@@ -105,10 +120,10 @@ int CConvertNastran::PeekNextLine() {
     if (const std::size_t iStar = sText.find('*'); iStar != std::string_view::npos) {
         std::int32_t iKeyword = 0;
         if (!KeywordToId(sText.substr(0, iStar), iKeyword)) {
-            LogMessage(g_pfnLoadStr("IDS_NASTRAN_AutoGenerate_Line_Cammand_is_ignored"), m_iLineNo);
+            LogMessage(g_pfnLoadStr("IDS_NASTRAN_AutoGenerate_Line_Cammand_is_ignored"), LineText(m_iLineNo));
         }
     } else if (sText.find('=') != std::string_view::npos) {
-        LogMessage(g_pfnLoadStr("IDS_NASTRAN_AutoGenerate_Line_Cammand_is_ignored"), m_iLineNo);
+        LogMessage(g_pfnLoadStr("IDS_NASTRAN_AutoGenerate_Line_Cammand_is_ignored"), LineText(m_iLineNo));
     }
     return 0;
 }

@@ -21,6 +21,7 @@ bool HasSpecial(const char* pText, std::size_t nText) {
 int CLineReader::Open(const std::string& sPath, std::string& rCause) {
     m_aBuffer.resize(BLOCK_SIZE + CNastranStrParser::SLACK);
     m_iNext = m_iEnd = 0;
+    m_nBytesRead = 0;
     m_bEnd = m_bSpecial = false;
     return m_file.Open(sPath, rCause);
 }
@@ -36,6 +37,7 @@ bool CLineReader::Fill(std::size_t nWanted) {
         m_bEnd = nRead == 0;
         m_bSpecial = m_bSpecial || HasSpecial(m_aBuffer.data() + m_iEnd, static_cast<std::size_t>(nRead));
         m_iEnd += static_cast<std::size_t>(nRead);
+        m_nBytesRead += static_cast<std::uint64_t>(nRead);
     }
     return m_iEnd > m_iNext;
 }

@@ -4,6 +4,7 @@
 #include "platform/File.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,9 @@ class CLineReader {
     /// Throws CRunError if the deck can't be read on.
     bool Read(std::string_view& rText);
 
+    /// How much of the deck was read, in bytes; grows by a block at a time.
+    std::uint64_t GetBytesRead() const { return m_nBytesRead; }
+
     /// Whether the deck, as far as it was read, may hold a NUL or a Ctrl-Z.
     bool HasSpecialBytes() const { return m_bSpecial; }
 
@@ -37,6 +41,7 @@ class CLineReader {
     std::vector<char> m_aBuffer;
     std::size_t m_iNext = 0; // first byte not handed out yet
     std::size_t m_iEnd = 0;  // end of what was read
+    std::uint64_t m_nBytesRead = 0;
     bool m_bEnd = false;     // the file has no more
     bool m_bSpecial = false; // a NUL or a Ctrl-Z was met; the few decks with one are searched line by line
 };

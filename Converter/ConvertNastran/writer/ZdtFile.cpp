@@ -8,14 +8,14 @@ std::string CConvertNastran::TargetPath(const std::string& sPath) {
     return sPath.substr(0, sPath.rfind('.')) + ".zdt";
 }
 
-/// Writes the model beside the deck sPath. Returns 1, also when the file fails, which the user is told; 0 if a section
+/// Writes the model beside the deck sPath, or where the host wants it. Returns 1, also when the file fails, which the user is told; 0 if a section
 /// writer gave up.
 int CConvertNastran::WriteZdtFile(const std::string& sPath) {
     CFile file;
     try {
-        std::vector<T_FILEID_D> aKeep;
+        std::vector<T_FILEID_D> aKeep = m_aKeep;
         for (const T_DECK_D& rDeck : m_aDecks) aKeep.push_back(rDeck.id);
-        file.Create(TargetPath(sPath), aKeep);
+        file.Create(m_sTarget.empty() ? TargetPath(sPath) : m_sTarget, aKeep);
         const int iResult = WriteModel(file);
         file.Close();
         return iResult ? 1 : 0;

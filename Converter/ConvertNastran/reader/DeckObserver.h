@@ -1,0 +1,57 @@
+#pragma once
+// What a host can learn while a deck is read: what became of each group of lines in the bulk section.
+
+#include "reader/Card.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// Why a group of lines made no card.
+enum E_LOSS : std::int32_t {
+    LOSS_END_OF_DECK,    // the deck ends before the group does, or right behind it
+    LOSS_BLANK_LINE,     // a line of blanks behind it drops the group
+    LOSS_TOO_MANY_LINES, // it grew over the limit
+    LOSS_CUT_OFF,        // continuation lines that stand alone: the card before them ended too early
+    LOSS_UNKNOWN_WORD,   // its first word isn't in the vocabulary
+    LOSS_COUNT,
+};
+
+/// A group that was lost in reading.
+struct T_LOSS_D {
+    E_LOSS eLOSS = LOSS_END_OF_DECK;
+    std::int32_t iKEYWORD = -1; // place in the keyword table, -1 if the first word isn't in it
+    std::string_view sWORD;     // the first word, as the reader takes it
+    std::int32_t iFIRST = 0;    // lines of the deck being read
+    std::int32_t iLAST = 0;
+};
+
+/// Told in the order of the deck, while the run goes on; what a call is given is valid during the call. An exception
+/// ends the run as one of the run's own does.
+class CDeckObserver {
+  public:
+    virtual ~CDeckObserver() = default;
+
+    /// A deck, the main one or an included one, was opened.
+    virtual void OnDeckBegin(const std::string& sPath) = 0;
+
+    /// The deck was read to its end, which stood in the bulk section or not.
+    virtual void OnDeckEnd(bool bBulk) = 0;
+
+    /// A card of the vocabulary, from lines iFirst to iLast, goes to its handler next.
+    virtual void OnCard(const T_DATA_D& rCard, std::int32_t iFirst, std::int32_t iLast) = 0;
+
+    /// A group made no card.
+    virtual void OnLoss(const T_LOSS_D& rLoss) = 0;
+
+    /// A "+" deleted nFields fields of a free field line that aren't its continuation mark. The card or the loss that
+    /// the line belongs to is told next.
+    virtual void OnFieldsDeleted(std::size_t nFields, std::int32_t iLine) = 0;
+
+    /// So many bytes of the deck were read. Comes once in a while.
+    virtual void OnBytesRead(std::uint64_t nBytes) = 0;
+
+    /// How the log names a line of the deck being read. The run itself gives the number alone.
+    virtual std::string LineText(std::int32_t iLine) const { return std::to_string(iLine); }
+};

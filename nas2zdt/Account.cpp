@@ -1,0 +1,146 @@
+// Counting what became of every card.
+
+#include "nas2zdt/Account.h"
+
+#include "driver/CConvertNastran.h"
+#include "nas2zdt/ModelLosses.h"
+#include "reader/FieldParser.h"
+
+#include <algorithm>
+
+static_assert(T_KEYW_D::TABLE.size() < 256); // a keyword's id fits into a byte
+static_assert(NOTE_UNKNOWN_WORD == static_cast<int>(LOSS_UNKNOWN_WORD));
+
+CAccount::CAccount() {
+    for (std::size_t i = 0; i < m_aKnown.size(); ++i) {
+        m_aKnown[i].sNAME = T_KEYW_D::TABLE[i].sNAME;
+        m_aRules[i] = FindCardRules(T_KEYW_D::TABLE[i].sNAME);
+    }
+}
+
+T_WORD_D& CAccount::Unknown(std::string_view sWord) {
+    if (m_pUnknown && m_pUnknown->sNAME == sWord) return *m_pUnknown; // one word often comes many times in a row
+    auto pFound = m_mapUnknown.find(sWord);
+    if (pFound == m_mapUnknown.end()) {
+        pFound = m_mapUnknown.emplace(sWord, T_WORD_D()).first;
+        pFound->second.sNAME = sWord;
+    }
+    m_pUnknown = &pFound->second;
+    return *m_pUnknown;
+}
+
+void CAccount::Note(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace, const char* sText) {
+    auto pNote = std::find_if(rWord.aNOTES.begin(), rWord.aNOTES.end(),
+                              [&](const T_NOTE_D& rNote) { return rNote.eNOTE == eNote && rNote.sTEXT == sText; });
+    if (pNote == rWord.aNOTES.end()) pNote = rWord.aNOTES.insert(pNote, {eNote, sText, 0, {}, {}});
+    ++pNote->nCOUNT;
+    if (pNote->aPLACES.size() < T_NOTE_D::MOST_PLACES) pNote->aPLACES.push_back(rPlace);
+}
+
+void CAccount::EndDeck(bool bBulk) {
+    if (!bBulk) Note(Unknown(""), NOTE_NO_BULK, Place(0, 0));
+    m_pLast = nullptr;
+}
+
+void CAccount::AddCard(const T_DATA_D& rCard, std::int32_t iFirst, std::int32_t iLast) {
+    T_WORD_D& rWord = Known(rCard.iKEYWORD);
+    m_pLast = &rWord;
+    ++rWord.nREAD;
+    const E_CARD_ACTION eAction = T_KEYW_D::TABLE[static_cast<std::size_t>(rCard.iKEYWORD)].eACTION;
+    const T_PLACE_D place = Place(iFirst, iLast);
+    if (m_nDeletedFields > 0) Note(rWord, NOTE_PLUS_SIGN, place);
+    m_nDeletedFields = 0;
+    if (eAction == CARD_REPORTED) {
+        ++rWord.nREPORTED;
+        return Note(rWord, NOTE_REPORTED, place);
+    }
+    if (eAction == CARD_SKIPPED) {
+        ++rWord.nSKIPPED;
+        return Note(rWord, NOTE_SKIPPED, place);
+    }
+    ++rWord.nSTORED;
+    const T_CARDRULES_D& rRules = m_aRules[static_cast<std::size_t>(rCard.iKEYWORD)];
+    if (rRules.owns.eTABLE != OWNED_COUNT) TakeOwnership(rRules.owns, rCard.iKEYWORD, rCard, place);
+    if (!rRules.pDROPS) return;
+    if (rRules.owns.eTABLE == OWNED_NODES && rCard.aFIELDS.size() > 6 && !rCard.aFIELDS[6].empty()) m_bHeldGrids = true;
+    const T_DROPS_D& rDrops = *rRules.pDROPS;
+    const std::uint32_t nDrops = FindDrops(rDrops, rCard);
+    if (nDrops == 0) return;
+    if (nDrops & DROP_PAST_READ) Note(rWord, NOTE_PAST_READ, place);
+    if (nDrops & DROP_FIELDS) Note(rWord, NOTE_FIELDS, place, rDrops.sDROPPED);
+    if (nDrops & DROP_THRU) Note(rWord, NOTE_THRU, place);
+    if (nDrops & DROP_OWN) Note(rWord, NOTE_FIELDS, place, rDrops.sOWN);
+}
+
+/// The card's records are its keyword's from now on; those that were another card's were replaced.
+void CAccount::TakeOwnership(const T_OWNS_D& rOwns, std::int32_t iKeyword, const T_DATA_D& rCard,
+                             const T_PLACE_D& rPlace) {
+    CIdOwners& rOwners = m_aOwners[rOwns.eTABLE];
+    for (std::size_t i = 0; i < rOwns.nFIELDS; i += rOwns.nSTEP) {
+        const std::int32_t iID = i < rCard.aFIELDS.size() ? TextToInt(rCard.aFIELDS[i]) : 0;
+        if (i > 0 && iID == 0) return;
+        const std::int32_t iEarlier = rOwners.Take(iID, static_cast<std::uint8_t>(iKeyword));
+        if (iEarlier != CIdOwners::NONE) {
+            ++Known(iEarlier).nREPLACED;
+            Note(Known(iEarlier), NOTE_REPLACED, rPlace);
+        }
+        if (rOwns.nSTEP == 0) return;
+    }
+}
+
+void CAccount::AddLoss(const T_LOSS_D& rLoss) {
+    m_nDeletedFields = 0;
+    const T_PLACE_D place = Place(rLoss.iFIRST, rLoss.iLAST);
+    if (rLoss.eLOSS == LOSS_CUT_OFF) {
+        T_WORD_D& rWord = m_pLast ? *m_pLast : Unknown("");
+        ++rWord.nCUTOFF;
+        return Note(rWord, NOTE_CUT_OFF, place);
+    }
+    T_WORD_D& rWord = rLoss.iKEYWORD >= 0 ? Known(rLoss.iKEYWORD) : Unknown(rLoss.sWORD);
+    m_pLast = &rWord;
+    ++rWord.nREAD;
+    ++(rLoss.eLOSS == LOSS_UNKNOWN_WORD ? rWord.nUNKNOWN : rWord.nLOST);
+    Note(rWord, static_cast<E_NOTE>(rLoss.eLOSS), place);
+}
+
+void CAccount::AddDeletedFields(std::size_t nFields, std::int32_t) {
+    m_nDeletedFields += nFields;
+}
+
+void CAccount::AddModel(const CDataPool& rPool) {
+    const auto isMet = [&](std::string_view sKeyword) {
+        std::int32_t iKeyword = 0;
+        return CConvertNastran::KeywordToId(sKeyword, iKeyword) && Known(iKeyword).nSTORED > 0;
+    };
+    const T_MODELHINTS_D hints{m_bHeldGrids, isMet("CBEND"), isMet("PBEND"), isMet("PCOMP")};
+    for (const T_MODELLOSS_D& rLoss : FindModelLosses(rPool, hints)) {
+        std::int32_t iKeyword = 0;
+        if (!CConvertNastran::KeywordToId(rLoss.sKEYWORD, iKeyword)) continue;
+        Known(iKeyword).aNOTES.push_back({NOTE_UNWRITTEN, rLoss.sTEXT, rLoss.nCOUNT, {}, rLoss.aIDS});
+    }
+}
+
+std::vector<const T_WORD_D*> CAccount::GetWords() const {
+    std::vector<const T_WORD_D*> aWords;
+    const auto add = [&](const T_WORD_D& rWord) {
+        if (rWord.nREAD > 0 || !rWord.aNOTES.empty()) aWords.push_back(&rWord);
+    };
+    for (const T_WORD_D& rWord : m_aKnown) add(rWord);
+    for (const auto& [sName, rWord] : m_mapUnknown) add(rWord);
+    std::sort(aWords.begin(), aWords.end(),
+              [](const T_WORD_D* pA, const T_WORD_D* pB) { return pA->sNAME < pB->sNAME; });
+    return aWords;
+}
+
+std::uint64_t CAccount::GetLossCount() const {
+    std::uint64_t nLosses = 0;
+    for (const T_WORD_D* pWord : GetWords()) {
+        for (const T_NOTE_D& rNote : pWord->aNOTES) nLosses += rNote.nCOUNT;
+    }
+    return nLosses;
+}
+
+T_ORIGIN_D CAccount::GetOrigin(const T_PLACE_D& rPlace) const {
+    if (m_pLines) return m_pLines->Find(rPlace.iFIRST);
+    return {m_aDecks[rPlace.iDECK], rPlace.iFIRST};
+}

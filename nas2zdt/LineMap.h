@@ -1,0 +1,39 @@
+#pragma once
+// Where the lines of a joined deck came from.
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// A line of an original deck.
+struct T_ORIGIN_D {
+    std::string sFILE;
+    std::int32_t iLINE = 0; // from 1; 0 for the file as a whole
+};
+
+/// Runs of lines that follow each other in one file take one entry, however many they are.
+class CLineMap {
+  public:
+    /// Adds a file; returns its number.
+    std::size_t AddFile(const std::string& sFile) {
+        m_aFiles.push_back(sFile);
+        return m_aFiles.size() - 1;
+    }
+
+    /// From line iJoined of the joined deck on, lines are those of file iFile from iLine on. Calls come in ascending
+    /// order of iJoined.
+    void AddRun(std::int32_t iJoined, std::size_t iFile, std::int32_t iLine);
+
+    /// The origin of a line of the joined deck.
+    T_ORIGIN_D Find(std::int32_t iJoined) const;
+
+  private:
+    struct T_STRETCH_D {
+        std::int32_t iJOINED;
+        std::int32_t iLINE;
+        std::size_t iFILE;
+    };
+    std::vector<std::string> m_aFiles;
+    std::vector<T_STRETCH_D> m_aRuns;
+};

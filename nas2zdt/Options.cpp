@@ -1,0 +1,119 @@
+// The table of options, how the arguments are read by it, and the help that is made from it.
+
+#include "nas2zdt/Options.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace {
+
+/// Whether an option is followed by a value.
+enum E_VALUE { VALUE_NONE, VALUE_NEEDED, VALUE_ALLOWED };
+
+/// A row of the table. A needed value is the next argument or stands behind "=", an allowed one behind "=" alone.
+struct T_OPTION_D {
+    std::string_view sNAME;
+    E_VALUE eVALUE;
+    std::string_view sVALUE; // its name in the help
+    std::string_view sHELP;
+    bool (*pfnSet)(T_OPTIONS_D& rOptions, const std::string& sValue); // false for a value that isn't known
+};
+
+/// A function that sets a flag.
+template <bool T_OPTIONS_D::*FLAG>
+bool Set(T_OPTIONS_D& rOptions, const std::string&) {
+    rOptions.*FLAG = true;
+    return true;
+}
+
+/// A function that keeps a path, which isn't empty.
+template <std::string T_OPTIONS_D::*PATH>
+bool Keep(T_OPTIONS_D& rOptions, const std::string& sValue) {
+    rOptions.*PATH = sValue;
+    return !sValue.empty();
+}
+
+bool SetAccount(T_OPTIONS_D& rOptions, const std::string& sValue) {
+    rOptions.eACCOUNT = sValue.empty() ? ACCOUNT_TABLE : ACCOUNT_JSON;
+    return sValue.empty() || sValue == "json";
+}
+
+// clang-format off
+constexpr T_OPTION_D OPTIONS[] = {
+    {"-o",        VALUE_NEEDED,  "PATH", "the result goes to the file PATH, or into the folder PATH", &Keep<&T_OPTIONS_D::sOUTPUT>},
+    {"--account", VALUE_ALLOWED, "json", "tells what became of every keyword, as a table or as JSON", &SetAccount},
+    {"--strict",  VALUE_NONE,    "",     "exit status 3 if the account shows any loss",              &Set<&T_OPTIONS_D::bSTRICT>},
+    {"--flatten", VALUE_NONE,    "",     "joins the deck with its includes first, as NASTRAN means",  &Set<&T_OPTIONS_D::bFLATTEN>},
+    {"--log",     VALUE_NEEDED,  "FILE", "saves the log of all decks",                                &Keep<&T_OPTIONS_D::sLOG>},
+    {"--quiet",   VALUE_NONE,    "",     "prints errors, and the account if asked for, but no log",   &Set<&T_OPTIONS_D::bQUIET>},
+    {"--help",    VALUE_NONE,    "",     "this text",                                                 &Set<&T_OPTIONS_D::bHELP>},
+    {"--version", VALUE_NONE,    "",     "the version",                                               &Set<&T_OPTIONS_D::bVERSION>},
+};
+// clang-format on
+
+const T_OPTION_D* FindOption(std::string_view sName) {
+    for (const T_OPTION_D& rOption : OPTIONS) {
+        if (rOption.sNAME == sName) return &rOption;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+int ReadOptions(const std::vector<std::string>& aArgs, T_OPTIONS_D& rOptions, std::string& rWhy) {
+    bool bOptions = true; // until "--"
+    for (std::size_t i = 0; i < aArgs.size(); ++i) {
+        const std::string& sArg = aArgs[i];
+        if (bOptions && sArg == "--") {
+            bOptions = false;
+            continue;
+        }
+        if (!bOptions || sArg.size() < 2 || sArg[0] != '-') {
+            rOptions.aDECKS.push_back(sArg);
+            continue;
+        }
+        const std::size_t iEquals = sArg.find('=');
+        const bool bGiven = iEquals != std::string::npos;
+        const T_OPTION_D* pOption = FindOption(std::string_view(sArg).substr(0, iEquals));
+        if (!pOption) {
+            rWhy = "unknown option " + sArg;
+            return 0;
+        }
+        std::string sValue = bGiven ? sArg.substr(iEquals + 1) : std::string();
+        if (pOption->eVALUE == VALUE_NEEDED && !bGiven) {
+            if (i + 1 == aArgs.size()) {
+                rWhy = sArg + " needs a value";
+                return 0;
+            }
+            sValue = aArgs[++i];
+        }
+        const bool bTaken = bGiven ? pOption->eVALUE != VALUE_NONE && !sValue.empty() : true;
+        if (!bTaken || !pOption->pfnSet(rOptions, sValue)) {
+            rWhy = std::string(pOption->sNAME) + ": \"" + sValue + "\" isn't a value of this option";
+            return 0;
+        }
+    }
+    if (rOptions.bHELP || rOptions.bVERSION || !rOptions.aDECKS.empty()) return 1;
+    rWhy = "no deck given";
+    return 0;
+}
+
+std::string HelpText() {
+    std::string sText = "usage: nas2zdt [OPTION]... DECK...\n"
+                        "\n"
+                        "Converts NASTRAN bulk data decks, each with all that it includes, into ZDT text files,\n"
+                        "which are written beside the decks under their names with the extension .zdt.\n"
+                        "The log of a run goes to standard output, failures to standard error.\n"
+                        "\n";
+    for (const T_OPTION_D& rOption : OPTIONS) {
+        std::string sLeft = "  " + std::string(rOption.sNAME);
+        if (rOption.eVALUE == VALUE_NEEDED) sLeft += " " + std::string(rOption.sVALUE);
+        if (rOption.eVALUE == VALUE_ALLOWED) sLeft += "[=" + std::string(rOption.sVALUE) + "]";
+        constexpr std::size_t COLUMN = 20;
+        sLeft.resize(std::max(sLeft.size() + 1, COLUMN), ' ');
+        sText += sLeft + std::string(rOption.sHELP) + "\n";
+    }
+    return sText + "\n"
+                   "Several decks convert one after the other; -o then names a folder.\n"
+                   "exit status: 0 success, 1 a run failed, 2 wrong usage, 3 a loss (--strict)\n";
+}

@@ -1,0 +1,13 @@
+#pragma once
+// Paths in UTF-8 and the file system's own.
+
+#include <filesystem>
+#include <string>
+
+inline std::filesystem::path ToPath(const std::string& sPath) {
+    return std::filesystem::path(std::u8string(sPath.begin(), sPath.end()));
+}
+inline std::string ToText(const std::filesystem::path& path) {
+    const std::u8string sPath = path.u8string();
+    return {sPath.begin(), sPath.end()};
+}

@@ -1,0 +1,27 @@
+#pragma once
+// Files that exist for a while or not at all.
+
+#include "platform/File.h"
+
+#include <functional>
+#include <string>
+
+/// A folder that nobody else can look into. It goes with what is in it, also when the program is interrupted.
+class CJoinFolder {
+  public:
+    /// Throws CFileException.
+    CJoinFolder();
+    ~CJoinFolder();
+    CJoinFolder(const CJoinFolder&) = delete;
+    CJoinFolder& operator=(const CJoinFolder&) = delete;
+
+    /// Path of the one file that the folder is for.
+    std::string GetFile() const;
+
+  private:
+    std::string m_sFolder;
+};
+
+/// Writes a file whole or not at all: under a name of its own beside sPath, which it gets once it is closed. What
+/// exists and isn't a regular file, a device or a pipe, is written as it is. Throws CFileException.
+void WriteWhole(const std::string& sPath, const std::function<void(CFile&)>& write);

@@ -1,0 +1,65 @@
+// What is shown on a terminal alone.
+
+#include "nas2zdt/Terminal.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace {
+
+constexpr std::chrono::milliseconds SILENCE(1000); // before the first line
+constexpr std::chrono::milliseconds STEP(100);
+constexpr const char* CLEAR_LINE = "\r\x1b[K";
+
+bool IsSet(const char* sVariable) {
+    const char* sValue = std::getenv(sVariable);
+    return sValue && *sValue != '\0';
+}
+
+bool IsDumb() {
+    const char* sTerm = std::getenv("TERM");
+    return sTerm && std::string(sTerm) == "dumb";
+}
+
+} // namespace
+
+bool IsTerminal(std::FILE* pStream) {
+#ifdef _WIN32
+    return _isatty(_fileno(pStream)) != 0;
+#else
+    return ::isatty(::fileno(pStream)) != 0;
+#endif
+}
+
+std::string Paint(std::FILE* pStream, E_COLOUR eColour, const std::string& sText) {
+    if (!IsTerminal(pStream) || IsSet("NO_COLOR") || IsDumb()) return sText;
+    return (eColour == COLOUR_RED ? "\x1b[31m" : "\x1b[32m") + sText + "\x1b[0m";
+}
+
+CProgress::CProgress() : m_bTerminal(IsTerminal(stderr) && !IsDumb()), m_next(CLOCK::now() + SILENCE) {}
+
+void CProgress::Begin(const std::string& sFile, std::uint64_t nBytes) {
+    m_sFile = sFile;
+    m_nTotal = nBytes;
+}
+
+void CProgress::Update(std::uint64_t nBytes) {
+    if (!m_bTerminal || CLOCK::now() < m_next) return;
+    m_next = CLOCK::now() + STEP;
+    m_bLine = true;
+    const std::string sFar = m_nTotal > 0 ? std::to_string(std::min(nBytes, m_nTotal) * 100 / m_nTotal) + "%"
+                                          : std::to_string(nBytes / 1000000) + " MB";
+    std::fputs((CLEAR_LINE + m_sFile + ": " + (nBytes < m_nTotal ? "reading " + sFar : "writing")).c_str(), stderr);
+    std::fflush(stderr);
+}
+
+void CProgress::Clear() {
+    if (m_bLine) std::fputs(CLEAR_LINE, stderr);
+    m_bLine = false;
+}

@@ -1,0 +1,43 @@
+#pragma once
+// What is shown on a terminal alone: colour and progress.
+
+#include <chrono>
+#include <cstdint>
+#include <cstdio>
+#include <string>
+
+/// Whether what is written to pStream is seen by a person.
+bool IsTerminal(std::FILE* pStream);
+
+enum E_COLOUR { COLOUR_RED, COLOUR_GREEN };
+
+/// The text in a colour if pStream is a terminal that has colours and NO_COLOR isn't set; else as it is.
+std::string Paint(std::FILE* pStream, E_COLOUR eColour, const std::string& sText);
+
+/// A line on standard error that tells how far a long run is. Nothing is shown in the first second, nor ever if
+/// standard error isn't a terminal.
+class CProgress {
+  public:
+    CProgress();
+    ~CProgress() { Clear(); }
+    CProgress(const CProgress&) = delete;
+    CProgress& operator=(const CProgress&) = delete;
+
+    bool IsShown() const { return m_bTerminal; }
+
+    /// A file of nBytes bytes is read from now on; 0 if that isn't known.
+    void Begin(const std::string& sFile, std::uint64_t nBytes);
+
+    void Update(std::uint64_t nBytes);
+
+    /// Takes the line away.
+    void Clear();
+
+  private:
+    using CLOCK = std::chrono::steady_clock;
+    bool m_bTerminal;
+    bool m_bLine = false; // whether the line stands
+    CLOCK::time_point m_next;
+    std::string m_sFile;
+    std::uint64_t m_nTotal = 0;
+};

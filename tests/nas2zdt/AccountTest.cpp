@@ -1,0 +1,153 @@
+// What the account says of small decks with one fault each.
+
+#include "nas2zdt/AccountOutput.h"
+#include "nas2zdt/IdOwners.h"
+#include "nas2zdt/JsonText.h"
+#include "nas2zdt/RunWatch.h"
+#include "nas2zdt/Sections.h"
+#include "platform/Dialogs.h"
+#include "support/Deck.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class CNoDialogs : public CDialogs {
+  public:
+    void ShowNotice(const std::string&) override {}
+    int ChooseDeck(std::string&) override { return 0; }
+    void ShowFileError(const CFileException&) override {}
+    void ShowRunError(const std::string&) override {}
+    void ShowMessages(const std::vector<std::string>&) override {}
+};
+
+/// "GRID 3: 2 1 0 0 0 0 0 code*count@first-last" and so on: the read cards, then the columns in their order.
+std::string Describe(const CAccount& rAccount) {
+    std::string sText;
+    for (const T_WORD_D* p : rAccount.GetWords()) {
+        sText += p->sNAME + " " + std::to_string(p->nREAD) + ":";
+        for (const std::uint64_t n :
+             {p->nSTORED, p->nREPLACED, p->nREPORTED, p->nSKIPPED, p->nUNKNOWN, p->nLOST, p->nCUTOFF}) {
+            sText += " " + std::to_string(n);
+        }
+        for (const T_NOTE_D& rNote : p->aNOTES) {
+            sText += " " + std::string(NoteCode(rNote.eNOTE)) + "*" + std::to_string(rNote.nCOUNT);
+            for (const T_PLACE_D& rPlace : rNote.aPLACES) {
+                sText += "@" + std::to_string(rPlace.iFIRST) + "-" + std::to_string(rPlace.iLAST);
+            }
+        }
+        sText += "\n";
+    }
+    return sText;
+}
+
+struct T_CASE_D {
+    const char* sNAME;
+    std::string sDECK;
+    std::string sACCOUNT;
+
+    friend std::ostream& operator<<(std::ostream& rOut, const T_CASE_D& rCase) { return rOut << rCase.sNAME; }
+};
+
+class AccountTest : public testing::TestWithParam<T_CASE_D> {};
+
+TEST_P(AccountTest, Tells) {
+    const CTempFolder folder;
+    WriteText(folder.Path("deck.dat"), GetParam().sDECK);
+    CNoDialogs dialogs;
+    CAccount account;
+    CProgress progress;
+    CRunWatch watch(&account, nullptr, "deck.dat", progress);
+    CConvertNastran run(dialogs);
+    run.SetObserver(&watch);
+    EXPECT_EQ(run.Convert(folder.Path("deck.dat")), 1);
+    EXPECT_EQ(Describe(account), GetParam().sACCOUNT);
+    EXPECT_EQ(ReadText(folder.Path("deck.zdt")), RunDeck(GetParam().sDECK).sZDT);
+}
+
+std::string Many(const std::string& sLine, int nLines) {
+    std::string sText;
+    for (int i = 0; i < nLines; ++i) sText += sLine;
+    return sText;
+}
+
+// clang-format off
+const std::vector<T_CASE_D> CASES = {
+    {"AllStored", "BEGIN BULK\nGRID,1\nGRID,2\nENDDATA\n", "GRID 2: 2 0 0 0 0 0 0\n"},
+    {"EndOfDeck", "BEGIN BULK\nGRID,1\nGRID,2\n", "GRID 2: 1 0 0 0 0 1 0 end-of-deck*1@3-3\n"},
+    {"EndOfDeckInContinuation", "BEGIN BULK\nGRID,1\n,1.\n,ENDDATA\n", "GRID 1: 0 0 0 0 0 1 0 end-of-deck*1@2-3\n"},
+    {"BlankLine", "BEGIN BULK\nGRID,1\n   \nGRID,2\n$\n", "GRID 2: 1 0 0 0 0 1 0 blank-line*1@2-2\n"},
+    {"EmptyLineKeeps", "BEGIN BULK\nGRID,1\n\nGRID,2\n$\n", "GRID 2: 2 0 0 0 0 0 0\n"},
+    {"CutOffByAComment", "BEGIN BULK\nGRID,1\n$\n,2.,3.\nGRID,2\n$\n", "GRID 2: 2 0 0 0 0 0 1 cut-off*1@4-4\n"},
+    {"CutOffFromNothing", "BEGIN BULK\n+,1\n$\n", " 0: 0 0 0 0 0 0 1 cut-off*1@2-2\n"},
+    {"CutOffAtTheEnd", "BEGIN BULK\nGRID,1\n$\n,2.", "GRID 1: 1 0 0 0 0 0 1 cut-off*1@4-4\n"},
+    {"TooManyLines", "BEGIN BULK\nGRID,1\n" + Many(",1.\n", 1002) + "GRID,2\n$\n",
+        "GRID 2: 1 0 0 0 0 1 1 too-many-lines*1@2-1002 cut-off*1@1004-1004\n"},
+    {"UnknownWords", "BEGIN BULK\nFOO,1\nGRID,1\nPARAM   POST    -1\nFOO\n=\n$\n",
+        "= 1: 0 0 0 0 1 0 0 unknown-word*1@6-6\nFOO 2: 0 0 0 0 2 0 0 unknown-word*2@2-2@5-5\n"
+        "GRID 1: 1 0 0 0 0 0 0\nPARAM 1: 0 0 0 0 1 0 0 unknown-word*1@4-4\n"},
+    {"UnknownAndLost", "BEGIN BULK\nFOO,1\n", "FOO 1: 0 0 0 0 0 1 0 end-of-deck*1@2-2\n"},
+    {"Reported", "BEGIN BULK\nRBAR,1\n,2\n$\n", "RBAR 1: 0 0 1 0 0 0 0 reported*1@2-3\n"},
+    {"Skipped", "BEGIN BULK\nPLOTEL,1\n$\n", "PLOTEL 1: 0 0 0 1 0 0 0 skipped*1@2-2\n"},
+    {"Replaced", "BEGIN BULK\nGRID,1\nGRID,2\nGRID,9\nGRID,1\nGRID,1\nGRID,5\nGRID,5\nENDDATA\n",
+        "GRID 7: 7 3 0 0 0 0 0 replaced*3@5-5@6-6@8-8\n"},
+    {"FieldsPastThoseRead", "BEGIN BULK\nGRID,1,,,,,,,9\nGRID,2,,,,,,,0\nGRID,3,,,,,,12\n$\n",
+        "GRID 3: 3 0 0 0 0 0 0 fields-past-read*1@2-2\n"},
+    {"PlusSign", "BEGIN BULK\nGRID,1,,1.0E+3,2.\nGRID,2,,1.,+A\n$\n", "GRID 2: 2 0 0 0 0 0 0 plus-sign*1@2-2\n"},
+    {"NoBulk", "SOL 101\nGRID,1\n", " 0: 0 0 0 0 0 0 0 no-bulk*1@0-0\n"},
+    {"ReturnsAreNoLoss", "BEGIN BULK\r\nGRID,1\r\n\r\n\r\nGRID,2\r\n  \r\nGRID,3,,\r\nENDDATA\r\n", "GRID 3: 3 0 0 0 0 0 0\n"},
+};
+// clang-format on
+
+INSTANTIATE_TEST_SUITE_P(Decks, AccountTest, testing::ValuesIn(CASES),
+                         [](const auto& rInfo) { return std::string(rInfo.param.sNAME); });
+
+TEST(Account, KeepsTheFirstHundredPlaces) {
+    CAccount account;
+    account.BeginDeck("deck.dat");
+    T_LOSS_D loss;
+    loss.eLOSS = LOSS_UNKNOWN_WORD;
+    loss.sWORD = "FOO";
+    for (int i = 1; i <= 250; ++i) {
+        loss.iFIRST = loss.iLAST = i;
+        account.AddLoss(loss);
+    }
+    const T_NOTE_D& rNote = account.GetWords().at(0)->aNOTES.at(0);
+    EXPECT_EQ(rNote.nCOUNT, 250u);
+    EXPECT_EQ(rNote.aPLACES.size(), 100u);
+    EXPECT_EQ(account.GetLossCount(), 250u);
+}
+
+TEST(IdOwners, FindTheEarlierKeywordInAnyOrder) {
+    CIdOwners owners;
+    const struct {
+        std::int32_t iID;
+        std::uint8_t iKEYWORD;
+        std::int32_t iEARLIER;
+    } aSteps[] = {{10, 1, -1}, {11, 1, -1}, {12, 2, -1}, {20, 2, -1},
+                  {11, 1, 1},  {5, 3, -1},  {5, 4, 3},   {5, 5, 4},
+                  {12, 7, 2},  {12, 8, 7},  {15, 1, -1}, {15, 1, 1},
+                  {-4, 1, -1}, {20, 2, 2},  {21, 2, -1}, {-2147483647 - 1, 1, -1},
+                  {10, 1, 1},  {0, 2, -1}};
+    for (const auto& rStep : aSteps) EXPECT_EQ(owners.Take(rStep.iID, rStep.iKEYWORD), rStep.iEARLIER) << rStep.iID;
+}
+
+TEST(JsonText, IsAlwaysUtf8) {
+    EXPECT_EQ(JsonText("a\"b\\c\n"), "\"a\\\"b\\\\c\\u000a\"");
+    EXPECT_EQ(JsonText("gr\xC3\xBC\xC3\x9F\x65 \xF0\x9F\x98\x80"), "\"gr\xC3\xBC\xC3\x9F\x65 \xF0\x9F\x98\x80\"");
+    EXPECT_EQ(JsonText("\xFF\xC3"), "\"\\u00ff\\u00c3\"");
+    EXPECT_EQ(JsonText("\xC0\x80 \xED\xA0\x80"), "\"\\u00c0\\u0080 \\u00ed\\u00a0\\u0080\"");
+}
+
+TEST(Sections, HaveAllLinesOfTheFile) {
+    const CTempFolder folder;
+    WriteText(folder.Path("a.zdt"), "*VERSION\n  5.8.1\n\n*RIGIDLINK    ; Rigid Link\n 1 * 2\n\n*VERSION\n  6\n\n\n");
+    std::string sText;
+    for (const T_SECTION_D& r : CountSections(folder.Path("a.zdt"))) {
+        sText += r.sNAME + " " + std::to_string(r.nBLOCKS) + " " + std::to_string(r.nLINES) + "\n";
+    }
+    EXPECT_EQ(sText, "*VERSION 2 7\n*RIGIDLINK 1 3\n");
+    EXPECT_TRUE(CountSections(folder.Path("none.zdt")).empty());
+}
+
+} // namespace

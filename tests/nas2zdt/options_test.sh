@@ -1,0 +1,178 @@
+#!/bin/sh
+# The command's options from a shell. Usage: options_test.sh NAS2ZDT
+set -eu
+nas2zdt=$1
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+mkdir "$folder/tmp"
+TMPDIR=$folder/tmp
+export TMPDIR
+cd "$folder"
+
+fail() {
+    echo "failed: $1" >&2
+    cat out err >&2
+    exit 1
+}
+
+# expect NAME STATUS ARGS...: runs the command with ARGS
+expect() {
+    name=$1 status=$2
+    shift 2
+    got=0
+    "$nas2zdt" "$@" >out 2>err </dev/null || got=$?
+    [ "$got" -eq "$status" ] || fail "$name: exit status $got"
+    [ -z "$(ls tmp)" ] || fail "$name: something is left in the folder for temporary files"
+}
+
+# says NAME FILE TEXT: FILE must have a line that is TEXT
+says() { grep -Fxq -- "$3" "$2" || fail "$1"; }
+
+# silent NAME FILES...: they must be empty
+silent() {
+    name=$1
+    shift
+    for file; do [ ! -s "$file" ] || fail "$name: $file isn't empty"; done
+}
+
+printf '*VERSION\n  5.8.1\n\n*NODE\n  1, 0, 0, 0\n\n' >one.expected
+printf 'BEGIN BULK\nGRID,1\nENDDATA\n' >good.dat
+printf 'BEGIN BULK\nGRID,1\nRBAR,7\nENDDATA\n' >lossy.dat
+printf 'BEGIN BULK\nINCLUDE,none.inc\nENDDATA\n' >bad.dat
+mkdir other results
+cp good.dat other/good.dat
+
+# ---- the command line
+expect "help fits a screen" 0 --help
+[ "$(wc -l <out)" -le 24 ] || fail "help has more lines than a screen"
+[ "$(wc -L <out)" -le 96 ] || fail "help has lines that are too long"
+for args in "--log" "--log= good.dat" "--account=xml good.dat" "--quiet=1 good.dat" "-o" "-o good.zdt good.dat lossy.dat"; do
+    # shellcheck disable=SC2086 # several arguments
+    expect "wrong usage: $args" 2 $args
+    silent "wrong usage: $args" out
+done
+expect "a deck behind --" 1 -- --quiet
+grep -q '^nas2zdt: --quiet: ' err || fail "a deck that looks like an option"
+
+# ---- nothing of the options changes a result or a log
+expect "plain" 0 lossy.dat
+mv out plain.log
+mv lossy.zdt plain.zdt
+expect "all" 0 --account lossy.dat
+head -n "$(wc -l <plain.log)" out | cmp - plain.log || fail "the log with the account behind it"
+cmp plain.zdt lossy.zdt || fail "the target file with an account"
+silent "no progress without a terminal" err
+expect "flattened" 0 --flatten lossy.dat
+cmp plain.zdt lossy.zdt || fail "the target file of a joined deck"
+sed 's/(Line:3)/(Line:lossy.dat:3)/' plain.log | cmp - out || fail "the log of a joined deck"
+
+# ---- account and strict
+expect "the account of a deck" 0 --quiet --account lossy.dat
+says "a stored row" out "  GRID            1        1        -        -        -        -        -        -"
+says "a reported row" out "  RBAR            1        -        -        1        -        -        -        -"
+says "a loss" out "  RBAR            1  reported: not converted: 3"
+says "a section" out "  *NODE                   1        3"
+expect "strict without a loss" 0 --quiet --strict good.dat
+silent "strict without a loss" out err
+expect "strict with a loss" 3 --quiet --strict good.dat lossy.dat
+says "strict with a loss" err "nas2zdt: lossy.dat: 1 losses, which --account tells"
+expect "a failure stands above a loss" 1 --strict lossy.dat bad.dat
+expect "json" 0 --account=json lossy.dat good.dat
+[ "$(wc -l <out)" -eq 1 ] || fail "json on one line"
+if command -v python3 >/dev/null; then
+    python3 - out <<'EOF' || fail "json as documented"
+import json, sys
+with open(sys.argv[1], encoding="utf-8") as file: data = json.load(file)
+lossy, good = data["decks"]
+assert data["version"] == 1
+assert lossy["deck"] == "lossy.dat" and lossy["target"] == "lossy.zdt" and lossy["error"] is None
+assert "RBAR isn't converted in this version. (Line:3)" in lossy["log"]
+account = lossy["account"]
+assert account["losses"] == 1
+assert account["keywords"] == [
+    {"keyword": "GRID", "read": 1, "stored": 1, "replaced": 0, "reported": 0, "skipped": 0, "unknown": 0, "lost": 0, "cut_off": 0},
+    {"keyword": "RBAR", "read": 1, "stored": 0, "replaced": 0, "reported": 1, "skipped": 0, "unknown": 0, "lost": 0, "cut_off": 0}]
+assert account["lost"] == [{"keyword": "RBAR", "code": "reported", "text": "reported: not converted", "count": 1,
+                            "places": [{"file": "lossy.dat", "first": 3, "last": 3}], "ids": []}]
+assert account["sections"][:2] == [{"section": "*VERSION", "blocks": 1, "lines": 3}, {"section": "*NODE", "blocks": 1, "lines": 3}]
+assert good["account"]["losses"] == 0
+EOF
+fi
+expect "json of a failed run" 1 --account=json bad.dat
+grep -q '"error":".*NONE.INC.*","log":\[.*\],"account":null' out || fail "json of a failed run"
+
+# ---- where results go
+expect "into a file" 0 -o results/x.txt good.dat
+cmp results/x.txt one.expected || fail "into a file"
+expect "into a folder" 0 -o results/ good.dat
+cmp results/good.zdt one.expected || fail "into a folder"
+expect "several decks" 1 -o results bad.dat good.dat none.dat lossy.dat
+says "a line of result" out "good.dat: converted into results/good.zdt"
+says "the decks behind a bad one" out "lossy.dat: converted into results/lossy.zdt"
+grep -q '^nas2zdt: none.dat: ' err || fail "a line for a bad deck"
+[ ! -e results/bad.zdt ] || fail "nothing of a bad deck"
+expect "quiet" 0 --quiet good.dat lossy.dat
+silent "quiet" out err
+for output in missing/ missing/x.zdt; do
+    expect "a missing folder" 1 -o $output good.dat
+    grep -Eq '^nas2zdt: missing/?: no such folder$' err || fail "a missing folder"
+    [ "$(wc -l <err)" -eq 1 ] || fail "one line for a missing folder"
+done
+
+# ---- decks and results that meet
+expect "the same deck twice" 1 good.dat ./good.dat
+says "the same deck twice" err "nas2zdt: ./good.dat: this deck is given twice"
+rm -f results/*
+expect "one result of two decks" 1 -o results good.dat other/good.dat
+says "one result of two decks" err "nas2zdt: other/good.dat: its result would overwrite that of good.dat"
+cmp results/good.zdt one.expected || fail "the first of two decks"
+cp good.dat next.dat
+cp good.dat next.zdt
+expect "a result that is a deck" 1 next.dat next.zdt
+cmp next.zdt good.dat || fail "a deck that a result would overwrite"
+expect "the deck as its result" 1 -o good.dat good.dat
+printf 'BEGIN BULK\nGRID,1\nENDDATA\n' | cmp - good.dat || fail "the deck as its result"
+printf 'BEGIN BULK\nINCLUDE %sgood.dat%s\nENDDATA\n' "'" "'" >outer.dat
+expect "an include as the result" 1 --flatten -o good.dat outer.dat
+printf 'BEGIN BULK\nGRID,1\nENDDATA\n' | cmp - good.dat || fail "an include as the result"
+
+# ---- the log in a file
+expect "a log" 0 --quiet --log run.log lossy.dat
+cmp run.log plain.log || fail "a log"
+expect "the log of several decks" 0 --quiet --log run.log good.dat lossy.dat
+[ "$(grep -c 'Original File' run.log)" -eq 2 ] || fail "the log of several decks"
+expect "a log that is a deck" 1 --log lossy.dat good.dat
+expect "a log that is a result" 1 --log good.zdt good.dat
+expect "a log that is a folder" 1 --log results good.dat
+expect "a log in a missing folder" 1 --log missing/run.log good.dat
+[ "$(wc -l <err)" -eq 1 ] || fail "one line for a log in a missing folder"
+[ -z "$(find . -name 'run.log.*')" ] || fail "a log that isn't whole is left behind"
+if [ -e /dev/full ]; then
+    ln -s /dev/full full.log
+    expect "a log on a full disk" 1 --quiet --log full.log good.dat
+    got=0
+    "$nas2zdt" --account --quiet good.dat >/dev/full 2>err || got=$?
+    [ "$got" -eq 1 ] || fail "an account on a full disk"
+fi
+
+# ---- includes
+mkdir parts
+printf 'RBAR,7\nGRID,2\n' >'parts/The Part.dat'
+printf 'BEGIN BULK\nGRID,1\nINCLUDE %sparts/\n  The Part.dat%s\nENDDATA\n' "'" "'" >whole.dat
+expect "an include in the usual form" 1 whole.dat
+says "the hint" err "nas2zdt: whole.dat: the option --flatten reads includes as NASTRAN does"
+expect "a joined deck" 0 --flatten --account other/../whole.dat
+says "a line of the log" out "RBAR isn't converted in this version. (Line:other/../parts/The Part.dat:1)"
+says "a line of the account" out "  RBAR            1  reported: not converted: other/../parts/The Part.dat:1"
+says "the deck's name" out "** Original File   : other/../whole.dat"
+printf '*VERSION\n  5.8.1\n\n*NODE\n  1, 0, 0, 0\n  2, 0, 0, 0\n\n' >two.expected
+cmp whole.zdt two.expected || fail "the target file of a joined deck with an include"
+printf 'GRID,2\nGRID,1%0160d\n' 0 >long.inc
+printf 'BEGIN BULK\nINCLUDE %slong.inc%s\nENDDATA\n' "'" "'" >long.dat
+expect "a long line of an include" 1 --flatten long.dat
+grep -q '^nas2zdt: long.inc:2: .*159' err || fail "a long line of an include"
+printf 'BEGIN BULK\nINCLUDE %scycle.dat%s\n' "'" "'" >cycle.dat
+expect "a cycle" 1 --flatten cycle.dat
+grep -q '^nas2zdt: cycle.dat:2: ' err || fail "a cycle"
+[ ! -e cycle.zdt ] || fail "nothing of a cycle"
+echo "1 passed, 0 failed"
