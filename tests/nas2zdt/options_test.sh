@@ -141,7 +141,7 @@ expect "a log" 0 --quiet --log run.log lossy.dat
 cmp run.log plain.log || fail "a log"
 expect "the log of several decks" 0 --quiet --log run.log good.dat lossy.dat
 [ "$(grep -c 'Original File' run.log)" -eq 2 ] || fail "the log of several decks"
-expect "a log that is a deck" 1 --log lossy.dat good.dat
+expect "a log that is a deck" 1 --log good.dat good.dat
 expect "a log that is a result" 1 --log good.zdt good.dat
 expect "a log that is a folder" 1 --log results good.dat
 expect "a log in a missing folder" 1 --log missing/run.log good.dat
