@@ -1,0 +1,55 @@
+# What an installation holds, how other projects find it, and the package.
+
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+# The message library lies beside the library; the command, which lies elsewhere, finds it by its run path.
+set_target_properties(ConvertNastran PROPERTIES
+  VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} INSTALL_RPATH "$ORIGIN")
+file(RELATIVE_PATH library_from_command
+  ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+set_target_properties(nas2zdt PROPERTIES INSTALL_RPATH "$ORIGIN/${library_from_command}")
+target_include_directories(ConvertNastran INTERFACE
+  $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/Converter/ConvertNastran/driver>
+  $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/ConvertNastran>)
+
+install(TARGETS ConvertNastran EXPORT ConvertNastranTargets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+if(WIN32)
+  install(TARGETS Convertmsg LIBRARY DESTINATION ${CMAKE_INSTALL_BINDIR})
+else()
+  install(TARGETS Convertmsg LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+endif()
+if(TARGET ConvertNastranGtk)
+  install(TARGETS ConvertNastranGtk LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+endif()
+install(TARGETS nas2zdt RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(FILES Converter/ConvertNastran/driver/ConvertFile.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ConvertNastran)
+install(FILES docs/nas2zdt.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES README.md LICENSE docs/account.md docs/hosts.md docs/sections.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+# ---- for find_package(ConvertNastran) and pkg-config
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ConvertNastran)
+install(EXPORT ConvertNastranTargets NAMESPACE ConvertNastran:: DESTINATION ${package_dir})
+configure_package_config_file(cmake/ConvertNastranConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/ConvertNastranConfig.cmake INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/ConvertNastranConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/ConvertNastranConfig.cmake ${PROJECT_BINARY_DIR}/ConvertNastranConfigVersion.cmake
+  DESTINATION ${package_dir})
+configure_file(cmake/ConvertNastran.pc.in ${PROJECT_BINARY_DIR}/ConvertNastran.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/ConvertNastran.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+# ---- the package
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME convertnastran)
+set(CPACK_PACKAGE_CONTACT "the maintainers <maintainers@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6, libstdc++6, libgcc-s1")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "libgtk-3-0")
+set(CPACK_DEBIAN_PACKAGE_SECTION science)
+set(CPACK_STRIP_FILES ON)
+include(CPack)
