@@ -2,6 +2,7 @@
 
 #include "driver/CConvertNastran.h"
 #include "driver/ConvertNastranApp.h"
+#include "platform/Console.h"
 #include "platform/console/ConsoleDialogs.h"
 
 #include <cstdio>
@@ -54,11 +55,11 @@ int ConvertDeck(const std::string& sDeck) {
 } // namespace
 
 int main(int nArgs, char** aArgs) {
+    const CUtf8Console console;
     std::string sDeck;
     bool bOptions = true; // until "--"
     int nDecks = 0;
-    for (int i = 1; i < nArgs; ++i) {
-        const std::string sArg = aArgs[i];
+    for (const std::string& sArg : ReadArguments(nArgs, aArgs)) {
         if (bOptions && sArg == "--help") return std::fputs(HELP, stdout) < 0 ? EXIT_FAILED : EXIT_DONE;
         if (bOptions && sArg == "--version") return std::puts("nas2zdt " NAS2ZDT_VERSION) < 0 ? EXIT_FAILED : EXIT_DONE;
         if (bOptions && sArg == "--") {

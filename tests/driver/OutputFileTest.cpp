@@ -60,7 +60,9 @@ TEST(OutputFile, AFullDiskIsTold) {
     if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no device that is always full";
     const CTempFolder folder;
     WriteText(folder.Path("deck.dat"), DECK);
-    std::filesystem::create_symlink("/dev/full", folder.Path("deck.zdt"));
+    std::error_code error;
+    std::filesystem::create_symlink("/dev/full", folder.Path("deck.zdt"), error);
+    if (error) GTEST_SKIP() << "no links here";
     const T_RUN_D run = RunFile(folder.Path("deck.dat"));
     EXPECT_EQ(run.iRESULT, 1);
     EXPECT_NE(run.sFILEERROR, "");
