@@ -7,9 +7,9 @@
 #include "nas2zdt/Options.h"
 #include "nas2zdt/TempFiles.h"
 #include "nas2zdt/Terminal.h"
+#include "platform/Console.h"
 #include "platform/console/ConsoleDialogs.h"
 
-#include <algorithm>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -103,9 +103,10 @@ class CBatch {
 } // namespace
 
 int main(int nArgs, char** aArgs) {
+    const CUtf8Console console;
     T_OPTIONS_D options;
     std::string sWhy;
-    if (!ReadOptions({aArgs + 1, aArgs + std::max(nArgs, 1)}, options, sWhy)) return Usage(sWhy);
+    if (!ReadOptions(ReadArguments(nArgs, aArgs), options, sWhy)) return Usage(sWhy);
     if (options.bHELP) return Print(HelpText());
     if (options.bVERSION) return Print("nas2zdt " NAS2ZDT_VERSION "\n");
     const T_JOBS_D jobs = PlanJobs(options);

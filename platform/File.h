@@ -15,6 +15,9 @@ struct T_FILEID_D {
     bool operator==(const T_FILEID_D&) const = default;
 };
 
+/// The path from the root of the file system, whether the file exists or not.
+std::string FullPath(const std::string& sPath);
+
 /// A deck opened for reading. Only regular files open.
 class CDeckFile {
   public:

@@ -4,11 +4,11 @@
 /// Handle of a loaded library, null for none.
 using T_MODULE = void*;
 
-/// Loads sName from beside the program or library that holds this code, else by the platform's ordinary search.
-/// Returns null if neither finds it.
+/// Loads sName by the platform's ordinary search or from beside the program or library that holds this code; which
+/// comes first is the platform's custom. Returns null if neither finds it.
 T_MODULE LoadModule(const char* sName);
 
 /// Address of the export sName, null if the library has none.
 void* FindExport(T_MODULE pModule, const char* sName);
 
-void FreeModule(T_MODULE pModule);
+void UnloadModule(T_MODULE pModule);

@@ -3,9 +3,7 @@
 #include "platform/console/ConsoleDialogs.h"
 
 #include <cstdio>
-#include <filesystem>
 #include <iostream>
-#include <system_error>
 
 void CConsoleDialogs::ShowNotice(const std::string& sText) {
     std::cout << sText << '\n' << std::flush;
@@ -20,14 +18,13 @@ int CConsoleDialogs::ChooseDeck(std::string& rPath) {
         if (!std::getline(std::cin, sLine)) return 0;
         if (sLine.ends_with('\r')) sLine.pop_back();
         if (sLine.empty()) return 0;
-        std::error_code error;
-        const std::filesystem::path path(std::u8string(sLine.begin(), sLine.end()));
-        if (std::filesystem::is_regular_file(path, error)) {
-            const std::u8string sFull = std::filesystem::absolute(path, error).u8string();
-            rPath.assign(sFull.begin(), sFull.end());
+        CDeckFile deck;
+        std::string sCause;
+        if (deck.Open(sLine, sCause)) {
+            rPath = FullPath(sLine);
             return 1;
         }
-        std::cout << sLine << ": no such file\n";
+        std::cout << sLine << ": " << sCause << '\n';
     }
 }
 

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
+#include <filesystem>
 #include <memory>
 #include <strings.h>
 #include <sys/stat.h>
@@ -59,6 +60,12 @@ std::string ResolveWithoutCase(std::string sPath) {
 }
 
 } // namespace
+
+std::string FullPath(const std::string& sPath) {
+    std::error_code error;
+    const std::filesystem::path full = std::filesystem::absolute(sPath, error);
+    return error ? sPath : full.string();
+}
 
 int CDeckFile::Open(const std::string& sPath, std::string& rCause) {
     Close();

@@ -35,6 +35,6 @@ void* FindExport(T_MODULE pModule, const char* sName) {
     return ::dlsym(pModule, sName);
 }
 
-void FreeModule(T_MODULE pModule) {
+void UnloadModule(T_MODULE pModule) {
     ::dlclose(pModule);
 }

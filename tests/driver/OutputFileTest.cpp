@@ -39,9 +39,12 @@ TEST(OutputFile, ADeckThatIsItsOwnTargetStays) {
 TEST(OutputFile, ALinkToTheDeckOrToAnIncludedDeckStays) {
     const CTempFolder folder;
     WriteText(folder.Path("part.dat"), DECK);
-    WriteText(folder.Path("deck.dat"), "BEGIN BULK\nINCLUDE,'" + folder.Path("part.dat") + "'\nENDDATA\n");
+    WriteText(folder.Path("deck.dat"), "BEGIN BULK\nINCLUDE,'part.dat'\nENDDATA\n");
     std::filesystem::create_hard_link(folder.Path("part.dat"), folder.Path("deck.zdt"));
+    const std::filesystem::path home = std::filesystem::current_path();
+    std::filesystem::current_path(folder.Path(".")); // a line ends at a colon, and so at that of a drive
     const T_RUN_D run = RunFile(folder.Path("deck.dat"));
+    std::filesystem::current_path(home);
     EXPECT_NE(run.sFILEERROR, "");
     EXPECT_EQ(ReadText(folder.Path("part.dat")), DECK);
 }
@@ -60,7 +63,9 @@ TEST(OutputFile, AFullDiskIsTold) {
     if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no device that is always full";
     const CTempFolder folder;
     WriteText(folder.Path("deck.dat"), DECK);
-    std::filesystem::create_symlink("/dev/full", folder.Path("deck.zdt"));
+    std::error_code error;
+    std::filesystem::create_symlink("/dev/full", folder.Path("deck.zdt"), error);
+    if (error) GTEST_SKIP() << "no links here";
     const T_RUN_D run = RunFile(folder.Path("deck.dat"));
     EXPECT_EQ(run.iRESULT, 1);
     EXPECT_NE(run.sFILEERROR, "");

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <random>
 
 namespace {
 
@@ -30,9 +31,10 @@ constexpr std::size_t BANNER_LINES = 10;
 } // namespace
 
 CTempFolder::CTempFolder() {
-    std::string sName = (std::filesystem::temp_directory_path() / "nas2zdt-XXXXXX").string();
-    if (!::mkdtemp(sName.data())) std::abort();
-    m_path = sName;
+    std::random_device random;
+    do {
+        m_path = std::filesystem::temp_directory_path() / ("nas2zdt-" + std::to_string(random()));
+    } while (!std::filesystem::create_directory(m_path)); // throws if it isn't for the name
 }
 
 CTempFolder::~CTempFolder() {
@@ -40,16 +42,25 @@ CTempFolder::~CTempFolder() {
     std::filesystem::remove_all(m_path, ignored);
 }
 
+std::string CTempFolder::Path(const std::string& sName) const {
+    const std::u8string sPath = (m_path / PathOf(sName)).u8string();
+    return {sPath.begin(), sPath.end()};
+}
+
+std::filesystem::path PathOf(const std::string& sPath) {
+    return std::u8string(sPath.begin(), sPath.end());
+}
+
 void WriteText(const std::string& sPath, std::string_view sText) {
-    std::ofstream file(sPath, std::ios::binary);
+    std::ofstream file(PathOf(sPath), std::ios::binary);
     file.write(sText.data(), static_cast<std::streamsize>(sText.size()));
     if (!file) std::abort();
 }
 
 std::string ReadText(const std::string& sPath) {
     std::error_code ignored;
-    if (!std::filesystem::is_regular_file(sPath, ignored)) return "<no file>"; // a device may have no end
-    std::ifstream file(sPath, std::ios::binary);
+    if (!std::filesystem::is_regular_file(PathOf(sPath), ignored)) return "<no file>"; // a device may have no end
+    std::ifstream file(PathOf(sPath), std::ios::binary);
     if (!file) return "<no file>";
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }

@@ -16,11 +16,14 @@ class CTempFolder {
     ~CTempFolder();
     CTempFolder(const CTempFolder&) = delete;
     CTempFolder& operator=(const CTempFolder&) = delete;
-    std::string Path(const std::string& sName) const { return (m_path / sName).string(); }
+    std::string Path(const std::string& sName) const;
 
   private:
     std::filesystem::path m_path;
 };
+
+/// A path given in UTF-8, as all paths of the converter are.
+std::filesystem::path PathOf(const std::string& sPath);
 
 void WriteText(const std::string& sPath, std::string_view sText);
 

@@ -25,13 +25,13 @@ int CMsgDll::LoadMsgDll() {
         return 1;
     }
     g_pfnLoadStr = &LoadStrFallback;
-    FreeModule(g_pMsgDll);
+    UnloadModule(g_pMsgDll);
     g_pMsgDll = nullptr;
     return 0;
 }
 
 int CMsgDll::FreeMsgDll() {
-    if (g_pMsgDll) FreeModule(g_pMsgDll);
+    if (g_pMsgDll) UnloadModule(g_pMsgDll);
     g_pMsgDll = nullptr;
     return 1;
 }

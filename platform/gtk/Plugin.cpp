@@ -1,0 +1,10 @@
+// The export of the plug-in.
+
+#include "platform/gtk/Plugin.h"
+
+#include "platform/gtk/GtkDialogs.h"
+#include "platform/gtk/Session.h"
+
+extern "C" __attribute__((visibility("default"))) CDialogs* MakeGtkDialogs() {
+    return HasDisplay() ? new CGtkDialogs : nullptr;
+}

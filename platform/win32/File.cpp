@@ -1,0 +1,132 @@
+// Decks and output files on Windows.
+
+#include "platform/File.h"
+
+#include "platform/win32/Text.h"
+
+#include <algorithm>
+#include <windows.h>
+
+namespace {
+
+constexpr std::intptr_t NO_FILE = -1; // INVALID_HANDLE_VALUE
+constexpr std::size_t LARGEST_PIECE = 1 << 30;
+
+HANDLE ToHandle(std::intptr_t iHandle) {
+    return reinterpret_cast<HANDLE>(iHandle);
+}
+
+std::wstring FullWidePath(const std::wstring& sPath) {
+    std::wstring sFull(::GetFullPathNameW(sPath.c_str(), 0, nullptr, nullptr), L'\0');
+    sFull.resize(::GetFullPathNameW(sPath.c_str(), static_cast<DWORD>(sFull.size()), sFull.data(), nullptr));
+    return sFull;
+}
+
+/// The path in the form that the system takes at any length.
+std::wstring SystemPath(const std::string& sPath) {
+    std::wstring sWide = Widen(sPath);
+    if (sWide.size() < MAX_PATH || sWide.starts_with(L"\\\\?\\")) return sWide;
+    sWide = FullWidePath(sWide);
+    return sWide.starts_with(L"\\\\") ? L"\\\\?\\UNC" + sWide.substr(1) : L"\\\\?\\" + sWide;
+}
+
+/// Identity of an open file. Returns 1, or 0 with the last error set.
+int ReadId(HANDLE hFile, T_FILEID_D& rId) {
+    BY_HANDLE_FILE_INFORMATION info{};
+    if (!::GetFileInformationByHandle(hFile, &info)) return 0;
+    rId.nVOLUME = info.dwVolumeSerialNumber;
+    rId.nNUMBER = (static_cast<std::uint64_t>(info.nFileIndexHigh) << 32) | info.nFileIndexLow;
+    return 1;
+}
+
+bool IsFolder(const std::wstring& sPath) {
+    const DWORD nAttributes = ::GetFileAttributesW(sPath.c_str());
+    return nAttributes != INVALID_FILE_ATTRIBUTES && (nAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+} // namespace
+
+std::string FullPath(const std::string& sPath) {
+    return Narrow(FullWidePath(Widen(sPath)));
+}
+
+int CDeckFile::Open(const std::string& sPath, std::string& rCause) {
+    Close();
+    const std::wstring sWide = SystemPath(sPath);
+    // Whoever has the deck open may go on with it: it is only read.
+    const HANDLE hFile =
+        ::CreateFileW(sWide.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
+    if (hFile == INVALID_HANDLE_VALUE) {
+        const DWORD nError = ::GetLastError();
+        rCause = IsFolder(sWide) ? "Is a folder" : CauseText(nError);
+        return 0;
+    }
+    m_iHandle = reinterpret_cast<std::intptr_t>(hFile);
+    if (::GetFileType(hFile) != FILE_TYPE_DISK) {
+        rCause = "Not a regular file";
+    } else if (!ReadId(hFile, m_id)) {
+        rCause = CauseText(::GetLastError());
+    } else {
+        return 1;
+    }
+    Close();
+    return 0;
+}
+
+std::ptrdiff_t CDeckFile::Read(char* pBuffer, std::size_t nSize) {
+    DWORD nRead = 0;
+    const auto nPiece = static_cast<DWORD>(std::min(nSize, LARGEST_PIECE));
+    if (!::ReadFile(ToHandle(m_iHandle), pBuffer, nPiece, &nRead, nullptr)) return -1;
+    return static_cast<std::ptrdiff_t>(nRead);
+}
+
+void CDeckFile::Close() {
+    if (m_iHandle != NO_FILE) ::CloseHandle(ToHandle(m_iHandle));
+    m_iHandle = NO_FILE;
+}
+
+void CFile::Create(const std::string& sPath, const std::vector<T_FILEID_D>& aKeep) {
+    Abort();
+    m_sPath = sPath;
+    // Not cut on opening: a deck that is its own output file must be recognised first.
+    const HANDLE hFile = ::CreateFileW(SystemPath(sPath).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
+                                       FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (hFile == INVALID_HANDLE_VALUE) throw CFileException(sPath, CauseText(::GetLastError()));
+    m_iHandle = reinterpret_cast<std::intptr_t>(hFile);
+    if (::GetFileType(hFile) != FILE_TYPE_DISK) return; // a device has neither an identity nor a length
+    T_FILEID_D id;
+    if (!ReadId(hFile, id)) throw CFileException(sPath, CauseText(::GetLastError()));
+    if (std::find(aKeep.begin(), aKeep.end(), id) != aKeep.end()) {
+        throw CFileException(sPath, "The output file is a deck of this run");
+    }
+    if (!::SetEndOfFile(hFile)) throw CFileException(sPath, CauseText(::GetLastError()));
+}
+
+void CFile::Flush() {
+    const char* pData = m_aBuffer.data();
+    std::size_t nLeft = m_nUsed;
+    m_nUsed = 0; // whatever fails below, these bytes are not written twice
+    while (nLeft > 0) {
+        DWORD nDone = 0;
+        const auto nPiece = static_cast<DWORD>(std::min(nLeft, LARGEST_PIECE));
+        const BOOL bDone = ::WriteFile(ToHandle(m_iHandle), pData, nPiece, &nDone, nullptr);
+        if (!bDone || nDone == 0) throw CFileException(m_sPath, CauseText(bDone ? ERROR_DISK_FULL : ::GetLastError()));
+        pData += nDone;
+        nLeft -= nDone;
+    }
+}
+
+void CFile::Close() {
+    if (m_iHandle == NO_FILE) return;
+    Flush();
+    const HANDLE hFile = ToHandle(m_iHandle);
+    m_iHandle = NO_FILE;
+    if (!::CloseHandle(hFile)) throw CFileException(m_sPath, CauseText(::GetLastError()));
+}
+
+void CFile::Abort() noexcept {
+    if (m_iHandle != NO_FILE) ::CloseHandle(ToHandle(m_iHandle));
+    m_iHandle = NO_FILE;
+    m_nUsed = 0;
+}

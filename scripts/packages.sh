@@ -1,0 +1,56 @@
+# shellcheck shell=sh disable=SC2034
+# For the scripts beside it: what a test needs from the distribution, and a screen to run it on.
+
+# Ends the script as skipped unless all commands and files named in $1 are there or come with the packages in $2.
+need() {
+  missing=$(missing_of "$1")
+  if [ -n "$missing" ] && [ "$(id -u)" = 0 ] && command -v apt-get >/dev/null; then
+    echo "installing: $2"
+    # shellcheck disable=SC2086 # a list
+    { apt-get update -qq && DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $2; } \
+      >/dev/null 2>&1 || :
+    missing=$(missing_of "$1")
+  fi
+  if [ -n "$missing" ]; then
+    echo "skipped: not there and not to be had: $missing(packages: $2)"
+    exit 0
+  fi
+}
+
+missing_of() {
+  for thing in $1; do
+    case $thing in
+      pkg-config:*) pkg-config --exists "${thing#pkg-config:}" 2>/dev/null || printf '%s ' "$thing" ;;
+      /*) [ -e "$thing" ] || printf '%s ' "$thing" ;;
+      *) command -v "$thing" >/dev/null || printf '%s ' "$thing" ;;
+    esac
+  done
+}
+
+# Starts an X server of its own on a free display: $DISPLAY, and its process in $screen.
+start_screen() {
+  number=$(mktemp)
+  Xvfb -displayfd 3 -screen 0 1280x1024x24 3>"$number" >/dev/null 2>&1 &
+  screen=$!
+  tries=0
+  while [ ! -s "$number" ] && [ $tries -lt 100 ]; do
+    sleep 0.1
+    tries=$((tries + 1))
+  done
+  DISPLAY=:$(cat "$number")
+  export DISPLAY
+  rm -f "$number"
+}
+
+# A deck with more messages than the log holds, in $1.
+write_deck() {
+  { printf 'BEGIN BULK\nGRID,7,,1.5\n' && seq -f 'RBAR,%.0f' 250 && echo ENDDATA; } >"$1"
+}
+
+# Compares the output of a run by the keyboard: $1 what the host printed, $2 the path that it should have.
+expect_done() {
+  if [ "$(printf '%s' "$1" | tr -d '\r')" != "$(printf 'result: 0\npath: %s' "$2")" ]; then
+    echo "failed: the host printed: $1"
+    exit 1
+  fi
+}

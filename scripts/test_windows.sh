@@ -1,0 +1,61 @@
+#!/bin/sh
+# Builds for Windows and tests what came of it under Wine, dialogs included. Exits 0 and says "skipped: ..." if a
+# package that this needs can't be had. With PICTURES=FOLDER, pictures of the dialogs in each language are left there.
+set -eu
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
+
+need "cmake ninja x86_64-w64-mingw32-g++-posix wine /usr/src/googletest Xvfb xdotool import" \
+  "cmake ninja-build g++-mingw-w64-x86-64-posix googletest wine wine64 xvfb xdotool imagemagick fonts-ipafont-gothic"
+
+cmake --preset windows >/dev/null
+cmake --build --preset windows -j"${JOBS:-2}"
+
+echo "== each binary stands alone"
+for binary in build/windows/bin/*; do
+  foreign=$(x86_64-w64-mingw32-objdump -p "$binary" | sed -n 's/.*DLL Name: //p' |
+    grep -v -i -x -E '(advapi32|comctl32|comdlg32|gdi32|kernel32|msvcrt|ole32|shell32|user32)\.dll' || :)
+  if [ -n "$foreign" ]; then
+    echo "failed: $binary needs $foreign"
+    exit 1
+  fi
+done
+
+folder=$(mktemp -d)
+screen=
+trap 'wineserver -k 2>/dev/null || :; if [ -n "$screen" ]; then kill "$screen" 2>/dev/null || :; fi; rm -rf "$folder"' EXIT
+export WINEPREFIX="$PWD/build/wine" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" LC_ALL=C.UTF-8
+start_screen
+if [ ! -d "$WINEPREFIX" ]; then
+  echo "== making a Windows"
+  wineboot -i >/dev/null 2>&1
+  # Without a window manager, or the keyboard doesn't move on to the next dialog.
+  wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
+  wineserver -w
+fi
+windows_path() { printf 'Z:%s' "$1" | tr / '\\'; } # as Wine names it
+
+echo "== tests"
+ctest --preset windows --no-tests=error
+
+echo "== examples, byte for byte"
+bin=$PWD/build/windows/bin
+mkdir "$folder/été 日本"
+for deck in examples/*.dat; do
+  if [ ! -e "$deck" ]; then break; fi
+  cp examples/*.dat "$folder/été 日本"
+  name=$(basename "$deck" .dat)
+  (cd "$folder/été 日本" && wine "$bin/nas2zdt.exe" "$name.dat" >/dev/null 2>&1)
+  cmp "$folder/été 日本/$name.zdt" "examples/$name.zdt"
+done
+
+echo "== dialogs answered by the keyboard"
+write_deck "$folder/deck.dat"
+for language in C.UTF-8 de_DE.UTF-8 fr_FR.UTF-8 ja_JP.UTF-8 ko_KR.UTF-8; do
+  printed=$(LC_ALL=$language tests/dialogs/typed_run.sh "$(windows_path "$folder/deck.dat")" \
+    "${PICTURES:+$PICTURES/windows-$language}" wine "$bin/host.exe")
+  expect_done "$printed" "$(windows_path "$folder/deck.zdt")"
+  wineserver -w # the language is that of the first program
+done
+
+echo "all passed"
