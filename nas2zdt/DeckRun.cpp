@@ -5,6 +5,8 @@
 #include "driver/CConvertNastran.h"
 #include "nas2zdt/RunWatch.h"
 #include "nas2zdt/TempFiles.h"
+#include "nas2zdt/picture/SvgWriter.h"
+#include "nas2zdt/picture/VtuWriter.h"
 #include "platform/console/ConsoleDialogs.h"
 
 #include <iostream>
@@ -77,6 +79,16 @@ void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
     if (!bEnded) return FailRun(run.GetFailure(), pLines);
     if (!dialogs.m_sFileError.empty()) Fail(dialogs.m_sFileError);
     if (m_pAccount) TakeAccount(run.GetDataPool());
+    DrawModel(run.GetDataPool());
+}
+
+/// Writes the pictures of the model that were asked for.
+void CDeckRun::DrawModel(const CDataPool& rPool) {
+    if (!m_rOptions.sVIEW.empty()) WriteSvg(rPool, m_rJob.sDECK, m_rOptions.sVIEW, m_aKeep);
+    if (m_rOptions.sVTU.empty()) return;
+    const std::size_t nLeftOut = WriteVtu(rPool, m_rOptions.sVTU, m_aKeep);
+    if (nLeftOut > 0)
+        std::cerr << "nas2zdt: " << m_rOptions.sVTU << ": " << nLeftOut << " elements without nodes left out\n";
 }
 
 /// Fills the result from the finished run.

@@ -28,6 +28,7 @@ class CDeckRun {
   private:
     void Convert(const std::string& sDeck, const CLineMap* pLines);
     void TakeAccount(const CDataPool& rPool);
+    void DrawModel(const CDataPool& rPool);
     void FailRun(T_FAIL_D failure, const CLineMap* pLines);
     void Fail(const std::string& sWhy);
 

@@ -61,6 +61,8 @@ T_JOBS_D PlanJobs(const T_OPTIONS_D& rOptions) {
     const bool bFolder = bNamesFolder || IsFolder(sOutput);
     if (bNamesFolder && !IsFolder(sOutput)) jobs.sFAILURE = sOutput + ": no such folder";
     if (!sOutput.empty() && !bFolder) jobs.sFAILURE = TestFolderOf(sOutput);
+    if ((!rOptions.sVIEW.empty() || !rOptions.sVTU.empty()) && rOptions.aDECKS.size() > 1)
+        jobs.sUSAGE = "--view and --vtu take one deck";
     if (!sOutput.empty() && !bFolder && rOptions.aDECKS.size() > 1)
         jobs.sUSAGE = "-o must name a folder for several decks: " + sOutput;
     if (!rOptions.sLOG.empty() && jobs.sFAILURE.empty())

@@ -44,6 +44,8 @@ constexpr T_OPTION_D OPTIONS[] = {
     {"--account", VALUE_ALLOWED, "json", "tells what became of every keyword, as a table or as JSON", &SetAccount},
     {"--strict",  VALUE_NONE,    "",     "exit status 3 if the account shows any loss",              &Set<&T_OPTIONS_D::bSTRICT>},
     {"--flatten", VALUE_NONE,    "",     "joins the deck with its includes first, as NASTRAN means",  &Set<&T_OPTIONS_D::bFLATTEN>},
+    {"--view",    VALUE_NEEDED,  "FILE", "draws the resolved model as an SVG picture",                &Keep<&T_OPTIONS_D::sVIEW>},
+    {"--vtu",     VALUE_NEEDED,  "FILE", "writes the resolved model as a VTK unstructured grid",      &Keep<&T_OPTIONS_D::sVTU>},
     {"--log",     VALUE_NEEDED,  "FILE", "saves the log of all decks",                                &Keep<&T_OPTIONS_D::sLOG>},
     {"--quiet",   VALUE_NONE,    "",     "prints errors, and the account if asked for, but no log",   &Set<&T_OPTIONS_D::bQUIET>},
     {"--help",    VALUE_NONE,    "",     "this text",                                                 &Set<&T_OPTIONS_D::bHELP>},

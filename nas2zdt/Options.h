@@ -17,6 +17,8 @@ struct T_OPTIONS_D {
     E_ACCOUNT_FORM eACCOUNT = ACCOUNT_NONE;
     std::string sLOG;    // empty for none
     std::string sOUTPUT; // file or folder; empty for beside the deck
+    std::string sVIEW;   // picture of the model; empty for none
+    std::string sVTU;    // grid of the model; empty for none
     std::vector<std::string> aDECKS;
 };
 

@@ -75,29 +75,3 @@ CJoinFolder::~CJoinFolder() {
 std::string CJoinFolder::GetFile() const {
     return m_sFolder + "/deck";
 }
-
-void WriteWhole(const std::string& sPath, const std::function<void(CFile&)>& write) {
-    std::error_code error;
-    const std::filesystem::file_status status = std::filesystem::status(ToPath(sPath), error);
-    const bool bInPlace = std::filesystem::exists(status) && !std::filesystem::is_regular_file(status);
-    // the name behind a link takes the text, not the link
-    const std::filesystem::path target =
-        std::filesystem::exists(status) && !bInPlace ? std::filesystem::canonical(ToPath(sPath), error) : ToPath(sPath);
-    const std::string sWritten = bInPlace ? sPath : ToText(target) + "." + RandomSuffix();
-    CFile file;
-    try {
-        file.Create(sWritten);
-        if (!bInPlace) RemoveOnSignals(sWritten, {});
-        write(file);
-        file.Close();
-        if (!bInPlace) std::filesystem::rename(ToPath(sWritten), target, error);
-        if (error) throw CFileException(sPath, error.message());
-    } catch (const CFileException& rError) {
-        file.Abort();
-        std::error_code ignored;
-        if (!bInPlace) std::filesystem::remove(ToPath(sWritten), ignored);
-        ForgetSignals();
-        throw CFileException(sPath, rError.GetCause()); // the name that the user gave
-    }
-    ForgetSignals();
-}

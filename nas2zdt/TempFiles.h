@@ -3,7 +3,6 @@
 
 #include "platform/File.h"
 
-#include <functional>
 #include <string>
 
 /// A folder that nobody else can look into. It goes with what is in it, also when the program is interrupted.
@@ -21,7 +20,3 @@ class CJoinFolder {
   private:
     std::string m_sFolder;
 };
-
-/// Writes a file whole or not at all: under a name of its own beside sPath, which it gets once it is closed. What
-/// exists and isn't a regular file, a device or a pipe, is written as it is. Throws CFileException.
-void WriteWhole(const std::string& sPath, const std::function<void(CFile&)>& write);

@@ -5,8 +5,8 @@
 #include "nas2zdt/DeckRun.h"
 #include "nas2zdt/Jobs.h"
 #include "nas2zdt/Options.h"
-#include "nas2zdt/TempFiles.h"
 #include "nas2zdt/Terminal.h"
+#include "nas2zdt/WholeFile.h"
 #include "platform/Console.h"
 #include "platform/console/ConsoleDialogs.h"
 
@@ -85,7 +85,9 @@ class CBatch {
     void SaveLog() {
         if (m_rOptions.sLOG.empty()) return;
         try {
-            WriteWhole(m_rOptions.sLOG, [&](CFile& rFile) { m_log.WriteMessages(rFile); });
+            CWholeFile file(m_rOptions.sLOG, m_rJobs.aDECKS);
+            m_log.WriteMessages(file.GetFile());
+            file.Finish();
         } catch (const CFileException& rError) {
             m_bFailed = true;
             Fail(rError.GetText());

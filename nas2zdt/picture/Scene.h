@@ -1,0 +1,102 @@
+#pragma once
+// What a picture of a converted model shows: the parts that the target file holds, at the places that it gives them.
+
+#include "picture/Vector.h"
+#include "store/DataPool.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+/// Kinds of things in a picture; each that the model has gets a row in the legend. The numbers of the first ten stand
+/// in .vtu files.
+enum E_KIND : std::uint8_t {
+    KIND_TRUSS,
+    KIND_BEAM,
+    KIND_PLANE_STRESS,
+    KIND_PLATE,
+    KIND_SOLID,
+    KIND_RIGID,   // one for each pair of nodes
+    KIND_ELASTIC, // springs between nodes that are apart
+    KIND_GENERAL, // bushes, gaps, and springs between coincident nodes
+    KIND_SPRING,  // to ground
+    KIND_MASS,
+    KIND_NODE, // free: none of the above uses it
+    KIND_FIXED,
+    KIND_SUPPORT, // some components held
+    KIND_FORCE,
+    KIND_MOMENT,
+    KIND_PRESSURE,
+    KIND_GRAVITY,
+    KIND_REFERENCE, // from a beam towards its reference point
+    KINDS,
+};
+constexpr std::size_t PART_KINDS = KIND_MASS + 1; // those that are parts
+
+/// Shapes of parts.
+enum E_CELL : std::uint8_t { CELL_POINT, CELL_LINE, CELL_TRIA, CELL_QUAD, CELL_TETRA, CELL_WEDGE, CELL_HEXA, CELLS };
+constexpr std::array<std::size_t, CELLS> CELL_CORNERS = {1, 2, 3, 4, 4, 6, 8};
+
+constexpr std::size_t MOST_FACES = 6;
+constexpr std::uint8_t NO_CORNER = 0xFF; // in the fourth place of a triangle
+
+/// Faces of a solid's cell by their number in the target file, less 1, as places among its corners. Empty for other
+/// cells.
+struct T_FACES_D {
+    std::size_t nFACES = 0;
+    std::array<std::array<std::uint8_t, 4>, MOST_FACES> aCORNERS = {};
+};
+const T_FACES_D& FacesOf(E_CELL iCell);
+
+/// An element, or one leg of a link. Its corners are places among the nodes of the scene, in the order of the target
+/// file; midside nodes don't reach it.
+struct T_PART_D {
+    std::int32_t iID = 0;  // 0 for a multipoint equation
+    std::int32_t iPID = 0; // 0 for a part without property, 1 for a CONROD
+    std::int32_t iMID = 0; // as the element's line has it; 0 for links and masses
+    E_KIND iKIND = KIND_NODE;
+    E_CELL iCELL = CELL_POINT;
+    std::array<std::uint32_t, 8> aNODES = {};
+};
+
+/// A load or a direction at a point.
+struct T_ARRW_D {
+    E_KIND iKIND = KIND_FORCE;
+    T_VECT_D at = {};
+    T_VECT_D direction = {}; // of length 1
+    double dSIZE = 0.0;      // the load's magnitude
+};
+
+/// How many things of a kind the model has.
+struct T_CONT_D {
+    std::size_t nPRESENT = 0;      // with all their nodes
+    std::size_t nWITHOUTNODES = 0; // referring to a node that doesn't exist
+};
+
+struct T_SCEN_D {
+    std::vector<std::int32_t> aIDS; // of the nodes, as written
+    std::vector<T_VECT_D> aPOINTS;  // global positions, in step
+    CKeyIndex index;                // from the id of a node to its place
+
+    std::vector<T_PART_D> aPARTS;
+    std::size_t nFORMLESS = 0; // elements that no section of the target file takes
+
+    std::vector<std::uint8_t> aHELD; // of each node the components that are held, bit 0 for the first
+    std::vector<T_ARRW_D> aARROWS;   // gravity stands in aGRAVITY, the loads of nodes without position nowhere
+    std::vector<T_VECT_D> aGRAVITY;  // the directions that occur
+    std::size_t nCASES = 0;          // load cases
+    std::size_t nFACELESS = 0;       // pressures on solids whose face isn't found
+
+    std::array<T_CONT_D, KINDS> aCOUNTS = {};
+};
+
+/// The nodes, elements, links and masses of a resolved model.
+T_SCEN_D CollectParts(const CDataPool& rDataPool);
+
+/// Adds supports, loads and beam references to what CollectParts gave for the same model.
+void CollectLoads(const CDataPool& rDataPool, T_SCEN_D& rScene);
+
+/// Kind, cell and corners of an element in its line of the target file, iID, iPID and iMID left alone. Returns 1; 0 if
+/// no section takes it; -1 if one does but a corner doesn't exist, with iKIND told.
+int FindCorners(const T_SCEN_D& rScene, const T_ELEM_D& rElement, T_PART_D& rPart);

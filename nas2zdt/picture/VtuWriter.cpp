@@ -1,0 +1,145 @@
+#include "picture/VtuWriter.h"
+
+#include "picture/Scene.h"
+#include "nas2zdt/WholeFile.h"
+
+#include <bit>
+#include <cstring>
+
+namespace {
+
+/// Numbers of the cells in the file format.
+constexpr std::array<std::uint8_t, CELLS> CELL_TYPES = {1, 3, 5, 9, 10, 13, 12};
+
+/// The first triangle of a wedge goes round the other way than in a deck: its normal points outward.
+constexpr std::array<std::uint8_t, 8> WEDGE_ORDER = {0, 2, 1, 3, 5, 4, 6, 7};
+constexpr std::array<std::uint8_t, 8> PLAIN_ORDER = {0, 1, 2, 3, 4, 5, 6, 7};
+
+/// Bytes that go out in base64.
+class CBase64 {
+  public:
+    explicit CBase64(CWholeFile& rFile) : m_rFile(rFile) {}
+
+    template <class VALUE>
+    void Add(VALUE value) {
+        std::memcpy(m_aBytes.data() + m_nUsed, &value, sizeof value);
+        m_nUsed += sizeof value;
+        if (m_nUsed >= FULL) Send(FULL);
+    }
+    void Finish() { Send(m_nUsed); }
+
+  private:
+    static constexpr std::size_t FULL = 3 * 4096;
+
+    /// nBytes is a multiple of three, or all that is left.
+    void Send(std::size_t nBytes) {
+        constexpr char DIGITS[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+        std::array<char, FULL / 3 * 4> aText;
+        char* p = aText.data();
+        for (std::size_t i = 0; i < nBytes; i += 3) {
+            const std::size_t nLeft = nBytes - i;
+            const std::uint32_t n =
+                m_aBytes[i] * 65536u + (nLeft > 1 ? m_aBytes[i + 1] * 256u : 0) + (nLeft > 2 ? m_aBytes[i + 2] : 0);
+            *p++ = DIGITS[n >> 18];
+            *p++ = DIGITS[n >> 12 & 63];
+            *p++ = nLeft > 1 ? DIGITS[n >> 6 & 63] : '=';
+            *p++ = nLeft > 2 ? DIGITS[n & 63] : '=';
+        }
+        m_rFile.Write({aText.data(), static_cast<std::size_t>(p - aText.data())});
+        m_nUsed -= nBytes;
+        std::memmove(m_aBytes.data(), m_aBytes.data() + nBytes, m_nUsed);
+    }
+
+    CWholeFile& m_rFile;
+    std::array<std::uint8_t, FULL + sizeof(double)> m_aBytes = {};
+    std::size_t m_nUsed = 0;
+};
+
+template <class VALUE>
+constexpr const char* TypeName() {
+    if constexpr (std::is_same_v<VALUE, double>) return "Float64";
+    if constexpr (std::is_same_v<VALUE, std::int64_t>) return "Int64";
+    if constexpr (std::is_same_v<VALUE, std::int32_t>) return "Int32";
+    if constexpr (std::is_same_v<VALUE, std::uint8_t>) return "UInt8";
+}
+
+/// One array of nValues values, which fill(add) hands over one by one.
+template <class VALUE, class FILL>
+void WriteArray(CWholeFile& rFile, const char* sName, std::int32_t nComponents, std::size_t nValues, FILL fill) {
+    rFile.Print("<DataArray type=\"%s\" Name=\"%s\" NumberOfComponents=\"%d\" format=\"binary\">\n", TypeName<VALUE>(),
+                sName, nComponents);
+    CBase64 text(rFile);
+    text.Add(static_cast<std::uint64_t>(nValues * sizeof(VALUE)));
+    fill([&](VALUE value) { text.Add(value); });
+    text.Finish();
+    rFile.Write("\n</DataArray>\n");
+}
+
+/// An array with one value for each part.
+template <class VALUE, class GET>
+void WritePartArray(CWholeFile& rFile, const T_SCEN_D& rScene, const char* sName, GET get) {
+    WriteArray<VALUE>(rFile, sName, 1, rScene.aPARTS.size(), [&](auto add) {
+        for (const T_PART_D& rPart : rScene.aPARTS) add(static_cast<VALUE>(get(rPart)));
+    });
+}
+
+void WritePoints(CWholeFile& rFile, const T_SCEN_D& rScene) {
+    rFile.Write("<PointData GlobalIds=\"NodeId\">\n");
+    WriteArray<std::int32_t>(rFile, "NodeId", 1, rScene.aIDS.size(), [&](auto add) {
+        for (const std::int32_t iID : rScene.aIDS) add(iID);
+    });
+    rFile.Write("</PointData>\n<Points>\n");
+    WriteArray<double>(rFile, "Points", 3, rScene.aPOINTS.size() * 3, [&](auto add) {
+        for (const T_VECT_D& rPoint : rScene.aPOINTS) {
+            for (const double d : rPoint) add(d);
+        }
+    });
+    rFile.Write("</Points>\n");
+}
+
+void WriteCells(CWholeFile& rFile, const T_SCEN_D& rScene) {
+    std::size_t nCorners = 0;
+    for (const T_PART_D& rPart : rScene.aPARTS) nCorners += CELL_CORNERS[rPart.iCELL];
+    rFile.Write("<Cells>\n");
+    WriteArray<std::int32_t>(rFile, "connectivity", 1, nCorners, [&](auto add) {
+        for (const T_PART_D& rPart : rScene.aPARTS) {
+            const auto& rOrder = rPart.iCELL == CELL_WEDGE ? WEDGE_ORDER : PLAIN_ORDER;
+            for (std::size_t i = 0; i < CELL_CORNERS[rPart.iCELL]; ++i) {
+                add(static_cast<std::int32_t>(rPart.aNODES[rOrder[i]]));
+            }
+        }
+    });
+    std::size_t nEnd = 0;
+    WritePartArray<std::int64_t>(rFile, rScene, "offsets",
+                                 [&](const T_PART_D& r) { return nEnd += CELL_CORNERS[r.iCELL]; });
+    WritePartArray<std::uint8_t>(rFile, rScene, "types", [](const T_PART_D& r) { return CELL_TYPES[r.iCELL]; });
+    rFile.Write("</Cells>\n");
+}
+
+} // namespace
+
+std::size_t WriteVtu(const CDataPool& rDataPool, const std::string& sPath, const std::vector<T_FILEID_D>& aKeep) {
+    CWholeFile file(sPath, aKeep);
+    const T_SCEN_D scene = CollectParts(rDataPool);
+    const char* sOrder = std::endian::native == std::endian::little ? "LittleEndian" : "BigEndian";
+    file.Write("<?xml version=\"1.0\"?>\n");
+    file.Print("<VTKFile type=\"UnstructuredGrid\" version=\"1.0\" byte_order=\"%s\" header_type=\"UInt64\">\n",
+               sOrder);
+    file.Write("<!-- Kind: 0 truss, 1 beam, 2 plane stress, 3 plate, 4 solid, 5 rigid link, 6 elastic link,\n"
+               "     7 general link, 8 spring to ground, 9 mass -->\n");
+    file.Print("<UnstructuredGrid>\n<Piece NumberOfPoints=\"%s\" NumberOfCells=\"%s\">\n",
+               std::to_string(scene.aIDS.size()), std::to_string(scene.aPARTS.size()));
+    WritePoints(file, scene);
+    WriteCells(file, scene);
+    file.Write("<CellData Scalars=\"PropertyId\">\n");
+    WritePartArray<std::int32_t>(file, scene, "ElementId", [](const T_PART_D& r) { return r.iID; });
+    WritePartArray<std::int32_t>(file, scene, "PropertyId", [](const T_PART_D& r) { return r.iPID; });
+    WritePartArray<std::int32_t>(file, scene, "MaterialId", [](const T_PART_D& r) { return r.iMID; });
+    WritePartArray<std::uint8_t>(file, scene, "Kind", [](const T_PART_D& r) { return r.iKIND; });
+    file.Write("</CellData>\n</Piece>\n</UnstructuredGrid>\n</VTKFile>\n");
+    file.Finish();
+
+    std::size_t nWithoutNodes = 0;
+    for (std::size_t i = 0; i < PART_KINDS; ++i) nWithoutNodes += scene.aCOUNTS[i].nWITHOUTNODES;
+    return nWithoutNodes;
+}

@@ -1,0 +1,181 @@
+#include "picture/SvgWriter.h"
+#include "picture/Model.h"
+#include "picture/XmlText.h"
+#include "support/Deck.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <map>
+
+namespace {
+
+std::string Draw(const CDataPool& rDataPool) {
+    const CTempFolder folder;
+    WriteSvg(rDataPool, "a title", folder.Path("model.svg"));
+    EXPECT_FALSE(std::filesystem::exists(folder.Path("model.svg.part")));
+    return ReadText(folder.Path("model.svg"));
+}
+
+/// How often each class occurs in the group sGroup, however it is shaded or simplified.
+std::map<std::string, int> CountClasses(const std::string& sSvg, const std::string& sGroup) {
+    const std::size_t iBegin = sSvg.find("<g id=\"" + sGroup + "\">");
+    const std::string sText = sSvg.substr(iBegin, sSvg.find("</g>", iBegin) - iBegin);
+    const std::string sMark = "class=\"";
+    std::map<std::string, int> counts;
+    for (std::size_t i = sText.find(sMark); i != std::string::npos; i = sText.find(sMark, i + 1)) {
+        const std::size_t iName = i + sMark.size();
+        ++counts[sText.substr(iName, sText.find_first_of("0123456789L\"", iName) - iName)];
+    }
+    return counts;
+}
+
+/// Count and loss in a row of the legend, as "count/loss".
+std::string LegendRow(const std::string& sSvg, const std::string& sName) {
+    std::size_t iText = sSvg.find(">" + sName + "</text>\n", sSvg.find("<g id=\"legend\">"));
+    std::string sFound;
+    for (const std::string sClass : {"count", "lost"}) { // in the lines that follow
+        if (iText == std::string::npos) break;
+        const std::size_t iLine = sSvg.find('\n', iText) + 1;
+        if (sSvg.compare(iLine, sClass.size() + 13, "<text class=\"" + sClass) != 0) break;
+        iText = sSvg.find('>', iLine);
+        sFound += (sFound.empty() ? "" : "/") + sSvg.substr(iText + 1, sSvg.find('<', iText) - iText - 1);
+    }
+    return sFound.empty() ? "no row" : sFound;
+}
+
+// Seen from (1, -1, 1), of the cubes side by side two tops, two fronts and one right side, of the wedge its top, front
+// and right side, of the tetrahedron its face towards the eye.
+TEST(SvgWriter, EachPartOnce) {
+    CDataPool pool;
+    FillModel(pool);
+    const std::string sSvg = Draw(pool);
+    const std::map<std::string, int> model = {{"solid", 9}, {"plate", 2},   {"plstrs", 1},  {"beam", 1}, {"truss", 2},
+                                              {"rigid", 2}, {"elastic", 1}, {"general", 1}, {"node", 1}};
+    EXPECT_EQ(CountClasses(sSvg, "model"), model);
+    // a support counts once for a node; the note is gravity's name
+    const std::map<std::string, int> marks = {{"mass", 1},    {"spring", 1},    {"fixed", 1},
+                                              {"support", 2}, {"force", 1},     {"pressure", 2},
+                                              {"gravity", 1}, {"reference", 1}, {"note", 1}};
+    EXPECT_EQ(CountClasses(sSvg, "marks"), marks);
+    const std::map<std::string, std::string> rows = {{"nodes", "24"},
+                                                     {"truss", "2"},
+                                                     {"beam", "1"},
+                                                     {"plane stress", "1"},
+                                                     {"plate", "2/1"},
+                                                     {"solid", "4"},
+                                                     {"rigid link", "2/1"},
+                                                     {"elastic link", "1"},
+                                                     {"general link", "1"},
+                                                     {"mass", "1"},
+                                                     {"free node", "1"},
+                                                     {"spring to ground", "1"},
+                                                     {"force", "1/1"},
+                                                     {"moment", "no row"},
+                                                     {"pressure", "2"},
+                                                     {"gravity", "1"},
+                                                     {"support, all held", "1"},
+                                                     {"support, some held", "2"}};
+    for (const auto& [sName, sCounts] : rows) EXPECT_EQ(LegendRow(sSvg, sName), sCounts) << sName;
+    EXPECT_NE(sSvg.find("target file: 1<"), std::string::npos);
+    EXPECT_EQ(sSvg.find("Simplified"), std::string::npos);
+}
+
+TEST(SvgWriter, ModelsWithoutExtent) {
+    CDataPool empty;
+    EXPECT_TRUE(CountClasses(Draw(empty), "model").empty());
+
+    CDataPool pool;
+    FillModel(pool);
+    for (const auto& [iID, rNode] : pool.NODS.Walk()) rNode.dGX = rNode.dGY = rNode.dGZ = 7.0;
+    const std::string sPoint = Draw(pool); // nothing is apart any more: the spring is a general link
+    EXPECT_EQ(LegendRow(sPoint, "general link"), "2");
+    EXPECT_EQ(LegendRow(sPoint, "elastic link"), "no row");
+
+    pool.NODS[1].dGX = std::numeric_limits<double>::infinity(); // of one cube, with its support
+    pool.NODS[23].dGY = std::nan("");                           // of the shear panel, a rigid leg and the spring
+    const std::string sNowhere = Draw(pool);
+    EXPECT_NE(sNowhere.find("no numbers: 4<"), std::string::npos);
+    EXPECT_EQ(sNowhere.find("nan"), std::string::npos);
+    EXPECT_EQ(sNowhere.find("inf"), std::string::npos);
+}
+
+TEST(SvgWriter, LargeModelsStaySmallAndKeepLonePartsInSight) {
+    CDataPool pool;
+    constexpr std::int32_t SIDE = 300;
+    for (std::int32_t i = 0; i <= SIDE; ++i) {
+        for (std::int32_t k = 0; k <= SIDE; ++k) {
+            T_NODS_D& rNode = pool.NODS[1 + i * (SIDE + 1) + k];
+            rNode.dGX = i, rNode.dGY = k;
+        }
+    }
+    const auto AddQuad = [&](std::int32_t iID, std::int32_t iType, std::array<std::int32_t, 4> aGrids) {
+        T_ELEM_D& rElement = pool.ELEM[iID];
+        rElement.iTYPE = iType;
+        rElement.iSUBTYPE = SHAPE_QUAD4;
+        for (std::size_t i = 0; i < 4; ++i) rElement.iNODE.Set(i, aGrids[i]);
+    };
+    for (std::int32_t i = 0; i < SIDE; ++i) {
+        for (std::int32_t k = 0; k < SIDE; ++k) {
+            const std::int32_t iGrid = 1 + i * (SIDE + 1) + k;
+            AddQuad(iGrid, TYPE_PLATE, {iGrid, iGrid + SIDE + 1, iGrid + SIDE + 2, iGrid + 1});
+            pool.CNST[1].aCNND.Add({iGrid, {true}});
+        }
+    }
+    for (std::int32_t i = 0; i < 4; ++i) pool.NODS[1000000 + i].dGX = -50.0 - 0.001 * i; // a speck beside the field
+    AddQuad(1000000, TYPE_SHEAR, {1000000, 1000001, 1000002, 1000003});
+
+    const std::string sSvg = Draw(pool);
+    std::map<std::string, int> model = CountClasses(sSvg, "model");
+    EXPECT_GT(model["plate"], 5000);
+    EXPECT_LE(model["plate"], 30000);
+    EXPECT_EQ(model["plstrs"], 1);
+    EXPECT_LE(CountClasses(sSvg, "marks")["support"], 200);
+    EXPECT_EQ(LegendRow(sSvg, "plate"), "90000");
+    EXPECT_EQ(LegendRow(sSvg, "support, some held"), "90000");
+    EXPECT_NE(sSvg.find("Simplified: nodes less than"), std::string::npos);
+    EXPECT_NE(sSvg.find("Of more than 200 marks"), std::string::npos);
+}
+
+TEST(SvgWriter, AFailureLeavesWhatWasThere) {
+    const CTempFolder folder;
+    const CDataPool pool;
+    const std::string sPath = folder.Path("model.svg");
+    WriteText(sPath, "before");
+    std::filesystem::create_directory(sPath + ".part");
+    EXPECT_THROW(WriteSvg(pool, "", sPath), CFileException);
+    EXPECT_EQ(ReadText(sPath), "before");
+    std::filesystem::remove(sPath + ".part");
+
+    CDeckFile deck;
+    std::string sCause;
+    ASSERT_TRUE(deck.Open(sPath, sCause));
+    std::filesystem::create_symlink(sPath, folder.Path("link.svg"));
+    EXPECT_THROW(WriteSvg(pool, "", folder.Path("link.svg"), {deck.GetId()}), CFileException);
+    EXPECT_EQ(ReadText(sPath), "before");
+
+    WriteSvg(pool, "", folder.Path("link.svg"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link.svg")));
+    EXPECT_TRUE(ReadText(sPath).starts_with("<?xml"));
+    WriteSvg(pool, "", "/dev/null");
+    EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+}
+
+TEST(XmlText, AnyBytes) {
+    EXPECT_EQ(XmlText("a<b>&\"c\"", 99), "a&lt;b&gt;&amp;&quot;c&quot;");
+    EXPECT_EQ(XmlText("Stra\xC3\x9F"
+                      "e \xF0\x9F\x98\x80",
+                      99),
+              "Stra\xC3\x9F"
+              "e \xF0\x9F\x98\x80");
+    EXPECT_EQ(XmlText(std::string_view("\x00\x1B\x7F\t", 4), 99), "????");
+    EXPECT_EQ(XmlText("\xFF \xC0\x80 \xE2\x82", 99), "? ?? ??");         // no start, overlong, cut off
+    EXPECT_EQ(XmlText("\xED\xA0\x80 \xEF\xBF\xBF", 99), "??? ???");      // half of a pair, no character
+    EXPECT_EQ(XmlText("\xF4\x90\x80\x80 \xE0\x80\xAF", 99), "???? ???"); // too large, overlong
+    EXPECT_EQ(XmlText("0123456789", 10), "0123456789");
+    EXPECT_EQ(XmlText("0123456789", 4), "\xE2\x80\xA6"
+                                        "789");
+}
+
+} // namespace

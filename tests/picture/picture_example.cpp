@@ -1,0 +1,17 @@
+// Draws the model of the tests and one without anything into the folder that it is given, for readers that aren't ours.
+
+#include "picture/Model.h"
+#include "picture/SvgWriter.h"
+#include "picture/VtuWriter.h"
+
+int main(int nArgs, char** aArgs) {
+    if (nArgs != 2) return 2;
+    const std::string sFolder = std::string(aArgs[1]) + "/";
+    CDataPool model;
+    FillModel(model);
+    WriteSvg(model, "<model> & \xFF", sFolder + "model.svg");
+    WriteVtu(model, sFolder + "model.vtu");
+    const CDataPool empty;
+    WriteSvg(empty, "", sFolder + "empty.svg");
+    WriteVtu(empty, sFolder + "empty.vtu");
+}
