@@ -10,13 +10,17 @@
 /// Makes m_card of m_aLines. Returns 1, or 0 if the first field isn't a keyword.
 int CConvertNastran::AssembleCard() {
     m_card.iKEYWORD = -1;
+    m_card.sWORD = {};
     m_card.aFIELDS.clear();
     m_card.aLINES.clear();
     for (std::size_t iLine = 0; iLine < m_nLines; ++iLine) {
         T_LINE_D& rLine = *m_aLines[iLine];
         std::string_view sFirst; // the keyword, or a continuation mark, which has no use
         if (!SplitLine(rLine, sFirst)) continue;
-        if (!rLine.bCONT && !KeywordToId(sFirst, m_card.iKEYWORD)) return 0;
+        if (!rLine.bCONT) {
+            m_card.sWORD = sFirst;
+            if (!KeywordToId(sFirst, m_card.iKEYWORD)) return 0;
+        }
         m_card.aLINES.resize(m_card.aFIELDS.size(), rLine.iLINE);
     }
     return 1;

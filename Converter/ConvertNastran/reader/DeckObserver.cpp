@@ -3,7 +3,6 @@
 #include "reader/DeckObserver.h"
 
 #include "driver/CConvertNastran.h"
-#include "reader/Keywords.h"
 
 namespace {
 
@@ -45,18 +44,14 @@ void CConvertNastran::TellLoss(E_LOSS eLoss) {
     TellAssembled(eGroup == GROUP_CARD ? eLoss : LOSS_CUT_OFF);
 }
 
-/// Tells of a loss whose first word stands in m_card or m_aPieces.
+/// Tells of a loss whose first word stands in m_card.
 void CConvertNastran::TellAssembled(E_LOSS eLoss) {
     T_LOSS_D loss;
     loss.eLOSS = eLoss;
     loss.iFIRST = m_aLines[0]->iLINE;
     loss.iLAST = m_aLines[m_nLines - 1]->iLINE;
-    if (m_card.iKEYWORD >= 0) {
-        loss.iKEYWORD = m_card.iKEYWORD;
-        loss.sWORD = T_KEYW_D::TABLE[static_cast<std::size_t>(m_card.iKEYWORD)].sNAME;
-    } else if (!m_aPieces.empty()) {
-        loss.sWORD = m_aPieces[0];
-    }
+    loss.iKEYWORD = m_card.iKEYWORD;
+    loss.sWORD = m_card.sWORD;
     m_pObserver->OnLoss(loss);
 }
 
