@@ -38,6 +38,7 @@ configure_package_config_file(cmake/ConvertNastranConfig.cmake.in
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/ConvertNastranConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/ConvertNastranConfig.cmake ${PROJECT_BINARY_DIR}/ConvertNastranConfigVersion.cmake
   DESTINATION ${package_dir})
+file(RELATIVE_PATH prefix_from_pkgconfig ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 configure_file(cmake/ConvertNastran.pc.in ${PROJECT_BINARY_DIR}/ConvertNastran.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/ConvertNastran.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
