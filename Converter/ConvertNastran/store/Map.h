@@ -75,8 +75,8 @@ class CMap {
         return iPlace == CKeyIndex::NONE ? Append(iKey, RECORD()) : At(iPlace);
     }
 
-    /// Calls visit(id, record) for all records in the order of insertion, which is the cheapest: for work on each record
-    /// by itself. visit may change the record but adds none to this table.
+    /// Calls visit(id, record) for all records in the order of insertion, which is the cheapest: for work on each
+    /// record by itself. visit may change the record but adds none to this table.
     template <class VISIT>
     void ForEach(VISIT visit) {
         for (std::size_t i = 0; i < m_aKeys.size(); ++i) visit(m_aKeys[i], At(i));
