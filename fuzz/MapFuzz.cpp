@@ -77,7 +77,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSi
         std::size_t nKeys = 1;
         if (nAct & 1) { // a run of keys
             nStride = static_cast<std::uint32_t>(bytes.Bytes(4));
-            nKeys = bytes.Byte();
+            nKeys = bytes.Byte() % 64;
         }
         for (; nKeys > 0; --nKeys) {
             ++nValue;

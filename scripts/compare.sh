@@ -26,4 +26,5 @@ run() { # run COMMAND FOLDER: what came of each deck
 (run "$first/nas2zdt" "$work/first")
 (run "$second/nas2zdt" "$work/second")
 diff -r "$work/first" "$work/second"
-echo "the same for $(ls "$work/decks" | wc -l) decks, of which $(cat "$work"/first/*.result | grep -c '^0$') were converted"
+converted=$(cat "$work"/first/*.result | grep -c '^0$')
+echo "the same for $(cat "$work"/first/*.result | wc -l) decks, of which $converted were converted"

@@ -45,11 +45,12 @@ for deck in examples/*.dat; do
       cat "$deck"; printf '\036'; cat "$deck"; } >"$corpus/include/$(basename "$deck")"
 done
 cd "$scratch"
+export ASAN_OPTIONS="${ASAN_OPTIONS:-malloc_context_size=2:quarantine_size_mb=16}" # for speed
 for target in $targets; do
     echo "--- $target, $seconds s"
     log=$scratch/$target.log
     # A run that takes seconds or gigabytes is a fault too.
-    if ! TMPDIR=$runs nice "$bin/fuzz_$target" "$corpus/$target" -max_total_time="$seconds" -max_len=8192 -timeout=20 \
+    if ! TMPDIR=$runs nice "$bin/fuzz_$target" "$corpus/$target" -max_total_time="$seconds" -max_len=4096 -timeout=20 \
         -rss_limit_mb=2048 -reload=0 -print_final_stats=1 -verbosity=1 -artifact_prefix="$findings/$target-" \
         >"$log" 2>&1; then
         tail -n 60 "$log"
