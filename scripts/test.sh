@@ -1,5 +1,5 @@
 #!/bin/sh
-# Sets up, builds and passes all tests, in the release and in the sanitize build.
+# Sets up, builds and passes all tests, in the release and in the sanitize build, which must convert alike.
 set -eu
 cd "$(dirname "$0")/.."
 scripts/setup.sh
@@ -8,3 +8,4 @@ for preset in release sanitize; do
     cmake --build --preset "$preset"
     ctest --preset "$preset" --parallel "$(nproc)"
 done
+scripts/compare.sh build/release build/sanitize

@@ -75,7 +75,10 @@ TEST_F(IncludeTest, FailedRunsLeaveNothing) {
         {"small field cuts the name", "INCLUDE 'LOOP1.DAT'\n", FAILURE_INCLUDE_NOT_OPENED, "LOOP1.D"},
         {"a folder", "INCLUDE,folder\n", FAILURE_INCLUDE_NOT_OPENED, "FOLDER"},
         {"itself", "INCLUDE,'main.dat'\n", FAILURE_INCLUDE_CYCLE, "MAIN.DAT"},
+        {"itself twice in a row", "INCLUDE,'main.dat'\nINCLUDE,'main.dat'\n", FAILURE_INCLUDE_CYCLE, "MAIN.DAT"},
         {"a longer cycle", "INCLUDE,'loop1.dat'\n", FAILURE_INCLUDE_CYCLE, "LOOP1.DAT"},
+        {"a cycle by two roads", "INCLUDE,'loop2.dat'\nINCLUDE,'loop1.dat'\nINCLUDE,'loop1.dat'\n",
+         FAILURE_INCLUDE_CYCLE, "LOOP2.DAT"},
         {"a long line in it", "INCLUDE,'long.dat'\n", FAILURE_LINE_TOO_LONG, "LONG.DAT"},
     };
     for (const T_FAILED_D& rCase : aFailed) {

@@ -112,6 +112,28 @@ TEST(Map, KeepsTheRulesForKeysOfAllKinds) {
     }
 }
 
+/// Keys that the index looks for in one place, more than it keeps there.
+TEST(Map, FindsKeysThatCrowdInItsIndex) {
+    CMap<int> map(101);
+    std::map<int, int> mapExpected;
+    for (std::uint32_t nPage = 0; mapExpected.size() < 300; ++nPage) {
+        if ((nPage * 0x9E3779B97F4A7C15u >> 32) % 1024 != 0) continue;
+        mapExpected[static_cast<int>(nPage) * 16] = static_cast<int>(nPage);
+        EXPECT_EQ(map.Find(static_cast<int>(nPage) * 16), nullptr);
+        map.SetAt(static_cast<int>(nPage) * 16, static_cast<int>(nPage));
+        EXPECT_EQ(map.Find(static_cast<int>(nPage) * 16 + 1), nullptr);
+    }
+    for (int iKey = 1; iKey < 20000; iKey += 2) { // grows, so all are moved
+        map.SetAt(iKey, -iKey);
+        mapExpected[iKey] = -iKey;
+    }
+    for (const auto& [iKey, iValue] : mapExpected) {
+        ASSERT_NE(map.Find(iKey), nullptr) << iKey;
+        EXPECT_EQ(*map.Find(iKey), iValue);
+    }
+    EXPECT_EQ(map.GetCount(), mapExpected.size());
+}
+
 TEST(Arrays, TestTheirRange) {
     CArray<int> array;
     array.Add(5);

@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -90,7 +91,7 @@ class CConvertNastran {
     // driver/Convert.cpp
     void RunConversion(const std::string& sPath);
     void ReadDeck();
-    void TestIncludeCycle() const;
+    void TestIncludeCycle();
     void LogBanner(const std::string& sPath);
     template <class... ARGS>
     int LogMessage(std::string_view sFormat, const ARGS&... args) {
@@ -342,6 +343,7 @@ class CConvertNastran {
 
     std::vector<T_DECK_D> m_aDecks; // the main deck, then those of INCLUDE cards in the order met
     std::size_t m_iCurDeck = 0;     // the one being read
+    std::set<std::pair<std::uint64_t, std::uint64_t>> m_setDeckIds; // identities of the decks opened so far
     CLineReader m_reader;
     std::int32_t m_iSection = 0;   // 0 before CEND, 1 case control, 2 bulk data
     std::int32_t m_iLineNo = 0;    // lines read of the current deck

@@ -65,9 +65,12 @@ void CConvertNastran::ReadDeck() {
 }
 
 /// A deck may be included again and again by different roads, but a road that leads back to where it came from would
-/// never end.
-void CConvertNastran::TestIncludeCycle() const {
+/// never end. The road is walked only for a deck that was read before, and once for all its cards in a row.
+void CConvertNastran::TestIncludeCycle() {
     const T_FILEID_D id = m_aDecks[m_iCurDeck].id;
+    if (m_setDeckIds.emplace(id.nVOLUME, id.nNUMBER).second) return;
+    const T_DECK_D& rBefore = m_aDecks[m_iCurDeck - 1];
+    if (rBefore.id == id && rBefore.iORIGIN == m_aDecks[m_iCurDeck].iORIGIN && m_iCurDeck > 1) return;
     for (std::size_t iDeck = m_iCurDeck; iDeck != 0;) {
         iDeck = m_aDecks[iDeck].iORIGIN;
         if (m_aDecks[iDeck].id == id) throw CRunError(FAILURE_INCLUDE_CYCLE);

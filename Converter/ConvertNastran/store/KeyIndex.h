@@ -4,11 +4,13 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <vector>
 
 /// Ids are kept in pages of sixteen neighbours, and the pages are found through open addressing: the dense ids of an
-/// ordinary deck cost four bytes each and a walk along them stays in the cache. When pages crowd in the directory they
-/// are scattered anew, so no choice of ids makes a search long. The order of a walk doesn't come from here.
+/// ordinary deck cost four bytes each and a walk along them stays in the cache. Pages that find no place in the
+/// directory within a few steps are kept in a tree, so no choice of ids makes a search long. The order of a walk
+/// doesn't come from here.
 class CKeyIndex {
   public:
     static constexpr std::uint32_t NONE = 0xFFFFFFFF;
@@ -32,22 +34,28 @@ class CKeyIndex {
     };
     using DIRECTORY = std::vector<T_ENTRY_D>;
 
-    static std::size_t Home(const DIRECTORY& aEntries, std::uint32_t nGroup, std::uint64_t nSeed) {
-        return (((nGroup ^ nSeed) * 0x9E3779B97F4A7C15ull) >> 32) & (aEntries.size() - 1);
+    // With half of the entries free and good scattering a search is a few steps; one this long means that pages crowd.
+    static constexpr std::size_t LONGEST_SEARCH = 64;
+
+    static std::size_t Home(const DIRECTORY& aEntries, std::uint32_t nGroup) {
+        return ((nGroup * 0x9E3779B97F4A7C15ull) >> 32) & (aEntries.size() - 1);
     }
 
     std::uint32_t FindPage(std::uint32_t nGroup) const {
         if (m_aEntries.empty()) return NONE;
-        for (std::size_t i = Home(m_aEntries, nGroup, m_nSeed);; i = (i + 1) & (m_aEntries.size() - 1)) {
+        std::size_t i = Home(m_aEntries, nGroup);
+        for (std::size_t nSteps = 0; nSteps < LONGEST_SEARCH; ++nSteps, i = (i + 1) & (m_aEntries.size() - 1)) {
             const T_ENTRY_D& rEntry = m_aEntries[i];
             if (rEntry.iPage == NONE || rEntry.nGroup == nGroup) return rEntry.iPage;
         }
+        return FindCrowded(nGroup);
     }
 
-    static bool TryPut(DIRECTORY& rEntries, T_ENTRY_D entry, std::uint64_t nSeed);
-    void Rebuild(std::size_t nSize, T_ENTRY_D added);
+    std::uint32_t FindCrowded(std::uint32_t nGroup) const;
+    static bool TryPut(DIRECTORY& rEntries, T_ENTRY_D entry);
+    void Grow();
 
-    DIRECTORY m_aEntries; // its size is a power of two
-    std::uint64_t m_nSeed = 0;
+    DIRECTORY m_aEntries;                                // its size is a power of two
+    std::map<std::uint32_t, std::uint32_t> m_mapCrowded; // from a group to its page, those without a place above
     std::vector<std::array<std::uint32_t, PAGE>> m_aPages;
 };
