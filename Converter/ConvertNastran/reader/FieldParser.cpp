@@ -44,13 +44,13 @@ std::int64_t ReadExponent(const char* p, const char* pEnd) {
 
 /// Reads as much of a decimal number as there is. False if there are no digits.
 bool ReadDecimal(std::string_view sField, T_DECIMAL_D& rDecimal) {
-    const bool bHasE = sField.find('E') != std::string_view::npos;
+    const auto hasE = [&] { return sField.find('E') != std::string_view::npos; };
     const char* const pBegin = sField.data();
     const char* const pEnd = pBegin + sField.size();
     const char* p = pBegin;
     while (p < pEnd && IsSpace(*p)) ++p;
     if (p < pEnd && (*p == '-' || *p == '+')) {
-        if (p > pBegin && !bHasE) return false; // a sign behind the first character begins an exponent
+        if (p > pBegin && !hasE()) return false; // a sign behind the first character begins an exponent
         rDecimal.bNegative = *p == '-';
         ++p;
     }
@@ -77,10 +77,10 @@ bool ReadDecimal(std::string_view sField, T_DECIMAL_D& rDecimal) {
     if (!bDigits) return false;
     rDecimal.sMantissa = {pMantissa, static_cast<std::size_t>(p - pMantissa)};
     if (p < pEnd) {
-        if (*p == 'E' || *p == 'e') {
-            const bool bSign = p + 1 < pEnd && (p[1] == '+' || p[1] == '-');
-            if (bHasE || !bSign) rDecimal.nTextExponent = ReadExponent(p + 1, pEnd);
-        } else if (!bHasE && (*p == '+' || *p == '-')) {
+        const bool bSign = p + 1 < pEnd && (p[1] == '+' || p[1] == '-');
+        if (*p == 'E' || (*p == 'e' && (!bSign || hasE()))) {
+            rDecimal.nTextExponent = ReadExponent(p + 1, pEnd);
+        } else if ((*p == '+' || *p == '-') && !hasE()) {
             rDecimal.nTextExponent = ReadExponent(p, pEnd);
         }
     }

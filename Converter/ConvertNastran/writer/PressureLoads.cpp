@@ -22,8 +22,12 @@ std::int32_t FaceOfEntry(const T_ELEM_D& rSolid, const T_MBLD_D& rEntry) {
 } // namespace
 
 int CConvertNastran::WritePressureLoads(CFile& rFile, const T_LOAD_D& rSet) {
+    constexpr std::size_t AHEAD = 8; // entries; their elements lie anywhere, and memory takes long to answer
     bool bAny = false;
-    for (const T_MBLD_D& rEntry : rSet.aMBLD) {
+    const std::size_t nEntries = rSet.aMBLD.GetSize();
+    for (std::size_t i = 0; i < nEntries; ++i) {
+        const T_MBLD_D& rEntry = rSet.aMBLD[i];
+        if (i + AHEAD < nEntries) m_pDataPool->ELEM.Prefetch(rSet.aMBLD[i + AHEAD].iID);
         if (rEntry.iKIND != LOAD_PRESSURE) continue;
         if (!bAny) WriteLine(rFile, "*PRESSURE\n");
         bAny = true;
