@@ -2,7 +2,6 @@
 // The keyed table: records by a signed 32-bit id. The order of a walk is part of the output and is that of a chained
 // hash table with a fixed number of buckets, each chain grown at its head.
 
-#include "platform/Memory.h"
 #include "store/KeyIndex.h"
 
 #include <algorithm>
@@ -10,6 +9,7 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <new>
 #include <stdexcept>
 #include <type_traits>
 #include <utility>
@@ -47,7 +47,7 @@ class CMap {
         if constexpr (!std::is_trivially_destructible_v<RECORD>) {
             for (std::size_t i = 0; i < m_aKeys.size(); ++i) std::destroy_at(&At(i));
         }
-        for (RECORD* pBlock : m_aBlocks) FreeBlock(pBlock);
+        for (RECORD* pBlock : m_aBlocks) ::operator delete(pBlock, std::align_val_t(alignof(RECORD)));
     }
 
     std::size_t GetCount() const { return m_aKeys.size(); }
@@ -176,9 +176,9 @@ class CMap {
     template <class, class>
     friend class CWalk;
 
-    // Records in a block: a power of two makes finding one a shift and a mask. Memory that isn't touched isn't taken,
-    // so a block may be large.
-    static constexpr std::size_t BLOCK = std::bit_floor(LARGE_BLOCK / sizeof(RECORD));
+    // Records in a block: a power of two makes finding one a shift and a mask. Memory that isn't touched isn't taken, so
+    // a block may be large.
+    static constexpr std::size_t BLOCK = std::bit_floor((std::size_t(1) << 20) / sizeof(RECORD));
 
     static bool All(const RECORD&) { return true; }
 
@@ -208,7 +208,8 @@ class CMap {
         if (iPlace >= CKeyIndex::NONE) throw std::length_error("CMap: too many records");
         if (iPlace == m_aBlocks.size() * BLOCK) {
             m_aBlocks.reserve(m_aBlocks.size() + 1);
-            m_aBlocks.push_back(static_cast<RECORD*>(AllocateBlock(BLOCK * sizeof(RECORD), !m_aBlocks.empty())));
+            void* pBlock = ::operator new(BLOCK * sizeof(RECORD), std::align_val_t(alignof(RECORD)));
+            m_aBlocks.push_back(static_cast<RECORD*>(pBlock)); // there is room: see above
         }
         // Each step leaves the table whole if it throws: the index comes first, the count that everything goes by last.
         if (iPlace == m_aKeys.capacity()) {
