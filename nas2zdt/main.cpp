@@ -51,9 +51,7 @@ int ConvertDeck(const std::string& sDeck) {
     return dialogs.m_bFileError ? EXIT_FAILED : EXIT_DONE;
 }
 
-} // namespace
-
-int main(int nArgs, char** aArgs) {
+int Run(int nArgs, char** aArgs) {
     std::string sDeck;
     bool bOptions = true; // until "--"
     int nDecks = 0;
@@ -72,4 +70,15 @@ int main(int nArgs, char** aArgs) {
     }
     if (nDecks != 1) return Usage(nDecks == 0 ? "no deck given" : "more than one deck given");
     return ConvertDeck(sDeck);
+}
+
+} // namespace
+
+int main(int nArgs, char** aArgs) {
+    try {
+        return Run(nArgs, aArgs);
+    } catch (...) { // what a run throws was dealt with before, so memory ran out here
+        std::fputs("nas2zdt: not enough memory\n", stderr);
+        return EXIT_FAILED;
+    }
 }

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
+#include <new>
 #include <system_error>
 
 void CConsoleDialogs::ShowNotice(const std::string& sText) {
@@ -17,7 +18,9 @@ int CConsoleDialogs::ChooseDeck(std::string& rPath) {
     std::string sLine;
     for (;;) {
         std::cout << "NASTRAN deck: " << std::flush;
-        if (!std::getline(std::cin, sLine)) return 0;
+        std::getline(std::cin, sLine);
+        if (std::cin.bad()) throw std::bad_alloc(); // streams keep exceptions to themselves
+        if (!std::cin) return 0;
         if (sLine.ends_with('\r')) sLine.pop_back();
         if (sLine.empty()) return 0;
         std::error_code error;

@@ -72,6 +72,7 @@ class CConvertNastran {
     friend struct T_KEYW_D;
 
     // driver/Convert.cpp
+    void KeepFailure() noexcept;
     void RunConversion(const std::string& sPath);
     void ReadDeck();
     void TestIncludeCycle() const;

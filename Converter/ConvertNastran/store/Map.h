@@ -75,8 +75,8 @@ class CMap {
         return iPlace == CKeyIndex::NONE ? Append(iKey, RECORD()) : At(iPlace);
     }
 
-    /// Calls visit(id, record) for all records in the order of insertion, which is the cheapest: for work on each record
-    /// by itself. visit may change the record but adds none to this table.
+    /// Calls visit(id, record) for all records in the order of insertion, which is the cheapest: for work on each
+    /// record by itself. visit may change the record but adds none to this table.
     template <class VISIT>
     void ForEach(VISIT visit) {
         for (std::size_t i = 0; i < m_aKeys.size(); ++i) visit(m_aKeys[i], At(i));
@@ -170,7 +170,7 @@ class CMap {
         const std::size_t iPlace = m_aKeys.size();
         if (iPlace >= CKeyIndex::NONE) throw std::length_error("CMap: too many records");
         if (iPlace == m_aBlocks.size() * BLOCK) {
-            m_aBlocks.reserve(m_aBlocks.size() + 1);
+            if (m_aBlocks.size() == m_aBlocks.capacity()) m_aBlocks.reserve(m_aBlocks.size() * 2 + 1);
             void* pBlock = ::operator new(BLOCK * sizeof(RECORD), std::align_val_t(alignof(RECORD)));
             m_aBlocks.push_back(static_cast<RECORD*>(pBlock));
         }
