@@ -26,4 +26,8 @@ expect none "$fallback"
 expect no_export "$fallback"
 expect other_places 'RBAR|(Line:3~3)|%s|%n|%f|%'
 expect no_text 'IDS_NASTRAN_Not_convert_in_this_version'
+PATH=$folder:$PATH nas2zdt deck.dat | grep -Fqx 'IDS_NASTRAN_Not_convert_in_this_version' || {
+    echo "failed: a command that was found by its name finds its messages" >&2
+    exit 1
+}
 echo "1 passed, 0 failed"

@@ -270,8 +270,7 @@ constexpr std::uint64_t Pack(std::string_view sName) {
     return nName;
 }
 
-/// The keywords in ascending order of their packed names.
-constexpr auto PACKED = [] {
+consteval std::array<T_PACKED_D, T_KEYW_D::TABLE.size()> PackKeywords() {
     std::array<T_PACKED_D, T_KEYW_D::TABLE.size()> aPacked{};
     for (std::size_t i = 0; i < aPacked.size(); ++i) {
         aPacked[i] = {Pack(T_KEYW_D::TABLE[i].sNAME), static_cast<std::int32_t>(i)};
@@ -279,7 +278,10 @@ constexpr auto PACKED = [] {
     std::sort(aPacked.begin(), aPacked.end(),
               [](const T_PACKED_D& a, const T_PACKED_D& b) { return a.nNAME < b.nNAME; });
     return aPacked;
-}();
+}
+
+/// The keywords in ascending order of their packed names.
+constexpr auto PACKED = PackKeywords();
 
 } // namespace
 
