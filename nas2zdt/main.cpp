@@ -10,6 +10,7 @@
 #include "platform/Console.h"
 #include "platform/console/ConsoleDialogs.h"
 
+#include <cstdio>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -102,9 +103,7 @@ class CBatch {
     bool m_bLoss = false;
 };
 
-} // namespace
-
-int main(int nArgs, char** aArgs) {
+int Run(int nArgs, char** aArgs) {
     const CUtf8Console console;
     T_OPTIONS_D options;
     std::string sWhy;
@@ -116,4 +115,15 @@ int main(int nArgs, char** aArgs) {
     if (!jobs.sFAILURE.empty()) return Fail(jobs.sFAILURE);
     const CConvertNastranApp app;
     return CBatch(options, jobs).Run();
+}
+
+} // namespace
+
+int main(int nArgs, char** aArgs) {
+    try {
+        return Run(nArgs, aArgs);
+    } catch (...) { // what a run throws was dealt with before, so memory ran out here
+        std::fputs("nas2zdt: not enough memory\n", stderr);
+        return EXIT_FAILED;
+    }
 }

@@ -6,7 +6,7 @@
 #include <cstring>
 
 namespace {
-constexpr std::size_t BUFFER_SIZE = 256 * 1024;
+constexpr std::size_t BUFFER_SIZE = std::size_t(256) * 1024;
 }
 
 void CFile::MakeRoom(std::size_t nSize) {

@@ -30,7 +30,8 @@ class CDeckFile {
     /// case, folder by folder. Returns 1, or 0 with the cause in rCause.
     int Open(const std::string& sPath, std::string& rCause);
 
-    /// Reads up to nSize bytes. Returns their number, 0 at the end of the file, -1 if the file can't be read on.
+    /// Reads up to nSize bytes. Returns their number, 0 at the end of the file, -1 if the file can't be read on or was
+    /// cut short since it was opened.
     std::ptrdiff_t Read(char* pBuffer, std::size_t nSize);
 
     void Close();
@@ -41,6 +42,7 @@ class CDeckFile {
   private:
     std::intptr_t m_iHandle = -1;
     T_FILEID_D m_id;
+    std::uint64_t m_nUnread = 0; // of the bytes that the deck had when it was opened
 };
 
 /// Failure of an output file: which file, and why in the system's words.

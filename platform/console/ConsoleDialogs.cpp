@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <iostream>
+#include <new>
 
 void CConsoleDialogs::ShowNotice(const std::string& sText) {
     std::cout << sText << '\n' << std::flush;
@@ -15,7 +16,9 @@ int CConsoleDialogs::ChooseDeck(std::string& rPath) {
     std::string sLine;
     for (;;) {
         std::cout << "NASTRAN deck: " << std::flush;
-        if (!std::getline(std::cin, sLine)) return 0;
+        std::getline(std::cin, sLine);
+        if (std::cin.bad()) throw std::bad_alloc(); // streams keep exceptions to themselves
+        if (!std::cin) return 0;
         if (sLine.ends_with('\r')) sLine.pop_back();
         if (sLine.empty()) return 0;
         CDeckFile deck;

@@ -90,6 +90,7 @@ int CDeckFile::Open(const std::string& sPath, std::string& rCause) {
         return 0;
     }
     m_iHandle = iFile;
+    m_nUnread = static_cast<std::uint64_t>(status.st_size);
     m_id = {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
     return 1;
 }
@@ -97,7 +98,10 @@ int CDeckFile::Open(const std::string& sPath, std::string& rCause) {
 std::ptrdiff_t CDeckFile::Read(char* pBuffer, std::size_t nSize) {
     for (;;) {
         const ssize_t nRead = ::read(static_cast<int>(m_iHandle), pBuffer, nSize);
-        if (nRead >= 0 || errno != EINTR) return nRead;
+        if (nRead < 0 && errno == EINTR) continue;
+        if (nRead == 0 && m_nUnread > 0) return -1;
+        m_nUnread -= std::min(m_nUnread, static_cast<std::uint64_t>(std::max<ssize_t>(nRead, 0)));
+        return nRead;
     }
 }
 

@@ -89,6 +89,7 @@ class CConvertNastran {
     friend struct T_KEYW_D;
 
     // driver/Convert.cpp
+    void KeepFailure() noexcept;
     void RunConversion(const std::string& sPath);
     void ReadDeck();
     void TestIncludeCycle();

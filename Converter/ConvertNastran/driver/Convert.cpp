@@ -18,22 +18,40 @@ int CConvertNastran::Convert(const std::string& sPath) {
     try {
         m_failure = {};
         RunConversion(sPath);
+    } catch (...) {
+        KeepFailure();
+    }
+    m_reader.Close();
+    return m_failure.eFAILURE == FAILURE_NONE ? 1 : 0;
+}
+
+/// Makes the reason of the exception in hand. Memory may be what is missing, so each text stays empty if there is no
+/// room for it.
+void CConvertNastran::KeepFailure() noexcept {
+    const auto keep = [](std::string& rText, const auto& value) {
+        try {
+            rText = value;
+        } catch (const std::bad_alloc&) { // the kind of the failure says enough
+            rText.clear();
+        }
+    };
+    const bool bReading = m_iCurDeck < m_aDecks.size();
+    try {
+        throw;
     } catch (const CRunError& rError) {
         m_failure.eFAILURE = rError.m_eFailure;
         m_failure.iLINE = rError.m_iLine;
         m_failure.nLIMIT = rError.m_nLimit;
     } catch (const std::bad_alloc&) {
         m_failure.eFAILURE = FAILURE_EXHAUSTED;
-        m_failure.iLINE = m_iCurDeck < m_aDecks.size() ? m_iLineNo : 0;
+        m_failure.iLINE = bReading ? m_iLineNo : 0;
     } catch (const std::exception& rError) {
         m_failure.eFAILURE = FAILURE_INTERNAL;
-        m_failure.sCAUSE = rError.what();
+        keep(m_failure.sCAUSE, rError.what());
+    } catch (...) { // what a host's dialogs may throw
+        m_failure.eFAILURE = FAILURE_INTERNAL;
     }
-    m_reader.Close();
-    if (m_failure.eFAILURE != FAILURE_NONE && m_iCurDeck < m_aDecks.size()) {
-        m_failure.sFILE = m_aDecks[m_iCurDeck].sPATH;
-    }
-    return m_failure.eFAILURE == FAILURE_NONE ? 1 : 0;
+    if (bReading) keep(m_failure.sFILE, m_aDecks[m_iCurDeck].sPATH);
 }
 
 void CConvertNastran::RunConversion(const std::string& sPath) {

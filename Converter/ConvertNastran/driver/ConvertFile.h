@@ -26,9 +26,9 @@
 #endif
 
 /* Results. */
-#define CONVERT_DONE 0       /* the run ended; the ZDT file was written unless the user was told otherwise */
-#define CONVERT_CANCELLED 1  /* no deck was chosen; nothing was done */
-#define CONVERT_FAILED (-1)  /* the run failed; nothing was written */
+#define CONVERT_DONE 0      /* the run ended; the ZDT file was written unless the user was told otherwise */
+#define CONVERT_CANCELLED 1 /* no deck was chosen; nothing was done */
+#define CONVERT_FAILED (-1) /* the run failed; if memory ran out, a part of the ZDT file may be there */
 
 /* A buffer of this size, in bytes, holds every path that a system can open. */
 #define CONVERT_PATH_SIZE 131072
@@ -46,7 +46,7 @@ CONVERTNASTRAN_API int32_t CONVERTNASTRAN_CALL ConvertFile(void);
  * sOutput: a buffer of the caller's, nOutput bytes long; null with 0 if the path isn't wanted. Written only with result
  *          0: the path, zero-terminated. A path that doesn't fit gives an empty text instead.
  */
-CONVERTNASTRAN_API int32_t CONVERTNASTRAN_CALL ConvertFile2(char *sOutput, int32_t nOutput);
+CONVERTNASTRAN_API int32_t CONVERTNASTRAN_CALL ConvertFile2(char* sOutput, int32_t nOutput);
 
 #ifdef __cplusplus
 }

@@ -22,13 +22,13 @@ std::int32_t ConvertChosenDeck(CDialogs& rDialogs, char* sOutput, std::int32_t n
     rDialogs.ShowNotice(g_pfnLoadStr("IDS_NASTRAN_Input_file_maked_by_FEAMAP_is_required"));
     std::string sDeck;
     if (!rDialogs.ChooseDeck(sDeck)) return CONVERT_CANCELLED;
+    const std::string sTarget = CConvertNastran::TargetPath(sDeck);
     CConvertNastran run(rDialogs);
     if (!run.Convert(sDeck)) {
         if (!IsSilent(run.GetFailure().eFAILURE)) rDialogs.ShowRunError(run.GetFailure().GetText());
         return CONVERT_FAILED;
     }
     if (sOutput && nOutput > 0) {
-        const std::string sTarget = CConvertNastran::TargetPath(sDeck);
         const bool bFits = sTarget.size() < static_cast<std::size_t>(nOutput);
         std::memcpy(sOutput, bFits ? sTarget.c_str() : "", bFits ? sTarget.size() + 1 : 1);
     }
@@ -45,8 +45,8 @@ std::int32_t CONVERTNASTRAN_CALL ConvertFile2(char* sOutput, std::int32_t nOutpu
     } catch (...) { // nothing may cross into the host; what a run throws was dealt with before, so memory ran out here
     }
     try {
-        if (pDialogs) pDialogs->ShowRunError(T_FAIL_D{FAILURE_EXHAUSTED, {}, 0, 0, {}}.GetText());
-    } catch (...) { // the one message can't be shown either
+        if (pDialogs) pDialogs->ShowRunError("Out of memory"); // a string holds a text as short as this in itself
+    } catch (...) {                                            // the one message can't be shown either
     }
     return CONVERT_FAILED;
 }

@@ -3,28 +3,30 @@
 #include "driver/RunError.h"
 
 std::string T_FAIL_D::GetText() const {
-    const std::string sPlace = iLINE > 0 ? sFILE + ":" + std::to_string(iLINE) : sFILE;
+    std::string sPlace = sFILE; // none once the decks are read
+    if (iLINE > 0 && !sFILE.empty()) sPlace += ":" + std::to_string(iLINE);
+    if (!sPlace.empty()) sPlace += ": ";
     switch (eFAILURE) {
     case FAILURE_NONE:
         return {};
     case FAILURE_DECK_NOT_OPENED:
-        return sFILE + ": can't be opened: " + sCAUSE;
+        return sPlace + "can't be opened: " + sCAUSE;
     case FAILURE_INCLUDE_NOT_OPENED:
-        return sFILE + ": included deck can't be opened: " + sCAUSE;
+        return sPlace + "included deck can't be opened: " + sCAUSE;
     case FAILURE_DECK_NOT_READ:
-        return sFILE + ": can't be read to its end";
+        return sPlace + "can't be read to its end";
     case FAILURE_LINE_TOO_LONG:
-        return sPlace + ": line is longer than " + std::to_string(nLIMIT) + " characters";
+        return sPlace + "line is longer than " + std::to_string(nLIMIT) + " characters";
     case FAILURE_INCLUDE_CYCLE:
-        return sFILE + ": this deck includes itself, directly or through others";
+        return sPlace + "this deck includes itself, directly or through others";
     case FAILURE_RANGE_TOO_LONG:
-        return sPlace + ": THRU range holds more than " + std::to_string(nLIMIT) + " ids";
+        return sPlace + "THRU range holds more than " + std::to_string(nLIMIT) + " ids";
     case FAILURE_NOT_WRITTEN:
         return "the target file can't be written whole";
     case FAILURE_EXHAUSTED:
-        return sPlace + ": not enough memory";
+        return sPlace + "not enough memory";
     case FAILURE_INTERNAL:
         break;
     }
-    return sPlace + ": internal error: " + sCAUSE;
+    return sPlace + "internal error: " + sCAUSE;
 }

@@ -11,6 +11,23 @@ const char* LoadStrFallback(const char*) {
 }
 
 T_MODULE g_pMsgDll = nullptr;
+LOADSTR g_pfnExport = nullptr;
+
+/// A library that has no text for a key may answer with nothing at all.
+const char* LoadStrFromDll(const char* sKey) {
+    const char* sText = g_pfnExport(sKey);
+    return sText ? sText : sKey;
+}
+
+/// Loading takes memory. Without it the message library counts as missing, since the host can't be told while it loads
+/// this library.
+T_MODULE LoadWithoutThrowing(const char* sName) noexcept {
+    try {
+        return LoadModule(sName);
+    } catch (...) {
+        return nullptr;
+    }
+}
 
 } // namespace
 
@@ -18,10 +35,11 @@ LOADSTR g_pfnLoadStr = &LoadStrFallback;
 
 int CMsgDll::LoadMsgDll() {
     if (g_pMsgDll) return 1;
-    g_pMsgDll = LoadModule("Convertmsg.DLL");
+    g_pMsgDll = LoadWithoutThrowing("Convertmsg.DLL");
     if (!g_pMsgDll) return 0;
     if (void* pExport = FindExport(g_pMsgDll, "LoadStr")) {
-        g_pfnLoadStr = reinterpret_cast<LOADSTR>(pExport);
+        g_pfnExport = reinterpret_cast<LOADSTR>(pExport);
+        g_pfnLoadStr = &LoadStrFromDll;
         return 1;
     }
     g_pfnLoadStr = &LoadStrFallback;

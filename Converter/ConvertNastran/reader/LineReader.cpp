@@ -9,7 +9,7 @@
 #include <cstring>
 
 namespace {
-constexpr std::size_t BLOCK_SIZE = 256 * 1024;
+constexpr std::size_t BLOCK_SIZE = std::size_t(256) * 1024;
 constexpr std::size_t LONGEST_PIECE = 499;
 
 bool HasSpecial(const char* pText, std::size_t nText) {

@@ -100,7 +100,7 @@ std::string_view CNastranStrParser::RemoveBlanksOf8(char* pField) {
     constexpr std::uint64_t LOW_BITS = 0x7F7F7F7F7F7F7F7F;
     const std::uint64_t nOther = nField ^ 0x2020202020202020;
     const std::uint64_t nFilled = (((nOther & LOW_BITS) + LOW_BITS) | nOther) & ~LOW_BITS;
-    if (nFilled == 0) return {pField, 0};
+    if (nFilled == 0) return {pField, pField};
     const int iFirst = std::countr_zero(nFilled) / 8;
     const int nText = 8 - std::countl_zero(nFilled) / 8 - iFirst;
     const std::uint64_t nOneWord = (~LOW_BITS >> (64 - 8 * nText)) << (8 * iFirst);

@@ -17,7 +17,7 @@
 
 /// Hash of a key: 16807 (k rem 127773) - 2836 (k quot 127773) in 32-bit arithmetic, raised by 2147483647 if negative.
 constexpr std::uint32_t HashKey(std::int32_t iKey) {
-    const std::int64_t h = 16807 * static_cast<std::int64_t>(iKey % 127773) - 2836 * (iKey / 127773);
+    const std::int64_t h = 16807 * static_cast<std::int64_t>(iKey % 127773) - std::int64_t(2836) * (iKey / 127773);
     const auto iHash = static_cast<std::int32_t>(static_cast<std::uint32_t>(h)); // wraps as 32-bit arithmetic does
     return iHash < 0 ? static_cast<std::uint32_t>(iHash) + 2147483647u : static_cast<std::uint32_t>(iHash);
 }
@@ -207,7 +207,7 @@ class CMap {
         const std::size_t iPlace = m_aKeys.size();
         if (iPlace >= CKeyIndex::NONE) throw std::length_error("CMap: too many records");
         if (iPlace == m_aBlocks.size() * BLOCK) {
-            m_aBlocks.reserve(m_aBlocks.size() + 1);
+            if (m_aBlocks.size() == m_aBlocks.capacity()) m_aBlocks.reserve(m_aBlocks.size() * 2 + 1);
             void* pBlock = ::operator new(BLOCK * sizeof(RECORD), std::align_val_t(alignof(RECORD)));
             m_aBlocks.push_back(static_cast<RECORD*>(pBlock)); // there is room: see above
         }

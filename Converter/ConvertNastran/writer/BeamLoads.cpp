@@ -52,7 +52,7 @@ int CConvertNastran::WriteBeamLoad(CFile& rFile, const T_MBLD_D& rEntry) {
     const double dP1 = rEntry.dV[1];
     const double dP2 = rEntry.dV[3];
     if (std::abs(dP1) + std::abs(dP2) <= NO_LOAD) return 1;
-    const std::string_view sDirection = DIRECTIONS[static_cast<std::size_t>(rEntry.iDIR)];
+    const std::string_view sDirection = DIRECTIONS[static_cast<std::uint8_t>(rEntry.iDIR)];
     const std::string_view sProjected = rEntry.iSCALE == SCALE_LEPR || rEntry.iSCALE == SCALE_FPPR ? "YES" : "NO";
     return WriteLine(rFile, "%5d, BEAM, %10s, %5s, %5s,   %5g, %5g, %5g, %5g, %5g, %5g, %5g, %5g\n", rEntry.iID,
                      LoadWord(rEntry), sDirection, sProjected, dX1, dP1, dX2, dP2, 0.0, 0.0, 0.0, 0.0);

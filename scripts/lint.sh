@@ -1,0 +1,35 @@
+#!/bin/sh
+# Passes the sources to clang-tidy (.clang-tidy) and cppcheck (scripts/cppcheck.supp), and the scripts to shellcheck. What
+# they find is an error. Installs the tools where they are missing.
+set -eu
+cd "$(dirname "$0")/.."
+missing=
+for tool in clang-tidy cppcheck shellcheck clang++ cmake ninja; do
+    command -v $tool >/dev/null 2>&1 || missing="$missing $tool"
+done
+if [ -n "$missing" ]; then
+    sudo=
+    [ "$(id -u)" -eq 0 ] || sudo=sudo
+    $sudo apt-get update -q
+    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -q -y --no-install-recommends \
+        clang clang-tidy clang-tools cppcheck shellcheck cmake ninja-build
+fi
+build=build/lint
+jobs=$(nproc)
+cmake -S . -B $build -G Ninja -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ -DCONVERTNASTRAN_TESTS=OFF >/dev/null
+
+echo "== shellcheck"
+git ls-files '*.sh' | xargs shellcheck -x
+
+echo "== cppcheck"
+cppcheck --project=$build/compile_commands.json --enable=warning,performance,portability --std=c++20 --quiet -j "$jobs" \
+    --suppress=missingIncludeSystem --suppressions-list=scripts/cppcheck.supp --error-exitcode=1
+
+echo "== clang-tidy"
+git ls-files 'Converter/*.cpp' 'nas2zdt/*.cpp' 'platform/*.cpp' |
+    grep -v -E '^platform/(win32|gtk)/' | # these need what a build for them has
+    xargs -P "$jobs" -n 4 clang-tidy -quiet -p $build >$build/found 2>$build/progress || {
+    cat $build/found
+    exit 1
+}
+echo "no findings"

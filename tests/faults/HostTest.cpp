@@ -1,0 +1,169 @@
+// Hosts that are unlike a plain program: their locale, their stacks, their threads, loading and unloading.
+
+#include "faults/Host.h"
+
+#include "driver/ConvertFile.h"
+#include "faults/Faults.h"
+#include "platform/console/ConsoleDialogs.h"
+#include "support/Deck.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <dlfcn.h>
+#include <filesystem>
+#include <fstream>
+#include <locale>
+#include <pthread.h>
+#include <stdexcept>
+#include <thread>
+
+namespace {
+
+const std::vector<std::string> NAMES = {"all_cards", "frames", "loaded_frame", "loaded_plate", "portal_frame"};
+
+/// Converts a copy of an example and compares the bytes.
+void ConvertExample(const std::string& sName) {
+    const CTempFolder folder;
+    const std::string sDeck = folder.Path(sName + ".dat");
+    std::filesystem::copy_file(EXAMPLES "/" + sName + ".dat", sDeck);
+    EXPECT_EQ(RunFile(sDeck).sZDT, ReadText(EXAMPLES "/" + sName + ".zdt")) << sName;
+}
+
+class CCommaFacet : public std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+TEST(HostTest, AnotherLocale) {
+    const CTempFolder folder;
+    const std::string sMake = "localedef -i de_DE -f UTF-8 '" + folder.Path("de_DE.UTF-8") + "' >/dev/null 2>&1";
+    ::setenv("LOCPATH", folder.Path("").c_str(), 1);
+    if (std::system(sMake.c_str()) == 0 && std::setlocale(LC_ALL, "de_DE.UTF-8")) {
+        char aText[8];
+        std::snprintf(aText, sizeof aText, "%g", 1.5);
+        EXPECT_STREQ(aText, "1,5"); // the host's own numbers
+        for (const std::string& rName : NAMES) ConvertExample(rName);
+        std::setlocale(LC_ALL, "C");
+    }
+    const std::locale before = std::locale::global(std::locale(std::locale(), new CCommaFacet));
+    for (const std::string& rName : NAMES) ConvertExample(rName);
+    std::locale::global(before);
+}
+
+TEST(HostTest, AThreadWithASmallStack) {
+    const auto run = [](void*) -> void* {
+        ConvertExample("all_cards");
+        std::string sCards = "SPC1,1,1,1\n"; // 1001 lines: the longest card
+        for (int i = 0; i < 1000; ++i) sCards += ",2\n";
+        EXPECT_EQ(RunBulk("GRID,1\nGRID,2\n" + sCards).iRESULT, 1);
+        const CTempFolder folder;
+        for (int i = 0; i < 500; ++i) { // each includes the next
+            const std::string sNext = i < 499 ? "INCLUDE," + folder.Path(std::to_string(i + 1)) + "\n" : "";
+            WriteText(folder.Path(std::to_string(i)), "BEGIN BULK\nGRID," + std::to_string(i) + "\n" + sNext + "$\n");
+        }
+        EXPECT_EQ(RunFile(folder.Path("0")).iRESULT, 1);
+        return nullptr;
+    };
+    pthread_attr_t attributes;
+    ASSERT_EQ(::pthread_attr_init(&attributes), 0);
+    ASSERT_EQ(::pthread_attr_setstacksize(&attributes, 256 * 1024), 0);
+    pthread_t thread{};
+    ASSERT_EQ(::pthread_create(&thread, &attributes, run, nullptr), 0);
+    ::pthread_join(thread, nullptr);
+    ::pthread_attr_destroy(&attributes);
+}
+
+TEST(HostTest, ThreadsAtOnce) {
+    std::vector<std::thread> aThreads;
+    for (std::size_t i = 0; i < 8; ++i) {
+        aThreads.emplace_back([i] {
+            for (std::size_t nRun = 0; nRun < 10; ++nRun) ConvertExample(NAMES[(i + nRun) % NAMES.size()]);
+        });
+    }
+    for (std::thread& rThread : aThreads) rThread.join();
+}
+
+class CThrowingDialogs : public CConsoleDialogs {
+  public:
+    explicit CThrowingDialogs(bool bStandard) : m_bStandard(bStandard) {}
+    void ShowMessages(const std::vector<std::string>&) override {
+        if (m_bStandard) throw std::runtime_error("no window");
+        throw "no window";
+    }
+
+  private:
+    bool m_bStandard;
+};
+
+TEST(HostTest, DialogsThatThrow) {
+    for (const bool bStandard : {false, true}) {
+        const CTempFolder folder;
+        WriteText(folder.Path("deck.dat"), "BEGIN BULK\nENDDATA\n");
+        CThrowingDialogs dialogs(bStandard);
+        CConvertNastran run(dialogs);
+        EXPECT_EQ(run.Convert(folder.Path("deck.dat")), 0);
+        EXPECT_EQ(run.GetFailure().GetText(), bStandard ? "internal error: no window" : "internal error: ");
+    }
+}
+
+TEST(HostTest, ReasonsOfFailedRuns) {
+    const std::pair<T_FAIL_D, const char*> aReasons[] = {
+        {{FAILURE_NONE, {}, 0, 0, {}}, ""},
+        {{FAILURE_DECK_NOT_READ, "a.dat", 0, 0, {}}, "a.dat: can't be read to its end"},
+        {{FAILURE_RANGE_TOO_LONG, "a.dat", 7, 10, {}}, "a.dat:7: THRU range holds more than 10 ids"},
+        {{FAILURE_EXHAUSTED, "a.dat", 7, 0, {}}, "a.dat:7: not enough memory"},
+        {{FAILURE_EXHAUSTED, {}, 7, 0, {}}, "not enough memory"}, // not even for the name of the file
+    };
+    for (const auto& [failure, sText] : aReasons) EXPECT_EQ(failure.GetText(), sText);
+}
+
+long ResidentPages() {
+    long nAll = 0;
+    long nResident = 0;
+    std::ifstream("/proc/self/statm") >> nAll >> nResident;
+    return nResident;
+}
+
+bool IsLoaded(const std::string& sPath) {
+    void* const pLibrary = ::dlopen(sPath.c_str(), RTLD_NOW | RTLD_NOLOAD);
+    if (pLibrary) ::dlclose(pLibrary);
+    return pLibrary != nullptr;
+}
+
+TEST(HostTest, LoadingAndUnloadingAThousandTimes) {
+    ::unsetenv("DISPLAY"); // a desktop's windows stay loaded for good
+    ::unsetenv("WAYLAND_DISPLAY");
+    const CTempFolder folder;
+    const std::string sLibrary = folder.Path("library.so");
+    const std::string sMessages = folder.Path("Convertmsg.DLL");
+    std::filesystem::copy_file(LIBRARY, sLibrary);
+    std::filesystem::copy_file(MESSAGES, sMessages);
+    const std::string sDeck = folder.Path("grids.dat");
+    std::filesystem::copy_file(EXAMPLES "/grids.dat", sDeck);
+
+    long nLive = 0;
+    long nPages = 0;
+    for (int i = 0; i < 1000; ++i) {
+        void* const pLibrary = ::dlopen(sLibrary.c_str(), RTLD_NOW | RTLD_LOCAL);
+        ASSERT_TRUE(pLibrary) << ::dlerror();
+        ASSERT_TRUE(IsLoaded(sMessages));
+        const auto pfnConvert = reinterpret_cast<CONVERTFILE2>(::dlsym(pLibrary, "ConvertFile2"));
+        ASSERT_TRUE(pfnConvert && pfnConvert != &ConvertFile2);
+        ASSERT_EQ(CallAsHost(pfnConvert, sDeck).iRESULT, CONVERT_DONE);
+        ASSERT_EQ(::dlclose(pLibrary), 0);
+        ASSERT_FALSE(IsLoaded(sLibrary) || IsLoaded(sMessages));
+        if (i == 99) { // what a process makes once is made
+            nLive = LivePieces();
+            nPages = ResidentPages();
+        }
+    }
+    EXPECT_EQ(LivePieces(), nLive);
+    EXPECT_TRUE(SANITIZED || ResidentPages() - nPages < 64); // a sanitizer holds back what was freed
+    EXPECT_EQ(ReadText(folder.Path("grids.zdt")), ReadText(EXAMPLES "/grids.zdt"));
+}
+
+} // namespace
