@@ -63,11 +63,13 @@ int CDeckFile::Open(const std::string& sPath, std::string& rCause) {
         return 0;
     }
     m_iHandle = reinterpret_cast<std::intptr_t>(hFile);
+    LARGE_INTEGER size{};
     if (::GetFileType(hFile) != FILE_TYPE_DISK) {
         rCause = "Not a regular file";
-    } else if (!ReadId(hFile, m_id)) {
+    } else if (!ReadId(hFile, m_id) || !::GetFileSizeEx(hFile, &size)) {
         rCause = CauseText(::GetLastError());
     } else {
+        m_nUnread = static_cast<std::uint64_t>(size.QuadPart);
         return 1;
     }
     Close();
@@ -78,6 +80,8 @@ std::ptrdiff_t CDeckFile::Read(char* pBuffer, std::size_t nSize) {
     DWORD nRead = 0;
     const auto nPiece = static_cast<DWORD>(std::min(nSize, LARGEST_PIECE));
     if (!::ReadFile(ToHandle(m_iHandle), pBuffer, nPiece, &nRead, nullptr)) return -1;
+    if (nRead == 0 && m_nUnread > 0) return -1;
+    m_nUnread -= std::min(m_nUnread, static_cast<std::uint64_t>(nRead));
     return static_cast<std::ptrdiff_t>(nRead);
 }
 
