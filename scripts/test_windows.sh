@@ -33,7 +33,7 @@ if [ ! -d "$WINEPREFIX" ]; then
   wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
   wineserver -w
 fi
-windows_path() { printf 'Z:%s' "$1" | tr / '\\'; } # as Wine names it
+windows_path() { printf 'Z:%s' "$1" | tr / '\134'; } # as Wine names it
 
 echo "== tests"
 ctest --preset windows --no-tests=error

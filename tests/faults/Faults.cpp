@@ -72,7 +72,7 @@ long LivePieces() {
     return g_nLive;
 }
 
-// ---- memory: the other forms of new and delete come down to these
+// ---- memory: the other forms of new and delete come down to these, unless a sanitizer has its own
 
 void* operator new(std::size_t nSize) {
     return Allocate(nSize, alignof(std::max_align_t));
@@ -80,7 +80,17 @@ void* operator new(std::size_t nSize) {
 void* operator new(std::size_t nSize, std::align_val_t align) {
     return Allocate(nSize, static_cast<std::size_t>(align));
 }
+void* operator new(std::size_t nSize, const std::nothrow_t&) noexcept {
+    try {
+        return Allocate(nSize, alignof(std::max_align_t));
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
 void operator delete(void* p) noexcept {
+    Release(p);
+}
+void operator delete(void* p, const std::nothrow_t&) noexcept {
     Release(p);
 }
 void operator delete(void* p, std::size_t) noexcept {

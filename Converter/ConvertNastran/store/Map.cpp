@@ -6,16 +6,18 @@
 
 std::vector<std::uint32_t> SortByBucket(const std::vector<std::int32_t>& aKeys, std::vector<std::uint32_t> aPlaces,
                                         std::uint32_t nBuckets) {
-    // A chain grows at its head, so among keys of one bucket the later place comes first: start from the last place
-    // and sort by bucket without changing the order of equals.
-    std::reverse(aPlaces.begin(), aPlaces.end());
+    // A chain grows at its head, so among keys of one bucket the later place comes first.
     constexpr std::size_t FEW = 64;
     if (aPlaces.size() < FEW) { // most tables of most decks; counting digits would cost more
-        std::stable_sort(aPlaces.begin(), aPlaces.end(), [&](std::uint32_t a, std::uint32_t b) {
-            return HashKey(aKeys[a]) % nBuckets < HashKey(aKeys[b]) % nBuckets;
+        std::sort(aPlaces.begin(), aPlaces.end(), [&](std::uint32_t a, std::uint32_t b) {
+            const std::uint32_t nBucketA = HashKey(aKeys[a]) % nBuckets;
+            const std::uint32_t nBucketB = HashKey(aKeys[b]) % nBuckets;
+            return nBucketA != nBucketB ? nBucketA < nBucketB : a > b;
         });
         return aPlaces;
     }
+    // Start from the last place and sort by bucket without changing the order of equals.
+    std::reverse(aPlaces.begin(), aPlaces.end());
     std::vector<std::uint32_t> aBuckets(aPlaces.size());
     for (std::size_t i = 0; i < aPlaces.size(); ++i) aBuckets[i] = HashKey(aKeys[aPlaces[i]]) % nBuckets;
 
