@@ -40,6 +40,11 @@ start_screen() {
   DISPLAY=:$(cat "$number")
   export DISPLAY
   rm -f "$number"
+  tries=0
+  until xdotool getdisplaygeometry >/dev/null 2>&1 || [ $tries -ge 100 ]; do # it may tell its name before it listens
+    sleep 0.1
+    tries=$((tries + 1))
+  done
 }
 
 # A deck with more messages than the log holds, in $1.
