@@ -54,7 +54,9 @@ int CConvertNastran::SplitSmallLine(T_LINE_D& rLine, std::string_view& rFirst) {
                              : CNastranStrParser::RemoveBlanksOf8(pField);
     };
     rFirst = Field(0);
-    for (std::size_t iColumn = 8; iColumn < 72; iColumn += 8) m_card.aFIELDS.push_back(Field(iColumn));
+    const std::size_t nFields = m_card.aFIELDS.size();
+    m_card.aFIELDS.resize(nFields + 8);
+    for (std::size_t i = 0; i < 8; ++i) m_card.aFIELDS[nFields + i] = Field(8 * (i + 1));
     return 1;
 }
 

@@ -128,11 +128,12 @@ int CConvertNastran::PeekNextLine() {
     return 0;
 }
 
-/// Obeys a section marker, which counts in any section. Returns 1 if the line is one.
+/// Obeys a section marker, which counts in any section. Returns 1 if the line, which isn't empty, is one. Every line
+/// comes here, so the first letter decides for most.
 int CConvertNastran::SwitchSection(std::string_view sText) {
-    if (sText.starts_with("CEND")) {
+    if (sText[0] == 'C' && sText.starts_with("CEND")) {
         m_iSection = 1;
-    } else if (sText.starts_with("BEGIN BULK")) {
+    } else if (sText[0] == 'B' && sText.starts_with("BEGIN BULK")) {
         m_iSection = 2;
     } else {
         return 0;

@@ -3,6 +3,7 @@
 #include "reader/FieldParser.h"
 
 #include "driver/CConvertNastran.h"
+#include "reader/ShortNumbers.h"
 
 #include <array>
 #include <charconv>
@@ -105,6 +106,8 @@ double ConvertExactly(const T_DECIMAL_D& rDecimal) {
 } // namespace
 
 std::int32_t TextToInt(std::string_view sText) {
+    std::int32_t iShort = 0;
+    if (ReadShortInt(sText, iShort)) return iShort;
     const char* p = sText.data();
     const char* const pEnd = p + sText.size();
     while (p < pEnd && IsSpace(*p)) ++p;
@@ -120,6 +123,8 @@ std::int32_t TextToInt(std::string_view sText) {
 }
 
 double TextToReal(std::string_view sField) {
+    double dShort = 0.0;
+    if (ReadShortReal(sField, dShort)) return dShort;
     T_DECIMAL_D decimal;
     if (!ReadDecimal(sField, decimal)) return 0.0;
     double dValue = 0.0;

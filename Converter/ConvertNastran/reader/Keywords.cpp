@@ -4,6 +4,7 @@
 #include "reader/Keywords.h"
 
 #include "driver/CConvertNastran.h"
+#include "platform/TextWord.h"
 
 #include <cstdint>
 
@@ -257,9 +258,10 @@ static_assert(T_KEYW_D::TABLE[241].sNAME == "ENDDATA"); // an id is a place: a l
 
 namespace {
 
-constexpr std::uint64_t Pack(std::string_view sName) {
-    std::uint64_t nName = 0;
-    for (const char c : sName) nName = nName << 8 | static_cast<unsigned char>(c);
+/// What LoadWord makes of a name, at compile time.
+constexpr TEXTWORD Pack(std::string_view sName) {
+    TEXTWORD nName = 0;
+    for (std::size_t i = 0; i < sName.size(); ++i) nName |= TEXTWORD(static_cast<unsigned char>(sName[i])) << (8 * i);
     return nName;
 }
 
@@ -271,7 +273,7 @@ class CKeywordIndex {
     constexpr CKeywordIndex() {
         m_aRows.fill(NONE);
         for (std::size_t i = 0; i < T_KEYW_D::TABLE.size(); ++i) {
-            const std::uint64_t nName = Pack(T_KEYW_D::TABLE[i].sNAME);
+            const TEXTWORD nName = Pack(T_KEYW_D::TABLE[i].sNAME);
             std::size_t iPlace = Home(nName);
             while (m_aRows[iPlace] != NONE) iPlace = (iPlace + 1) % PLACES;
             m_aNames[iPlace] = nName;
@@ -279,7 +281,7 @@ class CKeywordIndex {
         }
     }
 
-    constexpr std::int16_t Find(std::uint64_t nName) const {
+    constexpr std::int16_t Find(TEXTWORD nName) const {
         std::size_t iPlace = Home(nName);
         while (m_aRows[iPlace] != NONE && m_aNames[iPlace] != nName) iPlace = (iPlace + 1) % PLACES;
         return m_aRows[iPlace];
@@ -287,9 +289,9 @@ class CKeywordIndex {
 
   private:
     static constexpr std::size_t PLACES = 512;
-    static constexpr std::size_t Home(std::uint64_t nName) { return (nName * 0x9E3779B97F4A7C15ull) >> 55; }
+    static constexpr std::size_t Home(TEXTWORD nName) { return (nName * 0x9E3779B97F4A7C15ull) >> 55; }
 
-    std::array<std::uint64_t, PLACES> m_aNames{};
+    std::array<TEXTWORD, PLACES> m_aNames{};
     std::array<std::int16_t, PLACES> m_aRows{};
 };
 
@@ -298,8 +300,8 @@ constexpr CKeywordIndex INDEX;
 } // namespace
 
 int CConvertNastran::KeywordToId(std::string_view sKeyword, std::int32_t& rId) {
-    if (sKeyword.size() > sizeof(std::uint64_t)) return 0; // no keyword is longer
-    const std::int16_t iRow = INDEX.Find(Pack(sKeyword));
+    if (sKeyword.size() > WORD_LENGTH) return 0; // no keyword is longer
+    const std::int16_t iRow = INDEX.Find(LoadWord(sKeyword.data(), sKeyword.size()));
     if (iRow == CKeywordIndex::NONE) return 0;
     rId = iRow;
     return 1;

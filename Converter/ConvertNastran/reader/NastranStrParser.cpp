@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -90,22 +89,6 @@ std::string_view CNastranStrParser::RemoveBlanks(char* pBegin, char* pEnd) {
     while (pBegin < pEnd && isBlank(pEnd[-1])) --pEnd;
     pEnd = std::remove_if(pBegin, pEnd, isBlank);
     return {pBegin, static_cast<std::size_t>(pEnd - pBegin)};
-}
-
-std::string_view CNastranStrParser::RemoveBlanksOf8(char* pField) {
-    // A bit for each column that isn't blank. Most fields are one word, which is its own result.
-    std::uint64_t nField = 0;
-    std::memcpy(&nField, pField, sizeof nField);
-    if constexpr (std::endian::native == std::endian::big) return RemoveBlanks(pField, pField + sizeof nField);
-    constexpr std::uint64_t LOW_BITS = 0x7F7F7F7F7F7F7F7F;
-    const std::uint64_t nOther = nField ^ 0x2020202020202020;
-    const std::uint64_t nFilled = (((nOther & LOW_BITS) + LOW_BITS) | nOther) & ~LOW_BITS;
-    if (nFilled == 0) return {pField, pField};
-    const int iFirst = std::countr_zero(nFilled) / 8;
-    const int nText = 8 - std::countl_zero(nFilled) / 8 - iFirst;
-    const std::uint64_t nOneWord = (~LOW_BITS >> (64 - 8 * nText)) << (8 * iFirst);
-    if (nFilled != nOneWord) return RemoveBlanks(pField, pField + sizeof nField);
-    return {pField + iFirst, static_cast<std::size_t>(nText)};
 }
 
 std::string_view CNastranStrParser::SplitFirstField(std::string_view sText) {

@@ -2,8 +2,10 @@
 // Operations on the text of a line. Everything is the C locale: upper case means a to z alone, white space is the six
 // characters of that locale.
 
+#include "platform/TextWord.h"
 #include "reader/Card.h"
 
+#include <bit>
 #include <cstddef>
 #include <string_view>
 #include <vector>
@@ -26,7 +28,18 @@ class CNastranStrParser {
     static std::string_view RemoveBlanks(char* pBegin, char* pEnd);
 
     /// The same for the eight columns at pField, which hold neither tabs nor line feeds.
-    static std::string_view RemoveBlanksOf8(char* pField);
+    static std::string_view RemoveBlanksOf8(char* pField) {
+        // A bit for each column that isn't blank. Most fields are one word, which is its own result.
+        constexpr TEXTWORD LOW_BITS = RepeatInWord(0x7F);
+        const TEXTWORD nOther = LoadWord(pField) ^ RepeatInWord(' ');
+        const TEXTWORD nFilled = (((nOther & LOW_BITS) + LOW_BITS) | nOther) & ~LOW_BITS;
+        if (nFilled == 0) return {pField, 0};
+        const int iFirst = std::countr_zero(nFilled) / 8;
+        const int nText = 8 - std::countl_zero(nFilled) / 8 - iFirst;
+        const TEXTWORD nOneWord = (~LOW_BITS >> (64 - 8 * nText)) << (8 * iFirst);
+        if (nFilled != nOneWord) return RemoveBlanks(pField, pField + WORD_LENGTH);
+        return {pField + iFirst, static_cast<std::size_t>(nText)};
+    }
 
     /// The text before the first comma, or columns 1 to 8 if there is none.
     static std::string_view SplitFirstField(std::string_view sText);

@@ -2,11 +2,12 @@
 
 #include "writer/Numbers.h"
 
+#include "platform/TextWord.h"
+
 #include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
-#include <cstring>
 
 namespace {
 
@@ -27,21 +28,32 @@ struct T_ROUNDED_D {
 bool RoundToDigits(double dValue, T_ROUNDED_D& rRounded) {
     const int nBinary = static_cast<int>(std::bit_cast<std::uint64_t>(dValue) >> 52) - 1023;
     int nExponent = (nBinary * 1233) >> 12; // log10(2) is 1233 / 4096 from below; at most one too small
-    for (int nTry = 0; nTry < 2; ++nTry, ++nExponent) {
+    if (nExponent < DIGITS - 1 - MOST_POWER || nExponent >= DIGITS - 1 + MOST_POWER) return false;
+    const auto scaled = [&] {
         const int nPower = DIGITS - 1 - nExponent;
-        if (nPower < -MOST_POWER || nPower > MOST_POWER) return false;
-        const double dScaled = nPower < 0 ? dValue / POWERS[static_cast<std::size_t>(-nPower)]
-                                          : dValue * POWERS[static_cast<std::size_t>(nPower)];
-        if (dScaled >= 1e6) continue;
-        // dScaled is the true quotient to half a unit in its last place, less than 1e-10 here
-        const auto nFloor = static_cast<std::uint32_t>(dScaled);
-        const double dFraction = dScaled - nFloor;
-        if (dScaled < 1e5 || std::fabs(dFraction - 0.5) < 1e-9) return false;
-        rRounded = {nFloor + (dFraction > 0.5 ? 1 : 0), nExponent};
-        if (rRounded.nDigits == 1000000) rRounded = {100000, nExponent + 1};
-        return true;
-    }
-    return false;
+        return nPower < 0 ? dValue / POWERS[static_cast<std::size_t>(-nPower)]
+                          : dValue * POWERS[static_cast<std::size_t>(nPower)];
+    };
+    nExponent += scaled() >= 1e6;
+    const double dScaled = scaled(); // the true quotient to half a unit in its last place, less than 1e-10 here
+    if (!(dScaled >= 1e5 && dScaled < 1e6)) return false;
+    const auto nFloor = static_cast<std::uint32_t>(dScaled);
+    const double dFraction = dScaled - nFloor;
+    if (std::fabs(dFraction - 0.5) < 1e-9) return false;
+    rRounded = {nFloor + (dFraction > 0.5), nExponent};
+    if (rRounded.nDigits == 1000000) rRounded = {100000, nExponent + 1};
+    return true;
+}
+
+/// The eight decimal digits of nValue, which is below 10^8, a byte each, the first in the lowest.
+TEXTWORD SpreadDigits(std::uint32_t nValue) {
+    // Each step halves all pieces at once; a division is a multiplication by the reciprocal, rounded up, which is exact
+    // for pieces this small.
+    const TEXTWORD nFours = nValue / 10000 | TEXTWORD(nValue % 10000) << 32;
+    const TEXTWORD nHundreds = ((nFours * 10486) >> 20) & 0x0000007F0000007F;
+    const TEXTWORD nTwos = nHundreds | (nFours - 100 * nHundreds) << 16;
+    const TEXTWORD nTens = ((nTwos * 103) >> 10) & 0x000F000F000F000F;
+    return nTens | (nTwos - 10 * nTens) << 8;
 }
 
 char* PutExponent(char* p, int nExponent) {
@@ -56,7 +68,15 @@ char* PutExponent(char* p, int nExponent) {
 } // namespace
 
 char* PutInt(char* p, std::int32_t iValue) {
-    return std::to_chars(p, p + LONGEST_INT, iValue).ptr;
+    const std::uint32_t nValue =
+        iValue < 0 ? 0 - static_cast<std::uint32_t>(iValue) : static_cast<std::uint32_t>(iValue);
+    if (nValue >= 100000000) return std::to_chars(p, p + LONGEST_INT, iValue).ptr;
+    *p = '-';
+    p += iValue < 0;
+    const TEXTWORD nDigits = SpreadDigits(nValue);
+    const int nZeros = std::countr_zero(nDigits | TEXTWORD(1) << 56) / 8; // in front; of a 0 the last one stays
+    StoreWord(p, (nDigits | EIGHT_ZEROS) >> (8 * nZeros));
+    return p + static_cast<int>(WORD_LENGTH) - nZeros;
 }
 
 char* PutReal(char* p, double dValue) {
@@ -72,27 +92,23 @@ char* PutReal(char* p, double dValue) {
     if (!std::isfinite(dValue) || !RoundToDigits(dValue, rounded)) {
         return std::to_chars(p, p + LONGEST_REAL, dValue, std::chars_format::general, DIGITS).ptr;
     }
-    char aDigits[DIGITS];
-    for (int i = DIGITS - 1; i >= 0; --i, rounded.nDigits /= 10) {
-        aDigits[i] = static_cast<char>('0' + rounded.nDigits % 10);
-    }
-    int nDigits = DIGITS;
-    while (nDigits > 1 && aDigits[nDigits - 1] == '0') --nDigits;
-
+    const TEXTWORD nSpread = SpreadDigits(rounded.nDigits * 100);
+    const TEXTWORD nText = nSpread | EIGHT_ZEROS;
+    const int nDigits = static_cast<int>(WORD_LENGTH) - std::countl_zero(nSpread) / 8; // without zeros at the end
     const int nExponent = rounded.nExponent;
     const bool bScientific = nExponent < -4 || nExponent >= DIGITS;
-    int nWhole = bScientific ? 1 : nExponent + 1; // digits before the point
+    const int nWhole = bScientific ? 1 : nExponent + 1; // digits before the point
     if (nWhole <= 0) {
-        *p++ = '0';
-        *p++ = '.';
-        for (; nWhole < 0; ++nWhole) *p++ = '0';
-        std::memcpy(p, aDigits, static_cast<std::size_t>(nDigits));
+        StoreWord(p, LoadWord("0.000000"));
+        p += 2 - nWhole;
+        StoreWord(p, nText);
         return p + nDigits;
     }
-    for (int i = 0; i < nWhole; ++i) *p++ = aDigits[i]; // trailing zeros of a whole number are among the six digits
+    StoreWord(p, nText); // zeros at the end of a whole number are among the six digits
+    p += nWhole;
     if (nDigits > nWhole) {
         *p++ = '.';
-        std::memcpy(p, aDigits + nWhole, static_cast<std::size_t>(nDigits - nWhole));
+        StoreWord(p, nText >> (8 * nWhole));
         p += nDigits - nWhole;
     }
     return bScientific ? PutExponent(p, nExponent) : p;

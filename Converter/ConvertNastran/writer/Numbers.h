@@ -4,12 +4,13 @@
 #include <cstddef>
 #include <cstdint>
 
-constexpr std::size_t LONGEST_INT = 11;
-constexpr std::size_t LONGEST_REAL = 16;
+// Room that a number needs while it is written; its text is shorter.
+constexpr std::size_t LONGEST_INT = 16;
+constexpr std::size_t LONGEST_REAL = 24;
 
-/// Writes what %d gives, at most LONGEST_INT characters, and returns the place behind it.
+/// Writes what %d gives into LONGEST_INT characters of room and returns the place behind it.
 char* PutInt(char* p, std::int32_t iValue);
 
-/// Writes what %g gives, at most LONGEST_REAL characters, and returns the place behind it. At least two exponent
+/// Writes what %g gives into LONGEST_REAL characters of room and returns the place behind it. At least two exponent
 /// digits; infinities are "inf" and "-inf", not-a-numbers "nan" and "-nan" by the sign bit.
 char* PutReal(char* p, double dValue);
