@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -28,12 +29,13 @@ constexpr E_ARG_KIND ArgKind() {
 }
 
 /// A format for arguments of these types. %d, %g and %s with a width are known; a wrong count or type doesn't compile.
+/// It is as small as it can be, since each line that is written makes one.
 template <class... ARGS>
 class T_FORMAT_D {
   public:
     static constexpr std::size_t COUNT = sizeof...(ARGS);
 
-    consteval T_FORMAT_D(const char* sFormat) {
+    consteval T_FORMAT_D(const char* sFormat) : m_sFormat(sFormat) {
         constexpr std::array<E_ARG_KIND, COUNT + 1> KINDS = {ArgKind<ARGS>()...};
         std::size_t iArg = 0;
         const char* pLiteral = sFormat;
@@ -44,27 +46,35 @@ class T_FORMAT_D {
                 continue;
             }
             if (iArg == COUNT) throw "the format has more placeholders than there are arguments";
-            T_PART_D& rPart = m_aParts[iArg];
-            rPart.sLITERAL = {pLiteral, static_cast<std::size_t>(p - pLiteral)};
-            for (++p; *p >= '0' && *p <= '9'; ++p)
-                rPart.nWIDTH = rPart.nWIDTH * 10 + static_cast<std::size_t>(*p - '0');
+            SetLiteral(iArg, pLiteral, p);
+            for (++p; *p >= '0' && *p <= '9'; ++p) {
+                m_aWidths[iArg] = static_cast<std::uint8_t>(m_aWidths[iArg] * 10 + (*p - '0'));
+            }
             if (*p != KINDS[iArg]) throw "the placeholder isn't for an argument of this type";
             pLiteral = ++p;
             ++iArg;
         }
         if (iArg != COUNT) throw "the format has fewer placeholders than there are arguments";
-        m_aParts[COUNT].sLITERAL = {pLiteral, static_cast<std::size_t>(p - pLiteral)};
+        SetLiteral(COUNT, pLiteral, p);
     }
 
-    /// The text before a placeholder, and the least number of characters that its argument takes.
-    struct T_PART_D {
-        std::string_view sLITERAL;
-        std::size_t nWIDTH = 0;
-    };
-    constexpr const T_PART_D& operator[](std::size_t i) const { return m_aParts[i]; }
+    /// The text before placeholder i, or behind the last one.
+    constexpr std::string_view Literal(std::size_t i) const { return {m_sFormat + m_aBegins[i], m_aLengths[i]}; }
+
+    /// The least number of characters that argument i takes.
+    constexpr std::size_t Width(std::size_t i) const { return m_aWidths[i]; }
 
   private:
-    std::array<T_PART_D, COUNT + 1> m_aParts; // the last is what stands behind the last placeholder
+    consteval void SetLiteral(std::size_t i, const char* pBegin, const char* pEnd) {
+        if (pEnd - m_sFormat > std::numeric_limits<std::uint16_t>::max()) throw "the format is too long";
+        m_aBegins[i] = static_cast<std::uint16_t>(pBegin - m_sFormat);
+        m_aLengths[i] = static_cast<std::uint16_t>(pEnd - pBegin);
+    }
+
+    const char* m_sFormat;
+    std::array<std::uint16_t, COUNT + 1> m_aBegins = {};
+    std::array<std::uint16_t, COUNT + 1> m_aLengths = {};
+    std::array<std::uint8_t, COUNT + 1> m_aWidths = {};
 };
 
 inline std::size_t LongestText(std::int32_t) {
@@ -89,10 +99,19 @@ inline char* PutValue(char* p, std::string_view sText) {
     return p + sText.size();
 }
 
+/// Writes a text that is most often two characters long.
+inline char* PutLiteral(char* p, std::string_view sText) {
+    if (sText.size() == 2) {
+        std::memcpy(p, sText.data(), 2);
+    } else {
+        std::memcpy(p, sText.data(), sText.size());
+    }
+    return p + sText.size();
+}
+
 template <class VALUE>
 char* PutPart(char* p, std::string_view sLiteral, std::size_t nWidth, const VALUE& value) {
-    std::memcpy(p, sLiteral.data(), sLiteral.size());
-    p += sLiteral.size();
+    p = PutLiteral(p, sLiteral);
     char* pEnd = PutValue(p, value);
     const auto nText = static_cast<std::size_t>(pEnd - p);
     if (nText >= nWidth) return pEnd;
@@ -105,12 +124,12 @@ char* PutPart(char* p, std::string_view sLiteral, std::size_t nWidth, const VALU
 template <class... ARGS>
 void FormatTo(CFile& rFile, const T_FORMAT_D<ARGS...>& rFormat, const ARGS&... args) {
     std::size_t i = 0;
-    std::size_t nRoom = rFormat[sizeof...(ARGS)].sLITERAL.size();
-    ((nRoom += rFormat[i].sLITERAL.size() + rFormat[i].nWIDTH + LongestText(args), ++i), ...);
+    std::size_t nRoom = rFormat.Literal(sizeof...(ARGS)).size();
+    ((nRoom += rFormat.Literal(i).size() + rFormat.Width(i) + LongestText(args), ++i), ...);
     char* const pBegin = rFile.Reserve(nRoom);
     char* p = pBegin;
     i = 0;
-    ((p = PutPart(p, rFormat[i].sLITERAL, rFormat[i].nWIDTH, args), ++i), ...);
-    p = PutValue(p, rFormat[sizeof...(ARGS)].sLITERAL);
+    ((p = PutPart(p, rFormat.Literal(i), rFormat.Width(i), args), ++i), ...);
+    p = PutLiteral(p, rFormat.Literal(sizeof...(ARGS)));
     rFile.Commit(static_cast<std::size_t>(p - pBegin));
 }

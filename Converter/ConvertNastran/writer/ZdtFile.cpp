@@ -8,8 +8,8 @@ std::string CConvertNastran::TargetPath(const std::string& sPath) {
     return sPath.substr(0, sPath.rfind('.')) + ".zdt";
 }
 
-/// Writes the model beside the deck sPath, or where the host wants it. Returns 1, also when the file fails, which the user is told; 0 if a section
-/// writer gave up.
+/// Writes the model beside the deck sPath, or where the host wants it. Returns 1, also when the file fails, which the
+/// user is told; 0 if a section writer gave up.
 int CConvertNastran::WriteZdtFile(const std::string& sPath) {
     CFile file;
     try {
@@ -29,8 +29,6 @@ int CConvertNastran::WriteZdtFile(const std::string& sPath) {
 /// The sections in the order of the file. Returns 0 at the first that does.
 int CConvertNastran::WriteModel(CFile& rFile) {
     using WRITER = int (CConvertNastran::*)(CFile&);
-    // clang-format off
-    // clang-format off
     // clang-format off
     static constexpr WRITER STEPS[] = {
         &CConvertNastran::WriteFileVersion,
