@@ -59,7 +59,7 @@ int CConvertNastran::ParsePLOAD1(const T_DATA_D& rCard) {
 
 int CConvertNastran::ParsePLOAD2(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
-    CArray<T_MBLD_D>& rEntries = EnsureLoadSet(fields.Int()).aMBLD;
+    CLoadEntries& rEntries = EnsureLoadSet(fields.Int()).aMBLD;
     T_MBLD_D entry;
     entry.iKIND = LOAD_PRESSURE;
     entry.iFORM = FORM_PLAIN;

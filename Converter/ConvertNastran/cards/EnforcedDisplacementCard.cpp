@@ -7,7 +7,7 @@
 /// A load, not a constraint. The first pair stands whatever its grid is.
 int CConvertNastran::ParseSPCD(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
-    CArray<T_MBLD_D>& rEntries = EnsureLoadSet(fields.Int()).aMBLD;
+    CLoadEntries& rEntries = EnsureLoadSet(fields.Int()).aMBLD;
     for (int iPair = 0; iPair < 2; ++iPair) {
         T_MBLD_D entry;
         entry.iKIND = LOAD_DISPLACEMENT;

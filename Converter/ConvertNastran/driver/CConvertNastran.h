@@ -308,6 +308,7 @@ class CConvertNastran {
 
     // writer/PressureLoads.cpp
     int WritePressureLoads(CFile& rFile, const T_LOAD_D& rSet);
+    int WritePressureLoad(CFile& rFile, const T_MBLD_D& rEntry, std::int32_t iType);
     int WritePlatePressure(CFile& rFile, const T_MBLD_D& rEntry);
     int WriteSolidPressure(CFile& rFile, const T_MBLD_D& rEntry, std::int32_t iFace);
 

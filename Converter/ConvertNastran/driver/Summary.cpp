@@ -87,11 +87,11 @@ class CTally {
 void CConvertNastran::WriteSummary() {
     const CDataPool& rPool = *m_pDataPool;
     CTally elements, properties, loads;
-    for (const std::uint16_t nTraits : rPool.ELEM.GetTraits())
-        elements.Add(TypeOfTraits(nTraits), ShapeOfTraits(nTraits));
+    rPool.ELEM.ForEachTraits(
+        [&](std::uint16_t nTraits) { elements.Add(TypeOfTraits(nTraits), ShapeOfTraits(nTraits)); });
     rPool.PROP.ForEach([&](std::int32_t, const T_PROP_D& rProperty) { properties.Add(rProperty.iPROPTYPE); });
     rPool.LOAD.ForEach([&](std::int32_t, const T_LOAD_D& rSet) {
-        for (const T_MBLD_D& rEntry : rSet.aMBLD) loads.Add(rEntry.iKIND);
+        for (const std::int8_t iKind : rSet.aMBLD.GetKinds()) loads.Add(iKind);
     });
     const T_CNST_D* pLastSet = rPool.CNST.Find(rPool.m_iLastCNST);
 

@@ -15,9 +15,8 @@ void TakeVector(const CDataPool& rPool, std::int32_t iFrom, std::int32_t iTo, VE
     for (int i = 0; i < 3; ++i) rVector[i] -= dFrom[i];
 }
 
-/// The direction of an entry, not yet of length 1. Returns 0 for an entry that has its components.
+/// The direction of a force or moment, not yet of length 1. Returns 0 for one that has its components.
 int TakeDirection(const CDataPool& rPool, const T_MBLD_D& rLoad, VECTOR& rDirection) {
-    if (rLoad.iKIND != LOAD_FORCE && rLoad.iKIND != LOAD_MOMENT) return 0;
     if (rLoad.iFORM == FORM_TWO_GRIDS) {
         TakeVector(rPool, rLoad.iG[0], rLoad.iG[1], rDirection);
         return 1;
@@ -37,10 +36,11 @@ int TakeDirection(const CDataPool& rPool, const T_MBLD_D& rLoad, VECTOR& rDirect
 void CDataPool::ResolveLoadDirections() {
     CArray<std::int32_t> aIds;
     if (!GetSortedLoadIds(aIds)) return;
+    const auto isNodal = [](std::int8_t iKind) { return iKind == LOAD_FORCE || iKind == LOAD_MOMENT; };
     VECTOR dDirection;
     VECTOR dUnit = {}; // lives over all sets: a direction without length takes the one before it
     for (const std::int32_t iID : aIds) {
-        for (T_MBLD_D& rLoad : LOAD.Find(iID)->aMBLD) {
+        for (T_MBLD_D& rLoad : LOAD.Find(iID)->aMBLD.Walk(isNodal)) {
             if (!TakeDirection(*this, rLoad, dDirection)) continue;
             CMathFunc::Normalize(dDirection, dUnit);
             const double dMagnitude = rLoad.dV[0];

@@ -41,16 +41,13 @@ void CKeyIndex::Add(std::int32_t iKey, std::uint32_t iPlace) {
     const auto nKey = static_cast<std::uint32_t>(iKey);
     std::uint32_t iPage = FindPage(nKey / PAGE);
     if (iPage == NONE) {
-        iPage = static_cast<std::uint32_t>(m_aPages.size());
-        m_aPages.emplace_back().fill(NONE);
-        try {
-            if (m_aPages.size() * 2 > m_aEntries.size()) Grow();
-            const T_ENTRY_D added{nKey / PAGE, iPage};
-            if (!TryPut(m_aEntries, added)) m_mapCrowded.emplace(added.nGroup, added.iPage);
-        } catch (...) {
-            m_aPages.pop_back();
-            throw;
-        }
+        iPage = m_nPages;
+        if (iPage == m_aBlocks.size() * BLOCK) m_aBlocks.push_back(std::make_unique_for_overwrite<T_BLOCK_D>());
+        Page(iPage).fill(NONE);
+        if ((std::size_t(iPage) + 1) * 2 > m_aEntries.size()) Grow();
+        const T_ENTRY_D added{nKey / PAGE, iPage};
+        if (!TryPut(m_aEntries, added)) m_mapCrowded.emplace(added.nGroup, added.iPage);
+        ++m_nPages;
     }
-    m_aPages[iPage][nKey % PAGE] = iPlace;
+    Page(iPage)[nKey % PAGE] = iPlace;
 }

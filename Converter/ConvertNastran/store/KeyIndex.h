@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <vector>
 
 /// Ids are kept in pages of sixteen neighbours, and the pages are found through open addressing: the dense ids of an
@@ -19,7 +20,7 @@ class CKeyIndex {
     std::uint32_t Find(std::int32_t iKey) const {
         const auto nKey = static_cast<std::uint32_t>(iKey);
         const std::uint32_t iPage = FindPage(nKey / PAGE);
-        return iPage == NONE ? NONE : m_aPages[iPage][nKey % PAGE];
+        return iPage == NONE ? NONE : Page(iPage)[nKey % PAGE];
     }
 
     /// Sets the place of iKey. If it throws, nothing has changed for any key.
@@ -41,6 +42,12 @@ class CKeyIndex {
         return ((nGroup * 0x9E3779B97F4A7C15ull) >> 32) & (aEntries.size() - 1);
     }
 
+    using T_PAGE_D = std::array<std::uint32_t, PAGE>; // places of neighbours, NONE without a record
+    static constexpr std::uint32_t BLOCK = 1024;
+    using T_BLOCK_D = std::array<T_PAGE_D, BLOCK>;
+
+    T_PAGE_D& Page(std::uint32_t iPage) const { return (*m_aBlocks[iPage / BLOCK])[iPage % BLOCK]; }
+
     std::uint32_t FindPage(std::uint32_t nGroup) const {
         if (m_aEntries.empty()) return NONE;
         std::size_t i = Home(m_aEntries, nGroup);
@@ -57,5 +64,6 @@ class CKeyIndex {
 
     DIRECTORY m_aEntries;                                // its size is a power of two
     std::map<std::uint32_t, std::uint32_t> m_mapCrowded; // from a group to its page, those without a place above
-    std::vector<std::array<std::uint32_t, PAGE>> m_aPages;
+    std::vector<std::unique_ptr<T_BLOCK_D>> m_aBlocks;   // the pages; they never move
+    std::uint32_t m_nPages = 0;
 };

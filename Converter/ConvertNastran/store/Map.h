@@ -2,14 +2,15 @@
 // The keyed table: records by a signed 32-bit id. The order of a walk is part of the output and is that of a chained
 // hash table with a fixed number of buckets, each chain grown at its head.
 
+#include "platform/Memory.h"
 #include "store/KeyIndex.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
+#include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <memory>
-#include <new>
 #include <stdexcept>
 #include <type_traits>
 #include <utility>
@@ -22,9 +23,16 @@ constexpr std::uint32_t HashKey(std::int32_t iKey) {
     return iHash < 0 ? static_cast<std::uint32_t>(iHash) + 2147483647u : static_cast<std::uint32_t>(iHash);
 }
 
-/// Places of a table's records sorted by bucket, in a bucket the last added first. aKeys holds the key of each place.
-std::vector<std::uint32_t> SortByBucket(const std::vector<std::int32_t>& aKeys, std::vector<std::uint32_t> aPlaces,
-                                        std::uint32_t nBuckets);
+/// A record's rank in store order: by bucket, in a bucket the last added first, as a chain that grows at its head.
+constexpr std::uint64_t StoreOrder(std::uint32_t nBucket, std::uint32_t iPlace) {
+    return std::uint64_t(nBucket) << 32 | ~iPlace;
+}
+constexpr std::uint32_t PlaceOfOrder(std::uint64_t nOrder) {
+    return ~static_cast<std::uint32_t>(nOrder);
+}
+
+/// The places of records in store order. aOrder has their ranks, by ascending place.
+std::vector<std::uint32_t> SortByBucket(std::vector<std::uint64_t> aOrder, std::uint32_t nBuckets);
 
 /// Records that tell in a number what walks choose them by. The number is taken when a record is stored and must not
 /// change while it lies in the table.
@@ -45,13 +53,12 @@ class CMap {
     CMap& operator=(const CMap&) = delete;
     ~CMap() {
         if constexpr (!std::is_trivially_destructible_v<RECORD>) {
-            for (std::size_t i = 0; i < m_aKeys.size(); ++i) std::destroy_at(&At(i));
+            for (std::size_t i = 0; i < m_nRecords; ++i) std::destroy_at(&At(i));
         }
-        for (RECORD* pBlock : m_aBlocks) ::operator delete(pBlock, std::align_val_t(alignof(RECORD)));
     }
 
-    std::size_t GetCount() const { return m_aKeys.size(); }
-    bool IsEmpty() const { return m_aKeys.empty(); }
+    std::size_t GetCount() const { return m_nRecords; }
+    bool IsEmpty() const { return m_nRecords == 0; }
 
     /// Stores a record under a key. A record that is there already is replaced and keeps its place. Always 1.
     template <class VALUE>
@@ -59,7 +66,7 @@ class CMap {
         const std::uint32_t iPlace = m_index.Find(iKey);
         if (iPlace != CKeyIndex::NONE) {
             At(iPlace) = std::forward<VALUE>(record);
-            if constexpr (HasTraits<RECORD>) m_aTraits[iPlace] = At(iPlace).Traits();
+            if constexpr (HasTraits<RECORD>) TraitsAt(iPlace) = At(iPlace).Traits();
         } else {
             Append(iKey, std::forward<VALUE>(record));
         }
@@ -72,11 +79,6 @@ class CMap {
         return iPlace == CKeyIndex::NONE ? nullptr : &At(iPlace);
     }
     const RECORD* Find(std::int32_t iKey) const { return const_cast<CMap*>(this)->Find(iKey); }
-
-    /// Asks for the record of a key, which is wanted soon, to be fetched from memory meanwhile.
-    void Prefetch(std::int32_t iKey) const {
-        if (const RECORD* pRecord = Find(iKey)) __builtin_prefetch(pRecord);
-    }
 
     /// Copies the record of a key. Returns 1, or 0 if there is none.
     int Lookup(std::int32_t iKey, RECORD& rRecord) const {
@@ -95,23 +97,32 @@ class CMap {
     /// record by itself. visit may change the record but adds none to this table.
     template <class VISIT>
     void ForEach(VISIT visit) {
-        for (std::size_t i = 0; i < m_aKeys.size(); ++i) visit(m_aKeys[i], At(i));
+        for (std::size_t i = 0; i < m_nRecords; ++i) visit(KeyAt(i), At(i));
     }
     template <class VISIT>
     void ForEach(VISIT visit) const {
-        for (std::size_t i = 0; i < m_aKeys.size(); ++i) visit(m_aKeys[i], At(i));
+        for (std::size_t i = 0; i < m_nRecords; ++i) visit(KeyAt(i), At(i));
     }
 
     /// The same for the records that taken accepts by their traits: the others aren't touched.
     template <class PREDICATE, class VISIT>
     void ForEach(PREDICATE taken, VISIT visit) {
-        for (std::size_t i = 0; i < m_aTraits.size(); ++i) {
-            if (taken(m_aTraits[i])) visit(m_aKeys[i], At(i));
+        for (std::size_t i = 0; i < m_nRecords; ++i) {
+            if (taken(TraitsAt(i))) visit(KeyAt(i), At(i));
         }
     }
 
-    /// The traits of all records in the order of insertion.
-    const std::vector<std::uint16_t>& GetTraits() const { return m_aTraits; }
+    /// The traits of the record of a key, 0 if there is none.
+    std::uint16_t TraitsOf(std::int32_t iKey) const {
+        const std::uint32_t iPlace = m_index.Find(iKey);
+        return iPlace == CKeyIndex::NONE ? std::uint16_t(0) : TraitsAt(iPlace);
+    }
+
+    /// Calls visit(traits) for all records in the order of insertion.
+    template <class VISIT>
+    void ForEachTraits(VISIT visit) const {
+        for (std::size_t i = 0; i < m_nRecords; ++i) visit(TraitsAt(i));
+    }
 
     /// Some of the records, in an order of their own.
     template <class MAP, class ITEM>
@@ -123,7 +134,7 @@ class CMap {
           public:
             CPosition(MAP* pMap, const std::uint32_t* pPlace) : m_pMap(pMap), m_pPlace(pPlace) {}
             std::pair<std::int32_t, ITEM&> operator*() const {
-                return {m_pMap->m_aKeys[*m_pPlace], m_pMap->At(*m_pPlace)};
+                return {m_pMap->KeyAt(*m_pPlace), m_pMap->At(*m_pPlace)};
             }
             CPosition& operator++() {
                 ++m_pPlace;
@@ -149,11 +160,11 @@ class CMap {
     /// at a record or, where a table has them, at its traits, which costs a fraction.
     template <class PREDICATE>
     WALK Walk(PREDICATE taken) {
-        return {*this, SortByBucket(m_aKeys, Places(taken), m_nBuckets)};
+        return {*this, InStoreOrder(taken)};
     }
     template <class PREDICATE>
     CONST_WALK Walk(PREDICATE taken) const {
-        return {*this, SortByBucket(m_aKeys, Places(taken), m_nBuckets)};
+        return {*this, InStoreOrder(taken)};
     }
 
     /// All records in store order.
@@ -163,10 +174,12 @@ class CMap {
     /// The records that taken accepts, by ascending id.
     template <class PREDICATE>
     CONST_WALK Sorted(PREDICATE taken) const {
-        std::vector<std::uint32_t> aPlaces = Places(taken);
+        std::vector<std::uint32_t> aPlaces(CountTaken(taken));
+        auto pPlace = aPlaces.begin();
+        ForEachTaken(taken, [&](std::uint32_t i) { *pPlace++ = i; });
         if (!m_bAscending) {
             std::sort(aPlaces.begin(), aPlaces.end(),
-                      [this](std::uint32_t a, std::uint32_t b) { return m_aKeys[a] < m_aKeys[b]; });
+                      [this](std::uint32_t a, std::uint32_t b) { return KeyAt(a) < KeyAt(b); });
         }
         return {*this, std::move(aPlaces)};
     }
@@ -176,64 +189,84 @@ class CMap {
     template <class, class>
     friend class CWalk;
 
-    // Records in a block: a power of two makes finding one a shift and a mask. Memory that isn't touched isn't taken, so
-    // a block may be large.
+    // Records in a block: a power of two makes finding one a shift and a mask. Memory that isn't touched isn't taken,
+    // so a block may be large; and nothing is ever moved to a larger place.
     static constexpr std::size_t BLOCK = std::bit_floor((std::size_t(1) << 20) / sizeof(RECORD));
+
+    struct T_BLOCK_D {
+        std::array<std::int32_t, BLOCK> aKEYS;
+        std::array<std::uint16_t, HasTraits<RECORD> ? BLOCK : 0> aTRAITS;
+        alignas(RECORD) std::array<std::byte, BLOCK * sizeof(RECORD)> aRECORDS; // made and destroyed one by one
+    };
 
     static bool All(const RECORD&) { return true; }
 
-    RECORD& At(std::size_t i) { return m_aBlocks[i / BLOCK][i % BLOCK]; }
-    const RECORD& At(std::size_t i) const { return m_aBlocks[i / BLOCK][i % BLOCK]; }
+    RECORD* Room(std::size_t i) const {
+        return reinterpret_cast<RECORD*>(m_aBlocks[i / BLOCK]->aRECORDS.data()) + i % BLOCK;
+    }
+    RECORD& At(std::size_t i) { return *Room(i); }
+    const RECORD& At(std::size_t i) const { return *Room(i); }
+    std::int32_t& KeyAt(std::size_t i) const { return m_aBlocks[i / BLOCK]->aKEYS[i % BLOCK]; }
+    std::uint16_t& TraitsAt(std::size_t i) const { return m_aBlocks[i / BLOCK]->aTRAITS[i % BLOCK]; }
 
     template <class PREDICATE>
-    std::vector<std::uint32_t> Places(PREDICATE taken) const {
-        std::vector<std::uint32_t> aPlaces;
-        if constexpr (std::is_same_v<PREDICATE, bool (*)(const RECORD&)>) aPlaces.reserve(m_aKeys.size());
-        const auto accepted = [&](std::size_t i) {
-            if constexpr (HasTraits<RECORD> && std::is_invocable_v<PREDICATE, std::uint16_t>) {
-                return taken(m_aTraits[i]);
-            } else {
-                return taken(At(i));
-            }
-        };
-        for (std::size_t i = 0; i < m_aKeys.size(); ++i) {
-            if (accepted(i)) aPlaces.push_back(static_cast<std::uint32_t>(i));
+    bool IsTaken(PREDICATE& rTaken, std::size_t i) const {
+        if constexpr (HasTraits<RECORD> && std::is_invocable_v<PREDICATE, std::uint16_t>) {
+            return rTaken(TraitsAt(i));
+        } else {
+            return rTaken(At(i));
         }
-        return aPlaces;
+    }
+
+    /// Calls visit(place) for the records that taken accepts.
+    template <class PREDICATE, class VISIT>
+    void ForEachTaken(PREDICATE taken, VISIT visit) const {
+        for (std::size_t i = 0; i < m_nRecords; ++i) {
+            if (IsTaken(taken, i)) visit(static_cast<std::uint32_t>(i));
+        }
+    }
+
+    template <class PREDICATE>
+    std::size_t CountTaken(PREDICATE taken) const {
+        std::size_t nTaken = 0;
+        ForEachTaken(taken, [&](std::uint32_t) { ++nTaken; });
+        return nTaken;
+    }
+
+    template <class PREDICATE>
+    std::vector<std::uint32_t> InStoreOrder(PREDICATE taken) const {
+        std::vector<std::uint64_t> aOrder(CountTaken(taken));
+        auto pOrder = aOrder.begin();
+        ForEachTaken(taken, [&](std::uint32_t i) { *pOrder++ = StoreOrder(HashKey(KeyAt(i)) % m_nBuckets, i); });
+        return SortByBucket(std::move(aOrder), m_nBuckets);
     }
 
     template <class VALUE>
     RECORD& Append(std::int32_t iKey, VALUE&& record) {
-        const std::size_t iPlace = m_aKeys.size();
+        const std::size_t iPlace = m_nRecords;
         if (iPlace >= CKeyIndex::NONE) throw std::length_error("CMap: too many records");
         if (iPlace == m_aBlocks.size() * BLOCK) {
-            if (m_aBlocks.size() == m_aBlocks.capacity()) m_aBlocks.reserve(m_aBlocks.size() * 2 + 1);
-            void* pBlock = ::operator new(BLOCK * sizeof(RECORD), std::align_val_t(alignof(RECORD)));
-            m_aBlocks.push_back(static_cast<RECORD*>(pBlock)); // there is room: see above
+            m_aBlocks.push_back(std::make_unique_for_overwrite<T_BLOCK_D>());
+            if (iPlace > 0) TakePages(m_aBlocks.back().get(), sizeof(T_BLOCK_D)); // a table this long fills it
         }
         // Each step leaves the table whole if it throws: the index comes first, the count that everything goes by last.
-        if (iPlace == m_aKeys.capacity()) {
-            const std::size_t nPlaces = iPlace + iPlace / 2 + 16;
-            if constexpr (HasTraits<RECORD>) m_aTraits.reserve(nPlaces);
-            m_aKeys.reserve(nPlaces);
-        }
-        RECORD* pRecord = std::construct_at(&At(iPlace), std::forward<VALUE>(record));
+        RECORD* pRecord = std::construct_at(Room(iPlace), std::forward<VALUE>(record));
         try {
             m_index.Add(iKey, static_cast<std::uint32_t>(iPlace));
         } catch (...) {
             std::destroy_at(pRecord);
             throw;
         }
-        m_bAscending = m_bAscending && (iPlace == 0 || m_aKeys.back() < iKey);
-        if constexpr (HasTraits<RECORD>) m_aTraits.push_back(pRecord->Traits());
-        m_aKeys.push_back(iKey);
+        m_bAscending = m_bAscending && (iPlace == 0 || KeyAt(iPlace - 1) < iKey);
+        if constexpr (HasTraits<RECORD>) TraitsAt(iPlace) = pRecord->Traits();
+        KeyAt(iPlace) = iKey;
+        ++m_nRecords;
         return *pRecord;
     }
 
     std::uint32_t m_nBuckets;
     bool m_bAscending = true; // whether the keys came in ascending order
+    std::size_t m_nRecords = 0;
     CKeyIndex m_index;
-    std::vector<std::int32_t> m_aKeys;    // key of each place
-    std::vector<std::uint16_t> m_aTraits; // traits of each place, if records have them
-    std::vector<RECORD*> m_aBlocks;
+    std::vector<std::unique_ptr<T_BLOCK_D>> m_aBlocks;
 };

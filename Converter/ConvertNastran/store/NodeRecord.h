@@ -21,8 +21,9 @@ struct T_NODS_D {
 
     /// Its E_NODE_TRAIT bits.
     std::uint16_t Traits() const {
-        const int iTraits = (iCP != 0 ? NODE_IN_FRAME : 0) | (iCD != 0 ? NODE_WITH_AXES : 0) |
-                            (bPS != std::array<bool, 6>{} ? NODE_HELD : 0);
+        bool bHeld = false;
+        for (const bool bComponent : bPS) bHeld |= bComponent;
+        const int iTraits = (iCP != 0 ? NODE_IN_FRAME : 0) | (iCD != 0 ? NODE_WITH_AXES : 0) | (bHeld ? NODE_HELD : 0);
         return static_cast<std::uint16_t>(iTraits);
     }
 };

@@ -20,15 +20,12 @@ std::string_view LoadWord(const T_MBLD_D& rEntry) {
 } // namespace
 
 int CConvertNastran::WriteBeamLoads(CFile& rFile, const T_LOAD_D& rSet) {
-    bool bAny = false;
-    for (const T_MBLD_D& rEntry : rSet.aMBLD) {
-        if (rEntry.iKIND != LOAD_BEAM_MOMENT && rEntry.iKIND != LOAD_BEAM_FORCE) continue;
-        if (!bAny) WriteLine(rFile, "*BEAMLOAD\n");
-        bAny = true;
-        WriteBeamLoad(rFile, rEntry);
-    }
-    if (bAny) WriteLine(rFile, "\n");
-    return 1;
+    const auto isBeamLoad = [](std::int8_t iKind) { return iKind == LOAD_BEAM_MOMENT || iKind == LOAD_BEAM_FORCE; };
+    const auto loads = rSet.aMBLD.Walk(isBeamLoad);
+    if (loads.IsEmpty()) return 1;
+    WriteLine(rFile, "*BEAMLOAD\n");
+    for (const T_MBLD_D& rEntry : loads) WriteBeamLoad(rFile, rEntry);
+    return WriteLine(rFile, "\n");
 }
 
 /// One line. The target takes positions as fractions of the element's length; an entry that gives lengths on an element

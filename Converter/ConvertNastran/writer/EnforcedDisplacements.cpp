@@ -6,11 +6,10 @@
 #include <cmath>
 
 int CConvertNastran::WriteSpecifiedDisplacements(CFile& rFile, const T_LOAD_D& rSet) {
-    bool bAny = false;
-    for (const T_MBLD_D& rEntry : rSet.aMBLD) {
-        if (rEntry.iKIND != LOAD_DISPLACEMENT) continue;
-        if (!bAny) WriteLine(rFile, "*SPDISP    ; Specified Displacement of Supports\n");
-        bAny = true;
+    const auto displacements = rSet.aMBLD.Walk(LOAD_DISPLACEMENT);
+    if (displacements.IsEmpty()) return 1;
+    WriteLine(rFile, "*SPDISP    ; Specified Displacement of Supports\n");
+    for (const T_MBLD_D& rEntry : displacements) {
         const auto& dV = rEntry.dV;
         char aFlags[6]; // which components are moved
         double dSum = 0.0;
@@ -22,6 +21,5 @@ int CConvertNastran::WriteSpecifiedDisplacements(CFile& rFile, const T_LOAD_D& r
         WriteLine(rFile, "%5d,  %s, %g, %g, %g, %g, %g, %g\n", m_pDataPool->MapNodeId(rEntry.iID),
                   std::string_view(aFlags, 6), dV[0], dV[1], dV[2], dV[3], dV[4], dV[5]);
     }
-    if (bAny) WriteLine(rFile, "\n");
-    return 1;
+    return WriteLine(rFile, "\n");
 }

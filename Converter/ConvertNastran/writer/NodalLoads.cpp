@@ -15,11 +15,10 @@ int CConvertNastran::WriteNodalMoments(CFile& rFile, const T_LOAD_D& rSet) {
 
 /// The block of one kind; its keyword stands also over entries that come to nothing.
 int CConvertNastran::WriteNodalLoads(CFile& rFile, const T_LOAD_D& rSet, E_LOAD_KIND eKind) {
-    bool bAny = false;
-    for (const T_MBLD_D& rEntry : rSet.aMBLD) {
-        if (rEntry.iKIND != eKind) continue;
-        if (!bAny) WriteLine(rFile, "*CONLOAD\n");
-        bAny = true;
+    const auto loads = rSet.aMBLD.Walk(eKind);
+    if (loads.IsEmpty()) return 1;
+    WriteLine(rFile, "*CONLOAD\n");
+    for (const T_MBLD_D& rEntry : loads) {
         const auto& dV = rEntry.dV;
         if (!(std::abs(dV[0]) + std::abs(dV[1]) + std::abs(dV[2]) > NO_LOAD)) continue;
         const std::int32_t iNode = m_pDataPool->MapNodeId(rEntry.iID);
@@ -29,6 +28,5 @@ int CConvertNastran::WriteNodalLoads(CFile& rFile, const T_LOAD_D& rSet, E_LOAD_
             WriteLine(rFile, "%5d,  %g, %g, %g, %g, %g, %g\n", iNode, 0.0, 0.0, 0.0, dV[0], dV[1], dV[2]);
         }
     }
-    if (bAny) WriteLine(rFile, "\n");
-    return 1;
+    return WriteLine(rFile, "\n");
 }

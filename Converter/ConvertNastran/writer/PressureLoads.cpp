@@ -3,6 +3,7 @@
 #include "driver/CConvertNastran.h"
 #include "writer/LoadValues.h"
 
+#include <array>
 #include <cmath>
 
 namespace {
@@ -22,24 +23,31 @@ std::int32_t FaceOfEntry(const T_ELEM_D& rSolid, const T_MBLD_D& rEntry) {
 } // namespace
 
 int CConvertNastran::WritePressureLoads(CFile& rFile, const T_LOAD_D& rSet) {
-    constexpr std::size_t AHEAD = 8; // entries; their elements lie anywhere, and memory takes long to answer
-    bool bAny = false;
-    const std::size_t nEntries = rSet.aMBLD.GetSize();
-    for (std::size_t i = 0; i < nEntries; ++i) {
-        const T_MBLD_D& rEntry = rSet.aMBLD[i];
-        if (i + AHEAD < nEntries) m_pDataPool->ELEM.Prefetch(rSet.aMBLD[i + AHEAD].iID);
-        if (rEntry.iKIND != LOAD_PRESSURE) continue;
-        if (!bAny) WriteLine(rFile, "*PRESSURE\n");
-        bAny = true;
-        const auto& dV = rEntry.dV;
-        if (std::abs(dV[0]) + std::abs(dV[1]) + std::abs(dV[2]) + std::abs(dV[3]) <= NO_LOAD) continue;
-        const T_ELEM_D* pElement = m_pDataPool->ELEM.Find(rEntry.iID);
-        if (!pElement) continue;
-        if (IsPlateType(pElement->iTYPE)) WritePlatePressure(rFile, rEntry);
-        if (pElement->iTYPE == TYPE_SOLID) WriteSolidPressure(rFile, rEntry, FaceOfEntry(*pElement, rEntry));
+    const auto pressures = rSet.aMBLD.Walk(LOAD_PRESSURE);
+    if (pressures.IsEmpty()) return 1;
+    WriteLine(rFile, "*PRESSURE\n");
+    // Elements lie anywhere: if many are asked for in a row, memory answers for all of them at once.
+    constexpr std::size_t BATCH = 16;
+    std::array<const T_MBLD_D*, BATCH> aEntries;
+    std::array<std::int32_t, BATCH> aTypes; // 0 without an element
+    for (auto position = pressures.begin(); position != pressures.end();) {
+        std::size_t nEntries = 0;
+        for (; nEntries < BATCH && position != pressures.end(); ++position, ++nEntries) {
+            aEntries[nEntries] = &*position;
+            aTypes[nEntries] = TypeOfTraits(m_pDataPool->ELEM.TraitsOf((*position).iID));
+        }
+        for (std::size_t i = 0; i < nEntries; ++i) WritePressureLoad(rFile, *aEntries[i], aTypes[i]);
     }
-    if (bAny) WriteLine(rFile, "\n");
-    return 1;
+    return WriteLine(rFile, "\n");
+}
+
+/// One line, if the entry comes to anything on an element of this type.
+int CConvertNastran::WritePressureLoad(CFile& rFile, const T_MBLD_D& rEntry, std::int32_t iType) {
+    const auto& dV = rEntry.dV;
+    if (std::abs(dV[0]) + std::abs(dV[1]) + std::abs(dV[2]) + std::abs(dV[3]) <= NO_LOAD) return 1;
+    if (IsPlateType(iType)) return WritePlatePressure(rFile, rEntry);
+    if (iType != TYPE_SOLID) return 1;
+    return WriteSolidPressure(rFile, rEntry, FaceOfEntry(*m_pDataPool->ELEM.Find(rEntry.iID), rEntry));
 }
 
 /// PLOAD2 gives one value for the whole plate, PLOAD4 one for each corner.
