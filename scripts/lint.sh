@@ -29,7 +29,9 @@ cppcheck --project=$build/compile_commands.json --enable=warning,performance,por
 
 echo "== clang-tidy"
 git ls-files '*.c' '*.cpp' |
-    while read -r file; do ! grep -q "^ *\"file\": \"$PWD/$file\"" $build/compile_commands.json || echo "$file"; done |
+    while read -r file; do
+        if grep -qF "\"$PWD/$file\"" $build/compile_commands.json; then echo "$file"; fi
+    done |
     xargs -P "$jobs" -n 4 clang-tidy -quiet -p $build >$build/found 2>$build/progress || {
     cat $build/found
     exit 1
