@@ -36,7 +36,8 @@ CARD_LIMIT = 3.0
 TINY_MILLISECONDS = 3.0
 TINY_MEGABYTES = 20.0
 
-Program = namedtuple("Program", "name command")  # command: from the paths of deck and output
+# command: from the paths of deck and output; a yardstick needn't be able to read every deck
+Program = namedtuple("Program", "name command yardstick", defaults=[False])
 Sample = namedtuple("Sample", "seconds cpu megabytes")
 
 
@@ -55,18 +56,21 @@ def nas2zdt(name, binary):
     return Program(name, lambda deck, output: [str(binary), str(deck)])
 
 
+CP = Program("cp", lambda deck, output: ["cp", str(deck), str(output)])
+
+
 def yardsticks():
     """cp, which does nothing but move the bytes, and two programs that read decks into meshes and write them."""
-    found = [Program("cp", lambda deck, output: ["cp", str(deck), str(output)])]
+    found = [CP]
     if shutil.which("gmsh"):
         # as little as gmsh can be asked for: no mesh is made, the one that was read is saved
         arguments = ["-save", "-format", "msh2", "-v", "0", "-o"]
-        found.append(Program("gmsh", lambda deck, output: ["gmsh", str(deck), *arguments, f"{output}.msh"]))
+        found.append(Program("gmsh", lambda deck, output: ["gmsh", str(deck), *arguments, f"{output}.msh"], True))
     else:
         note("gmsh isn't installed and is left out; --install gets it")
     if subprocess.run([DISTRIBUTION_PYTHON, "-c", "import meshio"], capture_output=True).returncode == 0:
         command = [DISTRIBUTION_PYTHON, "-c", MESHIO]
-        found.append(Program("meshio", lambda deck, output: [*command, str(deck), f"{output}.vtk"]))
+        found.append(Program("meshio", lambda deck, output: [*command, str(deck), f"{output}.vtk"], True))
     else:
         note("meshio isn't installed and is left out; --install gets it")
     return found
@@ -89,7 +93,8 @@ def generate(options, name, *arguments):
 
 
 def measure(program, deck):
-    """One run. What it writes is gone before and after, so that no run overwrites what another left."""
+    """One run, or None if it was a yardstick's and failed. What it writes is gone before and after, so that no run
+    overwrites what another left."""
     output = deck.with_suffix(".copy")
     report = deck.with_suffix(".report")
     traces = [output, deck.with_suffix(".zdt"), Path(f"{output}.msh"), Path(f"{output}.vtk"), report]
@@ -101,19 +106,26 @@ def measure(program, deck):
     for path in traces:
         path.unlink(missing_ok=True)
     if int(status) != 0:
+        if program.yardstick:
+            return None
         fail(f"{' '.join(command)} ended with {status}")
     return Sample(float(seconds), float(user) + float(system), int(kilobytes) * 1024 / 1e6)
 
 
 def measure_in_turn(chosen, deck, runs, limit):
     """Samples by program. Programs take turns, so that what disturbs the machine disturbs all; one that has had limit
-    seconds gets no more turns after its first."""
+    seconds gets no more turns after its first. A yardstick that can't read the deck is left out."""
     samples = {program.name: [] for program in chosen}
     for run in range(runs):
         for program in chosen[run % len(chosen) :] + chosen[: run % len(chosen)]:
-            taken = samples[program.name]
-            if not taken or sum(sample.seconds for sample in taken) < limit:
-                taken.append(measure(program, deck))
+            taken = samples.get(program.name)
+            if taken is None or (taken and sum(sample.seconds for sample in taken) >= limit):
+                continue
+            if sample := measure(program, deck):
+                taken.append(sample)
+            else:
+                note(f"{program.name} can't read {deck.name} and is left out of its table")
+                del samples[program.name]
     return samples
 
 
@@ -227,10 +239,7 @@ def doubling(options):
 
 def tiny(options):
     deck = generate(options, "tiny", "--cards", 10, "--mix", "grids=60,shells=20")
-    chosen = programs(options, False) + [
-        Program("cp", lambda deck, output: ["cp", str(deck), str(output)]),
-        Program("true", lambda deck, output: ["true"]),
-    ]
+    chosen = programs(options, False) + [CP, Program("true", lambda deck, output: ["true"])]
     samples = measure_in_turn(chosen, deck, max(options.runs, 51), options.limit)
     print("### A deck of ten cards\n")
     rows = []

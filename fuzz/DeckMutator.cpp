@@ -3,16 +3,14 @@
 #include "support/DeckMaker.h"
 
 #include <algorithm>
-#include <cstring>
+#include <string>
 
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* pData, std::size_t nSize, std::size_t nMost);
 
 namespace {
 
 std::size_t Store(const std::string& sText, std::uint8_t* pData, std::size_t nMost) {
-    const std::size_t nSize = std::min(sText.size(), nMost);
-    std::memcpy(pData, sText.data(), nSize);
-    return nSize;
+    return sText.copy(reinterpret_cast<char*>(pData), nMost);
 }
 
 std::string Text(const std::uint8_t* pData, std::size_t nSize) {

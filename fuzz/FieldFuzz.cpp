@@ -73,12 +73,11 @@ void CheckMessage(std::string_view sInput, std::int32_t iArg) {
         const std::size_t iWidth = iEnd;
         while (sFormat[i] == '%' && sFormat[iEnd] >= '0' && sFormat[iEnd] <= '9') ++iEnd;
         const std::string sWidth = sFormat.substr(iWidth, iEnd - iWidth);
-        if (sFormat[i] != '%') {
-            sExpected += sFormat[i++];
-        } else if (sFormat[i + 1] == '%') {
+        const bool bPlace = sFormat[i] == '%' && std::string_view("dius").find(sFormat[iEnd]) != std::string_view::npos;
+        if (sFormat[i] == '%' && sFormat[i + 1] == '%') {
             sExpected += '%';
             i += 2;
-        } else if (sFormat[iEnd] == '\0' || std::string_view("dius").find(sFormat[iEnd]) == std::string_view::npos) {
+        } else if (!bPlace) {
             sExpected += sFormat[i++];
         } else if (nArgs == 2) {
             sExpected += sFormat.substr(i, iEnd + 1 - i);

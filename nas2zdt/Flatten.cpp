@@ -100,10 +100,8 @@ void CJoin::Enter(const std::string& sPath, const std::string& sPlace, bool bEnc
                                            : sPlace + ": included deck can't be opened: " + sPath + ": " + sCause);
     }
     const T_FILEID_D id = level.pREADER->GetId();
-    for (const T_LEVEL_D& rOuter : m_aLevels) {
-        if (rOuter.pREADER->GetId() == id) {
-            throw CFlattenError(sPlace + ": this deck includes itself, directly or through others: " + sPath);
-        }
+    if (std::any_of(m_aLevels.begin(), m_aLevels.end(), [&](const T_LEVEL_D& r) { return r.pREADER->GetId() == id; })) {
+        throw CFlattenError(sPlace + ": this deck includes itself, directly or through others: " + sPath);
     }
     m_joined.aFILES.push_back(id);
     // the separators of the other system are taken too, as they are when the deck is opened

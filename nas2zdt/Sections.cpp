@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr std::size_t BLOCK_SIZE = 256 * 1024;
+constexpr std::size_t BLOCK_SIZE = std::size_t{256} * 1024;
 
 class CSectionCounter {
   public:

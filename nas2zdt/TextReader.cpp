@@ -5,7 +5,7 @@
 #include <cstring>
 
 namespace {
-constexpr std::size_t BLOCK_SIZE = 64 * 1024; // small: every level of includes has one
+constexpr std::size_t BLOCK_SIZE = std::size_t{64} * 1024; // small: every level of includes has one
 }
 
 int CTextReader::Open(const std::string& sPath, std::string& rCause) {

@@ -42,6 +42,10 @@ char* TrimBlanks(char* pBegin, char* pEnd) {
     return pEnd;
 }
 
+char* Append(char* p, std::string_view sText) {
+    return std::copy(sText.begin(), sText.end(), p);
+}
+
 } // namespace
 
 CCardText::CCardText(std::FILE* pFile) : m_pFile(pFile), m_aBuffer(BUFFER_SIZE) {
@@ -122,11 +126,10 @@ void CCardText::End() {
     char* const pBegin = Reserve();
     char* p = pBegin;
     if (m_iLayout == LAYOUT_FREE) {
-        p = std::copy(m_sKeyword.begin(), m_sKeyword.end(), p);
+        p = Append(p, m_sKeyword);
         for (std::size_t i = 0; i < m_nFields; ++i) {
             if (i > 0 && i % 8 == 0) {
-                std::memcpy(p, ",+\n+", 4);
-                p += 4;
+                p = Append(p, ",+\n+");
             }
             *p++ = ',';
             p = std::copy_n(m_aFields[i].data(), m_aLengths[i], p);
@@ -136,7 +139,7 @@ void CCardText::End() {
         const std::size_t nWidth = bLarge ? 16 : 8;
         const std::size_t nPerLine = bLarge ? 4 : 8;
         std::memset(p, ' ', 8);
-        std::copy(m_sKeyword.begin(), m_sKeyword.end(), p);
+        Append(p, m_sKeyword);
         if (bLarge) p[m_sKeyword.size()] = '*';
         char* pLine = p;
         p += 8;
@@ -146,8 +149,7 @@ void CCardText::End() {
                 if (!bLarge) p = TrimBlanks(pLine, p);
                 *p++ = '\n';
                 pLine = p;
-                std::memcpy(p, bLarge ? "*       " : "+       ", 8);
-                p += 8;
+                p = Append(p, bLarge ? "*       " : "+       ");
             }
             std::memcpy(p, m_aFields[i].data(), WIDEST);
             p += nWidth;

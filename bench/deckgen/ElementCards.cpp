@@ -118,15 +118,18 @@ void PutCHEXA(CCardText& t, const CModel& m, U64 n) {
     PutShape(t, m, n, GROUP_SOLID_SECTIONS, HEXA, n % 4 == 3 ? 20 : 8);
 }
 
+/// G1, C1, G2 and C2 of a spring.
+void PutSpringEnds(CCardText& t, const CModel& m, U64 n) {
+    const auto iComponent = static_cast<int>(1 + n % 6);
+    t.Int(m.CornerId(n, 1, {0, 0, 0})).Int(iComponent).Int(m.CornerId(n, 1, {0, 1, 0})).Int(iComponent);
+}
 void PutCELAS1(CCardText& t, const CModel& m, U64 n) {
     t.Int(m.ElementId(n)).Int(m.OneOf(GROUP_SPRING_SECTIONS, m.Random(n, 10)));
-    t.Int(m.CornerId(n, 1, {0, 0, 0})).Int(static_cast<int>(1 + n % 6));
-    t.Int(m.CornerId(n, 1, {0, 1, 0})).Int(static_cast<int>(1 + n % 6));
+    PutSpringEnds(t, m, n);
 }
 void PutCELAS2(CCardText& t, const CModel& m, U64 n) {
     t.Int(m.ElementId(n)).Digits(m.Random(n, 13), 4);
-    t.Int(m.CornerId(n, 1, {0, 0, 0})).Int(static_cast<int>(1 + n % 6));
-    t.Int(m.CornerId(n, 1, {0, 1, 0})).Int(static_cast<int>(1 + n % 6));
+    PutSpringEnds(t, m, n);
 }
 void PutCBUSH(CCardText& t, const CModel& m, U64 n) {
     PutOriented(t, m, n, GROUP_BUSH_SECTIONS);

@@ -73,7 +73,7 @@ void PutPSHELL(CCardText& t, const CModel& m, U64 n) {
 void PutPCOMP(CCardText& t, const CModel& m, U64 n) {
     t.Int(m.Id(SPACE_PROPERTIES, n)).Real(-5, 1).Blank(6);
     for (U64 iPly = 0; iPly < 4; ++iPly) {
-        t.Int(m.OneOf(GROUP_MATERIALS, n + iPly)).Real(125, 3).Real(static_cast<int>(iPly) * 45, 0).Text("YES");
+        t.Int(m.OneOf(GROUP_MATERIALS, n + iPly)).Real(125, 3).Real(45 * static_cast<std::int64_t>(iPly), 0).Text("YES");
     }
 }
 void PutPSHEAR(CCardText& t, const CModel& m, U64 n) {

@@ -67,30 +67,26 @@ void MapFindNear(benchmark::State& rState) {
     rState.SetItemsProcessed(static_cast<std::int64_t>(rState.iterations()));
 }
 
-/// Items are records.
-void MapWalk(benchmark::State& rState) {
+/// Reads all records in the order of walk, which makes a range of a map. Items are records.
+template <class WALK>
+void Read(benchmark::State& rState, WALK walk) {
     const std::vector<std::int32_t> aIds = Ids(rState);
     CMap<T_NODS_D> map(BUCKETS);
     Fill(map, aIds);
     for (auto _ : rState) {
         double dSum = 0.0;
-        for (const auto& [iId, rNode] : map.Walk()) dSum += rNode.dGX + iId;
+        for (const auto& [iId, rNode] : walk(map)) dSum += rNode.dGX + iId;
         benchmark::DoNotOptimize(dSum);
     }
     SetRecords(rState);
 }
 
-/// Items are records.
+void MapWalk(benchmark::State& rState) {
+    Read(rState, [](CMap<T_NODS_D>& rMap) { return rMap.Walk(); });
+}
+
 void MapSorted(benchmark::State& rState) {
-    const std::vector<std::int32_t> aIds = Ids(rState);
-    CMap<T_NODS_D> map(BUCKETS);
-    Fill(map, aIds);
-    for (auto _ : rState) {
-        double dSum = 0.0;
-        for (const auto& [iId, rNode] : std::as_const(map).Sorted()) dSum += rNode.dGX + iId;
-        benchmark::DoNotOptimize(dSum);
-    }
-    SetRecords(rState);
+    Read(rState, [](const CMap<T_NODS_D>& rMap) { return rMap.Sorted(); });
 }
 
 /// Records by order of ids, as numbered in E_ID_ORDER.

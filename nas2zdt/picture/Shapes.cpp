@@ -197,8 +197,10 @@ double Simplify(std::vector<T_SHAP_D>& rShapes, const std::vector<T_VECT_D>& aPl
     double dCell = 0.0;
     std::vector<std::uint8_t> aRanks;
     if (rShapes.size() > nMost) aRanks = RankCorners(rShapes, aPlaces.size());
-    for (double dNext = 1.0; rShapes.size() > nMost && dNext < 256.0; dNext *= 1.25) { // by then a few hundred cells
+    double dNext = 1.0;
+    while (rShapes.size() > nMost && dNext < 256.0) { // by then a few hundred cells
         dCell = dNext;
+        dNext *= 1.25;
         const CCells cells(rShapes, aPlaces, aRanks, dCell);
         for (T_SHAP_D& rShape : rShapes) cells.Apply(rShape);
         std::sort(rShapes.begin(), rShapes.end());

@@ -82,6 +82,10 @@ std::vector<T_SYMB_D> MakeSymbols(const T_SCEN_D& rScene, const CIsometricView& 
 
 bool ThinOut(std::vector<T_SYMB_D>& rSymbols, std::size_t nMost) {
     const std::size_t nBefore = rSymbols.size();
-    for (double dCell = 4.0; IsTooMany(rSymbols, nMost); dCell *= 1.5) ThinOutCells(rSymbols, dCell);
+    double dCell = 4.0; // pixels
+    while (IsTooMany(rSymbols, nMost)) {
+        ThinOutCells(rSymbols, dCell);
+        dCell *= 1.5;
+    }
     return rSymbols.size() < nBefore;
 }

@@ -29,7 +29,7 @@ class CBase64 {
     void Finish() { Send(m_nUsed); }
 
   private:
-    static constexpr std::size_t FULL = 3 * 4096;
+    static constexpr std::size_t FULL = std::size_t{3} * 4096;
 
     /// nBytes is a multiple of three, or all that is left.
     void Send(std::size_t nBytes) {

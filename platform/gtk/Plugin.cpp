@@ -2,9 +2,9 @@
 
 #include "platform/gtk/Plugin.h"
 
-#include "platform/gtk/GtkDialogs.h"
+#include "platform/WindowDialogs.h"
 #include "platform/gtk/Session.h"
 
 extern "C" __attribute__((visibility("default"))) CDialogs* MakeGtkDialogs() {
-    return HasDisplay() ? new CGtkDialogs : nullptr;
+    return HasDisplay() ? new CWindowDialogs : nullptr;
 }

@@ -1,6 +1,6 @@
 // Windows: windows, or the terminal for a service, which has no desktop that a person sees.
 
-#include "platform/win32/Win32Dialogs.h"
+#include "platform/WindowDialogs.h"
 
 #include <windows.h>
 
@@ -9,5 +9,5 @@ std::unique_ptr<CDialogs> MakeDialogs() {
     const HWINSTA hStation = ::GetProcessWindowStation();
     const bool bKnown = ::GetUserObjectInformationW(hStation, UOI_FLAGS, &flags, sizeof flags, nullptr) != 0;
     if (bKnown && (flags.dwFlags & WSF_VISIBLE) == 0) return std::make_unique<CConsoleDialogs>();
-    return std::make_unique<CWin32Dialogs>();
+    return std::make_unique<CWindowDialogs>();
 }

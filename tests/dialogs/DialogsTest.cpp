@@ -3,6 +3,7 @@
 #include "dialogs/Person.h"
 #include "driver/ConvertFile.h"
 #include "platform/Library.h"
+#include "platform/WindowDialogs.h"
 #include "support/Deck.h"
 
 #include <gtest/gtest.h>
@@ -12,14 +13,10 @@
 
 #ifdef _WIN32
 #include "platform/win32/PrgsDlg.h"
-#include "platform/win32/Win32Dialogs.h"
-using CScreenDialogs = CWin32Dialogs;
 constexpr const char* LIBRARY = "ConvertNastran.dll";
 #else
-#include "platform/gtk/GtkDialogs.h"
 #include "platform/gtk/PrgsDlg.h"
 #include "platform/gtk/Session.h"
-using CScreenDialogs = CGtkDialogs;
 constexpr const char* LIBRARY = "libConvertNastran.so";
 #endif
 
@@ -150,7 +147,7 @@ TEST_F(Dialogs, LongTextsAndForeignBytes) {
     ASSERT_TRUE(HasDisplay());
 #endif
     const CPerson person("");
-    CScreenDialogs dialogs;
+    CWindowDialogs dialogs;
     dialogs.ShowNotice(std::string(10000, 'x'));
     dialogs.ShowMessages({std::string(10000, 'W'), "caf\xE9", "\u65E5\u672C", "two\nlines"});
     ASSERT_EQ(person.GetShown().size(), 2U);

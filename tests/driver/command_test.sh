@@ -1,25 +1,7 @@
 #!/bin/sh
 # The command from a shell: exit status, and what goes where. Usage: command_test.sh NAS2ZDT
-set -eu
-nas2zdt=$1
-folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
-cd "$folder"
-
-fail() {
-    echo "failed: $1" >&2
-    cat out err >&2
-    exit 1
-}
-
-# expect NAME STATUS ARGS...: runs the command with ARGS
-expect() {
-    name=$1 status=$2
-    shift 2
-    got=0
-    "$nas2zdt" "$@" >out 2>err </dev/null || got=$?
-    [ "$got" -eq "$status" ] || fail "$name: exit status $got"
-}
+# shellcheck source=tests/support/command.sh
+. "$(dirname "$0")/../support/command.sh"
 
 printf 'BEGIN BULK\nGRID,1\nENDDATA\n' >deck.dat
 expect "a deck converts" 0 deck.dat

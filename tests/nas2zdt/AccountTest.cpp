@@ -5,21 +5,12 @@
 #include "nas2zdt/JsonText.h"
 #include "nas2zdt/RunWatch.h"
 #include "nas2zdt/Sections.h"
-#include "platform/Dialogs.h"
 #include "support/Deck.h"
+#include "support/NoDialogs.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-
-class CNoDialogs : public CDialogs {
-  public:
-    void ShowNotice(const std::string&) override {}
-    int ChooseDeck(std::string&) override { return 0; }
-    void ShowFileError(const CFileException&) override {}
-    void ShowRunError(const std::string&) override {}
-    void ShowMessages(const std::vector<std::string>&) override {}
-};
 
 /// "GRID 3: 2 1 0 0 0 0 0 code*count@first-last" and so on: the read cards, then the columns in their order.
 std::string Describe(const CAccount& rAccount) {

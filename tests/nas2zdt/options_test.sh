@@ -1,29 +1,7 @@
 #!/bin/sh
 # The command's options from a shell. Usage: options_test.sh NAS2ZDT
-set -eu
-nas2zdt=$1
-folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
-mkdir "$folder/tmp"
-TMPDIR=$folder/tmp
-export TMPDIR
-cd "$folder"
-
-fail() {
-    echo "failed: $1" >&2
-    cat out err >&2
-    exit 1
-}
-
-# expect NAME STATUS ARGS...: runs the command with ARGS
-expect() {
-    name=$1 status=$2
-    shift 2
-    got=0
-    "$nas2zdt" "$@" >out 2>err </dev/null || got=$?
-    [ "$got" -eq "$status" ] || fail "$name: exit status $got"
-    [ -z "$(ls tmp)" ] || fail "$name: something is left in the folder for temporary files"
-}
+# shellcheck source=tests/support/command.sh
+. "$(dirname "$0")/../support/command.sh"
 
 # says NAME FILE TEXT: FILE must have a line that is TEXT
 says() { grep -Fxq -- "$3" "$2" || fail "$1"; }

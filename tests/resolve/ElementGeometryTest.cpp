@@ -1,7 +1,7 @@
 // Reference points of line elements, angles of links, lengths.
 
-#include "platform/Dialogs.h"
 #include "store/DataPool.h"
+#include "support/NoDialogs.h"
 #include "support/Text.h"
 
 #include <gtest/gtest.h>
@@ -9,15 +9,6 @@
 #include <ostream>
 
 namespace {
-
-class CNoDialogs : public CDialogs {
-  public:
-    void ShowNotice(const std::string&) override {}
-    int ChooseDeck(std::string&) override { return 0; }
-    void ShowFileError(const CFileException&) override {}
-    void ShowRunError(const std::string&) override {}
-    void ShowMessages(const std::vector<std::string>&) override {}
-};
 
 /// A model with a log.
 class CModel : public CDataPool {

@@ -1,7 +1,7 @@
 #include "support/Deck.h"
 
 #include "driver/ConvertNastranApp.h"
-#include "platform/Dialogs.h"
+#include "support/NoDialogs.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -13,13 +13,11 @@ namespace {
 
 const CConvertNastranApp g_app; // the real message texts
 
-class CSilentDialogs : public CDialogs {
+/// Keeps what a person would see.
+class CSilentDialogs : public CNoDialogs {
   public:
     explicit CSilentDialogs(T_RUN_D& rRun) : m_rRun(rRun) {}
-    void ShowNotice(const std::string&) override {}
-    int ChooseDeck(std::string&) override { return 0; }
     void ShowFileError(const CFileException& rError) override { m_rRun.sFILEERROR = rError.GetText(); }
-    void ShowRunError(const std::string&) override {}
     void ShowMessages(const std::vector<std::string>& aLines) override { m_rRun.aSHOWN = aLines; }
 
   private:

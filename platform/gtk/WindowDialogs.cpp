@@ -1,6 +1,6 @@
 // The dialogs as windows of a desktop.
 
-#include "platform/gtk/GtkDialogs.h"
+#include "platform/WindowDialogs.h"
 
 #include "platform/gtk/MsgDlg.h"
 #include "platform/gtk/Session.h"
@@ -73,24 +73,24 @@ int ShowBox(GtkMessageType eType, const std::string& sText) {
 
 } // namespace
 
-void CGtkDialogs::ShowNotice(const std::string& sText) {
+void CWindowDialogs::ShowNotice(const std::string& sText) {
     if (!ShowBox(GTK_MESSAGE_OTHER, sText)) CConsoleDialogs::ShowNotice(sText);
 }
 
-int CGtkDialogs::ChooseDeck(std::string& rPath) {
+int CWindowDialogs::ChooseDeck(std::string& rPath) {
     int iChosen = 0;
     return RunWithToolkit([&] { iChosen = AskForDeck(rPath); }) && iChosen;
 }
 
-void CGtkDialogs::ShowFileError(const CFileException& rError) {
+void CWindowDialogs::ShowFileError(const CFileException& rError) {
     if (!ShowBox(GTK_MESSAGE_WARNING, rError.GetText())) CConsoleDialogs::ShowFileError(rError);
 }
 
-void CGtkDialogs::ShowRunError(const std::string& sText) {
+void CWindowDialogs::ShowRunError(const std::string& sText) {
     if (!ShowBox(GTK_MESSAGE_ERROR, sText)) CConsoleDialogs::ShowRunError(sText);
 }
 
-void CGtkDialogs::ShowMessages(const std::vector<std::string>& aLines) {
+void CWindowDialogs::ShowMessages(const std::vector<std::string>& aLines) {
     CMsgDlg dialog;
     dialog.m_aMessages = aLines;
     if (!RunWithToolkit([&] { dialog.DoModal(); })) CConsoleDialogs::ShowMessages(aLines);

@@ -1,6 +1,6 @@
 // The dialogs as windows of Windows.
 
-#include "platform/win32/Win32Dialogs.h"
+#include "platform/WindowDialogs.h"
 
 #include "platform/BoxText.h"
 #include "platform/win32/MsgDlg.h"
@@ -52,11 +52,11 @@ int ShowBox(const std::string& sText, UINT nStyle) {
 
 } // namespace
 
-void CWin32Dialogs::ShowNotice(const std::string& sText) {
+void CWindowDialogs::ShowNotice(const std::string& sText) {
     if (!ShowBox(sText, 0)) CConsoleDialogs::ShowNotice(sText);
 }
 
-int CWin32Dialogs::ChooseDeck(std::string& rPath) {
+int CWindowDialogs::ChooseDeck(std::string& rPath) {
     const CModalScope modal;
     std::vector<wchar_t> aPath(LONGEST_PATH);
     OPENFILENAMEW choice{};
@@ -75,15 +75,15 @@ int CWin32Dialogs::ChooseDeck(std::string& rPath) {
     return 1;
 }
 
-void CWin32Dialogs::ShowFileError(const CFileException& rError) {
+void CWindowDialogs::ShowFileError(const CFileException& rError) {
     if (!ShowBox(rError.GetText(), MB_ICONEXCLAMATION)) CConsoleDialogs::ShowFileError(rError);
 }
 
-void CWin32Dialogs::ShowRunError(const std::string& sText) {
+void CWindowDialogs::ShowRunError(const std::string& sText) {
     if (!ShowBox(sText, MB_ICONERROR)) CConsoleDialogs::ShowRunError(sText);
 }
 
-void CWin32Dialogs::ShowMessages(const std::vector<std::string>& aLines) {
+void CWindowDialogs::ShowMessages(const std::vector<std::string>& aLines) {
     const CModalScope modal;
     CMsgDlg dialog;
     dialog.m_aMessages = aLines;

@@ -1,9 +1,10 @@
 #pragma once
-// The dialogs as windows of Windows. What can't be shown in a window, for want of a desktop, goes to the terminal.
+// The dialogs as windows of a desktop. What can't be shown, for want of a desktop or because it has gone, goes to the
+// terminal.
 
 #include "platform/console/ConsoleDialogs.h"
 
-class CWin32Dialogs : public CConsoleDialogs {
+class CWindowDialogs : public CConsoleDialogs {
   public:
     void ShowNotice(const std::string& sText) override;
     int ChooseDeck(std::string& rPath) override;

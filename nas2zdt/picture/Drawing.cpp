@@ -1,0 +1,96 @@
+#include "picture/Drawing.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <utility>
+
+namespace {
+
+constexpr T_FRAM_D MODEL = {90, 100, 790, 660}; // within the box
+
+bool IsInBox(double dX, double dY) {
+    return BOX_LEFT < dX && dX < BOX_RIGHT && BOX_TOP < dY && dY < BOX_BOTTOM;
+}
+
+/// Of each node whether a part uses it.
+std::vector<bool> FindUsed(const T_SCEN_D& rScene) {
+    std::vector<bool> aUsed(rScene.aIDS.size());
+    for (const T_PART_D& rPart : rScene.aPARTS) {
+        for (std::size_t i = 0; i < CELL_CORNERS[rPart.iCELL]; ++i) aUsed[rPart.aNODES[i]] = true;
+    }
+    return aUsed;
+}
+
+/// The picture is made for the nodes that parts use: grids far away that only give directions don't shrink it.
+std::vector<T_VECT_D> FindVisible(const T_SCEN_D& rScene, const std::vector<bool>& aUsed) {
+    std::vector<T_VECT_D> aVisible;
+    for (std::size_t i = 0; i < aUsed.size(); ++i) {
+        if (aUsed[i] && IsFinite(rScene.aPOINTS[i])) aVisible.push_back(rScene.aPOINTS[i]);
+    }
+    if (aVisible.empty()) {
+        std::copy_if(rScene.aPOINTS.begin(), rScene.aPOINTS.end(), std::back_inserter(aVisible), IsFinite);
+    }
+    return aVisible;
+}
+
+void AddFreeNodes(T_DRAW_D& rDrawing, const std::vector<bool>& aUsed) {
+    for (std::uint32_t i = 0; i < aUsed.size(); ++i) {
+        if (aUsed[i]) continue;
+        const T_VECT_D& rPlace = rDrawing.aPLACES[i];
+        if (IsInBox(rPlace[0], rPlace[1]) && std::abs(rPlace[2]) < 1e5) {
+            rDrawing.aSHAPES.push_back({KIND_NODE, 1, {i}});
+        } else {
+            ++rDrawing.nOUTSIDE;
+        }
+    }
+}
+
+/// A face counts by its middle. A line counts by its nearer end and a little more, since it mostly runs along the edge
+/// of faces and would vanish behind half of them.
+double DepthOf(const T_SHAP_D& rShape, const std::vector<T_VECT_D>& aPlaces) {
+    constexpr double IN_FRONT = 6.0; // pixels
+    double dSum = 0.0, dNearest = aPlaces[rShape.aCORNERS[0]][2];
+    for (std::size_t i = 0; i < rShape.nCORNERS; ++i) {
+        dSum += aPlaces[rShape.aCORNERS[i]][2];
+        dNearest = std::max(dNearest, aPlaces[rShape.aCORNERS[i]][2]);
+    }
+    return rShape.nCORNERS > 2 ? dSum / rShape.nCORNERS : dNearest + IN_FRONT;
+}
+
+void SortByDepth(T_DRAW_D& rDrawing) {
+    std::vector<std::pair<double, std::size_t>> aOrder;
+    for (std::size_t i = 0; i < rDrawing.aSHAPES.size(); ++i) {
+        aOrder.emplace_back(DepthOf(rDrawing.aSHAPES[i], rDrawing.aPLACES), i);
+    }
+    std::sort(aOrder.begin(), aOrder.end());
+    std::vector<T_SHAP_D> aSorted;
+    aSorted.reserve(aOrder.size());
+    for (const auto& [dDepth, iShape] : aOrder) aSorted.push_back(rDrawing.aSHAPES[iShape]);
+    rDrawing.aSHAPES = std::move(aSorted);
+}
+
+} // namespace
+
+bool T_DRAW_D::HasMark(E_KIND iKind) const {
+    return std::any_of(aMARKS.begin(), aMARKS.end(), [=](const T_SYMB_D& r) { return r.iKIND == iKind; });
+}
+
+T_DRAW_D LayOut(const T_SCEN_D& rScene) {
+    T_DRAW_D drawing;
+    const std::vector<bool> aUsed = FindUsed(rScene);
+    drawing.aVISIBLE = FindVisible(rScene, aUsed);
+    const CIsometricView view(drawing.aVISIBLE, MODEL);
+    drawing.aPLACES.reserve(rScene.aPOINTS.size());
+    for (const T_VECT_D& rPoint : rScene.aPOINTS) drawing.aPLACES.push_back(view.Project(rPoint));
+
+    drawing.aSHAPES = MakeShapes(rScene, drawing.aPLACES, drawing.nNOWHERE);
+    AddFreeNodes(drawing, aUsed);
+    drawing.dJOINED = Simplify(drawing.aSHAPES, drawing.aPLACES, MOST_SHAPES);
+    SortByDepth(drawing);
+
+    drawing.aMARKS = MakeSymbols(rScene, view, drawing.aPLACES);
+    std::erase_if(drawing.aMARKS, [](const T_SYMB_D& r) { return !IsInBox(r.dX, r.dY); }); // on a node far away
+    drawing.bTHINNED = ThinOut(drawing.aMARKS, MOST_MARKS);
+    return drawing;
+}

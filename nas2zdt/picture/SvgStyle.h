@@ -1,0 +1,48 @@
+#pragma once
+// How each kind of thing looks: names, colours, and the style sheet that they give.
+
+#include "nas2zdt/WholeFile.h"
+#include "picture/Drawing.h"
+
+#include <array>
+#include <cstddef>
+
+struct T_RGB_D {
+    int iRED, iGREEN, iBLUE;
+};
+
+/// How a kind looks. The colours of parts can be told apart by the colour-blind; marks differ in form too.
+struct T_LOOK_D {
+    const char* sNAME;  // in the legend
+    const char* sCLASS; // in the style sheet
+    T_RGB_D colour;
+};
+constexpr std::array<T_LOOK_D, KINDS> LOOKS = {{
+    {"truss", "truss", {230, 159, 0}},
+    {"beam", "beam", {213, 94, 0}},
+    {"plane stress", "plstrs", {0, 158, 115}},
+    {"plate", "plate", {86, 180, 233}},
+    {"solid", "solid", {240, 228, 66}},
+    {"rigid link", "rigid", {204, 121, 167}},
+    {"elastic link", "elastic", {0, 114, 178}},
+    {"general link", "general", {20, 20, 20}},
+    {"spring to ground", "spring", {0, 114, 178}},
+    {"mass", "mass", {20, 20, 20}},
+    {"free node", "node", {120, 120, 120}},
+    {"support, all held", "fixed", {30, 90, 30}},
+    {"support, some held", "support", {30, 90, 30}},
+    {"force", "force", {170, 0, 40}},
+    {"moment", "moment", {110, 0, 150}},
+    {"pressure", "pressure", {0, 60, 130}},
+    {"gravity", "gravity", {90, 60, 20}},
+    {"beam reference", "reference", {213, 94, 0}},
+}};
+
+/// Classes of faces end in the number of their brightness, from dark to light.
+constexpr std::array<double, 5> SHADES = {0.62, 0.72, 0.82, 0.91, 1.0};
+
+constexpr bool IsFaceKind(E_KIND iKind) {
+    return iKind == KIND_PLANE_STRESS || iKind == KIND_PLATE || iKind == KIND_SOLID;
+}
+
+void WriteStyle(CWholeFile& rFile, const T_DRAW_D& rDrawing);
