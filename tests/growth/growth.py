@@ -74,6 +74,21 @@ def repeated_leaf(n):
     return decks
 
 
+def crowd_of_two(n):
+    """The same, with two decks in turn, the first of which includes the other."""
+    decks = nested_includes(n)
+    decks["%d.INC" % n] = bulk(["INCLUDE,TWIG.INC", "INCLUDE,LEAF.INC"] * n)
+    decks["TWIG.INC"] = bulk(["INCLUDE,LEAF.INC"])
+    decks["LEAF.INC"] = bulk(["GRID,1"])
+    return decks
+
+
+def lower_case_includes(n):
+    """Names that arrive in upper case and are looked for in their folder."""
+    return {"deck.dat": bulk(["INCLUDE,%d.INC" % i for i in range(1, n + 1)]),
+            **{"%d.inc" % i: bulk(["GRID,%d" % i]) for i in range(1, n + 1)}}
+
+
 def frame_chain(n, grids):
     """Frames in frames, of two kinds in turn since a frame isn't looked for in its own kind."""
     lines = []
@@ -144,6 +159,8 @@ CASES = {
         "deck.dat": bulk(["INCLUDE,LEAF.INC"] * n), "LEAF.INC": "BEGIN BULK\nGRID,1\nENDDATA\n"}),
     "includes in includes": (3000, nested_includes),
     "a chain and a crowd of includes": (3000, repeated_leaf),
+    "a chain and a crowd of two": (3000, crowd_of_two),
+    "includes in lower case": (3000, lower_case_includes),
 }
 
 
