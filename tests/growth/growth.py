@@ -149,9 +149,9 @@ CASES = {
     "messages": (200000, lambda n: bulk(["RBE3,%d,1,2" % i for i in range(n)])),
     "grids in a lost frame": (100000, lambda n: bulk(["GRID,%d,7,1.,2.,3.,8" % i for i in range(n)])),
     "elements without grids": (50000, lambda n: bulk(["CBAR,%d,1,7,8,1.,0.,0." % i for i in range(n)])),
-    # frames
-    "a chain of frames, 2 grids": (40000, lambda n: frame_chain(n, 2)),
-    "a circle of frames, 2 grids": (40000, lambda n: frame_chain(n, 2).replace("CORD2C,1,0", "CORD2C,1,%d" % n)),
+    # frames, more than fit into the caches of a processor
+    "a chain of frames, 2 grids": (160000, lambda n: frame_chain(n, 2)),
+    "a circle of frames, 2 grids": (160000, lambda n: frame_chain(n, 2).replace("CORD2C,1,0", "CORD2C,1,%d" % n)),
     "frames and grids": (20000, lambda n: bulk(["CORD2R,%d,0,0.,0.,1.,0.,0.,2.,1.,0.,1." % i for i in range(1, n)] +
                                                ["GRID,%d,%d,1.,2.,3.,%d" % (i, i, i) for i in range(1, n)])),
     # includes
