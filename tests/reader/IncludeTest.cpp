@@ -50,13 +50,16 @@ TEST_F(IncludeTest, FindsNamesWithoutRegardToCaseAndWithBothSeparators) {
 
 #ifndef _WIN32 // where names that differ in case alone are one
 TEST_F(IncludeTest, OfNamesThatDifferInCaseTheFirstInByteOrder) {
-    WriteText("pArt.dat", "BEGIN BULK\nGRID,1\nENDDATA\n");
-    WriteText("paRt.dat", "BEGIN BULK\nGRID,2\nENDDATA\n");
-    WriteText("part2.dat", "BEGIN BULK\nGRID,3\nENDDATA\n");
-    WriteText("PART3.DAT", "BEGIN BULK\nGRID,4\nENDDATA\n");
-    WriteText("part3.dat", "BEGIN BULK\nGRID,5\nENDDATA\n");
+    const std::vector<std::string> aNames = {"part.daT", "part.dAt", "part.Dat", "parT.dat",
+                                             "paRt.dat", "pArt.dat", "Part.dat"}; // the last is the first
+    for (std::size_t i = 0; i < aNames.size(); ++i) {
+        WriteText(aNames[i], "BEGIN BULK\nGRID," + std::to_string(aNames.size() - i) + "\nENDDATA\n");
+    }
+    WriteText("part2.dat", "BEGIN BULK\nGRID,8\nENDDATA\n");
+    WriteText("PART3.DAT", "BEGIN BULK\nGRID,9\nENDDATA\n");
+    WriteText("part3.dat", "BEGIN BULK\nGRID,10\nENDDATA\n");
     const T_RUN_D run = Run("INCLUDE,part.dat\nINCLUDE,part2.dat\nINCLUDE,part3.dat\n");
-    EXPECT_EQ(Sections(run.sZDT, "*NODE"), "*NODE\n  1, 0, 0, 0\n  3, 0, 0, 0\n  4, 0, 0, 0\n\n");
+    EXPECT_EQ(Sections(run.sZDT, "*NODE"), "*NODE\n  1, 0, 0, 0\n  8, 0, 0, 0\n  9, 0, 0, 0\n\n");
 }
 #endif
 
