@@ -105,6 +105,7 @@ void CDeckRun::FailRun(T_FAIL_D failure, const CLineMap* pLines) {
         failure.sFILE = origin.sFILE;
         failure.iLINE = origin.iLINE;
     }
+    if (failure.sFILE.empty()) failure.sFILE = m_rJob.sDECK; // of no deck in particular
     Fail(failure.GetText());
     if (!IsIncludeFailure(failure.eFAILURE)) return;
     std::cerr << "nas2zdt: " << m_rJob.sDECK << ": the option --flatten reads includes as NASTRAN does\n";

@@ -26,7 +26,11 @@ extern "C" void RemoveOnSignal(int iSignal) {
     std::raise(iSignal);
 }
 
+#ifdef _WIN32
 constexpr int SIGNALS[] = {SIGINT, SIGTERM};
+#else
+constexpr int SIGNALS[] = {SIGINT, SIGTERM, SIGHUP, SIGPIPE}; // the last when the log goes to "head" and the like
+#endif
 
 void RemoveOnSignals(const std::string& sFile, const std::string& sFolder) {
     g_aPaths = {sFile, sFolder};
@@ -63,7 +67,8 @@ CJoinFolder::CJoinFolder() {
         RemoveOnSignals(GetFile(), m_sFolder);
         return;
     }
-    throw CFileException(ToText(parent), error ? error.message() : "no name is free");
+    throw CFileException(parent.empty() ? "folder for temporary files" : ToText(parent),
+                         error ? error.message() : "no name is free");
 }
 
 CJoinFolder::~CJoinFolder() {

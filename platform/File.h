@@ -2,8 +2,10 @@
 // Files as the converter needs them: a deck that is read, an output file that is written, and how the two are told
 // apart. Paths are UTF-8 on every platform.
 
+#include <compare>
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,7 +14,7 @@
 struct T_FILEID_D {
     std::uint64_t nVOLUME = 0;
     std::uint64_t nNUMBER = 0;
-    bool operator==(const T_FILEID_D&) const = default;
+    auto operator<=>(const T_FILEID_D&) const = default;
 };
 
 /// The path from the root of the file system, whether the file exists or not.
@@ -27,7 +29,8 @@ class CDeckFile {
     ~CDeckFile() { Close(); }
 
     /// Opens sPath as it stands or, where the file system tells case apart and the path isn't there, without regard to
-    /// case, folder by folder. Returns 1, or 0 with the cause in rCause.
+    /// case, folder by folder; a folder is listed once in the life of the object. Returns 1, or 0 with the cause in
+    /// rCause.
     int Open(const std::string& sPath, std::string& rCause);
 
     /// Reads up to nSize bytes. Returns their number, 0 at the end of the file, -1 if the file can't be read on or was
@@ -40,9 +43,13 @@ class CDeckFile {
     const T_FILEID_D& GetId() const { return m_id; }
 
   private:
+    std::string FindWithoutCase(const std::string& sFolder, const std::string& sName);
+    std::string ResolveWithoutCase(std::string sPath);
+
     std::intptr_t m_iHandle = -1;
     T_FILEID_D m_id;
-    std::uint64_t m_nUnread = 0; // of the bytes that the deck had when it was opened
+    std::uint64_t m_nUnread = 0;                                  // of the bytes that the deck had when it was opened
+    std::map<std::string, std::vector<std::string>> m_mapFolders; // names in the folders that were searched
 };
 
 /// Failure of an output file: which file, and why in the system's words.

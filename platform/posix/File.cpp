@@ -4,12 +4,13 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
 #include <memory>
-#include <strings.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -25,21 +26,73 @@ int OpenToRead(const std::string& sPath) {
     return ::open(sPath.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
 }
 
-/// The entry of sFolder that equals sName without regard to case, the first in byte order; empty if there is none.
-std::string FindWithoutCase(const std::string& sFolder, const std::string& sName) {
-    const std::unique_ptr<DIR, int (*)(DIR*)> pDir(::opendir(sFolder.c_str()), &::closedir);
-    std::string sFound;
-    if (!pDir) return sFound;
-    while (const dirent* pEntry = ::readdir(pDir.get())) {
-        const std::string sEntry = pEntry->d_name;
-        if (::strcasecmp(sEntry.c_str(), sName.c_str()) == 0 && (sFound.empty() || sEntry < sFound)) sFound = sEntry;
+/// While it lives, a write past the limit of a file's size or to a pipe without a reader fails by its result alone: the
+/// signals that would end the host wait, and go.
+class CHeldSignals {
+  public:
+    CHeldSignals() {
+        ::sigpending(&m_pending);
+        ::sigemptyset(&m_held);
+        for (const int iSignal : {SIGPIPE, SIGXFSZ}) {
+            if (::sigismember(&m_pending, iSignal) == 0) ::sigaddset(&m_held, iSignal); // others are the host's own
+        }
+        ::pthread_sigmask(SIG_BLOCK, &m_held, &m_before);
     }
-    return sFound;
+    ~CHeldSignals() {
+        const timespec none{};
+        while (::sigtimedwait(&m_held, nullptr, &none) > 0) {
+        }
+        ::pthread_sigmask(SIG_SETMASK, &m_before, nullptr);
+    }
+    CHeldSignals(const CHeldSignals&) = delete;
+    CHeldSignals& operator=(const CHeldSignals&) = delete;
+
+  private:
+    sigset_t m_pending{};
+    sigset_t m_held{};
+    sigset_t m_before{};
+};
+
+char ToLower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+/// Order without regard to case, whatever letters are to the locale of the host.
+bool IsBefore(const std::string& sA, const std::string& sB) {
+    return std::lexicographical_compare(sA.begin(), sA.end(), sB.begin(), sB.end(),
+                                        [](char cA, char cB) { return ToLower(cA) < ToLower(cB); });
+}
+
+/// The names in sFolder, those that differ in case alone next to each other in byte order.
+std::vector<std::string> ListFolder(const std::string& sFolder) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> pDir(::opendir(sFolder.c_str()), &::closedir);
+    std::vector<std::string> aNames;
+    if (!pDir) return aNames;
+    while (const dirent* pEntry = ::readdir(pDir.get())) aNames.emplace_back(pEntry->d_name);
+    std::sort(aNames.begin(), aNames.end());
+    std::stable_sort(aNames.begin(), aNames.end(), &IsBefore);
+    return aNames;
+}
+
+} // namespace
+
+std::string FullPath(const std::string& sPath) {
+    std::error_code error;
+    const std::filesystem::path full = std::filesystem::absolute(sPath, error);
+    return error ? sPath : full.string();
+}
+
+/// The entry of sFolder that equals sName without regard to case, the first in byte order; empty if there is none.
+std::string CDeckFile::FindWithoutCase(const std::string& sFolder, const std::string& sName) {
+    std::vector<std::string>& rNames = m_mapFolders[sFolder];
+    if (rNames.empty()) rNames = ListFolder(sFolder);
+    const auto pName = std::lower_bound(rNames.begin(), rNames.end(), sName, &IsBefore);
+    return pName != rNames.end() && !IsBefore(sName, *pName) ? *pName : std::string();
 }
 
 /// Walks sPath folder by folder, taking each name as it stands where it exists and without regard to case where not.
 /// Both separators part names. Empty if a name isn't found.
-std::string ResolveWithoutCase(std::string sPath) {
+std::string CDeckFile::ResolveWithoutCase(std::string sPath) {
     std::replace(sPath.begin(), sPath.end(), '\\', '/');
     std::string sResolved = sPath.starts_with('/') ? "/" : "";
     std::size_t iPos = 0;
@@ -57,14 +110,6 @@ std::string ResolveWithoutCase(std::string sPath) {
         if (iEnd < sPath.size()) sResolved += '/';
     }
     return sResolved;
-}
-
-} // namespace
-
-std::string FullPath(const std::string& sPath) {
-    std::error_code error;
-    const std::filesystem::path full = std::filesystem::absolute(sPath, error);
-    return error ? sPath : full.string();
 }
 
 int CDeckFile::Open(const std::string& sPath, std::string& rCause) {
@@ -128,6 +173,7 @@ void CFile::Create(const std::string& sPath, const std::vector<T_FILEID_D>& aKee
 }
 
 void CFile::Flush() {
+    const CHeldSignals held;
     const char* pData = m_aBuffer.data();
     std::size_t nLeft = m_nUsed;
     m_nUsed = 0; // whatever fails below, these bytes are not written twice

@@ -15,6 +15,7 @@
 #include <dlfcn.h>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <locale>
 #include <pthread.h>
 #include <stdexcept>
@@ -107,6 +108,30 @@ TEST(HostTest, DialogsThatThrow) {
         CConvertNastran run(dialogs);
         EXPECT_EQ(run.Convert(folder.Path("deck.dat")), 0);
         EXPECT_EQ(run.GetFailure().GetText(), bStandard ? "internal error: no window" : "internal error: ");
+    }
+}
+
+/// The same text again and again.
+class CEndlessText : public std::streambuf {
+  public:
+    explicit CEndlessText(std::string sText) : m_sText(std::move(sText)) {}
+
+  private:
+    int_type underflow() override {
+        setg(m_sText.data(), m_sText.data(), m_sText.data() + m_sText.size());
+        return traits_type::to_int_type(m_sText[0]);
+    }
+    std::string m_sText;
+};
+
+TEST(HostTest, InputWithoutEnd) {
+    for (const char* sText : {"no deck\n", "no line"}) {
+        const CInput input("");
+        CEndlessText text(sText);
+        std::streambuf* const pBefore = std::cin.rdbuf(&text);
+        const T_CALL_D call = MakeCall(&ConvertFile2);
+        std::cin.rdbuf(pBefore);
+        EXPECT_EQ(call.iRESULT, CONVERT_CANCELLED) << sText;
     }
 }
 

@@ -6,7 +6,10 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <fcntl.h>
 #include <filesystem>
+#include <signal.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -118,6 +121,43 @@ TEST_F(SystemFaultTest, AFullDiskKeepsWhatWasWritten) {
         EXPECT_TRUE(nTh == 1 ? run.sZDT.empty() : run.sZDT.size() > nBefore) << nTh;
         nBefore = run.sZDT.size();
     }
+}
+
+TEST_F(SystemFaultTest, ALimitOfTheSizeOfFilesDoesNotEndTheHost) {
+    constexpr std::size_t MOST = 300000; // into the second write
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const rlimit limit{MOST, before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+    const T_RUN_D run = RunFile("deck.dat");
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
+    EXPECT_EQ(run.sFILEERROR, "deck.zdt: File too large");
+    EXPECT_EQ(run.sZDT, m_sZdt.substr(0, MOST));
+}
+
+TEST_F(SystemFaultTest, APipeWithoutAReaderDoesNotEndTheHost) {
+    ASSERT_EQ(::mkfifo("pipe", 0600), 0);
+    const auto write = [] {
+        const int iReader = ::open("pipe", O_RDONLY | O_NONBLOCK);
+        CFile file;
+        file.Create("pipe");
+        ::close(iReader);
+        file.Write("text");
+        file.Flush();
+    };
+    EXPECT_THROW(write(), CFileException);
+
+    sigset_t pipe; // one that the host itself has waiting stays
+    sigset_t before;
+    ::sigemptyset(&pipe);
+    ::sigaddset(&pipe, SIGPIPE);
+    ASSERT_EQ(::pthread_sigmask(SIG_BLOCK, &pipe, &before), 0);
+    EXPECT_EQ(::sigismember(&before, SIGPIPE), 0) << "the mask of before is back";
+    ASSERT_EQ(::raise(SIGPIPE), 0);
+    EXPECT_THROW(write(), CFileException);
+    const timespec none{};
+    EXPECT_EQ(::sigtimedwait(&pipe, nullptr, &none), SIGPIPE);
+    ASSERT_EQ(::pthread_sigmask(SIG_SETMASK, &before, nullptr), 0);
 }
 
 TEST_F(SystemFaultTest, AFolderWithoutPermission) {

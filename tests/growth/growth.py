@@ -74,6 +74,21 @@ def repeated_leaf(n):
     return decks
 
 
+def crowd_of_two(n):
+    """The same, with two decks in turn, the first of which includes the other."""
+    decks = nested_includes(n)
+    decks["%d.INC" % n] = bulk(["INCLUDE,TWIG.INC", "INCLUDE,LEAF.INC"] * n)
+    decks["TWIG.INC"] = bulk(["INCLUDE,LEAF.INC"])
+    decks["LEAF.INC"] = bulk(["GRID,1"])
+    return decks
+
+
+def lower_case_includes(n):
+    """Names that arrive in upper case and are looked for in their folder."""
+    return {"deck.dat": bulk(["INCLUDE,%d.INC" % i for i in range(1, n + 1)]),
+            **{"%d.inc" % i: bulk(["GRID,%d" % i]) for i in range(1, n + 1)}}
+
+
 def frame_chain(n, grids):
     """Frames in frames, of two kinds in turn since a frame isn't looked for in its own kind."""
     lines = []
@@ -134,9 +149,9 @@ CASES = {
     "messages": (200000, lambda n: bulk(["RBE3,%d,1,2" % i for i in range(n)])),
     "grids in a lost frame": (100000, lambda n: bulk(["GRID,%d,7,1.,2.,3.,8" % i for i in range(n)])),
     "elements without grids": (50000, lambda n: bulk(["CBAR,%d,1,7,8,1.,0.,0." % i for i in range(n)])),
-    # frames
-    "a chain of frames, 2 grids": (40000, lambda n: frame_chain(n, 2)),
-    "a circle of frames, 2 grids": (40000, lambda n: frame_chain(n, 2).replace("CORD2C,1,0", "CORD2C,1,%d" % n)),
+    # frames, more than fit into the caches of a processor
+    "a chain of frames, 2 grids": (160000, lambda n: frame_chain(n, 2)),
+    "a circle of frames, 2 grids": (160000, lambda n: frame_chain(n, 2).replace("CORD2C,1,0", "CORD2C,1,%d" % n)),
     "frames and grids": (20000, lambda n: bulk(["CORD2R,%d,0,0.,0.,1.,0.,0.,2.,1.,0.,1." % i for i in range(1, n)] +
                                                ["GRID,%d,%d,1.,2.,3.,%d" % (i, i, i) for i in range(1, n)])),
     # includes
@@ -144,6 +159,8 @@ CASES = {
         "deck.dat": bulk(["INCLUDE,LEAF.INC"] * n), "LEAF.INC": "BEGIN BULK\nGRID,1\nENDDATA\n"}),
     "includes in includes": (3000, nested_includes),
     "a chain and a crowd of includes": (3000, repeated_leaf),
+    "a chain and a crowd of two": (3000, crowd_of_two),
+    "includes in lower case": (3000, lower_case_includes),
 }
 
 

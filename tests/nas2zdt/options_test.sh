@@ -153,4 +153,17 @@ printf 'BEGIN BULK\nINCLUDE %scycle.dat%s\n' "'" "'" >cycle.dat
 expect "a cycle" 1 --flatten cycle.dat
 grep -q '^nas2zdt: cycle.dat:2: ' err || fail "a cycle"
 [ ! -e cycle.zdt ] || fail "nothing of a cycle"
+printf 'BEGIN BULK\nINCLUDE,\nENDDATA\n' >nameless.dat
+expect "an include without a name" 1 nameless.dat
+grep -q '^nas2zdt: nameless.dat: ' err || fail "the deck of an include without a name"
+
+# ---- the folder for temporary files
+TMPDIR=$folder/none expect "no folder for temporary files" 1 --flatten good.dat
+grep -q '^nas2zdt: folder for temporary files: ' err || fail "no folder for temporary files"
+if mkfifo pipe; then
+    (exec 3<pipe) & # a reader that goes away
+    { sleep 1; "$nas2zdt" --flatten good.dat; } >pipe 2>err || true
+    wait
+    [ -z "$(ls tmp)" ] || fail "a joined deck is left behind when nobody reads the log"
+fi
 echo "1 passed, 0 failed"

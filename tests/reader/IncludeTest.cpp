@@ -48,6 +48,21 @@ TEST_F(IncludeTest, FindsNamesWithoutRegardToCaseAndWithBothSeparators) {
     EXPECT_EQ(Sections(run.sZDT, "*NODE"), "*NODE\n  5, 0, 0, 0\n\n");
 }
 
+#ifndef _WIN32 // where names that differ in case alone are one
+TEST_F(IncludeTest, OfNamesThatDifferInCaseTheFirstInByteOrder) {
+    const std::vector<std::string> aNames = {"part.daT", "part.dAt", "part.Dat", "parT.dat",
+                                             "paRt.dat", "pArt.dat", "Part.dat"}; // the last is the first
+    for (std::size_t i = 0; i < aNames.size(); ++i) {
+        WriteText(aNames[i], "BEGIN BULK\nGRID," + std::to_string(aNames.size() - i) + "\nENDDATA\n");
+    }
+    WriteText("part2.dat", "BEGIN BULK\nGRID,8\nENDDATA\n");
+    WriteText("PART3.DAT", "BEGIN BULK\nGRID,9\nENDDATA\n");
+    WriteText("part3.dat", "BEGIN BULK\nGRID,10\nENDDATA\n");
+    const T_RUN_D run = Run("INCLUDE,part.dat\nINCLUDE,part2.dat\nINCLUDE,part3.dat\n");
+    EXPECT_EQ(Sections(run.sZDT, "*NODE"), "*NODE\n  1, 0, 0, 0\n  8, 0, 0, 0\n  9, 0, 0, 0\n\n");
+}
+#endif
+
 TEST_F(IncludeTest, TheSameDeckByTwoRoadsIsReadTwice) {
     WriteText("a.dat", "BEGIN BULK\nINCLUDE,'c.dat'\nENDDATA\n");
     WriteText("b.dat", "BEGIN BULK\nINCLUDE,'c.dat'\nENDDATA\n");
@@ -67,6 +82,7 @@ struct T_FAILED_D {
 TEST_F(IncludeTest, FailedRunsLeaveNothing) {
     WriteText("loop1.dat", "BEGIN BULK\nINCLUDE,'LOOP2.DAT'\nENDDATA\n");
     WriteText("loop2.dat", "BEGIN BULK\nINCLUDE,'Loop1.dat'\nENDDATA\n");
+    WriteText("part.dat", "BEGIN BULK\nGRID,7\nENDDATA\n");
     WriteText("long.dat", std::string(200, 'X') + "\n");
     std::filesystem::create_directory("folder");
     const T_FAILED_D aFailed[] = {
@@ -78,6 +94,8 @@ TEST_F(IncludeTest, FailedRunsLeaveNothing) {
         {"itself twice in a row", "INCLUDE,'main.dat'\nINCLUDE,'main.dat'\n", FAILURE_INCLUDE_CYCLE, "MAIN.DAT"},
         {"a longer cycle", "INCLUDE,'loop1.dat'\n", FAILURE_INCLUDE_CYCLE, "LOOP1.DAT"},
         {"a cycle by two roads", "INCLUDE,'loop2.dat'\nINCLUDE,'loop1.dat'\nINCLUDE,'loop1.dat'\n",
+         FAILURE_INCLUDE_CYCLE, "LOOP2.DAT"},
+        {"a cycle behind a deck that is none", "INCLUDE,part.dat\nINCLUDE,part.dat\nINCLUDE,'loop2.dat'\n",
          FAILURE_INCLUDE_CYCLE, "LOOP2.DAT"},
         {"a long line in it", "INCLUDE,'long.dat'\n", FAILURE_LINE_TOO_LONG, "LONG.DAT"},
     };

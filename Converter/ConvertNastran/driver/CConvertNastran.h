@@ -345,7 +345,9 @@ class CConvertNastran {
 
     std::vector<T_DECK_D> m_aDecks; // the main deck, then those of INCLUDE cards in the order met
     std::size_t m_iCurDeck = 0;     // the one being read
-    std::set<std::pair<std::uint64_t, std::uint64_t>> m_setDeckIds; // identities of the decks opened so far
+    std::set<T_FILEID_D> m_setIncluding; // decks that include others
+    std::set<T_FILEID_D> m_setTested;    // those whose road was walked for the cards of m_iTestedOrigin
+    std::size_t m_iTestedOrigin = 0;
     CLineReader m_reader;
     std::int32_t m_iSection = 0;   // 0 before CEND, 1 case control, 2 bulk data
     std::int32_t m_iLineNo = 0;    // lines read of the current deck

@@ -7,6 +7,7 @@
 
 #include <exception>
 #include <new>
+#include <utility>
 
 CConvertNastran::CConvertNastran(CDialogs& rDialogs)
     : m_rDialogs(rDialogs), m_pDataPool(std::make_unique<CDataPool>()),
@@ -77,18 +78,21 @@ void CConvertNastran::ReadDeck() {
     TestIncludeCycle();
     if (bMain) LogBanner(m_sDeckName.empty() ? m_aDecks[0].sPATH : m_sDeckName);
     if (m_pObserver) m_pObserver->OnDeckBegin(m_aDecks[m_iCurDeck].sPATH);
+    const std::size_t nBefore = m_aDecks.size();
     ReadDeckFile();
+    if (m_aDecks.size() > nBefore) m_setIncluding.insert(m_aDecks[m_iCurDeck].id);
     if (m_pObserver) m_pObserver->OnDeckEnd(m_iSection == 2);
     m_reader.Close();
 }
 
 /// A deck may be included again and again by different roads, but a road that leads back to where it came from would
-/// never end. The road is walked only for a deck that was read before, and once for all its cards in a row.
+/// never end. The road is walked only for a deck that includes others, and once for all cards that name it in a deck.
 void CConvertNastran::TestIncludeCycle() {
     const T_FILEID_D id = m_aDecks[m_iCurDeck].id;
-    if (m_setDeckIds.emplace(id.nVOLUME, id.nNUMBER).second) return;
-    const T_DECK_D& rBefore = m_aDecks[m_iCurDeck - 1];
-    if (rBefore.id == id && rBefore.iORIGIN == m_aDecks[m_iCurDeck].iORIGIN && m_iCurDeck > 1) return;
+    if (!m_setIncluding.contains(id)) return;
+    const std::size_t iOrigin = m_aDecks[m_iCurDeck].iORIGIN;
+    if (std::exchange(m_iTestedOrigin, iOrigin) != iOrigin) m_setTested.clear();
+    if (!m_setTested.insert(id).second) return;
     for (std::size_t iDeck = m_iCurDeck; iDeck != 0;) {
         iDeck = m_aDecks[iDeck].iORIGIN;
         if (m_aDecks[iDeck].id == id) throw CRunError(FAILURE_INCLUDE_CYCLE);
