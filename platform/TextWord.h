@@ -14,7 +14,7 @@ constexpr TEXTWORD EIGHT_ZEROS = 0x3030303030303030; // "00000000"
 
 /// The same character eight times.
 constexpr TEXTWORD RepeatInWord(char c) {
-    return 0x0101010101010101 * static_cast<unsigned char>(c);
+    return TEXTWORD(0x0101010101010101) * static_cast<unsigned char>(c);
 }
 
 /// From the platform's order of bytes to that of a word, and back.
