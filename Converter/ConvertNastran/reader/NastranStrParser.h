@@ -33,7 +33,7 @@ class CNastranStrParser {
         constexpr TEXTWORD LOW_BITS = RepeatInWord(0x7F);
         const TEXTWORD nOther = LoadWord(pField) ^ RepeatInWord(' ');
         const TEXTWORD nFilled = (((nOther & LOW_BITS) + LOW_BITS) | nOther) & ~LOW_BITS;
-        if (nFilled == 0) return {pField, 0};
+        if (nFilled == 0) return {pField, pField};
         const int iFirst = std::countr_zero(nFilled) / 8;
         const int nText = 8 - std::countl_zero(nFilled) / 8 - iFirst;
         const TEXTWORD nOneWord = (~LOW_BITS >> (64 - 8 * nText)) << (8 * iFirst);
