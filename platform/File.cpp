@@ -11,7 +11,10 @@ constexpr std::size_t BUFFER_SIZE = std::size_t(256) * 1024;
 
 void CFile::MakeRoom(std::size_t nSize) {
     if (m_nUsed > 0) Flush();
-    if (nSize > m_aBuffer.size()) m_aBuffer.resize(std::max(nSize, BUFFER_SIZE));
+    if (nSize <= m_nBuffer) return;
+    const std::size_t nBuffer = std::max(nSize, BUFFER_SIZE);
+    m_pBuffer = std::make_unique_for_overwrite<char[]>(nBuffer);
+    m_nBuffer = nBuffer;
 }
 
 void CFile::Write(std::string_view sText) {

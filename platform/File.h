@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -81,8 +82,8 @@ class CFile {
 
     /// Room for nSize bytes at the end of what was written; Commit takes those that were filled.
     char* Reserve(std::size_t nSize) {
-        if (nSize > m_aBuffer.size() - m_nUsed) MakeRoom(nSize);
-        return m_aBuffer.data() + m_nUsed;
+        if (nSize > m_nBuffer - m_nUsed) MakeRoom(nSize);
+        return m_pBuffer.get() + m_nUsed;
     }
     void Commit(std::size_t nSize) { m_nUsed += nSize; }
 
@@ -100,6 +101,7 @@ class CFile {
 
     std::intptr_t m_iHandle = -1;
     std::string m_sPath;
-    std::vector<char> m_aBuffer;
+    std::unique_ptr<char[]> m_pBuffer; // not filled with anything: a small file touches little of it
+    std::size_t m_nBuffer = 0;
     std::size_t m_nUsed = 0;
 };

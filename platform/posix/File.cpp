@@ -174,7 +174,7 @@ void CFile::Create(const std::string& sPath, const std::vector<T_FILEID_D>& aKee
 
 void CFile::Flush() {
     const CHeldSignals held;
-    const char* pData = m_aBuffer.data();
+    const char* pData = m_pBuffer.get();
     std::size_t nLeft = m_nUsed;
     m_nUsed = 0; // whatever fails below, these bytes are not written twice
     while (nLeft > 0) {

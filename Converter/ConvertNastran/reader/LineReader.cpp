@@ -19,7 +19,7 @@ bool HasSpecial(const char* pText, std::size_t nText) {
 } // namespace
 
 int CLineReader::Open(const std::string& sPath, std::string& rCause) {
-    m_aBuffer.resize(BLOCK_SIZE + CNastranStrParser::SLACK);
+    if (!m_pBuffer) m_pBuffer = std::make_unique_for_overwrite<char[]>(BLOCK_SIZE + CNastranStrParser::SLACK);
     m_iNext = m_iEnd = 0;
     m_nBytesRead = 0;
     m_bEnd = m_bSpecial = false;
@@ -28,23 +28,24 @@ int CLineReader::Open(const std::string& sPath, std::string& rCause) {
 
 bool CLineReader::Fill(std::size_t nWanted) {
     if (m_iEnd - m_iNext >= nWanted || m_bEnd) return m_iEnd > m_iNext;
-    std::memmove(m_aBuffer.data(), m_aBuffer.data() + m_iNext, m_iEnd - m_iNext);
+    std::memmove(m_pBuffer.get(), m_pBuffer.get() + m_iNext, m_iEnd - m_iNext);
     m_iEnd -= m_iNext;
     m_iNext = 0;
     while (m_iEnd < nWanted && !m_bEnd) {
-        const std::ptrdiff_t nRead = m_file.Read(m_aBuffer.data() + m_iEnd, BLOCK_SIZE - m_iEnd);
+        const std::ptrdiff_t nRead = m_file.Read(m_pBuffer.get() + m_iEnd, BLOCK_SIZE - m_iEnd);
         if (nRead < 0) throw CRunError(FAILURE_DECK_NOT_READ);
         m_bEnd = nRead == 0;
-        m_bSpecial = m_bSpecial || HasSpecial(m_aBuffer.data() + m_iEnd, static_cast<std::size_t>(nRead));
+        m_bSpecial = m_bSpecial || HasSpecial(m_pBuffer.get() + m_iEnd, static_cast<std::size_t>(nRead));
         m_iEnd += static_cast<std::size_t>(nRead);
         m_nBytesRead += static_cast<std::uint64_t>(nRead);
     }
+    std::memset(m_pBuffer.get() + m_iEnd, 0, CNastranStrParser::SLACK);
     return m_iEnd > m_iNext;
 }
 
 bool CLineReader::Read(std::string_view& rText) {
     if (!Fill(LONGEST_PIECE)) return false;
-    const char* pText = m_aBuffer.data() + m_iNext;
+    const char* pText = m_pBuffer.get() + m_iNext;
     const std::size_t nMost = std::min(m_iEnd - m_iNext, LONGEST_PIECE);
     const auto* pFeed = static_cast<const char*>(std::memchr(pText, '\n', nMost));
     const std::size_t nText = pFeed ? static_cast<std::size_t>(pFeed - pText) : nMost;
@@ -54,5 +55,5 @@ bool CLineReader::Read(std::string_view& rText) {
 }
 
 int CLineReader::PeekByte() {
-    return Fill(1) ? static_cast<unsigned char>(m_aBuffer[m_iNext]) : -1;
+    return Fill(1) ? static_cast<unsigned char>(m_pBuffer[m_iNext]) : -1;
 }

@@ -5,9 +5,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 constexpr char CTRL_Z = '\x1A';
 
@@ -38,7 +38,7 @@ class CLineReader {
     bool Fill(std::size_t nWanted);
 
     CDeckFile m_file;
-    std::vector<char> m_aBuffer;
+    std::unique_ptr<char[]> m_pBuffer; // not filled with anything: a small deck touches little of it
     std::size_t m_iNext = 0; // first byte not handed out yet
     std::size_t m_iEnd = 0;  // end of what was read
     std::uint64_t m_nBytesRead = 0;
