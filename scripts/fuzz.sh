@@ -50,7 +50,7 @@ for target in $targets; do
     echo "--- $target, $seconds s"
     log=$scratch/$target.log
     # A run that takes seconds or gigabytes is a fault too.
-    if ! TMPDIR=$runs nice "$bin/fuzz_$target" "$corpus/$target" -max_total_time="$seconds" -max_len=4096 -timeout=20 \
+    if ! TMPDIR=$runs nice "$bin/fuzz_$target" "$corpus/$target" -max_total_time="$seconds" -max_len=4096 -entropic=0 -timeout=20 \
         -rss_limit_mb=2048 -reload=0 -print_final_stats=1 -verbosity=1 -artifact_prefix="$findings/$target-" \
         >"$log" 2>&1; then
         tail -n 60 "$log"
