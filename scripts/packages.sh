@@ -27,10 +27,11 @@ missing_of() {
   done
 }
 
-# Starts an X server of its own on a free display: $DISPLAY, and its process in $screen.
+# Starts an X server of its own on a free display: $DISPLAY, and its process in $screen. It must not start anew whenever
+# its last client goes: the next one would be turned away.
 start_screen() {
   number=$(mktemp)
-  Xvfb -displayfd 3 -screen 0 1280x1024x24 3>"$number" >/dev/null 2>&1 &
+  Xvfb -noreset -displayfd 3 -screen 0 1280x1024x24 3>"$number" >/dev/null 2>&1 &
   screen=$!
   tries=0
   while [ ! -s "$number" ] && [ $tries -lt 100 ]; do

@@ -58,7 +58,7 @@ int AskForDeck(std::string& rPath) {
         if (iChosen) {
             rPath = sPath;
         } else {
-            GtkWidget* pBox = MakeBox(GTK_MESSAGE_WARNING, sPath + ": " + sCause);
+            GtkWidget* pBox = MakeBox(GTK_MESSAGE_WARNING, CFileException(sPath, sCause).GetText());
             gtk_window_set_transient_for(GTK_WINDOW(pBox), GTK_WINDOW(pDialog));
             RunDialog(pBox);
         }
