@@ -1,3 +1,5 @@
+// Laying a scene out on the sheet.
+
 #include "picture/Drawing.h"
 
 #include <algorithm>

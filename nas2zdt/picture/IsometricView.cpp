@@ -1,3 +1,5 @@
+// From a place in space to a place in a picture.
+
 #include "picture/IsometricView.h"
 
 #include <limits>

@@ -1,3 +1,5 @@
+// The faces and lines of a picture, as few as show the model.
+
 #include "picture/Shapes.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// The legend beside the model.
+
 #include "picture/SvgLegend.h"
 
 #include "picture/SvgMarks.h"

@@ -1,3 +1,5 @@
+// Marks of the picture as SVG.
+
 #include "picture/SvgMarks.h"
 
 #include "picture/SvgStyle.h"

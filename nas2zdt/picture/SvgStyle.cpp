@@ -1,3 +1,5 @@
+// The style sheet.
+
 #include "picture/SvgStyle.h"
 
 #include "picture/SvgText.h"

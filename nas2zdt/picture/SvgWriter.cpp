@@ -1,3 +1,5 @@
+// The picture as an SVG file.
+
 #include "picture/SvgWriter.h"
 
 #include "picture/SvgLegend.h"

@@ -1,3 +1,5 @@
+// Marks of a picture that have a size of their own.
+
 #include "picture/Symbols.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// The resolved model as a VTK unstructured grid.
+
 #include "picture/VtuWriter.h"
 
 #include "picture/Scene.h"

@@ -1,3 +1,5 @@
+// Any bytes as text of an XML file.
+
 #include "picture/XmlText.h"
 
 #include <cstdint>

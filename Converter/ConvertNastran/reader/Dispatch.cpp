@@ -32,7 +32,8 @@ int CConvertNastran::DispatchCard(const T_DATA_D& rCard) {
 /// Logs that a card isn't converted.
 void CConvertNastran::ReportCard(const T_DATA_D& rCard) {
     const std::string_view sKeyword = T_KEYW_D::TABLE[static_cast<std::size_t>(rCard.iKEYWORD)].sNAME;
-    LogMessage(g_pfnLoadStr("IDS_NASTRAN_Not_convert_in_this_version"), sKeyword, LineInfoText(rCard.aLINES, m_pObserver));
+    LogMessage(g_pfnLoadStr("IDS_NASTRAN_Not_convert_in_this_version"), sKeyword,
+               LineInfoText(rCard.aLINES, m_pObserver));
 }
 
 /// Takes the path of an INCLUDE from its first field, without apostrophes. A card without one gives an empty path.
