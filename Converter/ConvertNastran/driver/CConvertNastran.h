@@ -343,10 +343,10 @@ class CConvertNastran {
     std::uint64_t m_nBytesTold = 0;  // to the observer
     std::vector<T_FILEID_D> m_aKeep; // files that aren't decks of the run and yet may not be written over
 
-    std::vector<T_DECK_D> m_aDecks; // the main deck, then those of INCLUDE cards in the order met
-    std::size_t m_iCurDeck = 0;     // the one being read
-    std::set<T_FILEID_D> m_setIncluding; // decks that include others
-    std::set<T_FILEID_D> m_setTested;    // those whose road was walked for the cards of m_iTestedOrigin
+    std::vector<T_DECK_D> m_aIncludeFiles; // the main deck, then those of INCLUDE cards in the order met
+    std::size_t m_iCurDeck = 0;            // the one being read
+    std::set<T_FILEID_D> m_setIncluding;   // decks that include others
+    std::set<T_FILEID_D> m_setTested;      // those whose road was walked for the cards of m_iTestedOrigin
     std::size_t m_iTestedOrigin = 0;
     CLineReader m_reader;
     std::int32_t m_iSection = 0;   // 0 before CEND, 1 case control, 2 bulk data

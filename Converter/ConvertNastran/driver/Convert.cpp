@@ -36,7 +36,7 @@ void CConvertNastran::KeepFailure() noexcept {
             rText.clear();
         }
     };
-    const bool bReading = m_iCurDeck < m_aDecks.size();
+    const bool bReading = m_iCurDeck < m_aIncludeFiles.size();
     try {
         throw;
     } catch (const CRunError& rError) {
@@ -52,15 +52,14 @@ void CConvertNastran::KeepFailure() noexcept {
     } catch (...) { // what a host's dialogs may throw
         m_failure.eFAILURE = FAILURE_INTERNAL;
     }
-    if (bReading) keep(m_failure.sFILE, m_aDecks[m_iCurDeck].sPATH);
+    if (bReading) keep(m_failure.sFILE, m_aIncludeFiles[m_iCurDeck].sPATH);
 }
 
 void CConvertNastran::RunConversion(const std::string& sPath) {
     m_nPSHELL = 0;
-    m_aDecks.push_back({sPath, 0, {}});
-    for (m_iCurDeck = 0; m_iCurDeck < m_aDecks.size(); ++m_iCurDeck) { // INCLUDE cards add to the list as it is walked
-        ReadDeck();
-    }
+    m_aIncludeFiles.push_back({sPath, 0, {}});
+    // INCLUDE cards add to the list as it is walked.
+    for (m_iCurDeck = 0; m_iCurDeck < m_aIncludeFiles.size(); ++m_iCurDeck) ReadDeck();
     m_pDataPool->m_pMsgMgr = m_pMsgMgr.get();
     m_pDataPool->ResolveModel();
     if (!WriteZdtFile(sPath)) throw CRunError(FAILURE_NOT_WRITTEN);
@@ -71,16 +70,16 @@ void CConvertNastran::RunConversion(const std::string& sPath) {
 /// Reads the deck at m_iCurDeck. Throws CRunError if it can't be opened or includes itself.
 void CConvertNastran::ReadDeck() {
     const bool bMain = m_iCurDeck == 0;
-    if (!m_reader.Open(m_aDecks[m_iCurDeck].sPATH, m_failure.sCAUSE)) {
+    if (!m_reader.Open(m_aIncludeFiles[m_iCurDeck].sPATH, m_failure.sCAUSE)) {
         throw CRunError(bMain ? FAILURE_DECK_NOT_OPENED : FAILURE_INCLUDE_NOT_OPENED);
     }
-    m_aDecks[m_iCurDeck].id = m_reader.GetId();
+    m_aIncludeFiles[m_iCurDeck].id = m_reader.GetId();
     TestIncludeCycle();
-    if (bMain) LogBanner(m_sDeckName.empty() ? m_aDecks[0].sPATH : m_sDeckName);
-    if (m_pObserver) m_pObserver->OnDeckBegin(m_aDecks[m_iCurDeck].sPATH);
-    const std::size_t nBefore = m_aDecks.size();
+    if (bMain) LogBanner(m_sDeckName.empty() ? m_aIncludeFiles[0].sPATH : m_sDeckName);
+    if (m_pObserver) m_pObserver->OnDeckBegin(m_aIncludeFiles[m_iCurDeck].sPATH);
+    const std::size_t nBefore = m_aIncludeFiles.size();
     ReadDeckFile();
-    if (m_aDecks.size() > nBefore) m_setIncluding.insert(m_aDecks[m_iCurDeck].id);
+    if (m_aIncludeFiles.size() > nBefore) m_setIncluding.insert(m_aIncludeFiles[m_iCurDeck].id);
     if (m_pObserver) m_pObserver->OnDeckEnd(m_iSection == 2);
     m_reader.Close();
 }
@@ -88,14 +87,14 @@ void CConvertNastran::ReadDeck() {
 /// A deck may be included again and again by different roads, but a road that leads back to where it came from would
 /// never end. The road is walked only for a deck that includes others, and once for all cards that name it in a deck.
 void CConvertNastran::TestIncludeCycle() {
-    const T_FILEID_D id = m_aDecks[m_iCurDeck].id;
+    const T_FILEID_D id = m_aIncludeFiles[m_iCurDeck].id;
     if (!m_setIncluding.contains(id)) return;
-    const std::size_t iOrigin = m_aDecks[m_iCurDeck].iORIGIN;
+    const std::size_t iOrigin = m_aIncludeFiles[m_iCurDeck].iORIGIN;
     if (std::exchange(m_iTestedOrigin, iOrigin) != iOrigin) m_setTested.clear();
     if (!m_setTested.insert(id).second) return;
     for (std::size_t iDeck = m_iCurDeck; iDeck != 0;) {
-        iDeck = m_aDecks[iDeck].iORIGIN;
-        if (m_aDecks[iDeck].id == id) throw CRunError(FAILURE_INCLUDE_CYCLE);
+        iDeck = m_aIncludeFiles[iDeck].iORIGIN;
+        if (m_aIncludeFiles[iDeck].id == id) throw CRunError(FAILURE_INCLUDE_CYCLE);
     }
 }
 

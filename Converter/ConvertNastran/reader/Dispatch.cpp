@@ -40,5 +40,5 @@ void CConvertNastran::ReportCard(const T_DATA_D& rCard) {
 void CConvertNastran::TakeInclude(const T_DATA_D& rCard) {
     std::string sPath(rCard.aFIELDS.empty() ? std::string_view() : rCard.aFIELDS[0]);
     std::erase(sPath, '\'');
-    m_aDecks.push_back({std::move(sPath), m_iCurDeck, {}});
+    m_aIncludeFiles.push_back({std::move(sPath), m_iCurDeck, {}});
 }

@@ -4,6 +4,7 @@
 #include "platform/File.h"
 #include "writer/Numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -95,8 +96,7 @@ inline char* PutValue(char* p, double dValue) {
     return PutReal(p, dValue);
 }
 inline char* PutValue(char* p, std::string_view sText) {
-    std::memcpy(p, sText.data(), sText.size());
-    return p + sText.size();
+    return std::copy(sText.begin(), sText.end(), p); // a text may be none at all
 }
 
 /// Writes a text that is most often two characters long.

@@ -14,7 +14,7 @@ int CConvertNastran::WriteZdtFile(const std::string& sPath) {
     CFile file;
     try {
         std::vector<T_FILEID_D> aKeep = m_aKeep;
-        for (const T_DECK_D& rDeck : m_aDecks) aKeep.push_back(rDeck.id);
+        for (const T_DECK_D& rDeck : m_aIncludeFiles) aKeep.push_back(rDeck.id);
         file.Create(m_sTarget.empty() ? TargetPath(sPath) : m_sTarget, aKeep);
         const int iResult = WriteModel(file);
         file.Close();
