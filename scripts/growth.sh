@@ -5,4 +5,4 @@ cd "$(dirname "$0")/.."
 scripts/setup.sh
 cmake --preset release
 cmake --build --preset release --target nas2zdt
-exec python3 tests/growth/growth.py build/release/bin/nas2zdt "$@"
+exec python3 bench/growth.py build/release/bin/nas2zdt "$@"

@@ -3,9 +3,9 @@
 #include "reader/FieldParser.h"
 
 #include "driver/CConvertNastran.h"
+#include "platform/ExactPowers.h"
 #include "reader/ShortNumbers.h"
 
-#include <array>
 #include <charconv>
 #include <limits>
 #include <string>
@@ -89,9 +89,6 @@ bool ReadDecimal(std::string_view sField, T_DECIMAL_D& rDecimal) {
     return true;
 }
 
-constexpr std::array<double, 23> POWERS = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                           1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-
 /// The nearest double, by the library's conversion.
 double ConvertExactly(const T_DECIMAL_D& rDecimal) {
     std::string sText(rDecimal.sMantissa);
@@ -131,15 +128,15 @@ double TextToReal(std::string_view sField) {
     constexpr std::uint64_t EXACT_INTEGERS = std::uint64_t(1) << 53;
     if (decimal.nDigits == 0 && decimal.bExact) {
         dValue = 0.0;
-    } else if (decimal.bExact && decimal.nDigits <= EXACT_INTEGERS && decimal.nExponent >= -22 &&
-               decimal.nExponent <= 22) {
+    } else if (decimal.bExact && decimal.nDigits <= EXACT_INTEGERS && decimal.nExponent >= -MOST_EXACT_POWER &&
+               decimal.nExponent <= MOST_EXACT_POWER) {
         // Both operands are exact doubles, so one rounded operation gives the nearest double (Clinger, "How to Read
         // Floating Point Numbers Accurately").
         dValue = static_cast<double>(decimal.nDigits);
         if (decimal.nExponent < 0) {
-            dValue /= POWERS[static_cast<std::size_t>(-decimal.nExponent)];
+            dValue /= EXACT_POWERS[static_cast<std::size_t>(-decimal.nExponent)];
         } else {
-            dValue *= POWERS[static_cast<std::size_t>(decimal.nExponent)];
+            dValue *= EXACT_POWERS[static_cast<std::size_t>(decimal.nExponent)];
         }
     } else {
         dValue = ConvertExactly(decimal);

@@ -2,6 +2,7 @@
 // The numbers that most fields of a deck are: up to eight characters, an optional "-", digits, for a real at most one
 // point among them. All characters are taken at once; whatever else a field may hold is left to the general way.
 
+#include "platform/ExactPowers.h"
 #include "platform/TextWord.h"
 
 #include <bit>
@@ -61,13 +62,12 @@ inline bool ReadShortInt(std::string_view sText, std::int32_t& rValue) {
 
 /// False if sText isn't a short real.
 inline bool ReadShortReal(std::string_view sText, double& rValue) {
-    constexpr double POWERS[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7};
     if (sText.size() > WORD_LENGTH) return false;
     T_SHORT_D text(sText);
     const std::size_t nFraction = text.TakePoint();
     std::uint32_t nValue = 0;
     if (!text.ReadDigits(nValue)) return false;
-    rValue = nValue / POWERS[nFraction]; // both are exact, so the quotient is the nearest double
+    rValue = nValue / EXACT_POWERS[nFraction]; // both are exact, so the quotient is the nearest double
     if (text.bNegative) rValue = -rValue;
     return true;
 }

@@ -51,10 +51,16 @@ struct T_MBLD_D {
 
 /// The entries of a load set in card order. Their kinds are kept side by side besides: many go over the entries for
 /// those of some kind, and needn't touch the others. An entry keeps its kind.
-class CLoadEntries : public CArray<T_MBLD_D> {
+class CLoadEntries : private CArray<T_MBLD_D> {
   public:
+    using CArray::begin;
+    using CArray::end;
+    using CArray::GetSize;
+    using CArray::IsEmpty;
+    using CArray::operator[];
+
     void Add(const T_MBLD_D& rEntry) {
-        CArray<T_MBLD_D>::Add(rEntry);
+        CArray::Add(rEntry);
         m_aKinds.push_back(rEntry.iKIND);
     }
 

@@ -2,9 +2,9 @@
 
 #include "writer/Numbers.h"
 
+#include "platform/ExactPowers.h"
 #include "platform/TextWord.h"
 
-#include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
@@ -12,10 +12,6 @@
 namespace {
 
 constexpr int DIGITS = 6; // of %g
-constexpr int MOST_POWER = 22;
-constexpr std::array<double, MOST_POWER + 1> POWERS = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                       1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                                       1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
 /// A value rounded to six digits: nDigits * 10^(nExponent - 5), 100000 to 999999.
 struct T_ROUNDED_D {
@@ -28,11 +24,11 @@ struct T_ROUNDED_D {
 bool RoundToDigits(double dValue, T_ROUNDED_D& rRounded) {
     const int nBinary = static_cast<int>(std::bit_cast<std::uint64_t>(dValue) >> 52) - 1023;
     int nExponent = (nBinary * 1233) >> 12; // log10(2) is 1233 / 4096 from below; at most one too small
-    if (nExponent < DIGITS - 1 - MOST_POWER || nExponent >= DIGITS - 1 + MOST_POWER) return false;
+    if (nExponent < DIGITS - 1 - MOST_EXACT_POWER || nExponent >= DIGITS - 1 + MOST_EXACT_POWER) return false;
     const auto scaled = [&] {
         const int nPower = DIGITS - 1 - nExponent;
-        return nPower < 0 ? dValue / POWERS[static_cast<std::size_t>(-nPower)]
-                          : dValue * POWERS[static_cast<std::size_t>(nPower)];
+        return nPower < 0 ? dValue / EXACT_POWERS[static_cast<std::size_t>(-nPower)]
+                          : dValue * EXACT_POWERS[static_cast<std::size_t>(nPower)];
     };
     nExponent += scaled() >= 1e6;
     const double dScaled = scaled(); // the true quotient to half a unit in its last place, less than 1e-10 here
