@@ -3,8 +3,8 @@
 #include "nas2zdt/Account.h"
 
 #include "driver/CConvertNastran.h"
-#include "nas2zdt/ModelLosses.h"
 #include "reader/FieldParser.h"
+#include "writer/rows/ModelRows.h"
 
 #include <algorithm>
 
@@ -29,12 +29,17 @@ T_WORD_D& CAccount::Unknown(std::string_view sWord) {
     return *m_pUnknown;
 }
 
-void CAccount::Note(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace, const char* sText) {
+T_NOTE_D& CAccount::FindNote(T_WORD_D& rWord, E_NOTE eNote, std::string_view sText) {
     auto pNote = std::find_if(rWord.aNOTES.begin(), rWord.aNOTES.end(),
                               [&](const T_NOTE_D& rNote) { return rNote.eNOTE == eNote && rNote.sTEXT == sText; });
-    if (pNote == rWord.aNOTES.end()) pNote = rWord.aNOTES.insert(pNote, {eNote, sText, 0, {}, {}});
-    ++pNote->nCOUNT;
-    if (pNote->aPLACES.size() < T_NOTE_D::MOST_PLACES) pNote->aPLACES.push_back(rPlace);
+    if (pNote == rWord.aNOTES.end()) pNote = rWord.aNOTES.insert(pNote, {eNote, std::string(sText), 0, {}, {}});
+    return *pNote;
+}
+
+void CAccount::Note(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace, const char* sText) {
+    T_NOTE_D& rNote = FindNote(rWord, eNote, sText);
+    ++rNote.nCOUNT;
+    if (rNote.aPLACES.size() < T_NOTE_D::MOST_PLACES) rNote.aPLACES.push_back(rPlace);
 }
 
 void CAccount::EndDeck(bool bBulk) {
@@ -62,7 +67,6 @@ void CAccount::AddCard(const T_DATA_D& rCard, std::int32_t iFirst, std::int32_t 
     const T_CARDRULES_D& rRules = m_aRules[static_cast<std::size_t>(rCard.iKEYWORD)];
     if (rRules.owns.eTABLE != OWNED_COUNT) TakeOwnership(rRules.owns, rCard.iKEYWORD, rCard, place);
     if (!rRules.pDROPS) return;
-    if (rRules.owns.eTABLE == OWNED_NODES && rCard.aFIELDS.size() > 6 && !rCard.aFIELDS[6].empty()) m_bHeldGrids = true;
     const T_DROPS_D& rDrops = *rRules.pDROPS;
     const std::uint32_t nDrops = FindDrops(rDrops, rCard);
     if (nDrops == 0) return;
@@ -108,16 +112,31 @@ void CAccount::AddDeletedFields(std::size_t nFields, std::int32_t) {
 }
 
 void CAccount::AddModel(const CDataPool& rPool) {
-    const auto isMet = [&](std::string_view sKeyword) {
-        std::int32_t iKeyword = 0;
-        return CConvertNastran::KeywordToId(sKeyword, iKeyword) && Known(iKeyword).nSTORED > 0;
+    std::array<T_NOTE_D, LEFT_COUNT> aNotes;
+    const CRowVisitor visitor{
+        [&](const T_LEFT_D& rLeft) {
+            if (rLeft.bELSEWHERE) return;
+            T_NOTE_D& rNote = aNotes[rLeft.eREASON];
+            rNote.nCOUNT += rLeft.nCOUNT;
+            if (rNote.aIDS.size() < T_NOTE_D::MOST_PLACES) rNote.aIDS.push_back(rLeft.iID);
+        },
+        [](const auto&) {}, // rows are no loss
     };
-    const T_MODELHINTS_D hints{m_bHeldGrids, isMet("CBEND"), isMet("PBEND"), isMet("PCOMP")};
-    for (const T_MODELLOSS_D& rLoss : FindModelLosses(rPool, hints)) {
-        std::int32_t iKeyword = 0;
-        if (!CConvertNastran::KeywordToId(rLoss.sKEYWORD, iKeyword)) continue;
-        Known(iKeyword).aNOTES.push_back({NOTE_UNWRITTEN, rLoss.sTEXT, rLoss.nCOUNT, {}, rLoss.aIDS});
+    ForEachRow(rPool, visitor);
+    for (std::size_t i = 0; i < aNotes.size(); ++i) {
+        if (aNotes[i].nCOUNT > 0) NoteUnwritten(ReasonOf(static_cast<E_LEFT>(i)), aNotes[i]);
     }
+}
+
+/// Reasons of one text make one note.
+void CAccount::NoteUnwritten(const T_REASON_D& rReason, const T_NOTE_D& rFound) {
+    std::int32_t iKeyword = 0;
+    CConvertNastran::KeywordToId(rReason.sKEYWORD, iKeyword);
+    T_NOTE_D& rNote = FindNote(Known(iKeyword), NOTE_UNWRITTEN, rReason.sTEXT);
+    rNote.nCOUNT += rFound.nCOUNT;
+    rNote.aIDS.insert(rNote.aIDS.end(), rFound.aIDS.begin(), rFound.aIDS.end());
+    std::sort(rNote.aIDS.begin(), rNote.aIDS.end());
+    if (rNote.aIDS.size() > T_NOTE_D::MOST_PLACES) rNote.aIDS.resize(T_NOTE_D::MOST_PLACES);
 }
 
 std::vector<const T_WORD_D*> CAccount::GetWords() const {

@@ -7,6 +7,7 @@
 #include "reader/DeckObserver.h"
 #include "reader/Keywords.h"
 #include "store/DataPool.h"
+#include "writer/rows/Left.h"
 
 #include <array>
 #include <cstdint>
@@ -43,11 +44,11 @@ struct T_PLACE_D {
 struct T_NOTE_D {
     static constexpr std::size_t MOST_PLACES = 100;
 
-    E_NOTE eNOTE;
+    E_NOTE eNOTE = NOTE_UNWRITTEN;
     std::string sTEXT; // what of the card, where the kind alone doesn't tell
     std::uint64_t nCOUNT = 0;
     std::vector<T_PLACE_D> aPLACES;
-    std::vector<std::int32_t> aIDS; // of what is stored but not written, instead of places
+    std::vector<std::int32_t> aIDS; // of what is stored but not written, instead of places; ascending
 };
 
 /// What became of the cards of one keyword or unknown word.
@@ -102,7 +103,9 @@ class CAccount {
     T_PLACE_D Place(std::int32_t iFirst, std::int32_t iLast) const {
         return {static_cast<std::uint32_t>(m_aDecks.size() - 1), iFirst, iLast};
     }
+    static T_NOTE_D& FindNote(T_WORD_D& rWord, E_NOTE eNote, std::string_view sText);
     static void Note(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace, const char* sText = "");
+    void NoteUnwritten(const T_REASON_D& rReason, const T_NOTE_D& rFound);
     void TakeOwnership(const T_OWNS_D& rOwns, std::int32_t iKeyword, const T_DATA_D& rCard, const T_PLACE_D& rPlace);
 
     std::array<T_WORD_D, T_KEYW_D::TABLE.size()> m_aKnown;
@@ -113,6 +116,5 @@ class CAccount {
     std::vector<std::string> m_aDecks;
     T_WORD_D* m_pLast = nullptr;      // of the last card or loss, which continuation lines that stand alone belong to
     std::size_t m_nDeletedFields = 0; // of the card to come
-    bool m_bHeldGrids = false;        // whether a GRID has constraints of its own
     const CLineMap* m_pLines = nullptr;
 };

@@ -2,7 +2,7 @@
 // What a picture of a converted model shows: the parts that the target file holds, at the places that it gives them.
 
 #include "picture/Vector.h"
-#include "store/DataPool.h"
+#include "writer/rows/ElementRows.h"
 
 #include <array>
 #include <cstddef>
@@ -77,7 +77,7 @@ struct T_CONT_D {
 struct T_SCEN_D {
     std::vector<std::int32_t> aIDS; // of the nodes, as written
     std::vector<T_VECT_D> aPOINTS;  // global positions, in step
-    CKeyIndex index;                // from the id of a node to its place
+    CKeyIndex index;                // from the id of a node, as written, to its place
 
     std::vector<T_PART_D> aPARTS;
     std::size_t nFORMLESS = 0; // elements that no section of the target file takes
@@ -91,12 +91,15 @@ struct T_SCEN_D {
     std::array<T_CONT_D, KINDS> aCOUNTS = {};
 };
 
+/// Kind, cell and ids of a row of elements, and its corners. False if one of them doesn't exist.
+bool MakePart(const T_SCEN_D& rScene, const T_TRUSS_ROW& rRow, T_PART_D& rPart);
+bool MakePart(const T_SCEN_D& rScene, const T_BEAM_ROW& rRow, T_PART_D& rPart);
+bool MakePart(const T_SCEN_D& rScene, const T_TUBE_ROW& rRow, T_PART_D& rPart);
+bool MakePart(const T_SCEN_D& rScene, const T_PLATE_ROW& rRow, T_PART_D& rPart);
+bool MakePart(const T_SCEN_D& rScene, const T_SOLID_ROW& rRow, T_PART_D& rPart);
+
 /// The nodes, elements, links and masses of a resolved model.
 T_SCEN_D CollectParts(const CDataPool& rDataPool);
 
 /// Adds supports, loads and beam references to what CollectParts gave for the same model.
 void CollectLoads(const CDataPool& rDataPool, T_SCEN_D& rScene);
-
-/// Kind, cell and corners of an element in its line of the target file, iID, iPID and iMID left alone. Returns 1; 0 if
-/// no section takes it; -1 if one does but a corner doesn't exist, with iKIND told.
-int FindCorners(const T_SCEN_D& rScene, const T_ELEM_D& rElement, T_PART_D& rPart);

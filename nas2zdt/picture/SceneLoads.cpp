@@ -1,7 +1,8 @@
 // Supports, loads and beam references of a picture.
 
 #include "picture/Scene.h"
-#include "writer/LoadValues.h"
+#include "writer/rows/ConstraintRows.h"
+#include "writer/rows/LoadRows.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,35 +23,19 @@ void Hold(T_SCEN_D& rScene, std::int32_t iNode, const std::array<bool, 6>& rComp
     }
 }
 
-/// The file holds the first set of the store, and what nodes hold by themselves as long as there is a set.
-void CollectSupports(const CDataPool& rDataPool, T_SCEN_D& rScene) {
-    if (rDataPool.CNST.IsEmpty()) return;
-    for (const auto& [iSet, rSet] : rDataPool.CNST.Walk()) {
-        for (const T_CNND_D& rEntry : rSet.aCNND) Hold(rScene, rEntry.iNODE, rEntry.bDOF);
-        break;
-    }
-    for (const auto& [iID, rNode] : rDataPool.NODS.Sorted()) Hold(rScene, iID, rNode.bPS);
-    for (const std::uint8_t nHeld : rScene.aHELD) {
-        if (nHeld != 0) ++rScene.aCOUNTS[nHeld == 0x3F ? KIND_FIXED : KIND_SUPPORT].nPRESENT;
-    }
-}
-
 void AddArrow(T_SCEN_D& rScene, E_KIND iKind, const T_VECT_D& at, const T_VECT_D& direction, double dSize) {
     if (IsFinite(at) && direction != T_VECT_D{}) rScene.aARROWS.push_back({iKind, at, direction, dSize});
 }
 
-void AddNodalLoad(T_SCEN_D& rScene, const T_MBLD_D& rEntry) {
-    const T_VECT_D value = {rEntry.dV[0], rEntry.dV[1], rEntry.dV[2]};
-    if (!(std::abs(value[0]) + std::abs(value[1]) + std::abs(value[2]) > NO_LOAD)) return;
-    const E_KIND iKind = rEntry.iKIND == LOAD_FORCE ? KIND_FORCE : KIND_MOMENT;
-    const std::uint32_t iPlace = rScene.index.Find(rEntry.iID);
+void AddNodalLoad(T_SCEN_D& rScene, E_KIND iKind, const T_NODALLOAD_ROW& rRow) {
+    const std::uint32_t iPlace = rScene.index.Find(rRow.iNODE);
     if (iPlace == CKeyIndex::NONE) {
         ++rScene.aCOUNTS[iKind].nWITHOUTNODES;
         return;
     }
     ++rScene.aCOUNTS[iKind].nPRESENT;
-    const double dLargest = Largest(value);
-    AddArrow(rScene, iKind, rScene.aPOINTS[iPlace], Unit(value), dLargest);
+    const T_VECT_D value = {rRow.dX, rRow.dY, rRow.dZ};
+    AddArrow(rScene, iKind, rScene.aPOINTS[iPlace], Unit(value), Largest(value));
 }
 
 /// Centre of some corners of a part.
@@ -75,86 +60,94 @@ T_VECT_D Normal(const T_SCEN_D& rScene, const T_PART_D& rPart, const std::array<
 
 constexpr std::array<std::uint8_t, 8> ALL_CORNERS = {0, 1, 2, 3, 4, 5, 6, 7};
 
-/// A pressure goes along its direction, else along the normal of a plate or into a solid.
-void AddPressure(const CDataPool& rDataPool, T_SCEN_D& rScene, const T_MBLD_D& rEntry) {
-    double dSum = 0.0;
-    for (std::size_t i = 0; i < 4; ++i) dSum += std::abs(rEntry.dV[i]);
-    const T_ELEM_D* pElement = rDataPool.ELEM.Find(rEntry.iID);
-    if (dSum <= NO_LOAD || !pElement) return;
-    T_PART_D part;
-    const int iFound = FindCorners(rScene, *pElement, part);
-    if (part.iKIND != KIND_PLANE_STRESS && part.iKIND != KIND_PLATE && part.iKIND != KIND_SOLID) return;
-    if (iFound < 0) {
-        ++rScene.aCOUNTS[KIND_PRESSURE].nWITHOUTNODES;
-        return;
-    }
-    ++rScene.aCOUNTS[KIND_PRESSURE].nPRESENT;
-
-    T_VECT_D direction = Unit({rEntry.dN[0], rEntry.dN[1], rEntry.dN[2]});
-    T_VECT_D at = {};
-    if (part.iKIND == KIND_SOLID) {
-        const int iFace = part.iCELL == CELL_TETRA ? pElement->FindSolidFaceByNode(rEntry.iFACEG34)
-                                                   : pElement->FindSolidFaceByNodes(rEntry.iFACEG1, rEntry.iFACEG34);
-        if (iFace == 0) {
-            ++rScene.nFACELESS;
-            return;
-        }
-        const auto& rCorners = FacesOf(part.iCELL).aCORNERS[static_cast<std::size_t>(iFace - 1)];
-        at = Centre(rScene, part, rCorners, rCorners[3] == NO_CORNER ? 3 : 4);
-        if (direction == T_VECT_D{}) {
-            direction = Normal(rScene, part, rCorners);
-            const T_VECT_D inward = Minus(Centre(rScene, part, ALL_CORNERS, CELL_CORNERS[part.iCELL]), at);
-            if (Dot(direction, inward) < 0.0) direction = Minus({}, direction);
-        }
-    } else {
-        const std::size_t nCorners = CELL_CORNERS[part.iCELL];
-        at = Centre(rScene, part, ALL_CORNERS, nCorners);
-        if (direction == T_VECT_D{}) {
-            direction = Normal(rScene, part, {0, 1, 2, nCorners == 3 ? NO_CORNER : std::uint8_t{3}});
-        }
-    }
-    // A pressure of mixed signs points where most of it points.
-    const double dNet = rEntry.dV[0] + rEntry.dV[1] + rEntry.dV[2] + rEntry.dV[3];
-    if (dNet < 0.0) direction = Minus({}, direction);
-    AddArrow(rScene, KIND_PRESSURE, at, direction, dSum);
+/// Where the pressure on a solid points: into it, at the middle of its face.
+void FindPush(const T_SCEN_D& rScene, const T_PART_D& rPart, std::int32_t iFace, T_VECT_D& rAt, T_VECT_D& rDirection) {
+    const auto& rCorners = FacesOf(rPart.iCELL).aCORNERS[static_cast<std::size_t>(iFace - 1)];
+    rAt = Centre(rScene, rPart, rCorners, rCorners[3] == NO_CORNER ? 3 : 4);
+    rDirection = Normal(rScene, rPart, rCorners);
+    const T_VECT_D inward = Minus(Centre(rScene, rPart, ALL_CORNERS, CELL_CORNERS[rPart.iCELL]), rAt);
+    if (Dot(rDirection, inward) < 0.0) rDirection = Minus({}, rDirection);
 }
 
-void AddGravity(T_SCEN_D& rScene, const T_LOAD_D& rSet) {
+/// A pressure goes along its direction, else along the normal of a plate or into a solid. iFace is 0 for a plate.
+void AddPressure(const CDataPool& rDataPool, T_SCEN_D& rScene, const T_CORNERPRESSURE_ROW& rRow) {
+    T_PART_D part;
+    bool bFound = false;
+    const CRowVisitor visitor{
+        [&](const auto& rElement) { bFound = MakePart(rScene, rElement, part); },
+        IGNORE_LEFT,
+    };
+    VisitElement(rDataPool, rRow.iEID, *rDataPool.ELEM.Find(rRow.iEID), visitor);
+    T_CONT_D& rCount = rScene.aCOUNTS[KIND_PRESSURE];
+    ++(bFound ? rCount.nPRESENT : rCount.nWITHOUTNODES);
+    if (!bFound) return;
+
+    T_VECT_D direction = {}, at = {};
+    if (!rRow.bSOLID) {
+        const std::size_t nCorners = CELL_CORNERS[part.iCELL];
+        at = Centre(rScene, part, ALL_CORNERS, nCorners);
+        direction = Normal(rScene, part, {0, 1, 2, nCorners == 3 ? NO_CORNER : std::uint8_t{3}});
+    } else if (rRow.iFACE != 0) {
+        FindPush(rScene, part, rRow.iFACE, at, direction);
+    } else {
+        ++rScene.nFACELESS;
+        return;
+    }
+    if (rRow.bVECTOR) direction = Unit(rRow.dN);
+    const auto& [p1, p2, p3, p4] = rRow.dP;
+    if (p1 + p2 + p3 + p4 < 0.0) direction = Minus({}, direction); // one of mixed signs points where most of it points
+    AddArrow(rScene, KIND_PRESSURE, at, direction, std::abs(p1) + std::abs(p2) + std::abs(p3) + std::abs(p4));
+}
+
+void AddGravity(T_SCEN_D& rScene, const T_GRAVITY_ROW& rRow) {
     ++rScene.aCOUNTS[KIND_GRAVITY].nPRESENT;
-    const T_VECT_D direction = Unit({rSet.dGRAVX, rSet.dGRAVY, rSet.dGRAVZ});
+    const T_VECT_D direction = Unit({rRow.dX, rRow.dY, rRow.dZ});
     std::vector<T_VECT_D>& rKnown = rScene.aGRAVITY;
     constexpr std::size_t MOST_DIRECTIONS = 6; // more than fit into the picture
     if (direction == T_VECT_D{} || rKnown.size() == MOST_DIRECTIONS) return;
     if (std::find(rKnown.begin(), rKnown.end(), direction) == rKnown.end()) rKnown.push_back(direction);
 }
 
-void CollectReferences(const CDataPool& rDataPool, T_SCEN_D& rScene) {
-    for (const T_PART_D& rPart : rScene.aPARTS) {
-        if (rPart.iKIND != KIND_BEAM) continue;
-        const T_ELEM_D* pElement = rDataPool.ELEM.Find(rPart.iID);
-        if (!pElement || pElement->iTYPE == TYPE_TUBE) continue; // a tube's line has no reference point
-        const T_VECT_D& rFrom = rScene.aPOINTS[rPart.aNODES[0]];
-        const T_VECT_D& rTo = rScene.aPOINTS[rPart.aNODES[1]];
-        const T_VECT_D axis = Unit(Minus(rTo, rFrom));
-        const T_VECT_D reference = Unit(Minus({pElement->dX1, pElement->dX2, pElement->dX3}, rFrom));
-        const T_VECT_D side = Unit(Cross(Unit(Cross(axis, reference)), axis));
-        const T_VECT_D middle = {rFrom[0] / 2 + rTo[0] / 2, rFrom[1] / 2 + rTo[1] / 2, rFrom[2] / 2 + rTo[2] / 2};
-        AddArrow(rScene, KIND_REFERENCE, middle, side, 0.0);
-    }
+/// From the middle of a beam to its reference point, at a right angle.
+void AddReference(T_SCEN_D& rScene, const T_BEAM_ROW& rRow) {
+    T_PART_D part;
+    if (!MakePart(rScene, rRow, part)) return;
+    const T_VECT_D& rFrom = rScene.aPOINTS[part.aNODES[0]];
+    const T_VECT_D& rTo = rScene.aPOINTS[part.aNODES[1]];
+    const T_VECT_D axis = Unit(Minus(rTo, rFrom));
+    const T_VECT_D reference = Unit(Minus({rRow.dX, rRow.dY, rRow.dZ}, rFrom));
+    const T_VECT_D side = Unit(Cross(Unit(Cross(axis, reference)), axis));
+    const T_VECT_D middle = {rFrom[0] / 2 + rTo[0] / 2, rFrom[1] / 2 + rTo[1] / 2, rFrom[2] / 2 + rTo[2] / 2};
+    AddArrow(rScene, KIND_REFERENCE, middle, side, 0.0);
 }
 
 } // namespace
 
 void CollectLoads(const CDataPool& rDataPool, T_SCEN_D& rScene) {
     rScene.aHELD.assign(rScene.aIDS.size(), 0);
-    CollectSupports(rDataPool, rScene);
-    for (const auto& [iSet, rSet] : rDataPool.LOAD.Walk()) {
-        ++rScene.nCASES;
-        if (rSet.bGRAV) AddGravity(rScene, rSet);
-        for (const T_MBLD_D& rEntry : rSet.aMBLD) {
-            if (rEntry.iKIND == LOAD_FORCE || rEntry.iKIND == LOAD_MOMENT) AddNodalLoad(rScene, rEntry);
-            if (rEntry.iKIND == LOAD_PRESSURE) AddPressure(rDataPool, rScene, rEntry);
-        }
+    const auto hold = [&](const T_CONSTRAINT_ROW& r) { Hold(rScene, r.iNODE, r.bDOF); };
+    ForEachConstraint(rDataPool, CRowVisitor{hold, IGNORE_LEFT});
+    for (const std::uint8_t nHeld : rScene.aHELD) {
+        if (nHeld != 0) ++rScene.aCOUNTS[nHeld == 0x3F ? KIND_FIXED : KIND_SUPPORT].nPRESENT;
     }
-    CollectReferences(rDataPool, rScene);
+    const auto force = [&](const T_NODALLOAD_ROW& r) { AddNodalLoad(rScene, KIND_FORCE, r); };
+    const auto moment = [&](const T_NODALLOAD_ROW& r) { AddNodalLoad(rScene, KIND_MOMENT, r); };
+    const CRowVisitor pressure{
+        [&](const T_CORNERPRESSURE_ROW& r) { AddPressure(rDataPool, rScene, r); },
+        [&](const T_UNIFORMPRESSURE_ROW& r) {
+            AddPressure(rDataPool, rScene, {r.iEID, false, 0, false, {}, {r.dP, 0.0, 0.0, 0.0}});
+        },
+        IGNORE_LEFT,
+    };
+    ForEachLoadCase(rDataPool, [&](const T_LOADCASE_ROW& rCase) {
+        ++rScene.nCASES;
+        ForEachGravity(rCase.rSET, [&](const T_GRAVITY_ROW& r) { AddGravity(rScene, r); });
+        ForEachNodalLoad(rDataPool, rCase.rSET, LOAD_FORCE, CRowVisitor{force, IGNORE_LEFT});
+        ForEachNodalLoad(rDataPool, rCase.rSET, LOAD_MOMENT, CRowVisitor{moment, IGNORE_LEFT});
+        ForEachPressure(rDataPool, rCase.rSET, pressure);
+    });
+    const CRowVisitor references{
+        [&](const T_BEAM_ROW& r) { AddReference(rScene, r); }, [](const auto&) {}, // other elements have none
+    };
+    ForEachElement(rDataPool, references);
 }

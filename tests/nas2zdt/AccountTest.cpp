@@ -109,6 +109,24 @@ TEST(Account, KeepsTheFirstHundredPlaces) {
     EXPECT_EQ(account.GetLossCount(), 250u);
 }
 
+TEST(Account, WhatIsNotWrittenByKeywordAndText) {
+    CStoredRun run("GRID,1\nCELAS2,1,1.,98,1\nCELAS2,2,1.,1,1,99,1\nCELAS2,3,0.,1,1,1,2\nCELAS2,4,1.,1,1,1,2\n"
+                   "SPC1,1,1,1,2,3\nSPC1,2,1,1\n");
+    CAccount account;
+    account.AddModel(run.GetDataPool());
+    std::string sText;
+    for (const T_WORD_D* pWord : account.GetWords()) {
+        for (const T_NOTE_D& rNote : pWord->aNOTES) {
+            sText += pWord->sNAME + " " + std::to_string(rNote.nCOUNT) + " " + NoteText(rNote) + ":";
+            for (const std::int32_t iID : rNote.aIDS) sText += " " + std::to_string(iID);
+            sText += "\n";
+        }
+    }
+    EXPECT_EQ(sText, "CELAS2 2 not written: springs on a grid that doesn't exist (ids: elements): 1 2\n"
+                     "CELAS2 1 not written: springs without stiffness (ids: elements): 3\n"
+                     "SPC 3 not written: grids of constraint sets that don't reach the file (ids: sets): 1\n");
+}
+
 TEST(IdOwners, FindTheEarlierKeywordInAnyOrder) {
     CIdOwners owners;
     const struct {

@@ -1,4 +1,5 @@
 #include "picture/Model.h"
+#include "store/PropertySlots.h"
 
 #include <initializer_list>
 
@@ -52,8 +53,8 @@ void FillModel(CDataPool& rDataPool) {
     }
     rDataPool.CNRD[101] = {11, 21, 7, 0.0, 0.0, 0.0, 0.0};
     rDataPool.PROP[1].iMID = 4; // 2 is missing
-    rDataPool.PROP[3].dVAL.Set(0, 100.0);
-    rDataPool.PROP[-112].dVAL.Set(7, 1.0);
+    rDataPool.PROP[3].dVAL.Set(SLOT_K, 100.0);
+    rDataPool.PROP[-112].dVAL.Set(SLOT_MX, 1.0);
     T_RBE2_D& rRigid = rDataPool.RBE2[5];
     rRigid.iGN = 19;
     for (const std::int32_t iGrid : {22, 23, 998}) rRigid.aGM.Add(iGrid);
@@ -62,7 +63,9 @@ void FillModel(CDataPool& rDataPool) {
 
     rDataPool.CNST[1].aCNND.Add({1, {true, true, true, true, true, true}});
     rDataPool.CNST[1].aCNND.Add({2, {true, true, true, false, false, false}});
-    rDataPool.NODS[3].bPS = {true, false, false, false, false, false};
+    T_NODS_D held = *rDataPool.NODS.Find(3);
+    held.bPS[0] = true;
+    rDataPool.SetNODS(3, held);
 
     T_LOAD_D& rLoads = rDataPool.LOAD[1];
     rLoads.bGRAV = 1;
@@ -71,6 +74,7 @@ void FillModel(CDataPool& rDataPool) {
         T_MBLD_D entry;
         entry.iID = iID;
         entry.iKIND = iKind;
+        entry.iFORM = iKind == LOAD_PRESSURE ? FORM_CORNERS : FORM_PLAIN;
         entry.dV[2] = dValue; // Z of a force, third corner of a pressure
         entry.iFACEG1 = iG1;
         entry.iFACEG34 = iG34;

@@ -10,17 +10,17 @@ namespace {
 struct T_PLTY_D {
     std::string_view sTYPE;
     E_LOAD_KIND eKIND;
-    std::int8_t iDIR;
+    E_LOAD_DIRECTION eDIR;
 };
 
 // clang-format off
 constexpr T_PLTY_D TYPES[] = {
-    {"FX",  LOAD_BEAM_FORCE, 1}, {"MX",  LOAD_BEAM_MOMENT, 1},
-    {"FY",  LOAD_BEAM_FORCE, 2}, {"MY",  LOAD_BEAM_MOMENT, 2},
-    {"FZ",  LOAD_BEAM_FORCE, 3}, {"MZ",  LOAD_BEAM_MOMENT, 3},
-    {"FXE", LOAD_BEAM_FORCE, 4}, {"MXE", LOAD_BEAM_MOMENT, 4},
-    {"FYE", LOAD_BEAM_FORCE, 5}, {"MYE", LOAD_BEAM_MOMENT, 5},
-    {"FZE", LOAD_BEAM_FORCE, 6}, {"MZE", LOAD_BEAM_MOMENT, 6},
+    {"FX",  LOAD_BEAM_FORCE, DIR_X}, {"MX",  LOAD_BEAM_MOMENT, DIR_X},
+    {"FY",  LOAD_BEAM_FORCE, DIR_Y}, {"MY",  LOAD_BEAM_MOMENT, DIR_Y},
+    {"FZ",  LOAD_BEAM_FORCE, DIR_Z}, {"MZ",  LOAD_BEAM_MOMENT, DIR_Z},
+    {"FXE", LOAD_BEAM_FORCE, DIR_XE}, {"MXE", LOAD_BEAM_MOMENT, DIR_XE},
+    {"FYE", LOAD_BEAM_FORCE, DIR_YE}, {"MYE", LOAD_BEAM_MOMENT, DIR_YE},
+    {"FZE", LOAD_BEAM_FORCE, DIR_ZE}, {"MZE", LOAD_BEAM_MOMENT, DIR_ZE},
 };
 // clang-format on
 
@@ -29,7 +29,7 @@ void SetBeamLoadType(T_MBLD_D& rEntry, std::string_view sType) {
     for (const T_PLTY_D& rRow : TYPES) {
         if (rRow.sTYPE != sType) continue;
         rEntry.iKIND = rRow.eKIND;
-        rEntry.iDIR = rRow.iDIR;
+        rEntry.iDIR = rRow.eDIR;
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
+#include "store/PropertySlots.h"
 
 namespace {
 
@@ -24,15 +25,13 @@ int CConvertNastran::ParseCONM2(const T_DATA_D& rCard) {
     mass.iPROPTYPE = PROP_MASS;
     fields.Skip(1); // CID: masses count as global
     const double dM = fields.Real();
-    mass.dVAL.Set(7, dM);
-    mass.dVAL.Set(11, dM);
-    mass.dVAL.Set(12, dM);
+    for (const std::size_t iSlot : {SLOT_MX, SLOT_MY, SLOT_MZ}) mass.dVAL.Set(iSlot, dM);
     fields.Skip(4); // X1 to X3, the offset, and the card's blank field
-    mass.dVAL.Set(1, fields.Real());
+    mass.dVAL.Set(SLOT_I11, fields.Real());
     fields.Skip(1); // I21
-    mass.dVAL.Set(3, fields.Real());
+    mass.dVAL.Set(SLOT_I22, fields.Real());
     fields.Skip(2); // I31, I32
-    mass.dVAL.Set(6, fields.Real());
+    mass.dVAL.Set(SLOT_I33, fields.Real());
     m_pDataPool->SetPROP(element.iPID, std::move(mass));
     return m_pDataPool->SetELEM(iEID, std::move(element));
 }

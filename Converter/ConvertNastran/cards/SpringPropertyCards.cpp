@@ -1,7 +1,7 @@
 // PELAS, PBUSH, PGAP.
 
+#include "cards/PropertyFields.h"
 #include "driver/CConvertNastran.h"
-#include "reader/FieldCursor.h"
 
 #include <algorithm>
 #include <iterator>
@@ -13,7 +13,7 @@ int CConvertNastran::ParsePELAS(const T_DATA_D& rCard) {
         if (iHalf == 1 && iPID == 0) break;
         T_PROP_D property;
         property.iPROPTYPE = PROP_ELAS;
-        for (std::size_t iSlot = 0; iSlot < 3; ++iSlot) property.dVAL.Set(iSlot, fields.Real()); // K, GE, S
+        ReadSlots(fields, property, {SLOT_K, SLOT_GE, SLOT_S});
         m_pDataPool->SetPROP(iPID, std::move(property));
     }
     return 1;
@@ -27,10 +27,10 @@ int CConvertNastran::ParsePBUSH(const T_DATA_D& rCard) {
         std::size_t nDROPPED;
     };
     static constexpr T_GROUP_D GROUPS[] = {
-        {"K", 0, 6, 0},    // K1 to K6
-        {"B", 6, 6, 0},    // B1 to B6
-        {"GE", 12, 1, 5},  // GE1; GE2 to GE6
-        {"RCV", 13, 4, 0}, // SA, ST, EA, ET
+        {"K", SLOT_BUSH_K, 6, 0},
+        {"B", SLOT_BUSH_B, 6, 0},
+        {"GE", SLOT_BUSH_GE, 1, 5}, // GE1; GE2 to GE6
+        {"RCV", SLOT_BUSH_RCV, 4, 0},
     };
     CFieldCursor fields(rCard);
     const std::int32_t iPID = fields.Int();
@@ -40,7 +40,7 @@ int CConvertNastran::ParsePBUSH(const T_DATA_D& rCard) {
         const auto pGroup = std::find_if(std::begin(GROUPS), std::end(GROUPS),
                                          [&](const T_GROUP_D& rGroup) { return rGroup.sKEYWORD == sKeyword; });
         if (pGroup == std::end(GROUPS)) continue; // each field of an unknown group is tried as a keyword
-        for (std::size_t i = 0; i < pGroup->nKEPT; ++i) property.dVAL.Set(pGroup->iSLOT + i, fields.Real());
+        ReadSlotRow(fields, property, pGroup->iSLOT, pGroup->nKEPT);
         fields.Skip(pGroup->nDROPPED);
     }
     return m_pDataPool->SetPROP(iPID, std::move(property));
@@ -51,15 +51,7 @@ int CConvertNastran::ParsePGAP(const T_DATA_D& rCard) {
     const std::int32_t iPID = fields.Int();
     T_PROP_D property;
     property.iPROPTYPE = PROP_GAP;
-    property.dVAL.Set(0, fields.Real());  // U0
-    property.dVAL.Set(6, fields.Real());  // F0
-    property.dVAL.Set(2, fields.Real());  // KA
-    property.dVAL.Set(1, fields.Real());  // KB
-    property.dVAL.Set(3, fields.Real());  // KT
-    property.dVAL.Set(4, fields.Real());  // MU1
-    property.dVAL.Set(5, fields.Real());  // MU2
-    property.dVAL.Set(11, fields.Real()); // TMAX
-    property.dVAL.Set(12, fields.Real()); // MAR
-    property.dVAL.Set(13, fields.Real()); // TRMIN
+    ReadSlots(fields, property,
+              {SLOT_U0, SLOT_F0, SLOT_KA, SLOT_KB, SLOT_KT, SLOT_MU1, SLOT_MU2, SLOT_TMAX, SLOT_MAR, SLOT_TRMIN});
     return m_pDataPool->SetPROP(iPID, std::move(property));
 }

@@ -20,8 +20,10 @@
 
 class CDialogs;
 struct T_KEYW_D;
-struct T_SCALARLINK_D;
-struct T_SPRINGKEYS_D;
+struct T_LEFT_D;
+struct T_LOADCASE_ROW;
+struct T_SHAPESECTION_ROW;
+struct T_TAPEREDSECTION_ROW;
 
 /// Converts one deck; made anew for each run.
 class CConvertNastran {
@@ -77,12 +79,10 @@ class CConvertNastran {
     /// the lines in its own way.
     static std::string LineInfoText(const std::vector<std::int32_t>& aLines, const CDeckObserver* pObserver = nullptr);
 
-    /// The one way to the output file: sends a line made of a printf format and its arguments, which are checked
-    /// against it by the compiler. Adds no line feed. Always 1. Throws CFileException.
+    /// The one way to the output file, see writer/Format.h.
     template <class... ARGS>
     static int WriteLine(CFile& rFile, T_FORMAT_D<std::type_identity_t<ARGS>...> format, const ARGS&... args) {
-        FormatTo(rFile, format, args...);
-        return 1;
+        return ::WriteLine(rFile, format, args...);
     }
 
   private:
@@ -244,87 +244,52 @@ class CConvertNastran {
     int WriteModel(CFile& rFile);
     int WriteFileVersion(CFile& rFile);
 
-    // writer/NodeSection.cpp
-    int WriteNodeSection(CFile& rFile);
+    // writer/LeftMessages.cpp: what is left out, as far as the log tells it
+    int LogLeft(const T_LEFT_D& rLeft);
+    int LogShape(std::int32_t iPID, std::int32_t iShape);
 
-    // writer/ElementSection.cpp
+    // writer/ElementSections.cpp
+    int WriteNodeSection(CFile& rFile);
     int WriteElementSection(CFile& rFile);
     int WriteConrodSection(CFile& rFile);
+    int WriteNodalMassSection(CFile& rFile);
 
-    // writer/MaterialSection.cpp
+    // writer/PropertySections.cpp
     int WriteMaterialSection(CFile& rFile);
-
-    // writer/SectionSection.cpp
     int WriteSectionAndThickness(CFile& rFile);
-    int WriteBarSection(CFile& rFile, std::int32_t iPID, const T_PROP_D& rProperty);
-    int WriteBeamSection(CFile& rFile, std::int32_t iPID, const T_PROP_D& rProperty);
+    int WriteBarSection(CFile& rFile, const T_SHAPESECTION_ROW& rRow);
+    int WriteBeamSection(CFile& rFile, const T_TAPEREDSECTION_ROW& rRow);
 
-    // writer/ConstraintSection.cpp
+    // writer/ConstraintSections.cpp
     int WriteConstraintSection(CFile& rFile);
-
-    // writer/LocalAxisSection.cpp
     int WriteLocalAxisSection(CFile& rFile);
-
-    // writer/RigidLinkSection.cpp
     int WriteRbe2Links(CFile& rFile);
     int WriteMpcLinks(CFile& rFile);
 
-    // writer/Springs.cpp
-    bool GetSpringValues(std::int32_t iEID, const T_CEL1_D& rSpring, double& rK, double& rGE);
-    bool GetSpringValues(std::int32_t iEID, const T_CEL2_D& rSpring, double& rK, double& rGE);
-
-    // writer/ElasticLinkSection.cpp
+    // writer/LinkSections.cpp: springs, then bushes and gaps, then springs between coincident nodes
     template <class SPRING>
-    int WriteElasticLinks(CFile& rFile, const CMap<SPRING>& rSprings, const T_SPRINGKEYS_D& rKeys);
+    int WriteElasticLinks(CFile& rFile, const CMap<SPRING>& rSprings);
     int WriteCelas1Links(CFile& rFile);
     int WriteCelas2Links(CFile& rFile);
-
-    // writer/GeneralLinkSection.cpp: bushes and gaps
     int WriteBushGapProperties(CFile& rFile);
     int WriteBushGapLinks(CFile& rFile);
-
-    // writer/ScalarLinkSection.cpp: springs between coincident nodes
     int WriteScalarProperties(CFile& rFile);
     int WriteScalarLinks(CFile& rFile);
-    std::vector<T_SCALARLINK_D> SelectScalarLinks();
-    std::int32_t MaxPropertyId() const;
-
-    // writer/NodalMassSection.cpp
-    int WriteNodalMassSection(CFile& rFile);
 
     // writer/LoadCases.cpp
     int WriteStaticLoadCases(CFile& rFile);
+    int WriteLoadCombinations(CFile& rFile);
+    int WriteEigenControl(CFile& rFile);
 
-    // The sections of one load case.
-
-    // writer/NodalLoads.cpp
+    // writer/LoadSections.cpp: the sections of one load case
     int WriteNodalForces(CFile& rFile, const T_LOAD_D& rSet);
     int WriteNodalMoments(CFile& rFile, const T_LOAD_D& rSet);
-    int WriteNodalLoads(CFile& rFile, const T_LOAD_D& rSet, E_LOAD_KIND eKind);
-
-    // writer/BeamLoads.cpp
     int WriteBeamLoads(CFile& rFile, const T_LOAD_D& rSet);
-    int WriteBeamLoad(CFile& rFile, const T_MBLD_D& rEntry);
-
-    // writer/PressureLoads.cpp
     int WritePressureLoads(CFile& rFile, const T_LOAD_D& rSet);
-    int WritePressureLoad(CFile& rFile, const T_MBLD_D& rEntry, std::int32_t iType);
-    int WritePlatePressure(CFile& rFile, const T_MBLD_D& rEntry);
-    int WriteSolidPressure(CFile& rFile, const T_MBLD_D& rEntry, std::int32_t iFace);
-
-    // writer/Temperatures.cpp
-    int WriteNodalTemperatures(CFile& rFile, const T_LOAD_D& rSet);
+    int WriteNodalTemperatures(CFile& rFile, const T_LOADCASE_ROW& rCase);
     int WriteElementTemperatures(CFile& rFile, const T_LOAD_D& rSet);
     int WriteTemperatureGradients(CFile& rFile, const T_LOAD_D& rSet);
-
-    // writer/EnforcedDisplacements.cpp
     int WriteSpecifiedDisplacements(CFile& rFile, const T_LOAD_D& rSet);
-
-    // writer/LoadCombinations.cpp
-    int WriteLoadCombinations(CFile& rFile);
-
-    // writer/EigenControl.cpp
-    int WriteEigenControl(CFile& rFile);
 
     /// A deck that a run read or has yet to read.
     struct T_DECK_D {

@@ -10,6 +10,7 @@
 
 /// Kinds of an entry, T_MBLD_D::iKIND.
 enum E_LOAD_KIND : std::int8_t {
+    LOAD_UNKNOWN = 0, // a PLOAD1 of unknown TYPE
     LOAD_FORCE = 1,
     LOAD_MOMENT = 2,
     LOAD_DISPLACEMENT = 3,
@@ -34,14 +35,17 @@ enum E_LOAD_SCALE : std::int8_t {
     SCALE_FPPR = 3, // fractions, and the load is projected
 };
 
+/// Where a PLOAD1 points, T_MBLD_D::iDIR: along an axis of the basic frame or of the element.
+enum E_LOAD_DIRECTION : std::int8_t { DIR_X = 1, DIR_Y, DIR_Z, DIR_XE, DIR_YE, DIR_ZE };
+
 /// An entry of a load set on a grid or an element. Only the members of its kind are filled.
 struct T_MBLD_D {
     std::int32_t iID = 0; // grid, or element of PLOAD1, PLOAD2, PLOAD4
     // A load set may have millions of entries, so codes are as narrow as they can be.
-    std::int8_t iKIND = 0;                  // E_LOAD_KIND, 0 for a PLOAD1 of unknown TYPE
+    std::int8_t iKIND = 0;                  // E_LOAD_KIND
     std::int8_t iFORM = 0;                  // E_LOAD_FORM
     std::int8_t iSCALE = 0;                 // PLOAD1: E_LOAD_SCALE
-    std::int8_t iDIR = 0;                   // PLOAD1: 1 to 3 along X, Y, Z of the basic frame, 4 to 6 of the element
+    std::int8_t iDIR = 0;                   // PLOAD1: E_LOAD_DIRECTION, 0 with an unknown TYPE
     std::int32_t iCID = 0;                  // frame of the card, 0 basic
     std::int32_t iFACEG1 = 0, iFACEG34 = 0; // PLOAD4: grids that name a solid's face
     std::array<std::int32_t, 4> iG = {};    // FORM_TWO_GRIDS, FORM_CROSS: grids of the direction

@@ -38,3 +38,33 @@ enum E_PLATE_SLOT : std::size_t {
 
 /// PCOMP: from SLOT_PLY on the thickness and the angle of each ply.
 enum E_LAMINATE_SLOT : std::size_t { SLOT_Z0 = 0, SLOT_LAMINATE_NSM = 1, SLOT_SB = 2, SLOT_PLY = 3 };
+
+/// PELAS.
+enum E_SPRING_SLOT : std::size_t { SLOT_K = 0, SLOT_GE = 1, SLOT_S = 2 };
+
+/// PBUSH: K and B of the six components follow one another, so do SA, ST, EA and ET.
+enum E_BUSH_SLOT : std::size_t { SLOT_BUSH_K = 0, SLOT_BUSH_B = 6, SLOT_BUSH_GE = 12, SLOT_BUSH_RCV = 13 };
+
+/// PGAP.
+enum E_GAP_SLOT : std::size_t {
+    SLOT_U0 = 0,
+    SLOT_KB = 1,
+    SLOT_KA = 2,
+    SLOT_KT = 3,
+    SLOT_MU1 = 4,
+    SLOT_MU2 = 5,
+    SLOT_F0 = 6,
+    SLOT_TMAX = 11,
+    SLOT_MAR = 12,
+    SLOT_TRMIN = 13,
+};
+
+/// CONM2: the mass along each axis and the inertia about it.
+enum E_MASS_SLOT : std::size_t {
+    SLOT_I11 = 1,
+    SLOT_I22 = 3,
+    SLOT_I33 = 6,
+    SLOT_MX = 7,
+    SLOT_MY = 11,
+    SLOT_MZ = 12,
+};

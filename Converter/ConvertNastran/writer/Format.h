@@ -133,3 +133,11 @@ void FormatTo(CFile& rFile, const T_FORMAT_D<ARGS...>& rFormat, const ARGS&... a
     p = PutLiteral(p, rFormat.Literal(sizeof...(ARGS)));
     rFile.Commit(static_cast<std::size_t>(p - pBegin));
 }
+
+/// The one way to the output file: sends a line made of a printf format and its arguments, which are checked against it
+/// by the compiler. Adds no line feed. Always 1. Throws CFileException.
+template <class... ARGS>
+int WriteLine(CFile& rFile, T_FORMAT_D<std::type_identity_t<ARGS>...> format, const ARGS&... args) {
+    FormatTo(rFile, format, args...);
+    return 1;
+}

@@ -1,28 +1,62 @@
-// *STLDCASE and the static load cases: each load set is one, named after its id.
+// *STLDCASE, the frames of the static load cases, *LOADCOMB and *EIGEN-CTRL.
 
 #include "driver/CConvertNastran.h"
+#include "writer/SectionHead.h"
+#include "writer/rows/CombinationRows.h"
+#include "writer/rows/LoadRows.h"
 
 int CConvertNastran::WriteStaticLoadCases(CFile& rFile) {
     if (m_pDataPool->LOAD.IsEmpty()) return 1;
-    const CMap<T_LOAD_D>& rSets = m_pDataPool->LOAD;
     WriteLine(rFile, "*STLDCASE\n");
-    for (const auto& [iSID, rSet] : rSets.Walk()) WriteLine(rFile, "STLD%d,  USER,  \n", iSID);
+    ForEachLoadCase(GetDataPool(), [&](const T_LOADCASE_ROW& r) { WriteLine(rFile, "STLD%d,  USER,  \n", r.iSID); });
     WriteLine(rFile, "\n");
-    for (const auto& [iSID, rSet] : rSets.Walk()) {
-        WriteLine(rFile, "*USE-STLD, STLD%d\n\n", iSID);
-        if (rSet.bGRAV) {
-            WriteLine(rFile, "*SELFWEIGHT, %g, %g, %g\n", rSet.dGRAVX, rSet.dGRAVY, rSet.dGRAVZ);
+    ForEachLoadCase(GetDataPool(), [&](const T_LOADCASE_ROW& rCase) {
+        WriteLine(rFile, "*USE-STLD, STLD%d\n\n", rCase.iSID);
+        ForEachGravity(rCase.rSET, [&](const T_GRAVITY_ROW& r) {
+            WriteLine(rFile, "*SELFWEIGHT, %g, %g, %g\n\n", r.dX, r.dY, r.dZ);
+        });
+        WriteNodalForces(rFile, rCase.rSET);
+        WriteNodalMoments(rFile, rCase.rSET);
+        WriteBeamLoads(rFile, rCase.rSET);
+        WritePressureLoads(rFile, rCase.rSET);
+        WriteNodalTemperatures(rFile, rCase);
+        WriteElementTemperatures(rFile, rCase.rSET);
+        WriteTemperatureGradients(rFile, rCase.rSET);
+        WriteSpecifiedDisplacements(rFile, rCase.rSET);
+        WriteLine(rFile, "; End of data for load case [STLD%d] -------------------------\n\n", rCase.iSID);
+    });
+    return 1;
+}
+
+int CConvertNastran::WriteLoadCombinations(CFile& rFile) {
+    if (m_pDataPool->LDCB.IsEmpty()) return 1;
+    WriteLine(rFile, "*LOADCOMB    ; Combinations\n");
+    const CRowVisitor visitor{
+        [&](const T_COMBINATION_ROW& r) {
+            WriteLine(rFile, "  NAME=LCB%d, GEN, ACTIVE, 0, \n", r.iSID);
+            WriteLine(rFile, " ST, STLD%d, %g", r.aSHARES[0].iSET, r.aSHARES[0].dFACTOR);
+            for (const auto& [iSet, dFactor] : r.aSHARES.subspan(1)) {
+                WriteLine(rFile, ", ST, STLD%d, %g", iSet, dFactor);
+            }
             WriteLine(rFile, "\n");
-        }
-        WriteNodalForces(rFile, rSet);
-        WriteNodalMoments(rFile, rSet);
-        WriteBeamLoads(rFile, rSet);
-        WritePressureLoads(rFile, rSet);
-        WriteNodalTemperatures(rFile, rSet);
-        WriteElementTemperatures(rFile, rSet);
-        WriteTemperatureGradients(rFile, rSet);
-        WriteSpecifiedDisplacements(rFile, rSet);
-        WriteLine(rFile, "; End of data for load case [STLD%d] -------------------------\n\n", iSID);
-    }
+        },
+        IGNORE_LEFT,
+    };
+    ForEachCombination(GetDataPool(), visitor);
+    return WriteLine(rFile, "\n");
+}
+
+int CConvertNastran::WriteEigenControl(CFile& rFile) {
+    const CRowVisitor visitor{
+        [&](const T_EIGENCONTROL_ROW& r) {
+            WriteLine(rFile, "*EIGEN-CTRL    ; Eigenvalue Analysis Control\n");
+            WriteLine(rFile, "; TYPE, iFREQ, iITER, iDIM, TOL          ; TYPE=EIGEN\n");
+            WriteLine(rFile, "; TYPE, bINCNL, iGNUM                    ; TYPE=RITZ(line 1)\n");
+            WriteLine(rFile, ";       KIND1, CASE1/GROUND1, iNOG1, ... ; TYPE=RITZ(from line2)\n");
+            WriteLine(rFile, "  EIGEN, %d, 20, 0, 1e-010\n\n", r.nMODES);
+        },
+        IGNORE_LEFT,
+    };
+    ForEachEigenControl(GetDataPool(), visitor);
     return 1;
 }

@@ -1,0 +1,83 @@
+// *NODE, *ELEMENT and *NODALMASS.
+
+#include "driver/CConvertNastran.h"
+#include "writer/SectionHead.h"
+#include "writer/rows/ElementRows.h"
+#include "writer/rows/MassRows.h"
+#include "writer/rows/NodeRows.h"
+
+namespace {
+
+void WriteTruss(CFile& rFile, const T_TRUSS_ROW& r) {
+    WriteLine(rFile, "  %d, TRUSS, %d, %d, %d, %d, 0\n", r.iEID, r.iMID, r.iPID, r.iNODE1, r.iNODE2);
+}
+
+void WritePlate(CFile& rFile, const T_PLATE_ROW& r) {
+    const auto& n = r.aNODES;
+    if (r.bPLANESTRESS) {
+        WriteLine(rFile, "%d, PLSTRS, %d, %d, %d, %d, %d, %d, 1\n", r.iEID, r.iMID, r.iPID, n[0], n[1], n[2], n[3]);
+    } else {
+        WriteLine(rFile, "%d, PLATE, %d, %d, %d, %d, %d, %d, 1\n", r.iEID, r.iMID, r.iPID, n[0], n[1], n[2], n[3]);
+    }
+}
+
+} // namespace
+
+int CConvertNastran::WriteNodeSection(CFile& rFile) {
+    if (m_pDataPool->NODS.IsEmpty()) return 1;
+    WriteLine(rFile, "*NODE\n");
+    const CRowVisitor visitor{
+        [&](const T_NODE_ROW& r) { WriteLine(rFile, "  %d, %g, %g, %g\n", r.iNODE, r.dX, r.dY, r.dZ); },
+        IGNORE_LEFT,
+    };
+    ForEachNode(GetDataPool(), visitor);
+    return WriteLine(rFile, "\n");
+}
+
+/// The keyword stands also in a model of masses alone.
+int CConvertNastran::WriteElementSection(CFile& rFile) {
+    if (m_pDataPool->ELEM.IsEmpty()) return 1;
+    WriteLine(rFile, "*ELEMENT\n");
+    const CRowVisitor visitor{
+        [&](const T_TRUSS_ROW& r) { WriteTruss(rFile, r); },
+        [&](const T_BEAM_ROW& r) {
+            WriteLine(rFile, "  %d, BEAM, %d, %d, %d, %d, REF, %g, %g, %g\n", r.iEID, r.iMID, r.iPID, r.iNODE1,
+                      r.iNODE2, r.dX, r.dY, r.dZ);
+        },
+        [&](const T_TUBE_ROW& r) {
+            WriteLine(rFile, "  %d, BEAM, %d, %d, %d, %d\n", r.iEID, r.iMID, r.iPID, r.iNODE1, r.iNODE2);
+        },
+        [&](const T_PLATE_ROW& r) { WritePlate(rFile, r); },
+        [&](const T_SOLID_ROW& r) {
+            const auto& n = r.aNODES;
+            WriteLine(rFile, "%d, SOLID, %d, 0, %d, %d, %d, %d, %d, %d, %d, %d\n", r.iEID, r.iMID, n[0], n[1], n[2],
+                      n[3], n[4], n[5], n[6], n[7]);
+        },
+        IGNORE_LEFT,
+    };
+    ForEachElement(GetDataPool(), visitor);
+    return WriteLine(rFile, "\n");
+}
+
+int CConvertNastran::WriteConrodSection(CFile& rFile) {
+    if (m_pDataPool->CNRD.IsEmpty()) return 1;
+    WriteLine(rFile, "*ELEMENT\n");
+    ForEachConrod(GetDataPool(), [&](const T_TRUSS_ROW& r) { WriteTruss(rFile, r); });
+    return WriteLine(rFile, "\n");
+}
+
+/// The keyword comes with a mass that is left out, too, and the empty line with any element.
+int CConvertNastran::WriteNodalMassSection(CFile& rFile) {
+    if (m_pDataPool->ELEM.IsEmpty()) return 1;
+    CSectionHead head(rFile, "*NODALMASS    ; Nodal Masses\n"
+                             "; NODE_LIST, mX, mY, mZ, rmX, rmY, rmZ\n");
+    const CRowVisitor visitor{
+        [&](const T_MASS_ROW& r) {
+            head.Write();
+            WriteLine(rFile, "  %d, %g, %g, %g, %g, %g, %g\n", r.iNODE, r.dMX, r.dMY, r.dMZ, r.dRMX, r.dRMY, r.dRMZ);
+        },
+        [&](const T_LEFT_D&) { head.Write(); },
+    };
+    ForEachMass(GetDataPool(), visitor);
+    return WriteLine(rFile, "\n");
+}

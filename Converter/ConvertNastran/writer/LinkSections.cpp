@@ -1,0 +1,172 @@
+// *ELASTICLINK, *SPRING, *NL-PROP and *NL-LINK. The last two stand at a format level of their own.
+
+#include "driver/CConvertNastran.h"
+#include "writer/SectionHead.h"
+#include "writer/rows/SpringRows.h"
+
+namespace {
+
+// clang-format off
+constexpr std::string_view PROPERTY_HEAD =
+    "*VERSION\n"
+    "  6.4.1\n\n"
+    "*NL-PROP    ; General Link Property\n"
+    "; NAME, APPTYPE, TYPE, TW, bUSEMASS, TM, bSSL, DY, DZ, DESC\n"
+    "; bLDX, DX, EFFDAMP, bNDX, [NL_PROP]\n"
+    "; bLDY, DY, EFFDAMP, bNDY, [NL_PROP]\n"
+    "; bLDZ, DZ, EFFDAMP, bNDZ, [NL_PROP]\n"
+    "; bLRX, RX, EFFDAMP, bNRX, [NL_PROP]\n"
+    "; bLRY, RY, EFFDAMP, bNRY, [NL_PROP]\n"
+    "; bLRZ, RZ, EFFDAMP, bNRZ, [NL_PROP]\n"
+    "; [NL_PROP] : DSTIFF, DAMP, DEXP, bRIGDBR, BSTIFF, REFV ; Visco-elastic Damper Type\n"
+    "; [NL_PROP] : STIFF, OPEN                               ; Gap Type or Hook Type\n"
+    "; [NL_PROP] : STIFF, YSTR, PYS_RATIO, YEXP, PA, PB      ; Hysteretic System Type\n"
+    "; [NL_PROP] : STIFF, YSTR, PYS_RATIO, PA, PB            ; Lead Rubber Bearing Type\n"
+    "; [NL_PROP] : STIFF, FCS, FCF, RP, RADIUS, PA, PB       ; Friction Pendulum System Type\n";
+constexpr std::string_view LINK_HEAD =
+    "*VERSION\n"
+    "  6.4.1\n\n"
+    "*NL-LINK  ; General Link\n"
+    "; iNO, iNODE1, iNODE2, GPROP, IEPROP, iRCS, ANGLE, GROUP\n"
+    "; iNO, iNODE1, iNODE2, GPROP, IEPROP, iRCS, iMETHOD, ANGLE-x, ANGLE-y, ANGLE-z, GROUP\n"
+    "; iNO, iNODE1, iNODE2, GPROP, IEPROP, iRCS, iMETHOD, P0X, P0Y, P0Z, P1X, P1Y, P1Z, P2X, P2Y, P2Z, GROUP\n"
+    "; iNO, iNODE1, iNODE2, GPROP, IEPROP, iRCS, iMETHOD, V1X, V1Y, V1Z, V2X, V2Y, V2Z, GROUP\n";
+// clang-format on
+
+const char* YesNo(bool bYes) {
+    return bYes ? "YES" : "NO";
+}
+
+/// The lines of the six components of a linear property.
+void WriteComponents(CFile& rFile, const T_SIXVALUES& rStiffness, const T_SIXVALUES& rDamping) {
+    for (std::size_t i = 0; i < rStiffness.size(); ++i) {
+        const char* const sActive = YesNo(rStiffness[i] != 0.0 || rDamping[i] != 0.0);
+        WriteLine(rFile, " %s, %g, %g, NO\n", sActive, rStiffness[i], rDamping[i]);
+    }
+}
+
+void WriteBush(CFile& rFile, const T_BUSHPROPERTY_ROW& r) {
+    WriteLine(rFile, " GPROP%d, ELEMENT, SLD, 0., NO, 0., NO, 0.5, 0.5,  \n", r.iGPROP);
+    WriteComponents(rFile, r.dK, r.dB);
+}
+
+void WriteGap(CFile& rFile, const T_GAPPROPERTY_ROW& r) {
+    WriteLine(rFile, " GPROP%d, FORCE, GAP, 0., NO, 0., NO, 0.5, 0.5,  \n", r.iGPROP);
+    for (std::size_t i = 0; i < r.dK.size(); ++i) {
+        const char* const sActive = YesNo(r.dK[i] != 0.0);
+        WriteLine(rFile, " %s, %g, 0., %s, %g, %g\n", sActive, r.dK[i], sActive, r.dK[i], r.dOPEN[i]);
+    }
+}
+
+void WritePointLink(CFile& rFile, const T_POINTLINK_ROW& r) {
+    WriteLine(rFile, "%d, %d, %d, GPROP%d, , 1, 0, 0, 0, 0, \n", r.iEID, r.iNODE1, r.iNODE2, r.iGPROP);
+}
+
+} // namespace
+
+/// Springs to ground wait until the links are written.
+template <class SPRING>
+int CConvertNastran::WriteElasticLinks(CFile& rFile, const CMap<SPRING>& rSprings) {
+    if (rSprings.IsEmpty()) return 1;
+    CSectionHead head(rFile, "*ELASTICLINK\n");
+    std::vector<T_GROUNDSPRING_ROW> aGrounded;
+    const CRowVisitor visitor{
+        [&](const T_ELASTICLINK_ROW& r) {
+            const auto& k = r.dK;
+            head.Write();
+            WriteLine(rFile, "%d, %d, GEN  , 0, %g, %g, %g, %g, %g, %g, NO, 0.5, 0.5, \n", r.iNODE1, r.iNODE2, k[0],
+                      k[1], k[2], k[3], k[4], k[5]);
+        },
+        [&](const T_GROUNDSPRING_ROW& r) { aGrounded.push_back(r); },
+        [&](const T_LEFT_D& rLeft) { LogLeft(rLeft); },
+    };
+    ForEachElasticLink(GetDataPool(), rSprings, visitor);
+    if (!aGrounded.empty()) WriteLine(rFile, "*SPRING\n");
+    for (const T_GROUNDSPRING_ROW& r : aGrounded) {
+        const auto& k = r.dK;
+        WriteLine(rFile, "%d, %g, %g, %g, %g, %g, %g, \n", r.iNODE, k[0], k[1], k[2], k[3], k[4], k[5]);
+    }
+    return WriteLine(rFile, "\n");
+}
+
+int CConvertNastran::WriteCelas1Links(CFile& rFile) {
+    return WriteElasticLinks(rFile, GetDataPool().CEL1);
+}
+
+int CConvertNastran::WriteCelas2Links(CFile& rFile) {
+    return WriteElasticLinks(rFile, GetDataPool().CEL2);
+}
+
+/// Any property makes the empty line, and only then comes the switch back.
+int CConvertNastran::WriteBushGapProperties(CFile& rFile) {
+    if (m_pDataPool->PROP.IsEmpty()) return 1;
+    CSectionHead head(rFile, PROPERTY_HEAD);
+    const CRowVisitor visitor{
+        [&](const T_BUSHPROPERTY_ROW& r) {
+            head.Write();
+            WriteBush(rFile, r);
+        },
+        [&](const T_GAPPROPERTY_ROW& r) {
+            head.Write();
+            WriteGap(rFile, r);
+        },
+    };
+    ForEachLinkProperty(GetDataPool(), visitor);
+    WriteLine(rFile, "\n");
+    return head.IsWritten() ? WriteFileVersion(rFile) : 1;
+}
+
+/// Any element makes the empty line, and only then comes the switch back.
+int CConvertNastran::WriteBushGapLinks(CFile& rFile) {
+    if (m_pDataPool->ELEM.IsEmpty()) return 1;
+    CSectionHead head(rFile, LINK_HEAD);
+    const CRowVisitor visitor{
+        [&](const T_POINTLINK_ROW& r) {
+            head.Write();
+            WritePointLink(rFile, r);
+        },
+        [&](const T_TURNEDLINK_ROW& r) {
+            head.Write();
+            WriteLine(rFile, " %d, %d, %d, GPROP%d, , 0, %g, \n", r.iEID, r.iNODE1, r.iNODE2, r.iGPROP, r.dANGLE);
+        },
+    };
+    ForEachGeneralLink(GetDataPool(), visitor);
+    WriteLine(rFile, "\n");
+    return head.IsWritten() ? WriteFileVersion(rFile) : 1;
+}
+
+int CConvertNastran::WriteScalarProperties(CFile& rFile) {
+    CSectionHead head(rFile, "*VERSION\n"
+                             "  6.4.1\n\n"
+                             "*NL-PROP    ; General Link Property\n");
+    const CRowVisitor visitor{
+        [&](const T_SCALARLINK_ROW& r) {
+            head.Write();
+            WriteLine(rFile, " GPROP%d, ELEMENT, SPG,  0, NO, 0,  NO, 0.5, 0.5, \n", r.iGPROP);
+            WriteComponents(rFile, r.dK, r.dDAMP);
+        },
+        [&](const T_LEFT_D& rLeft) { LogLeft(rLeft); },
+    };
+    ForEachScalarLink(GetDataPool(), visitor);
+    if (!head.IsWritten()) return 1;
+    WriteFileVersion(rFile);
+    return WriteLine(rFile, "\n");
+}
+
+/// What the properties logged is logged again.
+int CConvertNastran::WriteScalarLinks(CFile& rFile) {
+    CSectionHead head(rFile, "*VERSION\n"
+                             "  6.4.1\n\n"
+                             "*NL-LINK  ; General Link\n");
+    const CRowVisitor visitor{
+        [&](const T_SCALARLINK_ROW& r) {
+            head.Write();
+            WritePointLink(rFile, r);
+        },
+        [&](const T_LEFT_D& rLeft) { LogLeft(rLeft); },
+    };
+    ForEachScalarLink(GetDataPool(), visitor);
+    if (!head.IsWritten()) return 1;
+    WriteFileVersion(rFile);
+    return WriteLine(rFile, "\n");
+}

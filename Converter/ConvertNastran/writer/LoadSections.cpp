@@ -1,0 +1,154 @@
+// The sections of one load case. Where nothing else is said a keyword, and the empty line behind its section, come with
+// the first entry, also if that is left out.
+
+#include "driver/CConvertNastran.h"
+#include "writer/SectionHead.h"
+#include "writer/rows/LoadRows.h"
+
+namespace {
+
+void WriteCornerPressure(CFile& rFile, const T_CORNERPRESSURE_ROW& r) {
+    const auto& [p1, p2, p3, p4] = r.dP;
+    const auto& [n1, n2, n3] = r.dN;
+    if (r.bSOLID && r.bVECTOR) {
+        WriteLine(rFile, "%d, PRES , SOLID, %d, VECTOR, %g, %g, %g, NO, 0, %g, %g, %g, %g, \n", r.iEID, r.iFACE, n1, n2,
+                  n3, p1, p2, p3, p4);
+    } else if (r.bSOLID) {
+        WriteLine(rFile, "%d, PRES , SOLID, %d, NORMAL, 0, 0, 0, NO, 0, %g, %g, %g, %g, \n", r.iEID, r.iFACE, p1, p2,
+                  p3, p4);
+    } else if (r.bVECTOR) {
+        WriteLine(rFile, "%d, PRES , PLATE, FACE, VECTOR, %g, %g, %g, NO, 0, %g, %g, %g, %g, \n", r.iEID, n1, n2, n3,
+                  p1, p2, p3, p4);
+    } else {
+        WriteLine(rFile, "%d, PRES , PLATE, FACE, LZ, 0, 0, 0, NO, 0, %g, %g, %g, %g, \n", r.iEID, p1, p2, p3, p4);
+    }
+}
+
+/// The empty line behind a section that is there.
+int CloseSection(CFile& rFile, const CSectionHead& rHead) {
+    return rHead.IsWritten() ? WriteLine(rFile, "\n") : 1;
+}
+
+} // namespace
+
+int CConvertNastran::WriteNodalForces(CFile& rFile, const T_LOAD_D& rSet) {
+    CSectionHead head(rFile, "*CONLOAD\n");
+    const CRowVisitor visitor{
+        [&](const T_NODALLOAD_ROW& r) {
+            head.Write();
+            WriteLine(rFile, "%5d,  %g, %g, %g, 0, 0, 0\n", r.iNODE, r.dX, r.dY, r.dZ);
+        },
+        [&](const T_LEFT_D&) { head.Write(); },
+    };
+    ForEachNodalLoad(GetDataPool(), rSet, LOAD_FORCE, visitor);
+    return CloseSection(rFile, head);
+}
+
+int CConvertNastran::WriteNodalMoments(CFile& rFile, const T_LOAD_D& rSet) {
+    CSectionHead head(rFile, "*CONLOAD\n");
+    const CRowVisitor visitor{
+        [&](const T_NODALLOAD_ROW& r) {
+            head.Write();
+            WriteLine(rFile, "%5d,  0, 0, 0, %g, %g, %g\n", r.iNODE, r.dX, r.dY, r.dZ);
+        },
+        [&](const T_LEFT_D&) { head.Write(); },
+    };
+    ForEachNodalLoad(GetDataPool(), rSet, LOAD_MOMENT, visitor);
+    return CloseSection(rFile, head);
+}
+
+int CConvertNastran::WriteBeamLoads(CFile& rFile, const T_LOAD_D& rSet) {
+    CSectionHead head(rFile, "*BEAMLOAD\n");
+    const CRowVisitor visitor{
+        [&](const T_BEAMLOAD_ROW& r) {
+            head.Write();
+            WriteLine(rFile, "%5d, BEAM, %10s, %5s, %5s,   %5g, %5g, %5g, %5g,     0,     0,     0,     0\n", r.iEID,
+                      r.sLOAD, r.sDIRECTION, r.sPROJECTED, r.dX1, r.dP1, r.dX2, r.dP2);
+        },
+        [&](const T_LEFT_D& rLeft) {
+            if (rLeft.eREASON != LEFT_PLOAD1_TYPE) head.Write();
+            LogLeft(rLeft);
+        },
+    };
+    ForEachBeamLoad(GetDataPool(), rSet, visitor);
+    return CloseSection(rFile, head);
+}
+
+int CConvertNastran::WritePressureLoads(CFile& rFile, const T_LOAD_D& rSet) {
+    CSectionHead head(rFile, "*PRESSURE\n");
+    const CRowVisitor visitor{
+        [&](const T_UNIFORMPRESSURE_ROW& r) {
+            head.Write();
+            WriteLine(rFile, "%d, PRES , PLATE, FACE, LZ, 0, 0, 0, NO, %g, 0, 0, 0, 0, \n", r.iEID, r.dP);
+        },
+        [&](const T_CORNERPRESSURE_ROW& r) {
+            head.Write();
+            WriteCornerPressure(rFile, r);
+        },
+        [&](const T_LEFT_D&) { head.Write(); },
+    };
+    ForEachPressure(GetDataPool(), rSet, visitor);
+    return CloseSection(rFile, head);
+}
+
+/// The keyword comes also with a default temperature that no grid takes.
+int CConvertNastran::WriteNodalTemperatures(CFile& rFile, const T_LOADCASE_ROW& rCase) {
+    CSectionHead head(rFile, "*NDTEMPER    ; Nodal Temperatures\n");
+    const CRowVisitor visitor{
+        [&](const T_NODETEMPERATURE_ROW& r) {
+            head.Write();
+            WriteLine(rFile, "%5d,  %g,\n", r.iNODE, r.dT);
+        },
+        [&](const T_LEFT_D&) { head.Write(); },
+    };
+    ForEachNodeTemperature(GetDataPool(), rCase, visitor);
+    return CloseSection(rFile, head);
+}
+
+/// The keyword comes with the first line, the empty line with any entry.
+int CConvertNastran::WriteElementTemperatures(CFile& rFile, const T_LOAD_D& rSet) {
+    if (rSet.aETLD.IsEmpty()) return 1;
+    CSectionHead head(rFile, "*ELTEMPER    ; Element Temperatures\n"
+                             "; ELEM_LIST, TEMPER, GROUP\n");
+    const CRowVisitor visitor{
+        [&](const T_ELEMENTTEMPERATURE_ROW& r) {
+            head.Write();
+            WriteLine(rFile, "%5d,  %g,\n", r.iEID, r.dT);
+        },
+        IGNORE_LEFT,
+    };
+    ForEachElementTemperature(rSet, visitor);
+    return WriteLine(rFile, "\n");
+}
+
+/// The keyword comes with the first gradient, of whatever element, the empty line with any entry.
+int CConvertNastran::WriteTemperatureGradients(CFile& rFile, const T_LOAD_D& rSet) {
+    if (rSet.aETLD.IsEmpty()) return 1;
+    CSectionHead head(rFile, "*THERGRAD    ; Temperature Gradient\n"
+                             "; ELEM_LIST, iETYP, TZ, bUSEHZ, HZ, TY, bUSEHY, HY, GROUP\n"
+                             "; ELEM_LIST, iETYP, TZ, bUSEHZ, HZ, GROUP\n");
+    const CRowVisitor visitor{
+        [&](const T_GRADIENT_ROW& r) {
+            head.Write();
+            WriteLine(rFile, "%5d, 2, %g, YES, 0,\n", r.iEID, r.dTZ);
+        },
+        [&](const T_LEFT_D&) { head.Write(); },
+    };
+    ForEachGradient(GetDataPool(), rSet, visitor);
+    return WriteLine(rFile, "\n");
+}
+
+int CConvertNastran::WriteSpecifiedDisplacements(CFile& rFile, const T_LOAD_D& rSet) {
+    CSectionHead head(rFile, "*SPDISP    ; Specified Displacement of Supports\n");
+    const CRowVisitor visitor{
+        [&](const T_DISPLACEMENT_ROW& r) {
+            const auto& d = r.dD;
+            head.Write();
+            WriteLine(rFile, "%5d,  %s, %g, %g, %g, %g, %g, %g\n", r.iNODE, TextOf(r.aMOVED), d[0], d[1], d[2], d[3],
+                      d[4], d[5]);
+        },
+        [&](const T_LEFT_D&) { head.Write(); },
+    };
+    ForEachDisplacement(GetDataPool(), rSet, visitor);
+    return CloseSection(rFile, head);
+}

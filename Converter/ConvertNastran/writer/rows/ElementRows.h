@@ -1,0 +1,101 @@
+#pragma once
+// Rows of *ELEMENT: trusses, beams, plates and solids. Node ids are those of the file.
+
+#include "store/DataPool.h"
+#include "writer/rows/Left.h"
+
+#include <array>
+
+struct T_TRUSS_ROW {
+    std::int32_t iEID, iMID, iPID;
+    std::int32_t iNODE1, iNODE2;
+};
+
+/// A line element with a reference point.
+struct T_BEAM_ROW {
+    std::int32_t iEID, iMID, iPID;
+    std::int32_t iNODE1, iNODE2;
+    double dX, dY, dZ; // of the reference point, in the basic frame
+};
+
+/// A line element without.
+struct T_TUBE_ROW {
+    std::int32_t iEID, iMID, iPID;
+    std::int32_t iNODE1, iNODE2;
+};
+
+struct T_PLATE_ROW {
+    std::int32_t iEID, iMID, iPID;
+    std::array<std::int32_t, 4> aNODES; // the last of a triangle is 0
+    std::size_t nCORNERS;
+    bool bPLANESTRESS; // no bending
+};
+
+struct T_SOLID_ROW {
+    std::int32_t iEID, iMID;
+    std::int32_t iPID;                  // in no line
+    std::array<std::int32_t, 8> aNODES; // 0 behind the corners
+    std::size_t nCORNERS;
+};
+
+/// Corners alone: midside nodes have no place in the file. A missing property counts as one of material 1.
+template <class VISITOR>
+void VisitElement(const CDataPool& rPool, std::int32_t iEID, const T_ELEM_D& rElement, const VISITOR& rVisitor) {
+    const std::int32_t iPID = rElement.iPID;
+    const T_PROP_D* pProperty = rPool.PROP.Find(iPID);
+    const std::int32_t iMID = pProperty ? pProperty->iMID : 1;
+    const auto Node = [&](std::size_t iSlot) { return rPool.MapNodeId(rElement.iNODE[iSlot]); };
+    switch (rElement.iTYPE) {
+    case TYPE_ROD:
+        rVisitor(T_TRUSS_ROW{iEID, iMID, iPID, Node(0), Node(1)});
+        break;
+    case TYPE_BAR:
+    case TYPE_BEAM:
+        rVisitor(T_BEAM_ROW{iEID, iMID, iPID, Node(0), Node(1), rElement.dX1, rElement.dX2, rElement.dX3});
+        break;
+    case TYPE_TUBE:
+        rVisitor(T_TUBE_ROW{iEID, iMID, iPID, Node(0), Node(1)});
+        break;
+    case TYPE_SHEAR:
+    case TYPE_PLATE: {
+        const bool bFour = rElement.iSUBTYPE == SHAPE_QUAD4 || rElement.iSUBTYPE == SHAPE_QUAD8;
+        rVisitor(T_PLATE_ROW{iEID,
+                             iMID,
+                             iPID,
+                             {Node(0), Node(1), Node(2), bFour ? Node(3) : 0},
+                             bFour ? std::size_t{4} : std::size_t{3},
+                             rElement.iTYPE == TYPE_SHEAR});
+        break;
+    }
+    case TYPE_SOLID: // the slots are those of a hexahedron
+        if (rElement.iSUBTYPE == SHAPE_TETRA) {
+            rVisitor(T_SOLID_ROW{iEID, iMID, iPID, {Node(0), Node(1), Node(2), Node(4)}, 4});
+        } else if (rElement.iSUBTYPE == SHAPE_PENTA) {
+            rVisitor(T_SOLID_ROW{iEID, iMID, iPID, {Node(0), Node(1), Node(2), Node(4), Node(5), Node(6)}, 6});
+        } else {
+            rVisitor(T_SOLID_ROW{
+                iEID, iMID, iPID, {Node(0), Node(1), Node(2), Node(3), Node(4), Node(5), Node(6), Node(7)}, 8});
+        }
+        break;
+    default:
+        rVisitor(T_LEFT_D{LEFT_ELEMENT_FORM, iEID});
+    }
+}
+
+/// By ascending id, all but the masses, bushes and gaps, which have sections of their own.
+template <class VISITOR>
+void ForEachElement(const CDataPool& rPool, const VISITOR& rVisitor) {
+    const auto isHere = [](std::uint16_t nTraits) {
+        const std::int32_t iType = TypeOfTraits(nTraits);
+        return iType != TYPE_MASS && iType != TYPE_BUSH && iType != TYPE_GAP;
+    };
+    for (const auto& [iEID, rElement] : rPool.ELEM.Sorted(isHere)) VisitElement(rPool, iEID, rElement, rVisitor);
+}
+
+/// CONRODs in store order. Their property is always 1: there's no section for the area on the card.
+template <class VISITOR>
+void ForEachConrod(const CDataPool& rPool, const VISITOR& rVisitor) {
+    for (const auto& [iEID, rRod] : rPool.CNRD.Walk()) {
+        rVisitor(T_TRUSS_ROW{iEID, rRod.iMID, 1, rPool.MapNodeId(rRod.iG1), rPool.MapNodeId(rRod.iG2)});
+    }
+}
