@@ -22,16 +22,16 @@ int CConvertNastran::ParseCONM2(const T_DATA_D& rCard) {
     element.iNODE.Set(0, fields.Int());
     T_PROP_D mass;
     mass.iPROPTYPE = PROP_MASS;
-    fields.Skip(1); // CID: masses count as global
+    fields.Skip("CID"); // masses count as global
     const double dM = fields.Real();
     mass.dVAL.Set(7, dM);
     mass.dVAL.Set(11, dM);
     mass.dVAL.Set(12, dM);
-    fields.Skip(4); // X1 to X3, the offset, and the card's blank field
+    fields.Skip("X1", "X2", "X3", "-"); // the offset
     mass.dVAL.Set(1, fields.Real());
-    fields.Skip(1); // I21
+    fields.Skip("I21");
     mass.dVAL.Set(3, fields.Real());
-    fields.Skip(2); // I31, I32
+    fields.Skip("I31", "I32");
     mass.dVAL.Set(6, fields.Real());
     m_pDataPool->SetPROP(element.iPID, std::move(mass));
     return m_pDataPool->SetELEM(iEID, std::move(element));

@@ -1,10 +1,8 @@
 // PELAS, PBUSH, PGAP.
 
+#include "cards/PropertyFields.h"
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
-
-#include <algorithm>
-#include <iterator>
 
 int CConvertNastran::ParsePELAS(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
@@ -13,35 +11,32 @@ int CConvertNastran::ParsePELAS(const T_DATA_D& rCard) {
         if (iHalf == 1 && iPID == 0) break;
         T_PROP_D property;
         property.iPROPTYPE = PROP_ELAS;
-        for (std::size_t iSlot = 0; iSlot < 3; ++iSlot) property.dVAL.Set(iSlot, fields.Real()); // K, GE, S
+        ReadSlotRow(fields, property, 0, 3); // K, GE, S
         m_pDataPool->SetPROP(iPID, std::move(property));
     }
     return 1;
 }
 
+/// Sections in any order, each behind its name; a blank in the place of a name ends the card. Each field of an unknown
+/// section is tried as a name.
 int CConvertNastran::ParsePBUSH(const T_DATA_D& rCard) {
-    struct T_GROUP_D {
-        std::string_view sKEYWORD;
-        std::size_t iSLOT;
-        std::size_t nKEPT;
-        std::size_t nDROPPED;
-    };
-    static constexpr T_GROUP_D GROUPS[] = {
-        {"K", 0, 6, 0},    // K1 to K6
-        {"B", 6, 6, 0},    // B1 to B6
-        {"GE", 12, 1, 5},  // GE1; GE2 to GE6
-        {"RCV", 13, 4, 0}, // SA, ST, EA, ET
-    };
     CFieldCursor fields(rCard);
     const std::int32_t iPID = fields.Int();
     T_PROP_D property;
     property.iPROPTYPE = PROP_BUSH;
-    for (std::string_view sKeyword = fields.Text(); !sKeyword.empty(); sKeyword = fields.Text()) {
-        const auto pGroup = std::find_if(std::begin(GROUPS), std::end(GROUPS),
-                                         [&](const T_GROUP_D& rGroup) { return rGroup.sKEYWORD == sKeyword; });
-        if (pGroup == std::end(GROUPS)) continue; // each field of an unknown group is tried as a keyword
-        for (std::size_t i = 0; i < pGroup->nKEPT; ++i) property.dVAL.Set(pGroup->iSLOT + i, fields.Real());
-        fields.Skip(pGroup->nDROPPED);
+    while (!fields.Peek().empty()) {
+        if (fields.TakeWord("K")) {
+            ReadSlotRow(fields, property, 0, 6); // K1 to K6
+        } else if (fields.TakeWord("B")) {
+            ReadSlotRow(fields, property, 6, 6); // B1 to B6
+        } else if (fields.TakeWord("GE")) {
+            ReadSlots(fields, property, {12}); // GE1
+            fields.Skip("GE2", "GE3", "GE4", "GE5", "GE6");
+        } else if (fields.TakeWord("RCV")) {
+            ReadSlotRow(fields, property, 13, 4); // SA, ST, EA, ET
+        } else {
+            fields.Skip("-");
+        }
     }
     return m_pDataPool->SetPROP(iPID, std::move(property));
 }
