@@ -12,9 +12,11 @@ static_assert(T_KEYW_D::TABLE.size() < 256); // a keyword's id fits into a byte
 static_assert(NOTE_UNKNOWN_WORD == static_cast<int>(LOSS_UNKNOWN_WORD));
 
 CAccount::CAccount() {
+    m_aDrops.reserve(m_aKnown.size());
     for (std::size_t i = 0; i < m_aKnown.size(); ++i) {
         m_aKnown[i].sNAME = T_KEYW_D::TABLE[i].sNAME;
-        m_aRules[i] = FindCardRules(T_KEYW_D::TABLE[i].sNAME);
+        m_aOwns[i] = FindOwnedIds(T_KEYW_D::TABLE[i].sNAME);
+        m_aDrops.emplace_back(T_KEYW_D::TABLE[i].sNAME);
     }
 }
 
@@ -30,13 +32,20 @@ T_WORD_D& CAccount::Unknown(std::string_view sWord) {
 }
 
 T_NOTE_D& CAccount::FindNote(T_WORD_D& rWord, E_NOTE eNote, std::string_view sText) {
-    auto pNote = std::find_if(rWord.aNOTES.begin(), rWord.aNOTES.end(),
-                              [&](const T_NOTE_D& rNote) { return rNote.eNOTE == eNote && rNote.sTEXT == sText; });
+    const auto find = [&] {
+        return std::find_if(rWord.aNOTES.begin(), rWord.aNOTES.end(),
+                            [&](const T_NOTE_D& rNote) { return rNote.eNOTE == eNote && rNote.sTEXT == sText; });
+    };
+    auto pNote = find();
+    if (pNote == rWord.aNOTES.end() && !sText.empty() && rWord.aNOTES.size() >= T_WORD_D::MOST_NOTES) {
+        sText = "other fields";
+        pNote = find();
+    }
     if (pNote == rWord.aNOTES.end()) pNote = rWord.aNOTES.insert(pNote, {eNote, std::string(sText), 0, {}, {}});
     return *pNote;
 }
 
-void CAccount::Note(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace, const char* sText) {
+void CAccount::Note(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace, std::string_view sText) {
     T_NOTE_D& rNote = FindNote(rWord, eNote, sText);
     ++rNote.nCOUNT;
     if (rNote.aPLACES.size() < T_NOTE_D::MOST_PLACES) rNote.aPLACES.push_back(rPlace);
@@ -47,7 +56,7 @@ void CAccount::EndDeck(bool bBulk) {
     m_pLast = nullptr;
 }
 
-void CAccount::AddCard(const T_DATA_D& rCard, std::int32_t iFirst, std::int32_t iLast) {
+void CAccount::AddCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t iFirst, std::int32_t iLast) {
     T_WORD_D& rWord = Known(rCard.iKEYWORD);
     m_pLast = &rWord;
     ++rWord.nREAD;
@@ -64,16 +73,13 @@ void CAccount::AddCard(const T_DATA_D& rCard, std::int32_t iFirst, std::int32_t 
         return Note(rWord, NOTE_SKIPPED, place);
     }
     ++rWord.nSTORED;
-    const T_CARDRULES_D& rRules = m_aRules[static_cast<std::size_t>(rCard.iKEYWORD)];
-    if (rRules.owns.eTABLE != OWNED_COUNT) TakeOwnership(rRules.owns, rCard.iKEYWORD, rCard, place);
-    if (!rRules.pDROPS) return;
-    const T_DROPS_D& rDrops = *rRules.pDROPS;
-    const std::uint32_t nDrops = FindDrops(rDrops, rCard);
-    if (nDrops == 0) return;
-    if (nDrops & DROP_PAST_READ) Note(rWord, NOTE_PAST_READ, place);
-    if (nDrops & DROP_FIELDS) Note(rWord, NOTE_FIELDS, place, rDrops.sDROPPED);
-    if (nDrops & DROP_THRU) Note(rWord, NOTE_THRU, place);
-    if (nDrops & DROP_OWN) Note(rWord, NOTE_FIELDS, place, rDrops.sOWN);
+    if (eAction != CARD_PARSED) return;
+    const T_OWNS_D& rOwns = m_aOwns[static_cast<std::size_t>(rCard.iKEYWORD)];
+    if (rOwns.eTABLE != OWNED_COUNT) TakeOwnership(rOwns, rCard.iKEYWORD, rCard, place);
+    const T_DROPPED_D dropped = m_aDrops[static_cast<std::size_t>(rCard.iKEYWORD)].Find(rCard, rUse);
+    if (!dropped.sPASTREAD.empty()) Note(rWord, NOTE_PAST_READ, place, dropped.sPASTREAD);
+    if (!dropped.sFIELDS.empty()) Note(rWord, NOTE_FIELDS, place, dropped.sFIELDS);
+    if (dropped.bTHRU) Note(rWord, NOTE_THRU, place);
 }
 
 /// The card's records are its keyword's from now on; those that were another card's were replaced.

@@ -4,6 +4,7 @@
 #include "nas2zdt/Drops.h"
 #include "nas2zdt/IdOwners.h"
 #include "nas2zdt/LineMap.h"
+#include "nas2zdt/OwnedIds.h"
 #include "reader/DeckObserver.h"
 #include "reader/Keywords.h"
 #include "store/DataPool.h"
@@ -26,7 +27,7 @@ enum E_NOTE {
     NOTE_REPORTED,
     NOTE_SKIPPED,
     NOTE_REPLACED,
-    NOTE_PAST_READ, // rules of the card, see Drops.h
+    NOTE_PAST_READ, // these three by Drops.h
     NOTE_FIELDS,
     NOTE_THRU,
     NOTE_PLUS_SIGN,
@@ -61,8 +62,9 @@ struct T_WORD_D {
     std::uint64_t nSKIPPED = 0;
     std::uint64_t nUNKNOWN = 0;
     std::uint64_t nLOST = 0;
-    std::uint64_t nCUTOFF = 0; // groups of continuation lines that a card lost
-    std::vector<T_NOTE_D> aNOTES;
+    std::uint64_t nCUTOFF = 0;    // groups of continuation lines that a card lost
+    std::vector<T_NOTE_D> aNOTES; // with texts of the cards' own, few: past MOST_NOTES, new texts are told as one
+    static constexpr std::size_t MOST_NOTES = 50;
 
     /// False for a word that has nothing but notes.
     bool HasCounts() const { return nREAD > 0 || nCUTOFF > 0; }
@@ -75,7 +77,7 @@ class CAccount {
 
     void BeginDeck(const std::string& sName) { m_aDecks.push_back(sName); }
     void EndDeck(bool bBulk);
-    void AddCard(const T_DATA_D& rCard, std::int32_t iFirst, std::int32_t iLast);
+    void AddCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t iFirst, std::int32_t iLast);
     void AddLoss(const T_LOSS_D& rLoss);
     void AddDeletedFields(std::size_t nFields, std::int32_t iLine);
 
@@ -104,12 +106,13 @@ class CAccount {
         return {static_cast<std::uint32_t>(m_aDecks.size() - 1), iFirst, iLast};
     }
     static T_NOTE_D& FindNote(T_WORD_D& rWord, E_NOTE eNote, std::string_view sText);
-    static void Note(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace, const char* sText = "");
+    static void Note(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace, std::string_view sText = {});
     void NoteUnwritten(const T_REASON_D& rReason, const T_NOTE_D& rFound);
     void TakeOwnership(const T_OWNS_D& rOwns, std::int32_t iKeyword, const T_DATA_D& rCard, const T_PLACE_D& rPlace);
 
     std::array<T_WORD_D, T_KEYW_D::TABLE.size()> m_aKnown;
-    std::array<T_CARDRULES_D, T_KEYW_D::TABLE.size()> m_aRules; // in step
+    std::array<T_OWNS_D, T_KEYW_D::TABLE.size()> m_aOwns; // in step, as the next
+    std::vector<CDrops> m_aDrops;
     std::map<std::string, T_WORD_D, std::less<>> m_mapUnknown;
     T_WORD_D* m_pUnknown = nullptr; // the last one of them
     std::array<CIdOwners, OWNED_COUNT> m_aOwners;

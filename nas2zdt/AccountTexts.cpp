@@ -20,7 +20,7 @@ constexpr T_TEXT_D TEXTS[] = {
     {NOTE_REPORTED,       "reported",        "reported: not converted"},
     {NOTE_SKIPPED,        "skipped",         "skipped"},
     {NOTE_REPLACED,       "replaced",        "replaced by a later one of the same id (lines of the later one)"},
-    {NOTE_PAST_READ,      "fields-past-read", "dropped: fields past those that are read"},
+    {NOTE_PAST_READ,      "fields-past-read", "dropped: "},
     {NOTE_FIELDS,         "fields",          "dropped: "},
     {NOTE_THRU,           "thru",            "dropped: what a THRU stands for"},
     {NOTE_PLUS_SIGN,      "plus-sign",       "dropped: fields with a \"+\" in free field"},

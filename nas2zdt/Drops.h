@@ -1,69 +1,44 @@
 #pragma once
-// What a stored card loses by the rules of its keyword.
+// What isn't kept of a card that is stored.
 
+#include "cards/FieldNames.h"
 #include "reader/Card.h"
+#include "reader/FieldUse.h"
 
 #include <cstddef>
-#include <cstdint>
+#include <string>
 #include <string_view>
+#include <vector>
 
-/// Tables in which a later record replaces an earlier one of its id.
-enum E_OWNED {
-    OWNED_NODES,
-    OWNED_ELEMENTS,
-    OWNED_CONRODS,
-    OWNED_CELAS1,
-    OWNED_CELAS2,
-    OWNED_RBE2,
-    OWNED_PROPERTIES,
-    OWNED_MATERIALS,
-    OWNED_CORD1R,
-    OWNED_CORD1C,
-    OWNED_CORD1S,
-    OWNED_CORD2R,
-    OWNED_CORD2C,
-    OWNED_CORD2S,
-    OWNED_GRAVITY,      // one vector a load set
-    OWNED_TEMPERATURES, // one default a load set
-    OWNED_EIGB,
-    OWNED_EIGRL,
-    OWNED_COUNT, // also: none
+/// Whether a field holds something that can be lost. A blank doesn't, nor does the value that counts without the field.
+bool HoldsSomething(std::string_view sField, double dNeutral = 0.0);
+
+/// What a card loses: names of fields with commas between them; of a list, those of its first entry that is lost.
+struct T_DROPPED_D {
+    std::string sFIELDS;   // skipped by the handler, or stored and not written
+    std::string sPASTREAD; // never reached
+    bool bTHRU = false;    // a THRU that isn't understood; it stands for the field behind it, too
 };
 
-/// Where the ids of a card stand: in field 0 and, if nSTEP isn't 0, in each field that is nSTEP further on, as far as
-/// it is one of the first nFIELDS and isn't 0.
-struct T_OWNS_D {
-    E_OWNED eTABLE = OWNED_COUNT;
-    std::size_t nSTEP = 0;
-    std::size_t nFIELDS = 1;
+/// Finds what the cards of a keyword lose: what their handler didn't take, and what of the rest no section has.
+class CDrops {
+  public:
+    explicit CDrops(std::string_view sKeyword);
+
+    T_DROPPED_D Find(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse) const;
+
+  private:
+    bool MayLose(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse) const;
+    bool IsUnwritten(const T_NAME_D& rName, std::string_view sField) const;
+
+    /// A field that is stored and not written.
+    struct T_UNWRITTEN_D {
+        std::string_view sNAME;
+        double dNEUTRAL;
+        std::size_t iFIELD; // its place, NOWHERE if that differs from card to card
+    };
+    static constexpr std::size_t NOWHERE = static_cast<std::size_t>(-1);
+
+    CFieldNames m_names;
+    std::vector<T_UNWRITTEN_D> m_aUnwritten;
 };
-
-/// What isn't kept of a card. A field that is blank or zero is no loss.
-struct T_DROPS_D {
-    std::size_t nREAD;                 // fields behind these aren't read
-    std::uint32_t nDROPPED;            // bit i: field i is read, and kept nowhere or not written
-    const char* sDROPPED;              // what these fields are
-    std::uint32_t nNOTHRU;             // bit i: a THRU in field i isn't understood
-    bool (*pfnLoses)(const T_DATA_D&); // a rule of its own, which sOWN tells; null for none
-    const char* sOWN;
-};
-
-/// A keyword's rules. A keyword that isn't stored has none.
-struct T_CARDRULES_D {
-    T_OWNS_D owns;
-    const T_DROPS_D* pDROPS = nullptr;
-};
-
-/// The rules of a keyword.
-T_CARDRULES_D FindCardRules(std::string_view sKeyword);
-
-/// Bits of what FindDrops tells.
-enum E_DROP : std::uint32_t {
-    DROP_PAST_READ = 1, // fields behind those that are read
-    DROP_FIELDS = 2,    // some of nDROPPED
-    DROP_THRU = 4,      // a THRU that isn't understood
-    DROP_OWN = 8,       // by the rule of its own
-};
-
-/// What a card loses by its rules.
-std::uint32_t FindDrops(const T_DROPS_D& rDrops, const T_DATA_D& rCard);

@@ -22,8 +22,8 @@ class CRunWatch : public CDeckObserver {
     void OnDeckEnd(bool bBulk) override {
         if (m_pAccount) m_pAccount->EndDeck(bBulk);
     }
-    void OnCard(const T_DATA_D& rCard, std::int32_t iFirst, std::int32_t iLast) override {
-        if (m_pAccount) m_pAccount->AddCard(rCard, iFirst, iLast);
+    void OnCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t iFirst, std::int32_t iLast) override {
+        if (m_pAccount) m_pAccount->AddCard(rCard, rUse, iFirst, iLast);
     }
     void OnLoss(const T_LOSS_D& rLoss) override {
         if (m_pAccount) m_pAccount->AddLoss(rLoss);

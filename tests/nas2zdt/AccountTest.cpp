@@ -42,9 +42,10 @@ struct T_CASE_D {
 
 class AccountTest : public testing::TestWithParam<T_CASE_D> {};
 
-TEST_P(AccountTest, Tells) {
+/// The account of a run, which converts as without one.
+CAccount Account(const std::string& sDeck) {
     const CTempFolder folder;
-    WriteText(folder.Path("deck.dat"), GetParam().sDECK);
+    WriteText(folder.Path("deck.dat"), sDeck);
     CNoDialogs dialogs;
     CAccount account;
     CProgress progress;
@@ -52,8 +53,12 @@ TEST_P(AccountTest, Tells) {
     CConvertNastran run(dialogs);
     run.SetObserver(&watch);
     EXPECT_EQ(run.Convert(folder.Path("deck.dat")), 1);
-    EXPECT_EQ(Describe(account), GetParam().sACCOUNT);
-    EXPECT_EQ(ReadText(folder.Path("deck.zdt")), RunDeck(GetParam().sDECK).sZDT);
+    EXPECT_EQ(ReadText(folder.Path("deck.zdt")), RunDeck(sDeck).sZDT);
+    return account;
+}
+
+TEST_P(AccountTest, Tells) {
+    EXPECT_EQ(Describe(Account(GetParam().sDECK)), GetParam().sACCOUNT);
 }
 
 std::string Many(const std::string& sLine, int nLines) {
@@ -82,8 +87,9 @@ const std::vector<T_CASE_D> CASES = {
     {"Skipped", "BEGIN BULK\nPLOTEL,1\n$\n", "PLOTEL 1: 0 0 0 1 0 0 0 skipped*1@2-2\n"},
     {"Replaced", "BEGIN BULK\nGRID,1\nGRID,2\nGRID,9\nGRID,1\nGRID,1\nGRID,5\nGRID,5\nENDDATA\n",
         "GRID 7: 7 3 0 0 0 0 0 replaced*3@5-5@6-6@8-8\n"},
-    {"FieldsPastThoseRead", "BEGIN BULK\nGRID,1,,,,,,,9\nGRID,2,,,,,,,0\nGRID,3,,,,,,12\n$\n",
-        "GRID 3: 3 0 0 0 0 0 0 fields-past-read*1@2-2\n"},
+    {"Fields", "BEGIN BULK\nGRID,1,,,,,,,9\nGRID,2,,,,,,,0\nGRID,3,,,,,,12,7,8\n$\n",
+        "GRID 3: 3 0 0 0 0 0 0 fields*2@2-2@4-4 fields-past-read*1@4-4\n"},
+    {"Thru", "BEGIN BULK\nSPC1,1,1,2,THRU,9\n$\n", "SPC1 1: 1 0 0 0 0 0 0 thru*1@2-2\n"},
     {"PlusSign", "BEGIN BULK\nGRID,1,,1.0E+3,2.\nGRID,2,,1.,+A\n$\n", "GRID 2: 2 0 0 0 0 0 0 plus-sign*1@2-2\n"},
     {"NoBulk", "SOL 101\nGRID,1\n", " 0: 0 0 0 0 0 0 0 no-bulk*1@0-0\n"},
     {"ReturnsAreNoLoss", "BEGIN BULK\r\nGRID,1\r\n\r\n\r\nGRID,2\r\n  \r\nGRID,3,,\r\nENDDATA\r\n", "GRID 3: 3 0 0 0 0 0 0\n"},
@@ -125,6 +131,21 @@ TEST(Account, WhatIsNotWrittenByKeywordAndText) {
     EXPECT_EQ(sText, "CELAS2 2 not written: springs on a grid that doesn't exist (ids: elements): 1 2\n"
                      "CELAS2 1 not written: springs without stiffness (ids: elements): 3\n"
                      "SPC 3 not written: grids of constraint sets that don't reach the file (ids: sets): 1\n");
+}
+
+TEST(Account, TellsManySetsOfFieldsAsOne) {
+    std::string sDeck = "BEGIN BULK\n";
+    for (int iSet = 1; iSet < 64; ++iSet) { // Xt to GE
+        sDeck += "MAT8," + std::to_string(iSet) + ",,,,,,,\n,,,";
+        for (int iField = 0; iField < 6; ++iField) sDeck += (iSet >> iField & 1) != 0 ? ",1." : ",";
+        sDeck += "\n";
+    }
+    const CAccount account = Account(sDeck + "$\n");
+    const std::vector<T_NOTE_D>& rNotes = account.GetWords().at(0)->aNOTES;
+    ASSERT_EQ(rNotes.size(), 51u);
+    EXPECT_EQ(NoteText(rNotes[6]), "dropped: Xt, Xc, Yt");
+    EXPECT_EQ(NoteText(rNotes[50]), "dropped: other fields");
+    EXPECT_EQ(rNotes[50].nCOUNT, 13u);
 }
 
 TEST(IdOwners, FindTheEarlierKeywordInAnyOrder) {

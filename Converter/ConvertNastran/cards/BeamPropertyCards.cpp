@@ -3,6 +3,7 @@
 #include "cards/BarShapes.h"
 #include "cards/PropertyFields.h"
 #include "driver/CConvertNastran.h"
+#include "reader/FieldCursor.h"
 
 #include <cmath>
 
@@ -14,8 +15,12 @@ constexpr std::size_t STRESS_POINTS = 8; // C1 to F2
 /// pairs, so a 1.0 at the second place of any pair ends the search. Returns false at the end of the card.
 bool FindEndB(CFieldCursor& rFields) {
     while (!rFields.IsAtEnd()) {
-        rFields.Skip(1); // SO
-        if (std::fabs(rFields.Real() - 1.0) < 1e-6) return true;
+        rFields.Skip(CFieldCursor::BY_PLACE);
+        if (std::fabs(TextToReal(rFields.Peek()) - 1.0) < 1e-6) {
+            rFields.Real();
+            return true;
+        }
+        rFields.Skip(CFieldCursor::BY_PLACE);
     }
     return false;
 }
@@ -46,7 +51,7 @@ int CConvertNastran::ParsePBAR(const T_DATA_D& rCard) {
     property.iPROPTYPE = PROP_BAR;
     property.iMID = fields.Int();
     ReadSlots(fields, property, {SLOT_A, SLOT_I1, SLOT_I2, SLOT_J, SLOT_NSM});
-    fields.Skip(1); // FE
+    fields.Skip("FE");
     ReadSlotRow(fields, property, SLOT_C1, STRESS_POINTS);
     ReadSlots(fields, property, {SLOT_K1, SLOT_K2, SLOT_I12});
     return m_pDataPool->SetPROP(iPID, std::move(property));
@@ -60,11 +65,11 @@ int CConvertNastran::ParsePBARL(const T_DATA_D& rCard) {
     T_PROP_D property;
     property.iPROPTYPE = PROP_BAR;
     property.iMID = fields.Int();
-    fields.Skip(1); // GROUP
+    fields.Skip("GROUP");
     property.iSECTYPE = FindBarShape(fields.Text());
-    fields.Skip(4); // the rest of the first line
+    fields.Skip("-", "-", "-", "-");
     ReadSlotRow(fields, property, SLOT_DIM1, 9);
-    fields.Skip(1);
+    fields.Skip("DIM10");
     ReadSlots(fields, property, {SLOT_LAST});
     return m_pDataPool->SetPROP(iPID, std::move(property));
 }
@@ -83,9 +88,9 @@ int CConvertNastran::ParsePBEAM(const T_DATA_D& rCard) {
         property.dVAL.Set(iSlot, dFactor);
         property.dVAL.Set(SLOT_END_B + iSlot, dFactor);
     }
-    fields.Skip(4); // S1, S2, NSI(A), NSI(B)
+    fields.Skip("S1", "S2", "NSI(A)", "NSI(B)");
     ReadSlots(fields, property, {SLOT_CW, SLOT_END_B + SLOT_CW});
-    fields.Skip(4); // M1(A), M2(A), M1(B), M2(B)
+    fields.Skip("M1(A)", "M2(A)", "M1(B)", "M2(B)");
     ReadSlots(fields, property, {SLOT_N1, SLOT_N2, SLOT_END_B + SLOT_N1, SLOT_END_B + SLOT_N2});
     property.bTAPERED = IsTapered(property) ? 1 : 0;
     return m_pDataPool->SetPROP(iPID, std::move(property));
@@ -98,9 +103,10 @@ int CConvertNastran::ParsePBEND(const T_DATA_D& rCard) {
     property.iPROPTYPE = PROP_BEND;
     property.iMID = fields.Int();
     ReadSlots(fields, property, {SLOT_A, SLOT_I1, SLOT_I2, SLOT_J, SLOT_RB});
-    fields.Skip(1); // THETAB
+    fields.Skip("THETAB");
     ReadSlotRow(fields, property, SLOT_C1, STRESS_POINTS);
-    ReadSlots(fields, property, {SLOT_K1, SLOT_K2, SLOT_NSM}); // RC, ZC and DELTAN have no use here
+    ReadSlots(fields, property, {SLOT_K1, SLOT_K2, SLOT_NSM});
+    fields.Skip("RC", "ZC", "DELTAN");
     return m_pDataPool->SetPROP(iPID, std::move(property));
 }
 
@@ -114,7 +120,6 @@ int CConvertNastran::ParsePROD(const T_DATA_D& rCard) {
     return m_pDataPool->SetPROP(iPID, std::move(property));
 }
 
-/// OD2, the last field, has no use here: a tapered tube is kept as a straight one.
 int CConvertNastran::ParsePTUBE(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
     const std::int32_t iPID = fields.Int();
@@ -126,5 +131,6 @@ int CConvertNastran::ParsePTUBE(const T_DATA_D& rCard) {
     property.dVAL.Set(SLOT_OD, dOD);
     property.dVAL.Set(SLOT_ID, dOD - (dT + dT));
     ReadSlots(fields, property, {SLOT_NSM});
+    fields.Skip("OD2"); // a tapered tube is kept as a straight one
     return m_pDataPool->SetPROP(iPID, std::move(property));
 }

@@ -6,12 +6,12 @@
 
 namespace {
 
-/// G, C and D; an enforced value isn't kept.
-T_CNND_D ReadConstrainedGrid(CFieldCursor& rFields) {
+/// G, C and D, whose name is sD; an enforced value isn't kept.
+T_CNND_D ReadConstrainedGrid(CFieldCursor& rFields, const char* sD) {
     T_CNND_D grid;
     grid.iNODE = rFields.Int();
     grid.bDOF = ParseComponents(rFields.Text());
-    rFields.Skip(1);
+    rFields.Skip(sD);
     return grid;
 }
 
@@ -30,8 +30,8 @@ int CConvertNastran::ParseSPC(const T_DATA_D& rCard) {
     const std::int32_t iSID = fields.Int();
     m_pDataPool->m_iLastCNST = iSID;
     T_CNST_D& rSet = m_pDataPool->CNST[iSID];
-    rSet.aCNND.Add(ReadConstrainedGrid(fields)); // whatever its grid is
-    const T_CNND_D second = ReadConstrainedGrid(fields);
+    rSet.aCNND.Add(ReadConstrainedGrid(fields, "D1")); // whatever its grid is
+    const T_CNND_D second = ReadConstrainedGrid(fields, "D2");
     if (second.iNODE != 0) rSet.aCNND.Add(second);
     return 1;
 }
@@ -56,7 +56,7 @@ int CConvertNastran::ParseMPC(const T_DATA_D& rCard) {
     T_CNEQ_D equation;
     ReadTerm(fields, equation);
     ReadTerm(fields, equation);
-    fields.Skip(2);             // the empty end of the first line and start of the second
+    fields.Skip("-", "-");      // the empty end of the first line and start of the second
     ReadTerm(fields, equation); // further terms aren't read
     T_CNST_D& rSet = m_pDataPool->CNST[iSID];
     equation.iEQ = static_cast<std::int32_t>(rSet.aCNEQ.GetSize()) + 1;

@@ -11,9 +11,9 @@ int CConvertNastran::ParseEIGB(const T_DATA_D& rCard) {
     buckling.dL1 = fields.Real();
     buckling.dL2 = fields.Real();
     buckling.iNEP = fields.Int();
-    fields.Skip(1); // NDP: NDN takes its place, a blank one too
+    fields.Skip("NDP"); // NDN takes its place, a blank one too
     buckling.iNDN = fields.Int();
-    fields.Skip(1); // the card's blank field
+    fields.Skip("-");
     buckling.iNORM = fields.Text() == "POINT" ? 1 : 0;
     buckling.iG = fields.Int();
     buckling.iC = fields.Int();

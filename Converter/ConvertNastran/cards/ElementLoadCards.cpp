@@ -70,8 +70,7 @@ int CConvertNastran::ParsePLOAD2(const T_DATA_D& rCard) {
         entry.iID = iEID;
         rEntries.Add(entry);
     };
-    if (fields.Peek() == "THRU") {
-        fields.Skip(1);
+    if (fields.TakeWord("THRU")) {
         WalkRange(rCard, entry.iID, fields.Int(), AddCopy);
         return 1;
     }
@@ -95,13 +94,13 @@ int CConvertNastran::ParsePLOAD4(const T_DATA_D& rCard) {
         entry.dV[iCorner] = dP == 0.0 ? entry.dV[0] : dP; // a zero isn't told from a blank
     }
     if (fields.Peek() == "THRU") {
-        fields.Skip(2); // with EID2 behind it: the first element alone takes the load
+        fields.Skip("THRU", "EID2"); // the first element alone takes the load
     } else {
         entry.iFACEG1 = fields.Int();
         entry.iFACEG34 = fields.Int();
     }
     entry.iCID = fields.Int();
-    for (double& rN : entry.dN) rN = fields.Real(); // SORL and LDIR, the last fields, have no use here
+    for (double& rN : entry.dN) rN = fields.Real();
     EnsureLoadSet(iSID).aMBLD.Add(entry);
     return 1;
 }

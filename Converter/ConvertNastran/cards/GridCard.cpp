@@ -23,6 +23,7 @@ int CConvertNastran::ParseGRID(const T_DATA_D& rCard) {
     node.dX2 = node.dGY = fields.Real();
     node.dX3 = node.dGZ = fields.Real();
     node.iCD = fields.Int();
-    SetPermanentConstraints(node, fields.Text()); // SEID, the last field, has no use here
+    SetPermanentConstraints(node, fields.Text());
+    fields.Skip("SEID");
     return m_pDataPool->SetNODS(iID, node);
 }

@@ -1,58 +1,48 @@
 // CBAR, CBEAM, CBEND, CROD, CTUBE and CONROD.
 
 #include "cards/LineOrientation.h"
+#include "cards/NodeLayout.h"
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
 
 namespace {
 
-/// Reads PID and the two grids.
-void ReadLine(CFieldCursor& rFields, T_ELEM_D& rElement, E_ELEMENT_TYPE eType) {
-    rElement.iTYPE = eType;
-    rElement.iSUBTYPE = SHAPE_LINE;
-    rElement.iPID = rFields.Int();
-    rElement.iNODE.Set(0, rFields.Int());
-    rElement.iNODE.Set(1, rFields.Int());
-}
+constexpr T_LAYT_D BAR = {TYPE_BAR, SHAPE_LINE, LINE_SLOTS};
+constexpr T_LAYT_D BEAM = {TYPE_BEAM, SHAPE_LINE, LINE_SLOTS};
+constexpr T_LAYT_D BEND = {TYPE_BEND, SHAPE_LINE, LINE_SLOTS};
+constexpr T_LAYT_D ROD = {TYPE_ROD, SHAPE_LINE, LINE_SLOTS};
+constexpr T_LAYT_D TUBE = {TYPE_TUBE, SHAPE_LINE, LINE_SLOTS};
 
-/// A line element with an orientation. Offsets, end releases and what else stands behind it have no use here.
-int StoreBeam(CDataPool& rDataPool, const T_DATA_D& rCard, E_ELEMENT_TYPE eType) {
+/// A line element with an orientation. Offsets, end releases and what else stands behind it aren't read.
+int StoreBeam(CDataPool& rDataPool, const T_DATA_D& rCard, const T_LAYT_D& rLayout) {
     CFieldCursor fields(rCard);
     const std::int32_t iEID = fields.Int();
     T_ELEM_D element;
-    ReadLine(fields, element, eType);
+    ReadElement(fields, element, rLayout);
     element.bVECTOR = ReadOrientation(fields, element) ? 1 : 0;
-    return rDataPool.SetELEM(iEID, std::move(element));
-}
-
-int StoreTruss(CDataPool& rDataPool, const T_DATA_D& rCard, E_ELEMENT_TYPE eType) {
-    CFieldCursor fields(rCard);
-    const std::int32_t iEID = fields.Int();
-    T_ELEM_D element;
-    ReadLine(fields, element, eType);
     return rDataPool.SetELEM(iEID, std::move(element));
 }
 
 } // namespace
 
 int CConvertNastran::ParseCBAR(const T_DATA_D& rCard) {
-    return StoreBeam(*m_pDataPool, rCard, TYPE_BAR);
+    return StoreBeam(*m_pDataPool, rCard, BAR);
 }
 
 int CConvertNastran::ParseCBEAM(const T_DATA_D& rCard) {
-    return StoreBeam(*m_pDataPool, rCard, TYPE_BEAM);
+    return StoreBeam(*m_pDataPool, rCard, BEAM);
 }
 
 int CConvertNastran::ParseCBEND(const T_DATA_D& rCard) {
-    return StoreBeam(*m_pDataPool, rCard, TYPE_BEND);
+    return StoreBeam(*m_pDataPool, rCard, BEND);
 }
 
 int CConvertNastran::ParseCROD(const T_DATA_D& rCard) {
-    return StoreTruss(*m_pDataPool, rCard, TYPE_ROD);
+    return StoreElement(*m_pDataPool, rCard, ROD);
 }
 
 int CConvertNastran::ParseCTUBE(const T_DATA_D& rCard) {
-    return StoreTruss(*m_pDataPool, rCard, TYPE_TUBE);
+    return StoreElement(*m_pDataPool, rCard, TUBE);
 }
 
 int CConvertNastran::ParseCONROD(const T_DATA_D& rCard) {

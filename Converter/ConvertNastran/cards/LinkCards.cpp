@@ -1,7 +1,16 @@
 // CELAS1, CELAS2, CBUSH, CGAP.
 
 #include "cards/LineOrientation.h"
+#include "cards/NodeLayout.h"
 #include "driver/CConvertNastran.h"
+#include "reader/FieldCursor.h"
+
+namespace {
+
+constexpr T_LAYT_D BUSH = {TYPE_BUSH, SHAPE_LINE, LINE_SLOTS};
+constexpr T_LAYT_D GAP = {TYPE_GAP, SHAPE_LINE, LINE_SLOTS};
+
+} // namespace
 
 int CConvertNastran::ParseCELAS1(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
@@ -33,24 +42,17 @@ int CConvertNastran::ParseCBUSH(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
     const std::int32_t iEID = fields.Int();
     T_ELEM_D element;
-    element.iTYPE = TYPE_BUSH;
-    element.iSUBTYPE = SHAPE_LINE;
-    element.iPID = fields.Int();
-    element.iNODE.Set(0, fields.Int());
-    element.iNODE.Set(1, fields.Int());
+    ReadElement(fields, element, BUSH);
     ReadOrientation(fields, element); // bVECTOR stays 0: a bush's vector isn't made a reference point
-    return m_pDataPool->SetELEM(iEID, std::move(element)); // CID, S, OCID and S1 to S3 have no use here
+    return m_pDataPool->SetELEM(iEID, std::move(element));
 }
 
 int CConvertNastran::ParseCGAP(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
     const std::int32_t iEID = fields.Int();
     T_ELEM_D element;
-    element.iTYPE = TYPE_GAP;
-    element.iSUBTYPE = SHAPE_LINE;
-    element.iPID = fields.Int();
-    element.iNODE.Set(0, fields.Int());
-    element.iNODE.Set(1, fields.Int());
+    ReadElement(fields, element, GAP);
     element.bVECTOR = ReadOrientation(fields, element) ? 1 : 0;
-    return m_pDataPool->SetELEM(iEID, std::move(element)); // CID has no use here
+    fields.Skip("CID");
+    return m_pDataPool->SetELEM(iEID, std::move(element));
 }

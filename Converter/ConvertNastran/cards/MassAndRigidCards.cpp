@@ -23,14 +23,14 @@ int CConvertNastran::ParseCONM2(const T_DATA_D& rCard) {
     element.iNODE.Set(0, fields.Int());
     T_PROP_D mass;
     mass.iPROPTYPE = PROP_MASS;
-    fields.Skip(1); // CID: masses count as global
+    fields.Skip("CID"); // masses count as global
     const double dM = fields.Real();
     for (const std::size_t iSlot : {SLOT_MX, SLOT_MY, SLOT_MZ}) mass.dVAL.Set(iSlot, dM);
-    fields.Skip(4); // X1 to X3, the offset, and the card's blank field
+    fields.Skip("X1", "X2", "X3", "-"); // the offset
     mass.dVAL.Set(SLOT_I11, fields.Real());
-    fields.Skip(1); // I21
+    fields.Skip("I21");
     mass.dVAL.Set(SLOT_I22, fields.Real());
-    fields.Skip(2); // I31, I32
+    fields.Skip("I31", "I32");
     mass.dVAL.Set(SLOT_I33, fields.Real());
     m_pDataPool->SetPROP(element.iPID, std::move(mass));
     return m_pDataPool->SetELEM(iEID, std::move(element));

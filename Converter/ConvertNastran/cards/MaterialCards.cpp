@@ -17,7 +17,8 @@ int CConvertNastran::ParseMAT1(const T_DATA_D& rCard) {
     material.dGE = fields.Real();
     material.dST = fields.Real();
     material.dSC = fields.Real();
-    material.dSS = fields.Real(); // MCSID, the last field, has no use here
+    material.dSS = fields.Real();
+    fields.Skip("MCSID");
     return m_pDataPool->SetMATL(iMID, material);
 }
 
@@ -27,7 +28,8 @@ int CConvertNastran::ParseMAT4(const T_DATA_D& rCard) {
     T_MATL_D material;
     material.iMATTYPE = MAT_THERMAL;
     material.dK = fields.Real();
-    material.dCP = fields.Real(); // the rest, RHO to QLAT, has no use here: a thermal material has no density
+    material.dCP = fields.Real();
+    fields.Skip("RHO", "H", "MU", "HGEN", "REFENTH", "TCH", "TDELTA", "QLAT"); // a thermal material has no density
     return m_pDataPool->SetMATL(iMID, material);
 }
 

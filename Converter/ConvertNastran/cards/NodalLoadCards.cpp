@@ -58,7 +58,7 @@ int CConvertNastran::ParseGRAV(const T_DATA_D& rCard) {
     const double dA = fields.Real();
     rSet.dGRAVX = dA * fields.Real();
     rSet.dGRAVY = dA * fields.Real();
-    rSet.dGRAVZ = dA * fields.Real(); // MB, the last field, has no use here
+    rSet.dGRAVZ = dA * fields.Real();
     return 1;
 }
 

@@ -15,6 +15,9 @@ struct T_LAYT_D {
     std::span<const std::size_t> aSLOTS;
 };
 
+/// Both nodes of an element on a line.
+inline constexpr std::size_t LINE_SLOTS[] = {0, 1};
+
 /// Reads PID and the nodes into an element of this layout. A node that isn't given leaves 0 in its slot.
 inline void ReadElement(CFieldCursor& rFields, T_ELEM_D& rElement, const T_LAYT_D& rLayout) {
     rElement.iTYPE = rLayout.eTYPE;

@@ -2,6 +2,7 @@
 
 #include "cards/PropertyFields.h"
 #include "driver/CConvertNastran.h"
+#include "reader/FieldCursor.h"
 
 namespace {
 
@@ -19,9 +20,10 @@ int CConvertNastran::ParsePSHELL(const T_DATA_D& rCard) {
     property.dVAL.Set(SLOT_T, fields.Real());
     const std::int32_t iMID2 = fields.Int();
     property.dVAL.Set(SLOT_BENDING, fields.Real(1.0));
-    fields.Skip(1);                                            // MID3
-    property.dVAL.Set(SLOT_SHEAR, fields.Real(0.833333));      // not 5/6
-    ReadSlots(fields, property, {SLOT_NSM, SLOT_Z1, SLOT_Z2}); // MID4, the last field, has no use here
+    fields.Skip("MID3");
+    property.dVAL.Set(SLOT_SHEAR, fields.Real(0.833333)); // not 5/6
+    ReadSlots(fields, property, {SLOT_NSM, SLOT_Z1, SLOT_Z2});
+    fields.Skip("MID4");
     property.iMID = iMID1 != 0 ? iMID1 : iMID2;
     property.iPROPTYPE = PROP_SHELL; // with both, and also with neither
     if (iMID1 != 0 && iMID2 == 0) property.iPROPTYPE = PROP_MEMBRANE;
@@ -38,12 +40,12 @@ int CConvertNastran::ParsePCOMP(const T_DATA_D& rCard) {
     T_PROP_D property;
     property.iPROPTYPE = PROP_COMP;
     ReadSlots(fields, property, {SLOT_Z0, SLOT_LAMINATE_NSM, SLOT_SB});
-    fields.Skip(4); // FT, TREF, GE, LAM
+    fields.Skip("FT", "TREF", "GE", "LAM");
     for (std::int32_t nPly = 1; nPly <= MOST_PLIES && !fields.IsAtEnd(); ++nPly) {
         const auto iPly = static_cast<std::size_t>(nPly - 1);
         property.iPLYMID.Set(iPly, fields.Int());
         ReadSlotRow(fields, property, SLOT_PLY + 2 * iPly, 2); // T and THETA
-        fields.Skip(1);                                        // SOUT
+        fields.Skip("SOUT");
         property.iNPLY = nPly;
     }
     return m_pDataPool->SetPROP(iPID, std::move(property));
@@ -56,7 +58,8 @@ int CConvertNastran::ParsePSHEAR(const T_DATA_D& rCard) {
     T_PROP_D property;
     property.iPROPTYPE = PROP_MEMBRANE;
     property.iMID = fields.Int();
-    ReadSlots(fields, property, {SLOT_T, SLOT_NSM}); // F1 and F2 have no use here
+    ReadSlots(fields, property, {SLOT_T, SLOT_NSM});
+    fields.Skip("F1", "F2");
     return m_pDataPool->SetPROP(iPID, std::move(property));
 }
 
@@ -65,6 +68,7 @@ int CConvertNastran::ParsePSOLID(const T_DATA_D& rCard) {
     const std::int32_t iPID = fields.Int();
     T_PROP_D property;
     property.iPROPTYPE = PROP_SOLID;
-    property.iMID = fields.Int(); // the rest, CORDM to FCTN, has no use here
+    property.iMID = fields.Int();
+    fields.Skip("CORDM", "IN", "STRESS", "ISOP", "FCTN");
     return m_pDataPool->SetPROP(iPID, std::move(property));
 }

@@ -2,6 +2,7 @@
 
 #include "cards/NodeLayout.h"
 #include "driver/CConvertNastran.h"
+#include "reader/FieldCursor.h"
 
 namespace {
 
@@ -17,14 +18,18 @@ constexpr T_LAYT_D QUAD4 = {TYPE_PLATE, SHAPE_QUAD4, QUAD4_SLOTS};
 constexpr T_LAYT_D QUAD8 = {TYPE_PLATE, SHAPE_QUAD8, QUAD8_SLOTS};
 constexpr T_LAYT_D SHEAR = {TYPE_SHEAR, SHAPE_QUAD4, QUAD4_SLOTS};
 
-/// The field behind the nodes is THETA if it has a ".", else MCID, which is dropped with all that follows. Behind the
-/// nodes of a CQUAD8 the card has T1, not THETA: a T1 with a "." is taken for the angle.
-int StorePlate(CDataPool& rDataPool, const T_DATA_D& rCard, const T_LAYT_D& rLayout) {
+/// The field behind the nodes is THETA if it has a ".", else sOther; what follows isn't read. Behind the nodes of a
+/// CQUAD8 the card has T1, not THETA: a T1 with a "." is taken for the angle.
+int StorePlate(CDataPool& rDataPool, const T_DATA_D& rCard, const T_LAYT_D& rLayout, const char* sOther = "MCID") {
     CFieldCursor fields(rCard);
     const std::int32_t iEID = fields.Int();
     T_ELEM_D element;
     ReadElement(fields, element, rLayout);
-    if (fields.Peek().find('.') != std::string_view::npos) element.dX1 = fields.Real();
+    if (fields.Peek().find('.') != std::string_view::npos) {
+        element.dX1 = fields.Real();
+    } else {
+        fields.Skip(sOther);
+    }
     return rDataPool.SetELEM(iEID, std::move(element));
 }
 
@@ -47,7 +52,7 @@ int CConvertNastran::ParseCQUAD4(const T_DATA_D& rCard) {
 }
 
 int CConvertNastran::ParseCQUAD8(const T_DATA_D& rCard) {
-    return StorePlate(*m_pDataPool, rCard, QUAD8);
+    return StorePlate(*m_pDataPool, rCard, QUAD8, "T1");
 }
 
 int CConvertNastran::ParseCQUADR(const T_DATA_D& rCard) {

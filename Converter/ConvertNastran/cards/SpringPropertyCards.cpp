@@ -3,9 +3,6 @@
 #include "cards/PropertyFields.h"
 #include "driver/CConvertNastran.h"
 
-#include <algorithm>
-#include <iterator>
-
 int CConvertNastran::ParsePELAS(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
     for (int iHalf = 0; iHalf < 2; ++iHalf) { // one card holds up to two properties
@@ -19,29 +16,26 @@ int CConvertNastran::ParsePELAS(const T_DATA_D& rCard) {
     return 1;
 }
 
+/// Sections in any order, each behind its name; a blank in the place of a name ends the card. Each field of an unknown
+/// section is tried as a name.
 int CConvertNastran::ParsePBUSH(const T_DATA_D& rCard) {
-    struct T_GROUP_D {
-        std::string_view sKEYWORD;
-        std::size_t iSLOT;
-        std::size_t nKEPT;
-        std::size_t nDROPPED;
-    };
-    static constexpr T_GROUP_D GROUPS[] = {
-        {"K", SLOT_BUSH_K, 6, 0},
-        {"B", SLOT_BUSH_B, 6, 0},
-        {"GE", SLOT_BUSH_GE, 1, 5}, // GE1; GE2 to GE6
-        {"RCV", SLOT_BUSH_RCV, 4, 0},
-    };
     CFieldCursor fields(rCard);
     const std::int32_t iPID = fields.Int();
     T_PROP_D property;
     property.iPROPTYPE = PROP_BUSH;
-    for (std::string_view sKeyword = fields.Text(); !sKeyword.empty(); sKeyword = fields.Text()) {
-        const auto pGroup = std::find_if(std::begin(GROUPS), std::end(GROUPS),
-                                         [&](const T_GROUP_D& rGroup) { return rGroup.sKEYWORD == sKeyword; });
-        if (pGroup == std::end(GROUPS)) continue; // each field of an unknown group is tried as a keyword
-        ReadSlotRow(fields, property, pGroup->iSLOT, pGroup->nKEPT);
-        fields.Skip(pGroup->nDROPPED);
+    while (!fields.Peek().empty()) {
+        if (fields.TakeWord("K")) {
+            ReadSlotRow(fields, property, SLOT_BUSH_K, 6); // K1 to K6
+        } else if (fields.TakeWord("B")) {
+            ReadSlotRow(fields, property, SLOT_BUSH_B, 6); // B1 to B6
+        } else if (fields.TakeWord("GE")) {
+            ReadSlots(fields, property, {SLOT_BUSH_GE}); // GE1
+            fields.Skip("GE2", "GE3", "GE4", "GE5", "GE6");
+        } else if (fields.TakeWord("RCV")) {
+            ReadSlotRow(fields, property, SLOT_BUSH_RCV, 4); // SA, ST, EA, ET
+        } else {
+            fields.Skip("-");
+        }
     }
     return m_pDataPool->SetPROP(iPID, std::move(property));
 }

@@ -46,7 +46,7 @@ int CConvertNastran::ParseTEMPP1(const T_DATA_D& rCard) {
     T_ETLD_D entry;
     entry.iELEM = fields.Int();
     entry.dTBAR = fields.Real();
-    fields.Skip(1); // TPRIME: the gradient comes from T1 and T2
+    fields.Skip("TPRIME"); // the gradient comes from T1 and T2
     entry.dT1 = fields.Real();
     entry.dT2 = fields.Real();
     rEntries.Add(entry);
@@ -60,19 +60,18 @@ int CConvertNastran::ParseTEMPP1(const T_DATA_D& rCard) {
         return iEID;
     };
     const auto TakeRange = [&](std::int32_t iBefore) {
-        fields.Skip(1);
         const std::int32_t iLast = fields.Int();
         WalkRange(rCard, iBefore, iLast, AddCopy);
         return std::max(iBefore, iLast);
     };
 
     std::int32_t iLast = TakeId();
-    if (fields.Peek() == "THRU") {
+    if (fields.TakeWord("THRU")) {
         iLast = TakeRange(iLast);
     } else {
         for (int iField = 0; iField < 3; ++iField) iLast = TakeId();
     }
-    if (fields.Peek() == "THRU") {
+    if (fields.TakeWord("THRU")) {
         TakeRange(iLast);
     } else {
         for (int iField = 0; iField < 2; ++iField) TakeId();

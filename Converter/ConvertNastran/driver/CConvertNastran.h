@@ -6,6 +6,7 @@
 #include "platform/File.h"
 #include "reader/Card.h"
 #include "reader/DeckObserver.h"
+#include "reader/FieldParser.h"
 #include "reader/LineReader.h"
 #include "store/DataPool.h"
 #include "writer/Format.h"
@@ -64,13 +65,19 @@ class CConvertNastran {
     static std::string TargetPath(const std::string& sPath);
 
     /// The field as an integer: the default if it is empty, else atoi of it.
-    static std::int32_t FieldToInt(std::string_view sField, std::int32_t iDefault);
+    static std::int32_t FieldToInt(std::string_view sField, std::int32_t iDefault) {
+        return sField.empty() ? iDefault : TextToInt(sField);
+    }
 
     /// The field as a real: the default if it is empty, else its value with the exponent forms of the card format.
-    static double FieldToReal(std::string_view sField, double dDefault);
+    static double FieldToReal(std::string_view sField, double dDefault) {
+        return sField.empty() ? dDefault : TextToReal(sField);
+    }
 
     /// The field as a text: the default if it is empty.
-    static std::string_view FieldToText(std::string_view sField, std::string_view sDefault = {});
+    static std::string_view FieldToText(std::string_view sField, std::string_view sDefault = {}) {
+        return sField.empty() ? sDefault : sField;
+    }
 
     /// Id of a keyword that is written exactly so. Returns 1, or 0 if there is none.
     static int KeywordToId(std::string_view sKeyword, std::int32_t& rId);
@@ -323,6 +330,7 @@ class CConvertNastran {
     bool m_bPeeked = false;                  // whether m_aLines[m_nLines] is the next line
     std::vector<std::string_view> m_aPieces; // of one line
     T_DATA_D m_card;                         // the assembled card
+    T_FIELDUSE_D m_fieldUse;                 // of its fields, for the observer
 
     std::int32_t m_iCurLoadSet = 0;    // set of the last load card
     T_LOAD_D* m_pCurLoadSet = nullptr; // its record

@@ -39,10 +39,13 @@ struct T_LINE_D {
     std::string_view Text() const { return {aTEXT, nTEXT}; }
 };
 
+struct T_FIELDUSE_D;
+
 /// An assembled card. Fields point into the lines that it was made of.
 struct T_DATA_D {
     std::int32_t iKEYWORD = -1;            // place in the keyword table
     std::string_view sWORD;                // the first field of the first line, a keyword or not
     std::vector<std::int32_t> aLINES;      // the line that each field came from
     std::vector<std::string_view> aFIELDS; // data fields in order, without blanks; the keyword isn't among them
+    T_FIELDUSE_D* pUSE = nullptr;          // what became of its fields; null unless the run is observed
 };

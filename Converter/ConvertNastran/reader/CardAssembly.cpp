@@ -86,7 +86,3 @@ int CConvertNastran::SplitFreeLine(T_LINE_D& rLine) {
     m_aPieces.erase(std::remove_if(m_aPieces.begin() + 1, m_aPieces.end(), isMark), m_aPieces.end());
     return 1;
 }
-
-std::string_view CConvertNastran::FieldToText(std::string_view sField, std::string_view sDefault) {
-    return sField.empty() ? sDefault : sField;
-}

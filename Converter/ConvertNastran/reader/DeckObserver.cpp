@@ -28,8 +28,10 @@ void CConvertNastran::TakeObservedGroup() {
     }
     const E_GROUP eGroup = ClassifyGroup(m_aLines[0]->Text(), m_nLines);
     if (AssembleCard() && m_card.iKEYWORD >= 0) {
-        m_pObserver->OnCard(m_card, m_aLines[0]->iLINE, m_aLines[m_nLines - 1]->iLINE);
+        m_fieldUse.Clear();
+        m_card.pUSE = &m_fieldUse;
         DispatchCard(m_card);
+        m_pObserver->OnCard(m_card, m_fieldUse, m_aLines[0]->iLINE, m_aLines[m_nLines - 1]->iLINE);
     } else if (eGroup != GROUP_EMPTY) {
         TellAssembled(eGroup == GROUP_CARD ? LOSS_UNKNOWN_WORD : LOSS_CUT_OFF);
     }

@@ -2,6 +2,7 @@
 // What a host can learn while a deck is read: what became of each group of lines in the bulk section.
 
 #include "reader/Card.h"
+#include "reader/FieldUse.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -39,8 +40,9 @@ class CDeckObserver {
     /// The deck was read to its end, which stood in the bulk section or not.
     virtual void OnDeckEnd(bool bBulk) = 0;
 
-    /// A card of the vocabulary, from lines iFirst to iLast, goes to its handler next.
-    virtual void OnCard(const T_DATA_D& rCard, std::int32_t iFirst, std::int32_t iLast) = 0;
+    /// A card of the vocabulary, from lines iFirst to iLast, was dispatched; rUse is what its handler made of its
+    /// fields, empty if there is no handler.
+    virtual void OnCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t iFirst, std::int32_t iLast) = 0;
 
     /// A group made no card.
     virtual void OnLoss(const T_LOSS_D& rLoss) = 0;

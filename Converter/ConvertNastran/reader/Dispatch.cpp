@@ -3,6 +3,7 @@
 #include "driver/CConvertNastran.h"
 
 #include "messages/MsgDll.h"
+#include "reader/FieldCursor.h"
 #include "reader/Keywords.h"
 
 #include <algorithm>
@@ -38,7 +39,7 @@ void CConvertNastran::ReportCard(const T_DATA_D& rCard) {
 
 /// Takes the path of an INCLUDE from its first field, without apostrophes. A card without one gives an empty path.
 void CConvertNastran::TakeInclude(const T_DATA_D& rCard) {
-    std::string sPath(rCard.aFIELDS.empty() ? std::string_view() : rCard.aFIELDS[0]);
+    std::string sPath(CFieldCursor(rCard).Text());
     std::erase(sPath, '\'');
     m_aIncludeFiles.push_back({std::move(sPath), m_iCurDeck, {}});
 }

@@ -1,32 +1,47 @@
 #pragma once
 // Reads the fields of a card in order.
 
+#include "driver/CConvertNastran.h"
 #include "reader/Card.h"
-#include "reader/FieldParser.h"
+#include "reader/FieldUse.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 
 /// Each read takes the next field and moves on; past the end of the card a field is absent and the place stays. Absent
-/// and blank fields take the same default here; a handler that tells them apart asks GetCount.
+/// and blank fields take the same default. A card of an observed run remembers what was skipped and how far it was
+/// read, so what isn't kept is skipped by its name, and what isn't read is left where it is. One cursor a card.
 class CFieldCursor {
   public:
     explicit CFieldCursor(const T_DATA_D& rCard) : m_rCard(rCard) {}
-
-    std::int32_t Int(std::int32_t iDefault = 0) {
-        const std::string_view sField = Text();
-        return sField.empty() ? iDefault : TextToInt(sField);
+    ~CFieldCursor() {
+        if (m_rCard.pUSE) m_rCard.pUSE->nREACHED = m_iNext;
     }
-    double Real(double dDefault = 0.0) {
-        const std::string_view sField = Text();
-        return sField.empty() ? dDefault : TextToReal(sField);
-    }
-    std::string_view Text() { return IsAtEnd() ? std::string_view() : m_rCard.aFIELDS[m_iNext++]; }
+    CFieldCursor(const CFieldCursor&) = delete;
+    CFieldCursor& operator=(const CFieldCursor&) = delete;
 
-    /// Reads nFields fields that nobody needs.
-    void Skip(std::size_t nFields) {
-        for (; nFields > 0 && !IsAtEnd(); --nFields) ++m_iNext;
+    std::int32_t Int(std::int32_t iDefault = 0) { return CConvertNastran::FieldToInt(Next(), iDefault); }
+    double Real(double dDefault = 0.0) { return CConvertNastran::FieldToReal(Next(), dDefault); }
+    std::string_view Text() { return CConvertNastran::FieldToText(Next()); }
+
+    /// Passes over as many fields as there are names: those that the format gives them, "-" for a place that it leaves
+    /// blank, BY_PLACE where the name follows from the fields before.
+    template <class... NAMES>
+    void Skip(NAMES... names) {
+        const std::size_t iFirst = m_iNext;
+        m_iNext = std::min(m_iNext + sizeof...(names), m_rCard.aFIELDS.size());
+        if (m_rCard.pUSE) m_rCard.pUSE->AddSkipped(iFirst, m_iNext, {names...});
+    }
+    static constexpr const char* BY_PLACE = nullptr;
+
+    /// Takes the next field if it is sWord, which isn't empty.
+    bool TakeWord(std::string_view sWord) {
+        if (Peek() != sWord) return false;
+        if (m_rCard.pUSE) m_rCard.pUSE->aWORDS.push_back(m_iNext);
+        ++m_iNext;
+        return true;
     }
 
     /// The next field without taking it, empty past the end.
@@ -34,13 +49,9 @@ class CFieldCursor {
 
     bool IsAtEnd() const { return m_iNext >= m_rCard.aFIELDS.size(); }
 
-    /// Number of fields on the card.
-    std::size_t GetCount() const { return m_rCard.aFIELDS.size(); }
-
-    /// Number of fields taken so far, which is the position of the next one.
-    std::size_t GetPosition() const { return m_iNext; }
-
   private:
+    std::string_view Next() { return IsAtEnd() ? std::string_view() : m_rCard.aFIELDS[m_iNext++]; }
+
     const T_DATA_D& m_rCard;
     std::size_t m_iNext = 0;
 };

@@ -2,7 +2,6 @@
 
 #include "reader/FieldParser.h"
 
-#include "driver/CConvertNastran.h"
 #include "platform/ExactPowers.h"
 #include "reader/ShortNumbers.h"
 
@@ -142,12 +141,4 @@ double TextToReal(std::string_view sField) {
         dValue = ConvertExactly(decimal);
     }
     return decimal.bNegative ? -dValue : dValue;
-}
-
-std::int32_t CConvertNastran::FieldToInt(std::string_view sField, std::int32_t iDefault) {
-    return sField.empty() ? iDefault : TextToInt(sField);
-}
-
-double CConvertNastran::FieldToReal(std::string_view sField, double dDefault) {
-    return sField.empty() ? dDefault : TextToReal(sField);
 }
