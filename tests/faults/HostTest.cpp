@@ -168,6 +168,24 @@ CONVERTFILE2 FindConvertFile2(void* pLibrary) {
     return pLibrary ? reinterpret_cast<CONVERTFILE2>(::dlsym(pLibrary, "ConvertFile2")) : nullptr;
 }
 
+/// A host that loads the library by a relative path and then goes to a folder where others may write.
+TEST(HostTest, LibrariesOfTheCurrentFolderStayOutside) {
+    const CTempFolder folder;
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::copy_file(LIBRARY, folder.Path("library.so"));
+    std::filesystem::current_path(folder.Path("."));
+    void* const pLibrary = ::dlopen("./library.so", RTLD_NOW | RTLD_LOCAL);
+    std::filesystem::create_directory("elsewhere");
+    std::filesystem::current_path("elsewhere");
+    std::filesystem::copy_file(MESSAGES, "ConvertNastranGtk.so"); // any library will do
+    const CONVERTFILE2 pfnConvert = FindConvertFile2(pLibrary);
+    ASSERT_TRUE(pfnConvert);
+    EXPECT_EQ(CallAsHost(pfnConvert, "").iRESULT, CONVERT_CANCELLED);
+    EXPECT_FALSE(IsLoaded(folder.Path("elsewhere/ConvertNastranGtk.so")));
+    std::filesystem::current_path(before);
+    ::dlclose(pLibrary);
+}
+
 constexpr rlim_t SIZE_LIMIT = 4096; // of files
 
 /// Calls the library in a process of its own, where standard output and error are iConsole. Returns how it ended.
