@@ -22,7 +22,7 @@ struct T_RESULT_D {
 std::string_view NoteCode(E_NOTE eNote);
 std::string NoteText(const T_NOTE_D& rNote);
 
-/// The tables of a deck, each line with its line feed.
+/// The tables of a deck as plain text, each line with its line feed.
 std::string AccountTable(const T_RESULT_D& rResult, const CAccount& rAccount);
 
 /// The object of a deck in JSON, in the shape that docs/account.md tells, without a line feed behind it.

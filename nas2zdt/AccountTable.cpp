@@ -1,6 +1,7 @@
 // The account as tables.
 
 #include "nas2zdt/AccountOutput.h"
+#include "platform/PlainText.h"
 
 #include <algorithm>
 
@@ -29,13 +30,9 @@ std::string Right(const std::string& sText, std::size_t nWidth) {
     return std::string(nWidth - std::min(sText.size(), nWidth), ' ') + sText;
 }
 
-/// A word as a terminal can take it: nothing in a deck may command it.
-std::string Shown(const std::string& sName) {
-    std::string sShown = sName.empty() ? "(none)" : sName;
-    for (char& c : sShown) {
-        if (static_cast<unsigned char>(c) < ' ' || c == '\x7F') c = '?';
-    }
-    return sShown;
+/// The first column of a row.
+std::string NameColumn(const std::string& sName) {
+    return "  " + Left(sName.empty() ? "(none)" : PlainText(sName), NAME_WIDTH);
 }
 
 std::string PlaceText(const T_PLACE_D& rPlace, const CAccount& rAccount) {
@@ -63,7 +60,7 @@ std::string PlacesText(const T_NOTE_D& rNote, const CAccount& rAccount) {
 }
 
 std::string Row(const std::string& sName, const T_WORD_D& rWord) {
-    std::string sRow = "  " + Left(sName, NAME_WIDTH);
+    std::string sRow = NameColumn(sName);
     for (const T_COLUMN_D& rColumn : COLUMNS) {
         const std::uint64_t nValue = rWord.*rColumn.pVALUE;
         sRow += Right(nValue == 0 ? "-" : std::to_string(nValue), NUMBER_WIDTH);
@@ -75,12 +72,12 @@ std::string Row(const std::string& sName, const T_WORD_D& rWord) {
 
 std::string AccountTable(const T_RESULT_D& rResult, const CAccount& rAccount) {
     const std::vector<const T_WORD_D*> aWords = rAccount.GetWords();
-    std::string sText = "\nAccount of " + rResult.sDECK + "\n\n  " + Left("keyword", NAME_WIDTH);
+    std::string sText = "\nAccount of " + PlainText(rResult.sDECK) + "\n\n  " + Left("keyword", NAME_WIDTH);
     for (const T_COLUMN_D& rColumn : COLUMNS) sText += Right(std::string(rColumn.sTITLE), NUMBER_WIDTH);
     sText += "\n";
     T_WORD_D total;
     for (const T_WORD_D* pWord : aWords) {
-        if (pWord->HasCounts()) sText += Row(Shown(pWord->sNAME), *pWord);
+        if (pWord->HasCounts()) sText += Row(pWord->sNAME, *pWord);
         for (const T_COLUMN_D& rColumn : COLUMNS) total.*rColumn.pVALUE += pWord->*rColumn.pVALUE;
     }
     sText += Row("total", total);
@@ -89,14 +86,14 @@ std::string AccountTable(const T_RESULT_D& rResult, const CAccount& rAccount) {
     sText += nLosses == 0 ? "\nNothing was lost.\n" : "\nWhat was lost, with lines of the deck or ids:\n\n";
     for (const T_WORD_D* pWord : aWords) {
         for (const T_NOTE_D& rNote : pWord->aNOTES) {
-            sText += "  " + Left(Shown(pWord->sNAME), NAME_WIDTH) + Right(std::to_string(rNote.nCOUNT), NUMBER_WIDTH) +
-                     "  " + NoteText(rNote) + PlacesText(rNote, rAccount) + "\n";
+            sText += NameColumn(pWord->sNAME) + Right(std::to_string(rNote.nCOUNT), NUMBER_WIDTH) + "  " +
+                     NoteText(rNote) + PlainText(PlacesText(rNote, rAccount)) + "\n";
         }
     }
 
     if (rResult.aSECTIONS.empty()) return sText;
     constexpr std::size_t SECTION_WIDTH = 16;
-    sText += "\nSections of " + rResult.sTARGET + "\n\n  " + Left("section", SECTION_WIDTH) +
+    sText += "\nSections of " + PlainText(rResult.sTARGET) + "\n\n  " + Left("section", SECTION_WIDTH) +
              Right("blocks", NUMBER_WIDTH) + Right("lines", NUMBER_WIDTH) + "\n";
     for (const T_SECTION_D& rSection : rResult.aSECTIONS) {
         sText += "  " + Left(rSection.sNAME, SECTION_WIDTH) + Right(std::to_string(rSection.nBLOCKS), NUMBER_WIDTH) +

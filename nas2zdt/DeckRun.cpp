@@ -9,7 +9,6 @@
 #include "nas2zdt/picture/VtuWriter.h"
 #include "platform/console/ConsoleDialogs.h"
 
-#include <iostream>
 #include <new>
 
 namespace {
@@ -21,7 +20,7 @@ class CCommandDialogs : public CConsoleDialogs {
     void ShowFileError(const CFileException& rError) override { m_sFileError = rError.GetText(); }
     void ShowMessages(const std::vector<std::string>& aLines) override {
         m_rProgress.Clear();
-        if (m_bShowLog) CConsoleDialogs::ShowMessages(aLines);
+        if (m_bShowLog) WriteLines(aLines); // nobody is asked to close them
     }
     std::string m_sFileError;
 
@@ -38,7 +37,7 @@ bool IsIncludeFailure(E_FAILURE eFailure) {
 
 void CDeckRun::Fail(const std::string& sWhy) {
     m_result.sERROR = sWhy;
-    std::cerr << Paint(stderr, COLOUR_RED, "nas2zdt: ") << sWhy << '\n';
+    TellFailure(sWhy);
 }
 
 void CDeckRun::Run() {
@@ -87,8 +86,7 @@ void CDeckRun::DrawModel(const CDataPool& rPool) {
     if (!m_rOptions.sVIEW.empty()) WriteSvg(rPool, m_rJob.sDECK, m_rOptions.sVIEW, m_aKeep);
     if (m_rOptions.sVTU.empty()) return;
     const std::size_t nLeftOut = WriteVtu(rPool, m_rOptions.sVTU, m_aKeep);
-    if (nLeftOut > 0)
-        std::cerr << "nas2zdt: " << m_rOptions.sVTU << ": " << nLeftOut << " elements without nodes left out\n";
+    if (nLeftOut > 0) TellHint(m_rOptions.sVTU + ": " + std::to_string(nLeftOut) + " elements without nodes left out");
 }
 
 /// Fills the result from the finished run.
@@ -108,5 +106,5 @@ void CDeckRun::FailRun(T_FAIL_D failure, const CLineMap* pLines) {
     if (failure.sFILE.empty()) failure.sFILE = m_rJob.sDECK; // of no deck in particular
     Fail(failure.GetText());
     if (!IsIncludeFailure(failure.eFAILURE)) return;
-    std::cerr << "nas2zdt: " << m_rJob.sDECK << ": the option --flatten reads includes as NASTRAN does\n";
+    TellHint(m_rJob.sDECK + ": the option --flatten reads includes as NASTRAN does");
 }

@@ -4,6 +4,6 @@
 #include <string>
 #include <string_view>
 
-/// The text in quotes. Bytes that aren't UTF-8 stand as the characters of their numbers, so that what comes out always
-/// is.
+/// The text in quotes, without control characters: they stand as their numbers. So do bytes that aren't UTF-8, so that
+/// what comes out always is.
 std::string JsonText(std::string_view sText);

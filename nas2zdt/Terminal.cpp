@@ -1,20 +1,19 @@
-// What is shown on a terminal alone.
+// What the command tells a person.
 
 #include "nas2zdt/Terminal.h"
 
+#include "platform/Console.h"
+#include "platform/PlainText.h"
+
 #include <algorithm>
 #include <cstdlib>
-
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
+#include <iostream>
 
 namespace {
 
 constexpr std::chrono::milliseconds SILENCE(1000); // before the first line
 constexpr std::chrono::milliseconds STEP(100);
+constexpr const char* COMMAND = "nas2zdt: "; // before what it tells of itself
 constexpr const char* CLEAR_LINE = "\r\x1b[K";
 
 bool IsSet(const char* sVariable) {
@@ -29,23 +28,23 @@ bool IsDumb() {
 
 } // namespace
 
-bool IsTerminal(std::FILE* pStream) {
-#ifdef _WIN32
-    return _isatty(_fileno(pStream)) != 0;
-#else
-    return ::isatty(::fileno(pStream)) != 0;
-#endif
-}
-
 std::string Paint(std::FILE* pStream, E_COLOUR eColour, const std::string& sText) {
     if (!IsTerminal(pStream) || IsSet("NO_COLOR") || IsDumb()) return sText;
     return (eColour == COLOUR_RED ? "\x1b[31m" : "\x1b[32m") + sText + "\x1b[0m";
 }
 
+void TellFailure(const std::string& sText) {
+    std::cerr << Paint(stderr, COLOUR_RED, COMMAND) << PlainText(sText) << '\n';
+}
+
+void TellHint(const std::string& sText) {
+    std::cerr << COMMAND << PlainText(sText) << '\n';
+}
+
 CProgress::CProgress() : m_bTerminal(IsTerminal(stderr) && !IsDumb()), m_next(CLOCK::now() + SILENCE) {}
 
 void CProgress::Begin(const std::string& sFile, std::uint64_t nBytes) {
-    m_sFile = sFile;
+    m_sFile = PlainText(sFile);
     m_nTotal = nBytes;
 }
 

@@ -1,18 +1,21 @@
 #pragma once
-// What is shown on a terminal alone: colour and progress.
+// What the command tells a person, with the colour and the progress that are for a terminal alone.
 
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <string>
 
-/// Whether what is written to pStream is seen by a person.
-bool IsTerminal(std::FILE* pStream);
-
 enum E_COLOUR { COLOUR_RED, COLOUR_GREEN };
 
 /// The text in a colour if pStream is a terminal that has colours and NO_COLOR isn't set; else as it is.
 std::string Paint(std::FILE* pStream, E_COLOUR eColour, const std::string& sText);
+
+/// Tells on standard error what failed, as a plain text.
+void TellFailure(const std::string& sText);
+
+/// Tells there, in the same way, what helps or warns.
+void TellHint(const std::string& sText);
 
 /// A line on standard error that tells how far a long run is. Nothing is shown in the first second, nor ever if
 /// standard error isn't a terminal.

@@ -8,6 +8,7 @@
 #include "nas2zdt/Terminal.h"
 #include "nas2zdt/WholeFile.h"
 #include "platform/Console.h"
+#include "platform/PlainText.h"
 #include "platform/console/ConsoleDialogs.h"
 
 #include <cstdio>
@@ -23,18 +24,17 @@ constexpr int EXIT_USAGE = 2;
 constexpr int EXIT_LOSS = 3;
 
 int Usage(const std::string& sWhy) {
-    std::cerr << "nas2zdt: " << sWhy << "\nTry 'nas2zdt --help'.\n";
+    TellHint(sWhy + "\nTry 'nas2zdt --help'.");
     return EXIT_USAGE;
 }
 
 int Fail(const std::string& sWhy) {
-    std::cerr << Paint(stderr, COLOUR_RED, "nas2zdt: ") << sWhy << '\n';
+    TellFailure(sWhy);
     return EXIT_FAILED;
 }
 
 int Print(const std::string& sText) {
-    std::cout << sText << std::flush;
-    return std::cout ? EXIT_DONE : EXIT_FAILED;
+    return WritePlain(std::cout, sText) ? EXIT_DONE : EXIT_FAILED;
 }
 
 /// All decks of a command line, and what is told of them together.
@@ -67,18 +67,18 @@ class CBatch {
         const T_RESULT_D& rResult = run.GetResult();
         const CAccount* pAccount = run.GetAccount();
         m_bFailed = m_bFailed || !rResult.sERROR.empty();
-        for (const std::string& sLine : rResult.aLOG) m_log.AppendMessageF("%s", {sLine});
+        for (const std::string& sLine : rResult.aLOG) m_log.AppendMessageF("%s", {PlainText(sLine)});
         if (m_rOptions.eACCOUNT == ACCOUNT_JSON) std::cout << AccountJson(rResult, *pAccount) << std::flush;
         if (m_rOptions.eACCOUNT == ACCOUNT_TABLE && rResult.bACCOUNT) std::cout << AccountTable(rResult, *pAccount);
         if (m_rOptions.bSTRICT && rResult.bACCOUNT && pAccount->GetLossCount() > 0) {
             m_bLoss = true;
-            std::cerr << "nas2zdt: " << rJob.sDECK << ": " << pAccount->GetLossCount() << " losses"
-                      << (m_rOptions.eACCOUNT == ACCOUNT_NONE ? ", which --account tells\n" : "\n");
+            TellHint(rJob.sDECK + ": " + std::to_string(pAccount->GetLossCount()) + " losses" +
+                     (m_rOptions.eACCOUNT == ACCOUNT_NONE ? ", which --account tells" : ""));
         }
         const bool bTold = m_rJobs.aJOBS.size() > 1 && !m_rOptions.bQUIET && m_rOptions.eACCOUNT != ACCOUNT_JSON;
         if (bTold && rResult.sERROR.empty()) {
-            std::cout << rJob.sDECK << ": " << Paint(stdout, COLOUR_GREEN, "converted") << " into " << rJob.sTARGET
-                      << '\n';
+            std::cout << PlainText(rJob.sDECK) << ": " << Paint(stdout, COLOUR_GREEN, "converted") << " into "
+                      << PlainText(rJob.sTARGET) << '\n';
         }
         std::cout << std::flush;
     }
@@ -104,6 +104,7 @@ class CBatch {
 };
 
 int Run(int nArgs, char** aArgs) {
+    IgnoreWriteSignals();
     const CUtf8Console console;
     T_OPTIONS_D options;
     std::string sWhy;

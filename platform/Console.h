@@ -1,11 +1,24 @@
 #pragma once
-// A program and its terminal, in UTF-8 on every platform.
+// A process and its terminal, in UTF-8 on every platform.
 
+#include <cstdio>
+#include <iosfwd>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// The arguments of the program without its name, from those that main was given.
 std::vector<std::string> ReadArguments(int nArgs, char** aArgs);
+
+/// For a program: a limit of file sizes and a pipe without a reader make writes fail from now on, and nothing else.
+void IgnoreWriteSignals();
+
+/// Whether a standard stream is a terminal, where a person is.
+bool IsTerminal(std::FILE* pStream);
+
+/// Writes sText, made plain, to a standard stream of the process and sends it out. No signal comes of it. Returns 1, or
+/// 0 if it can't be written, as the stream's own state then tells.
+int WritePlain(std::ostream& rStream, std::string_view sText);
 
 /// While it lives, what the program writes to its terminal counts as UTF-8.
 class CUtf8Console {

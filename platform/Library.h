@@ -1,11 +1,16 @@
 #pragma once
-// Loading a library by name, finding an export by name, freeing it.
+// Loading a library by name, finding an export by name, freeing it. Nothing is loaded from the current folder, which
+// may be anybody's.
 
 /// Handle of a loaded library, null for none.
 using T_MODULE = void*;
 
-/// Loads sName by the platform's ordinary search or from beside the program or library that holds this code; which
-/// comes first is the platform's custom. Returns null if neither finds it.
+/// Loads sName from the folder of the program or library that holds this code. Which folder that is, is found out by
+/// the first call and then stays: make one before the host can change its current folder. Returns null if there is no
+/// such library.
+T_MODULE LoadNeighbour(const char* sName);
+
+/// The same, and if it isn't there, by the platform's ordinary search without what depends on the current folder.
 T_MODULE LoadModule(const char* sName);
 
 /// Address of the export sName, null if the library has none.

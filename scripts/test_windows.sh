@@ -49,6 +49,15 @@ for deck in examples/*.dat; do
   cmp "$folder/été 日本/$name.zdt" "examples/$name.zdt"
 done
 
+echo "== nothing is loaded from the current folder"
+mkdir "$folder/alone"
+cp examples/grids.dat "$bin/Convertmsg.DLL" "$folder"
+cp "$bin/nas2zdt.exe" "$folder/alone"
+messages() { (cd "$folder" && wine alone/nas2zdt.exe grids.dat); }
+messages | grep -q 'DLL is not loaded'
+mv "$folder/Convertmsg.DLL" "$folder/alone"
+messages | grep -q 'must be a NASTRAN bulk data deck'
+
 echo "== dialogs answered by the keyboard"
 write_deck "$folder/deck.dat"
 for language in C.UTF-8 de_DE.UTF-8 fr_FR.UTF-8 ja_JP.UTF-8 ko_KR.UTF-8; do

@@ -10,7 +10,8 @@
 #ifdef _WIN32
 #include <windows.h>
 static void* LoadFunction(const char* sName) {
-    HMODULE hLibrary = LoadLibraryA("ConvertNastran.dll");
+    /* not from the current folder, which may be anybody's */
+    HMODULE hLibrary = LoadLibraryExA("ConvertNastran.dll", NULL, LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
     return hLibrary ? (void*)GetProcAddress(hLibrary, sName) : NULL;
 }
 #else

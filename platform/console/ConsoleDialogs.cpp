@@ -2,29 +2,46 @@
 
 #include "platform/console/ConsoleDialogs.h"
 
+#include "platform/Console.h"
+
 #include <cstdio>
 #include <iostream>
 #include <new>
 
 namespace {
+
 constexpr int MOST_TRIES = 100;
 constexpr std::size_t LONGEST_PATH = 32767;
+
+/// Reads a line, or the beginning of one that is longer than a path; empty at the end of input.
+std::string ReadLine() {
+    std::cin.clear(); // an earlier read may have met the end of input, which C streams remember too
+    std::clearerr(stdin);
+    std::string sLine;
+    for (char c = 0; sLine.size() <= LONGEST_PATH && std::cin.get(c) && c != '\n';) sLine += c;
+    if (std::cin.bad()) throw std::bad_alloc(); // streams keep exceptions to themselves
+    if (sLine.ends_with('\r')) sLine.pop_back();
+    return sLine;
+}
+
+/// Returns when a person has pressed Enter or ended the input; at once if nobody is there or the prompt can't be seen.
+void WaitForEnter() {
+    if (!IsTerminal(stdin) || !IsTerminal(stdout)) return;
+    if (WritePlain(std::cout, "Press Enter to go on. ")) ReadLine();
+}
+
 } // namespace
 
 void CConsoleDialogs::ShowNotice(const std::string& sText) {
-    std::cout << sText << '\n' << std::flush;
+    WritePlain(std::cout, sText + "\n");
+    WaitForEnter();
 }
 
 /// Input needn't come from a person: lines without end, and a line without one, count as cancelled.
 int CConsoleDialogs::ChooseDeck(std::string& rPath) {
-    std::cin.clear(); // an earlier call may have met the end of input, which C streams remember too
-    std::clearerr(stdin);
     for (int i = 0; i < MOST_TRIES; ++i) {
-        std::cout << "NASTRAN deck: " << std::flush;
-        std::string sLine;
-        for (char c = 0; sLine.size() <= LONGEST_PATH && std::cin.get(c) && c != '\n';) sLine += c;
-        if (std::cin.bad()) throw std::bad_alloc(); // streams keep exceptions to themselves
-        if (sLine.ends_with('\r')) sLine.pop_back();
+        WritePlain(std::cout, "NASTRAN deck: ");
+        const std::string sLine = ReadLine();
         if (sLine.empty() || sLine.size() > LONGEST_PATH) return 0;
         CDeckFile deck;
         std::string sCause;
@@ -32,20 +49,26 @@ int CConsoleDialogs::ChooseDeck(std::string& rPath) {
             rPath = FullPath(sLine);
             return 1;
         }
-        std::cout << sLine << ": " << sCause << '\n';
+        WritePlain(std::cout, sLine + ": " + sCause + "\n");
     }
     return 0;
 }
 
 void CConsoleDialogs::ShowFileError(const CFileException& rError) {
-    std::cerr << rError.GetText() << '\n';
+    WritePlain(std::cerr, rError.GetText() + "\n");
 }
 
 void CConsoleDialogs::ShowRunError(const std::string& sText) {
-    std::cerr << sText << '\n';
+    WritePlain(std::cerr, sText + "\n");
 }
 
 void CConsoleDialogs::ShowMessages(const std::vector<std::string>& aLines) {
-    for (const std::string& sLine : aLines) std::cout << sLine << '\n';
-    std::cout << std::flush;
+    WriteLines(aLines);
+    WaitForEnter();
+}
+
+void CConsoleDialogs::WriteLines(const std::vector<std::string>& aLines) {
+    std::string sText;
+    for (const std::string& sLine : aLines) sText += sLine + '\n';
+    WritePlain(std::cout, sText);
 }

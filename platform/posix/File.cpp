@@ -2,15 +2,15 @@
 
 #include "platform/File.h"
 
+#include "platform/posix/HeldSignals.h"
+
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
 #include <memory>
-#include <signal.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -25,33 +25,6 @@ std::string CauseText(int iError) {
 int OpenToRead(const std::string& sPath) {
     return ::open(sPath.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
 }
-
-/// While it lives, a write past the limit of a file's size or to a pipe without a reader fails by its result alone: the
-/// signals that would end the host wait, and go.
-class CHeldSignals {
-  public:
-    CHeldSignals() {
-        ::sigpending(&m_pending);
-        ::sigemptyset(&m_held);
-        for (const int iSignal : {SIGPIPE, SIGXFSZ}) {
-            if (::sigismember(&m_pending, iSignal) == 0) ::sigaddset(&m_held, iSignal); // others are the host's own
-        }
-        ::pthread_sigmask(SIG_BLOCK, &m_held, &m_before);
-    }
-    ~CHeldSignals() {
-        const timespec none{};
-        while (::sigtimedwait(&m_held, nullptr, &none) > 0) {
-        }
-        ::pthread_sigmask(SIG_SETMASK, &m_before, nullptr);
-    }
-    CHeldSignals(const CHeldSignals&) = delete;
-    CHeldSignals& operator=(const CHeldSignals&) = delete;
-
-  private:
-    sigset_t m_pending{};
-    sigset_t m_held{};
-    sigset_t m_before{};
-};
 
 char ToLower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;

@@ -17,7 +17,7 @@ bool HostHasOtherVersion() {
 /// The plug-in stays loaded for good: the toolkit can't be taken out of a process.
 MAKEGTKDIALOGS LoadPlugin() {
     if (HostHasOtherVersion()) return nullptr;
-    const T_MODULE pPlugin = LoadModule(GTK_PLUGIN);
+    const T_MODULE pPlugin = LoadNeighbour(GTK_PLUGIN);
     return pPlugin ? reinterpret_cast<MAKEGTKDIALOGS>(FindExport(pPlugin, GTK_PLUGIN_EXPORT)) : nullptr;
 }
 

@@ -2,9 +2,10 @@
 
 #include "platform/Console.h"
 
+#include "platform/PlainText.h"
 #include "platform/win32/Text.h"
 
-#include <cstdio>
+#include <ostream>
 #include <windows.h>
 
 #include <shellapi.h> // needs windows.h before it
@@ -17,6 +18,22 @@ std::vector<std::string> ReadArguments(int, char**) {
     for (int i = 1; pArgs && i < nArgs; ++i) aArguments.push_back(Narrow(pArgs[i]));
     ::LocalFree(pArgs);
     return aArguments;
+}
+
+void IgnoreWriteSignals() {} // there are none
+
+bool IsTerminal(std::FILE* pStream) {
+    const DWORD nStandard = pStream == stdin    ? STD_INPUT_HANDLE
+                            : pStream == stdout ? STD_OUTPUT_HANDLE
+                                                : STD_ERROR_HANDLE;
+    DWORD nMode = 0;
+    return ::GetConsoleMode(::GetStdHandle(nStandard), &nMode) != 0; // _isatty takes other devices for terminals
+}
+
+int WritePlain(std::ostream& rStream, std::string_view sText) {
+    const std::string sPlain = PlainText(sText);
+    rStream.write(sPlain.data(), static_cast<std::streamsize>(sPlain.size())).flush();
+    return rStream ? 1 : 0;
 }
 
 CUtf8Console::CUtf8Console() {

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Folder of our module with its closing separator.
+/// Folder of our module with its closing separator; empty if the system doesn't tell.
 std::wstring OwnFolder() {
     std::wstring sPath(MAX_PATH, L'\0');
     DWORD nPath = ::GetModuleFileNameW(OwnModule(), sPath.data(), static_cast<DWORD>(sPath.size()));
@@ -18,7 +18,16 @@ std::wstring OwnFolder() {
         nPath = ::GetModuleFileNameW(OwnModule(), sPath.data(), static_cast<DWORD>(sPath.size()));
     }
     sPath.resize(nPath);
-    return sPath.substr(0, sPath.rfind(L'\\') + 1);
+    return sPath.substr(0, sPath.find_last_of(L"\\/") + 1);
+}
+
+/// Searches in the folders of nSearch alone, which are without the current one and those of PATH.
+T_MODULE Load(const std::wstring& sPath, DWORD nSearch) {
+    DWORD nMode = 0;
+    ::SetThreadErrorMode(SEM_FAILCRITICALERRORS, &nMode); // a broken library is told by the result, not by a box
+    const HMODULE hModule = ::LoadLibraryExW(sPath.c_str(), nullptr, nSearch);
+    ::SetThreadErrorMode(nMode, nullptr);
+    return hModule;
 }
 
 } // namespace
@@ -30,15 +39,16 @@ HINSTANCE OwnModule() {
     return hModule;
 }
 
+T_MODULE LoadNeighbour(const char* sName) {
+    const std::wstring sFolder = OwnFolder();
+    if (sFolder.empty()) return nullptr;
+    // What it needs itself may lie beside it.
+    return Load(sFolder + Widen(sName), LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
+}
+
 T_MODULE LoadModule(const char* sName) {
-    const std::wstring sWide = Widen(sName);
-    DWORD nMode = 0;
-    ::SetThreadErrorMode(SEM_FAILCRITICALERRORS, &nMode); // a broken library is told by the result, not by a box
-    HMODULE hModule = ::LoadLibraryW(sWide.c_str());
-    // The ordinary search starts at the host's folder, not at ours.
-    if (!hModule) hModule = ::LoadLibraryW((OwnFolder() + sWide).c_str());
-    ::SetThreadErrorMode(nMode, nullptr);
-    return hModule;
+    const T_MODULE pModule = LoadNeighbour(sName);
+    return pModule ? pModule : Load(Widen(sName), LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
 }
 
 void* FindExport(T_MODULE pModule, const char* sName) {

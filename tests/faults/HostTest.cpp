@@ -13,13 +13,18 @@
 #include <cstdio>
 #include <cstdlib>
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <locale>
 #include <pthread.h>
+#include <signal.h>
 #include <stdexcept>
+#include <sys/resource.h>
+#include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 
 namespace {
 
@@ -159,6 +164,76 @@ bool IsLoaded(const std::string& sPath) {
     return pLibrary != nullptr;
 }
 
+CONVERTFILE2 FindConvertFile2(void* pLibrary) {
+    return pLibrary ? reinterpret_cast<CONVERTFILE2>(::dlsym(pLibrary, "ConvertFile2")) : nullptr;
+}
+
+/// A host that loads the library by a relative path and then goes to a folder where others may write.
+TEST(HostTest, LibrariesOfTheCurrentFolderStayOutside) {
+    const CTempFolder folder;
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::copy_file(LIBRARY, folder.Path("library.so"));
+    std::filesystem::current_path(folder.Path("."));
+    void* const pLibrary = ::dlopen("./library.so", RTLD_NOW | RTLD_LOCAL);
+    std::filesystem::create_directory("elsewhere");
+    std::filesystem::current_path("elsewhere");
+    std::filesystem::copy_file(MESSAGES, "ConvertNastranGtk.so"); // any library will do
+    const CONVERTFILE2 pfnConvert = FindConvertFile2(pLibrary);
+    ASSERT_TRUE(pfnConvert);
+    EXPECT_EQ(CallAsHost(pfnConvert, "").iRESULT, CONVERT_CANCELLED);
+    EXPECT_FALSE(IsLoaded(folder.Path("elsewhere/ConvertNastranGtk.so")));
+    std::filesystem::current_path(before);
+    ::dlclose(pLibrary);
+}
+
+constexpr rlim_t SIZE_LIMIT = 4096; // of files
+
+/// Calls the library in a process of its own, where standard output and error are iConsole. Returns how it ended.
+int CallOnConsole(int iConsole, const std::string& sTyped) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const rlimit limit{SIZE_LIMIT, SIZE_LIMIT};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        ::signal(SIGPIPE, SIG_DFL);
+        ::dup2(::open(sTyped.c_str(), O_RDONLY), STDIN_FILENO);
+        ::dup2(iConsole, STDOUT_FILENO);
+        ::dup2(iConsole, STDERR_FILENO);
+        const CONVERTFILE2 pfnConvert = FindConvertFile2(::dlopen(LIBRARY, RTLD_NOW | RTLD_LOCAL));
+        const int iResult = pfnConvert ? pfnConvert(nullptr, 0) : CONVERT_CANCELLED;
+        std::cout.flush(); // nothing is left that would fail later, in the host's own time
+        std::fflush(stdout);
+        ::_exit(iResult & 0xFF);
+    }
+    int iStatus = 0;
+    ::waitpid(child, &iStatus, 0);
+    return iStatus;
+}
+
+TEST(HostTest, AConsoleThatTakesNothingDoesNotEndTheHost) {
+    ::unsetenv("DISPLAY");
+    ::unsetenv("WAYLAND_DISPLAY");
+    const CTempFolder folder;
+    int aPipe[2];
+    ASSERT_EQ(::pipe(aPipe), 0);
+    ::close(aPipe[0]);
+    WriteText(folder.Path("console"), std::string(SIZE_LIMIT, '-'));
+    const int iFile = ::open(folder.Path("console").c_str(), O_WRONLY | O_APPEND);
+    WriteText(folder.Path("good.dat"), "BEGIN BULK\nGRID,1\nENDDATA\n");
+    WriteText(folder.Path("long.dat"), std::string(300, 'A')); // of this run the reason is told on standard error
+    for (const auto& [sDeck, iResult] : {std::pair("good", CONVERT_DONE), std::pair("long", CONVERT_FAILED)}) {
+        WriteText(folder.Path("typed"), folder.Path("no.dat\n") + folder.Path(sDeck) + ".dat\n");
+        for (const int iConsole : {aPipe[1], iFile}) {
+            std::filesystem::remove(folder.Path("good.zdt"));
+            const int iStatus = CallOnConsole(iConsole, folder.Path("typed"));
+            EXPECT_TRUE(WIFEXITED(iStatus)) << sDeck << ": signal " << WTERMSIG(iStatus);
+            EXPECT_EQ(WEXITSTATUS(iStatus), iResult & 0xFF) << sDeck;
+            EXPECT_EQ(std::filesystem::exists(folder.Path("good.zdt")), iResult == CONVERT_DONE);
+        }
+    }
+    ::close(aPipe[1]);
+    ::close(iFile);
+}
+
 TEST(HostTest, LoadingAndUnloadingAThousandTimes) {
     ::unsetenv("DISPLAY"); // a desktop's windows stay loaded for good
     ::unsetenv("WAYLAND_DISPLAY");
@@ -176,7 +251,7 @@ TEST(HostTest, LoadingAndUnloadingAThousandTimes) {
         void* const pLibrary = ::dlopen(sLibrary.c_str(), RTLD_NOW | RTLD_LOCAL);
         ASSERT_TRUE(pLibrary) << ::dlerror();
         ASSERT_TRUE(IsLoaded(sMessages));
-        const auto pfnConvert = reinterpret_cast<CONVERTFILE2>(::dlsym(pLibrary, "ConvertFile2"));
+        const CONVERTFILE2 pfnConvert = FindConvertFile2(pLibrary);
         ASSERT_TRUE(pfnConvert && pfnConvert != &ConvertFile2);
         ASSERT_EQ(CallAsHost(pfnConvert, sDeck).iRESULT, CONVERT_DONE);
         ASSERT_EQ(::dlclose(pLibrary), 0);

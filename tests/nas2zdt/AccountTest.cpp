@@ -165,6 +165,7 @@ TEST(IdOwners, FindTheEarlierKeywordInAnyOrder) {
 TEST(JsonText, IsAlwaysUtf8) {
     EXPECT_EQ(JsonText("a\"b\\c\n"), "\"a\\\"b\\\\c\\u000a\"");
     EXPECT_EQ(JsonText("gr\xC3\xBC\xC3\x9F\x65 \xF0\x9F\x98\x80"), "\"gr\xC3\xBC\xC3\x9F\x65 \xF0\x9F\x98\x80\"");
+    EXPECT_EQ(JsonText("\x1B\x7F \xC2\x9B \x9B"), "\"\\u001b\\u007f \\u009b \\u009b\"");
     EXPECT_EQ(JsonText("\xFF\xC3"), "\"\\u00ff\\u00c3\"");
     EXPECT_EQ(JsonText("\xC0\x80 \xED\xA0\x80"), "\"\\u00c0\\u0080 \\u00ed\\u00a0\\u0080\"");
 }

@@ -160,10 +160,63 @@ grep -q '^nas2zdt: nameless.dat: ' err || fail "the deck of an include without a
 # ---- the folder for temporary files
 TMPDIR=$folder/none expect "no folder for temporary files" 1 --flatten good.dat
 grep -q '^nas2zdt: folder for temporary files: ' err || fail "no folder for temporary files"
-if mkfifo pipe; then
-    (exec 3<pipe) & # a reader that goes away
-    { sleep 1; "$nas2zdt" --flatten good.dat; } >pipe 2>err || true
-    wait
-    [ -z "$(ls tmp)" ] || fail "a joined deck is left behind when nobody reads the log"
-fi
+
+# ---- output that nobody takes: results are whole, and only what was asked for is missed
+mkfifo pipe
+exec 3<>pipe 4>pipe 3>&- # a pipe whose reader is gone
+head -c 4096 /dev/zero >full
+# untaken STATUS ARGS...: the command with ARGS must exit so, its output a broken pipe or a file at its limit
+untaken() {
+    status=$1
+    shift
+    for output in pipe limit; do
+        rm -f good.zdt
+        got=0
+        if [ $output = pipe ]; then
+            "$nas2zdt" "$@" >&4 2>&4 || got=$?
+        else
+            (ulimit -f 8 && "$nas2zdt" "$@" >>full 2>>full) || got=$?
+        fi
+        [ "$got" -eq "$status" ] || fail "$*, with a $output as output: exit status $got"
+        [ -z "$(ls tmp)" ] || fail "$*, with a $output as output: something is left behind"
+    done
+}
+untaken 0 good.dat
+cmp good.zdt one.expected || fail "the target file when nobody takes the log"
+untaken 0 --flatten good.dat
+untaken 1 --account good.dat
+cmp good.zdt one.expected || fail "the target file when nobody takes the account"
+untaken 1 --account=json good.dat
+untaken 1 --help
+untaken 1 bad.dat
+exec 4>&-
+
+# ---- nothing in a deck or a name commands a terminal
+# plain NAME FILES...: they must hold no control characters but line feeds
+plain() {
+    name=$1
+    shift
+    for file; do
+        LC_ALL=C tr -d '\000-\011\013-\037\177\200-\237' <"$file" | cmp -s - "$file" || fail "$name: $file commands"
+    done
+}
+odd=$(printf 'd\033[2J\302\233K\233\177')
+printf 'BEGIN BULK\nGRID,1\n\033[31mX,1\nENDDATA\n' >"$odd.dat"
+expect "odd names in log and account" 0 --account --log odd.log "$odd.dat" good.dat
+plain "odd names in log and account" out err odd.log
+says "an odd deck in the log" odd.log "** Original File   : d?[2J?K??.dat"
+says "an odd deck in the account" out "Account of d?[2J?K??.dat"
+says "an odd word in the account" out "  ?[31MX          1        -        -        -        -        1        -        -"
+expect "odd names in json" 3 --account=json --strict "$odd.dat"
+plain "odd names in json" out err
+mkdir "$odd"
+printf 'BEGIN BULK\nINCLUDE,%s\nENDDATA\n' "$odd" >odd.dat
+for args in "odd.dat" "--flatten odd.dat" "$odd" "-o $odd/x/y good.dat" "--log $odd good.dat"; do
+    # shellcheck disable=SC2086 # several arguments
+    expect "an odd name in an error: $args" 1 $args
+    plain "an odd name in an error: $args" out err
+    grep -Fiq 'd?[2J?K??' err || fail "an odd name in an error: $args"
+done
+expect "an odd option" 2 "--$odd"
+plain "an odd option" out err
 echo "1 passed, 0 failed"

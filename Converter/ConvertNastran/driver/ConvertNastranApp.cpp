@@ -5,7 +5,7 @@
 #include "messages/MsgDll.h"
 
 CConvertNastranApp::CConvertNastranApp() {
-    CMsgDll::LoadMsgDll();
+    CMsgDll::LoadMsgDll(); // settles where this library lies, too: the host may leave its current folder later
 }
 
 CConvertNastranApp::~CConvertNastranApp() {

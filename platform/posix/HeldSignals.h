@@ -1,0 +1,33 @@
+#pragma once
+// Writing without the signals that failed writes raise.
+
+#include <initializer_list>
+
+#include <signal.h>
+
+/// While it lives, a write past the limit of a file's size or to a pipe without a reader fails by its result alone: the
+/// signals that would end the host wait, and go.
+class CHeldSignals {
+  public:
+    CHeldSignals() {
+        ::sigpending(&m_pending);
+        ::sigemptyset(&m_held);
+        for (const int iSignal : {SIGPIPE, SIGXFSZ}) {
+            if (::sigismember(&m_pending, iSignal) == 0) ::sigaddset(&m_held, iSignal); // others are the host's own
+        }
+        ::pthread_sigmask(SIG_BLOCK, &m_held, &m_before);
+    }
+    ~CHeldSignals() {
+        const timespec none{};
+        while (::sigtimedwait(&m_held, nullptr, &none) > 0) {
+        }
+        ::pthread_sigmask(SIG_SETMASK, &m_before, nullptr);
+    }
+    CHeldSignals(const CHeldSignals&) = delete;
+    CHeldSignals& operator=(const CHeldSignals&) = delete;
+
+  private:
+    sigset_t m_pending{};
+    sigset_t m_held{};
+    sigset_t m_before{};
+};
