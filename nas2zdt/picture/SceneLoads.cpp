@@ -147,7 +147,8 @@ void CollectLoads(const CDataPool& rDataPool, T_SCEN_D& rScene) {
         ForEachPressure(rDataPool, rCase.rSET, pressure);
     });
     const CRowVisitor references{
-        [&](const T_BEAM_ROW& r) { AddReference(rScene, r); }, [](const auto&) {}, // other elements have none
+        [&](const T_BEAM_ROW& r) { AddReference(rScene, r); },
+        [](const auto&) {},
     };
     ForEachElement(rDataPool, references);
 }

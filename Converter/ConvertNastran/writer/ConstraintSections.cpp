@@ -1,7 +1,7 @@
 // *CONSTRAINT, *LOCALAXIS and *RIGIDLINK.
 
 #include "driver/CConvertNastran.h"
-#include "writer/SectionHead.h"
+#include "writer/Section.h"
 #include "writer/rows/ConstraintRows.h"
 #include "writer/rows/RigidLinkRows.h"
 
@@ -86,15 +86,11 @@ int CConvertNastran::WriteRbe2Links(CFile& rFile) {
 }
 
 int CConvertNastran::WriteMpcLinks(CFile& rFile) {
-    CSectionHead head(rFile, RIGIDLINK_HEAD);
+    CSection section(rFile, RIGIDLINK_HEAD);
     const CRowVisitor visitor{
-        [&](const T_EQUATION_ROW& r) {
-            head.Write();
-            WriteLine(rFile, " %d, %s, %d,\n", r.iMASTER, ComponentText(r.iCOMP), r.iSLAVE);
-        },
+        [&](const T_EQUATION_ROW& r) { section.Line(" %d, %s, %d,\n", r.iMASTER, ComponentText(r.iCOMP), r.iSLAVE); },
         [&](const T_LEFT_D& rLeft) { LogLeft(rLeft); },
     };
     ForEachEquation(GetDataPool(), visitor);
-    if (head.IsWritten()) WriteLine(rFile, "\n");
-    return 1;
+    return section.End();
 }

@@ -1,7 +1,7 @@
 // *NODE, *ELEMENT and *NODALMASS.
 
 #include "driver/CConvertNastran.h"
-#include "writer/SectionHead.h"
+#include "writer/Section.h"
 #include "writer/rows/ElementRows.h"
 #include "writer/rows/MassRows.h"
 #include "writer/rows/NodeRows.h"
@@ -69,14 +69,13 @@ int CConvertNastran::WriteConrodSection(CFile& rFile) {
 /// The keyword comes with a mass that is left out, too, and the empty line with any element.
 int CConvertNastran::WriteNodalMassSection(CFile& rFile) {
     if (m_pDataPool->ELEM.IsEmpty()) return 1;
-    CSectionHead head(rFile, "*NODALMASS    ; Nodal Masses\n"
-                             "; NODE_LIST, mX, mY, mZ, rmX, rmY, rmZ\n");
+    CSection section(rFile, "*NODALMASS    ; Nodal Masses\n"
+                            "; NODE_LIST, mX, mY, mZ, rmX, rmY, rmZ\n");
     const CRowVisitor visitor{
         [&](const T_MASS_ROW& r) {
-            head.Write();
-            WriteLine(rFile, "  %d, %g, %g, %g, %g, %g, %g\n", r.iNODE, r.dMX, r.dMY, r.dMZ, r.dRMX, r.dRMY, r.dRMZ);
+            section.Line("  %d, %g, %g, %g, %g, %g, %g\n", r.iNODE, r.dMX, r.dMY, r.dMZ, r.dRMX, r.dRMY, r.dRMZ);
         },
-        [&](const T_LEFT_D&) { head.Write(); },
+        [&](const T_LEFT_D&) { section.Begin(); },
     };
     ForEachMass(GetDataPool(), visitor);
     return WriteLine(rFile, "\n");

@@ -1,7 +1,7 @@
 // *ELASTICLINK, *SPRING, *NL-PROP and *NL-LINK. The last two stand at a format level of their own.
 
 #include "driver/CConvertNastran.h"
-#include "writer/SectionHead.h"
+#include "writer/Section.h"
 #include "writer/rows/SpringRows.h"
 
 namespace {
@@ -68,14 +68,13 @@ void WritePointLink(CFile& rFile, const T_POINTLINK_ROW& r) {
 template <class SPRING>
 int CConvertNastran::WriteElasticLinks(CFile& rFile, const CMap<SPRING>& rSprings) {
     if (rSprings.IsEmpty()) return 1;
-    CSectionHead head(rFile, "*ELASTICLINK\n");
+    CSection section(rFile, "*ELASTICLINK\n");
     std::vector<T_GROUNDSPRING_ROW> aGrounded;
     const CRowVisitor visitor{
         [&](const T_ELASTICLINK_ROW& r) {
             const auto& k = r.dK;
-            head.Write();
-            WriteLine(rFile, "%d, %d, GEN  , 0, %g, %g, %g, %g, %g, %g, NO, 0.5, 0.5, \n", r.iNODE1, r.iNODE2, k[0],
-                      k[1], k[2], k[3], k[4], k[5]);
+            section.Line("%d, %d, GEN  , 0, %g, %g, %g, %g, %g, %g, NO, 0.5, 0.5, \n", r.iNODE1, r.iNODE2, k[0], k[1],
+                         k[2], k[3], k[4], k[5]);
         },
         [&](const T_GROUNDSPRING_ROW& r) { aGrounded.push_back(r); },
         [&](const T_LEFT_D& rLeft) { LogLeft(rLeft); },
@@ -100,73 +99,71 @@ int CConvertNastran::WriteCelas2Links(CFile& rFile) {
 /// Any property makes the empty line, and only then comes the switch back.
 int CConvertNastran::WriteBushGapProperties(CFile& rFile) {
     if (m_pDataPool->PROP.IsEmpty()) return 1;
-    CSectionHead head(rFile, PROPERTY_HEAD);
+    CSection section(rFile, PROPERTY_HEAD);
     const CRowVisitor visitor{
         [&](const T_BUSHPROPERTY_ROW& r) {
-            head.Write();
+            section.Begin();
             WriteBush(rFile, r);
         },
         [&](const T_GAPPROPERTY_ROW& r) {
-            head.Write();
+            section.Begin();
             WriteGap(rFile, r);
         },
     };
     ForEachLinkProperty(GetDataPool(), visitor);
     WriteLine(rFile, "\n");
-    return head.IsWritten() ? WriteFileVersion(rFile) : 1;
+    return section.IsBegun() ? WriteFileVersion(rFile) : 1;
 }
 
 /// Any element makes the empty line, and only then comes the switch back.
 int CConvertNastran::WriteBushGapLinks(CFile& rFile) {
     if (m_pDataPool->ELEM.IsEmpty()) return 1;
-    CSectionHead head(rFile, LINK_HEAD);
+    CSection section(rFile, LINK_HEAD);
     const CRowVisitor visitor{
         [&](const T_POINTLINK_ROW& r) {
-            head.Write();
+            section.Begin();
             WritePointLink(rFile, r);
         },
         [&](const T_TURNEDLINK_ROW& r) {
-            head.Write();
-            WriteLine(rFile, " %d, %d, %d, GPROP%d, , 0, %g, \n", r.iEID, r.iNODE1, r.iNODE2, r.iGPROP, r.dANGLE);
+            section.Line(" %d, %d, %d, GPROP%d, , 0, %g, \n", r.iEID, r.iNODE1, r.iNODE2, r.iGPROP, r.dANGLE);
         },
     };
     ForEachGeneralLink(GetDataPool(), visitor);
     WriteLine(rFile, "\n");
-    return head.IsWritten() ? WriteFileVersion(rFile) : 1;
+    return section.IsBegun() ? WriteFileVersion(rFile) : 1;
 }
 
 int CConvertNastran::WriteScalarProperties(CFile& rFile) {
-    CSectionHead head(rFile, "*VERSION\n"
-                             "  6.4.1\n\n"
-                             "*NL-PROP    ; General Link Property\n");
+    CSection section(rFile, "*VERSION\n"
+                            "  6.4.1\n\n"
+                            "*NL-PROP    ; General Link Property\n");
     const CRowVisitor visitor{
         [&](const T_SCALARLINK_ROW& r) {
-            head.Write();
-            WriteLine(rFile, " GPROP%d, ELEMENT, SPG,  0, NO, 0,  NO, 0.5, 0.5, \n", r.iGPROP);
+            section.Line(" GPROP%d, ELEMENT, SPG,  0, NO, 0,  NO, 0.5, 0.5, \n", r.iGPROP);
             WriteComponents(rFile, r.dK, r.dDAMP);
         },
         [&](const T_LEFT_D& rLeft) { LogLeft(rLeft); },
     };
     ForEachScalarLink(GetDataPool(), visitor);
-    if (!head.IsWritten()) return 1;
+    if (!section.IsBegun()) return 1;
     WriteFileVersion(rFile);
     return WriteLine(rFile, "\n");
 }
 
 /// What the properties logged is logged again.
 int CConvertNastran::WriteScalarLinks(CFile& rFile) {
-    CSectionHead head(rFile, "*VERSION\n"
-                             "  6.4.1\n\n"
-                             "*NL-LINK  ; General Link\n");
+    CSection section(rFile, "*VERSION\n"
+                            "  6.4.1\n\n"
+                            "*NL-LINK  ; General Link\n");
     const CRowVisitor visitor{
         [&](const T_SCALARLINK_ROW& r) {
-            head.Write();
+            section.Begin();
             WritePointLink(rFile, r);
         },
         [&](const T_LEFT_D& rLeft) { LogLeft(rLeft); },
     };
     ForEachScalarLink(GetDataPool(), visitor);
-    if (!head.IsWritten()) return 1;
+    if (!section.IsBegun()) return 1;
     WriteFileVersion(rFile);
     return WriteLine(rFile, "\n");
 }

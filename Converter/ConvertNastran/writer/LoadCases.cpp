@@ -1,7 +1,7 @@
 // *STLDCASE, the frames of the static load cases, *LOADCOMB and *EIGEN-CTRL.
 
 #include "driver/CConvertNastran.h"
-#include "writer/SectionHead.h"
+#include "writer/Section.h"
 #include "writer/rows/CombinationRows.h"
 #include "writer/rows/LoadRows.h"
 

@@ -2,7 +2,7 @@
 // the first entry, also if that is left out.
 
 #include "driver/CConvertNastran.h"
-#include "writer/SectionHead.h"
+#include "writer/Section.h"
 #include "writer/rows/LoadRows.h"
 
 namespace {
@@ -24,97 +24,78 @@ void WriteCornerPressure(CFile& rFile, const T_CORNERPRESSURE_ROW& r) {
     }
 }
 
-/// The empty line behind a section that is there.
-int CloseSection(CFile& rFile, const CSectionHead& rHead) {
-    return rHead.IsWritten() ? WriteLine(rFile, "\n") : 1;
-}
-
 } // namespace
 
 int CConvertNastran::WriteNodalForces(CFile& rFile, const T_LOAD_D& rSet) {
-    CSectionHead head(rFile, "*CONLOAD\n");
+    CSection section(rFile, "*CONLOAD\n");
     const CRowVisitor visitor{
-        [&](const T_NODALLOAD_ROW& r) {
-            head.Write();
-            WriteLine(rFile, "%5d,  %g, %g, %g, 0, 0, 0\n", r.iNODE, r.dX, r.dY, r.dZ);
-        },
-        [&](const T_LEFT_D&) { head.Write(); },
+        [&](const T_NODALLOAD_ROW& r) { section.Line("%5d,  %g, %g, %g, 0, 0, 0\n", r.iNODE, r.dX, r.dY, r.dZ); },
+        [&](const T_LEFT_D&) { section.Begin(); },
     };
     ForEachNodalLoad(GetDataPool(), rSet, LOAD_FORCE, visitor);
-    return CloseSection(rFile, head);
+    return section.End();
 }
 
 int CConvertNastran::WriteNodalMoments(CFile& rFile, const T_LOAD_D& rSet) {
-    CSectionHead head(rFile, "*CONLOAD\n");
+    CSection section(rFile, "*CONLOAD\n");
     const CRowVisitor visitor{
-        [&](const T_NODALLOAD_ROW& r) {
-            head.Write();
-            WriteLine(rFile, "%5d,  0, 0, 0, %g, %g, %g\n", r.iNODE, r.dX, r.dY, r.dZ);
-        },
-        [&](const T_LEFT_D&) { head.Write(); },
+        [&](const T_NODALLOAD_ROW& r) { section.Line("%5d,  0, 0, 0, %g, %g, %g\n", r.iNODE, r.dX, r.dY, r.dZ); },
+        [&](const T_LEFT_D&) { section.Begin(); },
     };
     ForEachNodalLoad(GetDataPool(), rSet, LOAD_MOMENT, visitor);
-    return CloseSection(rFile, head);
+    return section.End();
 }
 
 int CConvertNastran::WriteBeamLoads(CFile& rFile, const T_LOAD_D& rSet) {
-    CSectionHead head(rFile, "*BEAMLOAD\n");
+    CSection section(rFile, "*BEAMLOAD\n");
     const CRowVisitor visitor{
         [&](const T_BEAMLOAD_ROW& r) {
-            head.Write();
-            WriteLine(rFile, "%5d, BEAM, %10s, %5s, %5s,   %5g, %5g, %5g, %5g,     0,     0,     0,     0\n", r.iEID,
-                      r.sLOAD, r.sDIRECTION, r.sPROJECTED, r.dX1, r.dP1, r.dX2, r.dP2);
+            section.Line("%5d, BEAM, %10s, %5s, %5s,   %5g, %5g, %5g, %5g,     0,     0,     0,     0\n", r.iEID,
+                         r.sLOAD, r.sDIRECTION, r.sPROJECTED, r.dX1, r.dP1, r.dX2, r.dP2);
         },
         [&](const T_LEFT_D& rLeft) {
-            if (rLeft.eREASON != LEFT_PLOAD1_TYPE) head.Write();
+            if (rLeft.eREASON != LEFT_PLOAD1_TYPE) section.Begin();
             LogLeft(rLeft);
         },
     };
     ForEachBeamLoad(GetDataPool(), rSet, visitor);
-    return CloseSection(rFile, head);
+    return section.End();
 }
 
 int CConvertNastran::WritePressureLoads(CFile& rFile, const T_LOAD_D& rSet) {
-    CSectionHead head(rFile, "*PRESSURE\n");
+    CSection section(rFile, "*PRESSURE\n");
     const CRowVisitor visitor{
         [&](const T_UNIFORMPRESSURE_ROW& r) {
-            head.Write();
-            WriteLine(rFile, "%d, PRES , PLATE, FACE, LZ, 0, 0, 0, NO, %g, 0, 0, 0, 0, \n", r.iEID, r.dP);
+            section.Line("%d, PRES , PLATE, FACE, LZ, 0, 0, 0, NO, %g, 0, 0, 0, 0, \n", r.iEID, r.dP);
         },
         [&](const T_CORNERPRESSURE_ROW& r) {
-            head.Write();
+            section.Begin();
             WriteCornerPressure(rFile, r);
         },
-        [&](const T_LEFT_D&) { head.Write(); },
+        [&](const T_LEFT_D&) { section.Begin(); },
     };
     ForEachPressure(GetDataPool(), rSet, visitor);
-    return CloseSection(rFile, head);
+    return section.End();
 }
 
 /// The keyword comes also with a default temperature that no grid takes.
 int CConvertNastran::WriteNodalTemperatures(CFile& rFile, const T_LOADCASE_ROW& rCase) {
-    CSectionHead head(rFile, "*NDTEMPER    ; Nodal Temperatures\n");
+    CSection section(rFile, "*NDTEMPER    ; Nodal Temperatures\n");
     const CRowVisitor visitor{
-        [&](const T_NODETEMPERATURE_ROW& r) {
-            head.Write();
-            WriteLine(rFile, "%5d,  %g,\n", r.iNODE, r.dT);
-        },
-        [&](const T_LEFT_D&) { head.Write(); },
+        [&](const T_NODETEMPERATURE_ROW& r) { section.Line("%5d,  %g,\n", r.iNODE, r.dT); },
+        [&](const T_LEFT_D&) { section.Begin(); },
     };
     ForEachNodeTemperature(GetDataPool(), rCase, visitor);
-    return CloseSection(rFile, head);
+    return section.End();
 }
 
 /// The keyword comes with the first line, the empty line with any entry.
 int CConvertNastran::WriteElementTemperatures(CFile& rFile, const T_LOAD_D& rSet) {
     if (rSet.aETLD.IsEmpty()) return 1;
-    CSectionHead head(rFile, "*ELTEMPER    ; Element Temperatures\n"
-                             "; ELEM_LIST, TEMPER, GROUP\n");
+    CSection section(rFile, "*ELTEMPER    ; Element Temperatures\n"
+                            "; ELEM_LIST, TEMPER, GROUP\n");
     const CRowVisitor visitor{
-        [&](const T_ELEMENTTEMPERATURE_ROW& r) {
-            head.Write();
-            WriteLine(rFile, "%5d,  %g,\n", r.iEID, r.dT);
-        },
+        [&](const T_ELEMENTTEMPERATURE_ROW& r) { section.Line("%5d,  %g,\n", r.iEID, r.dT); },
         IGNORE_LEFT,
     };
     ForEachElementTemperature(rSet, visitor);
@@ -124,31 +105,27 @@ int CConvertNastran::WriteElementTemperatures(CFile& rFile, const T_LOAD_D& rSet
 /// The keyword comes with the first gradient, of whatever element, the empty line with any entry.
 int CConvertNastran::WriteTemperatureGradients(CFile& rFile, const T_LOAD_D& rSet) {
     if (rSet.aETLD.IsEmpty()) return 1;
-    CSectionHead head(rFile, "*THERGRAD    ; Temperature Gradient\n"
-                             "; ELEM_LIST, iETYP, TZ, bUSEHZ, HZ, TY, bUSEHY, HY, GROUP\n"
-                             "; ELEM_LIST, iETYP, TZ, bUSEHZ, HZ, GROUP\n");
+    CSection section(rFile, "*THERGRAD    ; Temperature Gradient\n"
+                            "; ELEM_LIST, iETYP, TZ, bUSEHZ, HZ, TY, bUSEHY, HY, GROUP\n"
+                            "; ELEM_LIST, iETYP, TZ, bUSEHZ, HZ, GROUP\n");
     const CRowVisitor visitor{
-        [&](const T_GRADIENT_ROW& r) {
-            head.Write();
-            WriteLine(rFile, "%5d, 2, %g, YES, 0,\n", r.iEID, r.dTZ);
-        },
-        [&](const T_LEFT_D&) { head.Write(); },
+        [&](const T_GRADIENT_ROW& r) { section.Line("%5d, 2, %g, YES, 0,\n", r.iEID, r.dTZ); },
+        [&](const T_LEFT_D&) { section.Begin(); },
     };
     ForEachGradient(GetDataPool(), rSet, visitor);
     return WriteLine(rFile, "\n");
 }
 
 int CConvertNastran::WriteSpecifiedDisplacements(CFile& rFile, const T_LOAD_D& rSet) {
-    CSectionHead head(rFile, "*SPDISP    ; Specified Displacement of Supports\n");
+    CSection section(rFile, "*SPDISP    ; Specified Displacement of Supports\n");
     const CRowVisitor visitor{
         [&](const T_DISPLACEMENT_ROW& r) {
             const auto& d = r.dD;
-            head.Write();
-            WriteLine(rFile, "%5d,  %s, %g, %g, %g, %g, %g, %g\n", r.iNODE, TextOf(r.aMOVED), d[0], d[1], d[2], d[3],
-                      d[4], d[5]);
+            section.Line("%5d,  %s, %g, %g, %g, %g, %g, %g\n", r.iNODE, TextOf(r.aMOVED), d[0], d[1], d[2], d[3], d[4],
+                         d[5]);
         },
-        [&](const T_LEFT_D&) { head.Write(); },
+        [&](const T_LEFT_D&) { section.Begin(); },
     };
     ForEachDisplacement(GetDataPool(), rSet, visitor);
-    return CloseSection(rFile, head);
+    return section.End();
 }

@@ -1,7 +1,7 @@
 // *MATERIAL, *SECTION and *THICKNESS.
 
 #include "driver/CConvertNastran.h"
-#include "writer/SectionHead.h"
+#include "writer/Section.h"
 #include "writer/rows/MaterialRows.h"
 #include "writer/rows/SectionRows.h"
 
@@ -38,7 +38,7 @@ void WriteThickness(CFile& rFile, const T_THICKNESS_ROW& r) {
 
 } // namespace
 
-/// Lines without blanks. What the cards say about 1e-05 and the zeros doesn't reach the file.
+/// Lines without blanks. The 1e-05 stands whatever the card says.
 int CConvertNastran::WriteMaterialSection(CFile& rFile) {
     if (m_pDataPool->MATL.IsEmpty()) return 1;
     WriteLine(rFile, "*MATERIAL\n");
@@ -64,22 +64,22 @@ int CConvertNastran::WriteSectionAndThickness(CFile& rFile) {
     if (m_pDataPool->PROP.IsEmpty()) return 1;
     WriteLine(rFile, "*VERSION\n");
     WriteLine(rFile, "  6.3.1\n\n");
-    CSectionHead head(rFile, "*SECTION\n");
+    CSection section(rFile, "*SECTION\n");
     const CRowVisitor sections{
         [&](const T_VALUESECTION_ROW& r) {
-            head.Write();
+            section.Begin();
             WriteValueSection(rFile, r);
         },
         [&](const T_TAPEREDSECTION_ROW& r) {
-            head.Write();
+            section.Begin();
             WriteBeamSection(rFile, r);
         },
         [&](const T_SHAPESECTION_ROW& r) {
-            head.Write();
+            section.Begin();
             WriteBarSection(rFile, r);
         },
         [&](const T_LEFT_D& rLeft) {
-            if (rLeft.eREASON == LEFT_PBARL_SHAPE) head.Write();
+            if (rLeft.eREASON == LEFT_PBARL_SHAPE) section.Begin();
             LogLeft(rLeft);
         },
     };
@@ -87,10 +87,10 @@ int CConvertNastran::WriteSectionAndThickness(CFile& rFile) {
     WriteLine(rFile, "\n");
     WriteFileVersion(rFile);
 
-    CSectionHead thicknessHead(rFile, "*THICKNESS\n");
+    CSection thickness(rFile, "*THICKNESS\n");
     const CRowVisitor thicknesses{
         [&](const T_THICKNESS_ROW& r) {
-            thicknessHead.Write();
+            thickness.Begin();
             WriteThickness(rFile, r);
         },
         IGNORE_LEFT,

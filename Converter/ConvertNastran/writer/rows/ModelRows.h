@@ -12,7 +12,7 @@
 #include "writer/rows/SectionRows.h"
 #include "writer/rows/SpringRows.h"
 
-/// Everything of the store once, in the order of the file.
+/// Everything of the store once, in the order of the file; load cases by ascending id.
 template <class VISITOR>
 void ForEachRow(const CDataPool& rPool, const VISITOR& rVisitor) {
     ForEachNode(rPool, rVisitor);
