@@ -42,14 +42,14 @@ std::string Paint(std::FILE* pStream, E_COLOUR eColour, const std::string& sText
     return (eColour == COLOUR_RED ? "\x1b[31m" : "\x1b[32m") + sText + "\x1b[0m";
 }
 
-CProgress::CProgress() : m_bTerminal(IsTerminal(stderr) && !IsDumb()), m_next(CLOCK::now() + SILENCE) {}
+CProgressLine::CProgressLine() : m_bTerminal(IsTerminal(stderr) && !IsDumb()), m_next(CLOCK::now() + SILENCE) {}
 
-void CProgress::Begin(const std::string& sFile, std::uint64_t nBytes) {
+void CProgressLine::Begin(const std::string& sFile, std::uint64_t nBytes) {
     m_sFile = sFile;
     m_nTotal = nBytes;
 }
 
-void CProgress::Update(std::uint64_t nBytes) {
+void CProgressLine::Update(std::uint64_t nBytes) {
     if (!m_bTerminal || CLOCK::now() < m_next) return;
     m_next = CLOCK::now() + STEP;
     m_bLine = true;
@@ -59,7 +59,7 @@ void CProgress::Update(std::uint64_t nBytes) {
     std::fflush(stderr);
 }
 
-void CProgress::Clear() {
+void CProgressLine::Clear() {
     if (m_bLine) std::fputs(CLEAR_LINE, stderr);
     m_bLine = false;
 }
