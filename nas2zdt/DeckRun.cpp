@@ -4,19 +4,20 @@
 
 #include "driver/CConvertNastran.h"
 #include "nas2zdt/RunWatch.h"
-#include "nas2zdt/TempFiles.h"
 #include "nas2zdt/picture/SvgWriter.h"
 #include "nas2zdt/picture/VtuWriter.h"
+#include "platform/TempPath.h"
 #include "platform/console/ConsoleDialogs.h"
 
-#include <new>
+#include <iostream>
+#include <utility>
 
 namespace {
 
 /// Nothing is asked; the log goes to standard output unless it is kept back. Remembers how the output file failed.
 class CCommandDialogs : public CConsoleDialogs {
   public:
-    CCommandDialogs(CProgress& rProgress, bool bShowLog) : m_rProgress(rProgress), m_bShowLog(bShowLog) {}
+    CCommandDialogs(CProgressLine& rProgress, bool bShowLog) : m_rProgress(rProgress), m_bShowLog(bShowLog) {}
     void ShowFileError(const CFileException& rError) override { m_sFileError = rError.GetText(); }
     void ShowMessages(const std::vector<std::string>& aLines) override {
         m_rProgress.Clear();
@@ -25,7 +26,7 @@ class CCommandDialogs : public CConsoleDialogs {
     std::string m_sFileError;
 
   private:
-    CProgress& m_rProgress;
+    CProgressLine& m_rProgress;
     bool m_bShowLog;
 };
 
@@ -47,53 +48,85 @@ void CDeckRun::Run() {
     if (!m_rJob.sREFUSED.empty()) return Fail(m_rJob.sDECK + ": " + m_rJob.sREFUSED);
     try {
         if (!m_rOptions.bFLATTEN) return Convert(m_rJob.sDECK, nullptr);
-        const CJoinFolder folder;
-        m_joined = FlattenDeck(m_rJob.sDECK, folder.GetFile());
-        m_aKeep.insert(m_aKeep.end(), m_joined.aFILES.begin(), m_joined.aFILES.end());
-        Convert(folder.GetFile(), &m_joined.lines);
+        CTempPath folder;
+        folder.MakeFolder();
+        CTempPath deck;
+        CFile file;
+        deck.MakeFile(file, FindTarget(folder.GetPath() + "/deck"), folder.GetPath());
+        m_joined = FlattenDeck(m_rJob.sDECK, file);
+        m_rInputs.insert(m_joined.files.begin(), m_joined.files.end());
+        Convert(deck.GetPath(), &m_joined.lines);
     } catch (const CFlattenError& rError) {
         Fail(rError.GetText());
     } catch (const CFileException& rError) {
         Fail(rError.GetText());
-    } catch (const std::bad_alloc&) {
-        Fail(m_rJob.sDECK + ": not enough memory");
     } catch (const std::exception& rError) {
-        Fail(m_rJob.sDECK + ": internal error: " + rError.what());
+        Fail(m_rJob.sDECK +
+             (IsOutOfMemory(rError) ? ": not enough memory" : std::string(": internal error: ") + rError.what()));
     }
+}
+
+/// Gives the file to write to when it is known what the run has read, which no output may overwrite.
+CFile& CDeckRun::Open(const T_INPUTS& rDecks) {
+    if (!m_rOptions.bFLATTEN) m_rInputs.insert(rDecks.begin(), rDecks.end()); // else those that were joined are there
+    m_bRefused = true;
+    for (const std::string* pOutput : {&m_rJob.sTARGET, &m_rOptions.sVIEW, &m_rOptions.sVTU, &m_rOptions.sLOG}) {
+        if (!pOutput->empty()) RefuseInput(*pOutput, m_rInputs);
+    }
+    m_bRefused = false;
+    std::cout << std::flush; // where the target file may go too
+    m_pTarget = std::make_unique<CWholeFile>(m_rJob.sTARGET, m_rInputs);
+    return m_pTarget->GetFile();
 }
 
 /// Converts sDeck, which is the job's own deck or, with pLines, what it was joined into.
 void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
-    CProgress progress;
+    CProgressLine progress;
     CCommandDialogs dialogs(progress, !m_rOptions.bQUIET && m_rOptions.eACCOUNT != ACCOUNT_JSON);
     CRunWatch watch(m_pAccount.get(), pLines, m_rJob.sDECK, progress);
     if (m_pAccount) m_pAccount->SetLines(pLines);
     CConvertNastran run(dialogs);
     if (watch.IsNeeded()) run.SetObserver(&watch);
-    run.SetTarget(m_rJob.sTARGET, m_aKeep);
+    run.SetOutput(this);
     run.SetDeckName(m_rJob.sDECK);
     const bool bEnded = run.Convert(sDeck) != 0;
     progress.Clear();
     m_result.aLOG = run.GetMsgMgr().GetMessages();
     if (!bEnded) return FailRun(run.GetFailure(), pLines);
-    if (!dialogs.m_sFileError.empty()) Fail(dialogs.m_sFileError);
-    if (m_pAccount) TakeAccount(run.GetDataPool());
-    DrawModel(run.GetDataPool());
+    if (m_pAccount) {
+        m_pAccount->AddModel(run.GetDataPool());
+        m_result.bACCOUNT = true;
+    }
+    if (dialogs.m_sFileError.empty()) {
+        FinishTarget();
+    } else {
+        Fail(dialogs.m_sFileError);
+    }
+    if (!m_bRefused) DrawModel(run.GetDataPool());
+}
+
+/// Gives the target file its name. The sections of the account are counted before, while only this run knows the file.
+void CDeckRun::FinishTarget() {
+    const std::string& sWritten = m_pTarget->GetTemporaryPath();
+    std::vector<T_SECTION_D> aSections;
+    try {
+        if (m_pAccount && !sWritten.empty()) aSections = CountSections(sWritten);
+    } catch (const CFileException& rError) { // the file is whole all the same
+        Fail(m_rJob.sTARGET + ": can't be read for the account: " + rError.GetCause());
+    }
+    m_pTarget->Finish();
+    m_result.aSECTIONS = std::move(aSections);
 }
 
 /// Writes the pictures of the model that were asked for.
 void CDeckRun::DrawModel(const CDataPool& rPool) {
-    if (!m_rOptions.sVIEW.empty()) WriteSvg(rPool, m_rJob.sDECK, m_rOptions.sVIEW, m_aKeep);
+    if (!m_rOptions.sVIEW.empty()) WriteSvg(rPool, m_rJob.sDECK, m_rOptions.sVIEW, m_rInputs);
     if (m_rOptions.sVTU.empty()) return;
-    const std::size_t nLeftOut = WriteVtu(rPool, m_rOptions.sVTU, m_aKeep);
-    if (nLeftOut > 0) TellHint(m_rOptions.sVTU + ": " + std::to_string(nLeftOut) + " elements without nodes left out");
-}
-
-/// Fills the result from the finished run.
-void CDeckRun::TakeAccount(const CDataPool& rPool) {
-    m_pAccount->AddModel(rPool);
-    m_result.bACCOUNT = true;
-    if (m_result.sERROR.empty()) m_result.aSECTIONS = CountSections(m_rJob.sTARGET);
+    const std::size_t nLeftOut = WriteVtu(rPool, m_rOptions.sVTU, m_rInputs);
+    if (nLeftOut > 0) {
+        TellHint(m_rOptions.sVTU + ": " + std::to_string(nLeftOut) + (nLeftOut == 1 ? " element" : " elements") +
+                 " without nodes left out");
+    }
 }
 
 /// Tells why the run ended before its time, by the lines of the decks that the user has.

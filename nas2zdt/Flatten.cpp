@@ -4,8 +4,8 @@
 
 #include "driver/CConvertNastran.h"
 #include "nas2zdt/IncludeStatement.h"
-#include "nas2zdt/Paths.h"
 #include "nas2zdt/TextReader.h"
+#include "platform/Paths.h"
 
 #include <algorithm>
 #include <limits>
@@ -62,11 +62,10 @@ struct T_LEVEL_D {
 
 class CJoin {
   public:
-    CJoin(const std::string& sDeck, const std::string& sJoined) {
-        m_file.Create(sJoined);
+    CJoin(const std::string& sDeck, CFile& rJoined) : m_rFile(rJoined) {
         Enter(sDeck, "", false);
         while (!m_aLevels.empty()) Step();
-        m_file.Close();
+        m_rFile.Close();
     }
     T_JOINED_D m_joined;
 
@@ -83,7 +82,7 @@ class CJoin {
     void CountLines(std::size_t nLines);
     static std::string Place(const T_LEVEL_D& rLevel) { return rLevel.sPATH + ":" + std::to_string(rLevel.iLINE); }
 
-    CFile m_file;
+    CFile& m_rFile;
     std::vector<T_LEVEL_D> m_aLevels; // the main deck first; a deck's includes nest here, not on the stack
     std::int32_t m_nLines = 0;        // written
     bool m_bBulk = false;             // whether what is written next is bulk data
@@ -103,7 +102,7 @@ void CJoin::Enter(const std::string& sPath, const std::string& sPlace, bool bEnc
     if (std::any_of(m_aLevels.begin(), m_aLevels.end(), [&](const T_LEVEL_D& r) { return r.pREADER->GetId() == id; })) {
         throw CFlattenError(sPlace + ": this deck includes itself, directly or through others: " + sPath);
     }
-    m_joined.aFILES.push_back(id);
+    m_joined.files.emplace(id, "the deck " + sPath);
     // the separators of the other system are taken too, as they are when the deck is opened
     const std::size_t iSeparator = sPath.find_last_of(sPlace.empty() ? "/" : "/\\");
     level.sFOLDER = iSeparator == std::string::npos ? std::string() : sPath.substr(0, iSeparator + 1);
@@ -162,9 +161,9 @@ void CJoin::Include(CIncludeStatement& rStatement) {
 }
 
 void CJoin::Copy(std::string_view sLine) {
-    m_file.Write(sLine);
+    m_rFile.Write(sLine);
     const bool bFeed = sLine.ends_with('\n');
-    if (!bFeed && m_aLevels.size() > 1) m_file.Write("\n"); // what follows begins a line of its own
+    if (!bFeed && m_aLevels.size() > 1) m_rFile.Write("\n"); // what follows begins a line of its own
     const std::size_t nLines = (sLine.size() - (bFeed ? 1 : 0)) / LONGEST_PIECE + 1;
     CountLines(nLines);
     if (nLines > 1) MarkRun(m_aLevels.back(), m_aLevels.back().iLINE + 1);
@@ -172,7 +171,7 @@ void CJoin::Copy(std::string_view sLine) {
 
 void CJoin::WriteMarker(std::string_view sMarker, bool bBulk) {
     m_bBulk = bBulk;
-    m_file.Write(sMarker);
+    m_rFile.Write(sMarker);
     CountLines(1);
     MarkRun(m_aLevels.back(), m_aLevels.back().iLINE + 1);
 }
@@ -185,7 +184,7 @@ void CJoin::CountLines(std::size_t nLines) {
 
 } // namespace
 
-T_JOINED_D FlattenDeck(const std::string& sDeck, const std::string& sJoined) {
-    CJoin join(sDeck, sJoined);
+T_JOINED_D FlattenDeck(const std::string& sDeck, CFile& rJoined) {
+    CJoin join(sDeck, rJoined);
     return std::move(join.m_joined);
 }

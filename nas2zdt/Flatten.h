@@ -6,7 +6,6 @@
 
 #include <exception>
 #include <string>
-#include <vector>
 
 /// Ends a join: what is wrong, with the file and line of it.
 class CFlattenError : public std::exception {
@@ -22,11 +21,11 @@ class CFlattenError : public std::exception {
 /// What a join leaves beside its text.
 struct T_JOINED_D {
     CLineMap lines;
-    std::vector<T_FILEID_D> aFILES; // every file that was read
+    T_INPUTS files; // that were read
 };
 
-/// Writes the deck sDeck to sJoined with the text of each INCLUDE in its place, at any depth. Relative names start from
-/// the folder of the deck that has them. The lines of an included deck are copied as they stand up to a line that
-/// begins with ENDDATA, which ends that deck alone. Bulk data that is included before BEGIN BULK becomes bulk data by
-/// markers around it. Throws CFlattenError, and CFileException for the joined file.
-T_JOINED_D FlattenDeck(const std::string& sDeck, const std::string& sJoined);
+/// Writes the deck sDeck to rJoined, which is closed at the end, with the text of each INCLUDE in its place, at any
+/// depth. Relative names start from the folder of the deck that has them. The lines of an included deck are copied as
+/// they stand up to a line that begins with ENDDATA, which ends that deck alone. Bulk data that is included before
+/// BEGIN BULK becomes bulk data by markers around it. Throws CFlattenError, and CFileException for the joined file.
+T_JOINED_D FlattenDeck(const std::string& sDeck, CFile& rJoined);

@@ -3,11 +3,13 @@
 #include "nas2zdt/Jobs.h"
 
 #include "driver/CConvertNastran.h"
-#include "nas2zdt/Paths.h"
+#include "platform/Paths.h"
 
-#include <algorithm>
+#include <map>
 #include <optional>
+#include <set>
 #include <system_error>
+#include <utility>
 
 namespace {
 
@@ -18,37 +20,86 @@ std::optional<T_FILEID_D> FindId(const std::string& sPath) {
     return file.GetId();
 }
 
-/// The same for a file that is to be written: it goes by its exact name.
-std::optional<T_FILEID_D> FindTarget(const std::string& sPath) {
-    std::error_code error;
-    return std::filesystem::exists(ToPath(sPath), error) ? FindId(sPath) : std::nullopt;
-}
-
-/// A name that two paths of one file share, whether it exists or not.
-std::string Canonical(const std::string& sPath) {
-    std::error_code error;
-    const std::filesystem::path path =
-        std::filesystem::weakly_canonical(std::filesystem::absolute(ToPath(sPath), error), error);
-    return error ? sPath : ToText(path);
-}
-
 bool IsFolder(const std::string& sPath) {
     std::error_code error;
     return std::filesystem::is_directory(ToPath(sPath), error);
 }
 
+/// The path of the result beside a deck, as the user names the deck where that leads there: the last "." is that of the
+/// full path.
+std::string TargetBeside(const std::string& sDeck) {
+    if (ToText(ToPath(sDeck).filename()).find('.') != std::string::npos) return CConvertNastran::TargetPath(sDeck);
+    const std::string sFull = FullPath(sDeck);
+    return sFull.find('.') == std::string::npos ? sDeck + ".zdt" : CConvertNastran::TargetPath(sFull);
+}
+
 /// The path of a deck's result.
 std::string Target(const std::string& sDeck, const std::string& sOutput, bool bFolder) {
-    if (sOutput.empty()) return CConvertNastran::TargetPath(sDeck);
+    if (sOutput.empty()) return TargetBeside(sDeck);
     if (!bFolder) return sOutput;
     return ToText(ToPath(sOutput) / ToPath(CConvertNastran::TargetPath(ToText(ToPath(sDeck).filename()))));
 }
 
-/// What is wrong with a folder that a file is to stand in; empty if it exists.
+/// What is wrong with the folder that a file is to stand in; empty if it exists.
 std::string TestFolderOf(const std::string& sFile) {
     const std::string sFolder = ToText(ToPath(sFile).parent_path());
     if (sFolder.empty() || IsFolder(sFolder)) return {};
     return sFolder + ": no such folder";
+}
+
+/// The files that a command line writes.
+class COutputs {
+  public:
+    explicit COutputs(const T_INPUTS& rInputs) : m_rInputs(rInputs) {}
+
+    /// Adds an output. Returns what it would overwrite, a deck or an output from before; empty if nothing.
+    std::string Add(const std::string& sPath, const std::string& sWhat) {
+        const T_TARGET_D target = FindTarget(sPath);
+        if (target.eTARGET == TARGET_STREAM || target.folder == T_FILEID_D()) return {}; // nothing there can be lost
+        if (target.eTARGET == TARGET_FILE) {
+            if (const auto pInput = m_rInputs.find(target.id); pInput != m_rInputs.end()) return pInput->second;
+            if (const auto [pFile, bNew] = m_mapFiles.emplace(target.id, sWhat); !bNew) return pFile->second;
+        }
+        const auto [pPlace, bNew] = m_mapPlaces.emplace(std::pair(target.folder, target.sNAME), sWhat);
+        return bNew ? std::string() : pPlace->second;
+    }
+
+  private:
+    const T_INPUTS& m_rInputs;
+    std::map<T_FILEID_D, std::string> m_mapFiles; // those that are there already
+    std::map<std::pair<T_FILEID_D, std::string>, std::string> m_mapPlaces;
+};
+
+/// What is wrong with an output that isn't a result; empty if nothing is.
+std::string TestOutput(const std::string& sFile, const std::string& sWhat, COutputs& rOutputs) {
+    if (IsFolder(sFile)) return sFile + ": is a folder";
+    std::string sWrong = TestFolderOf(sFile);
+    if (!sWrong.empty()) return sWrong;
+    const std::string sLost = rOutputs.Add(sFile, sWhat + " " + sFile);
+    return sLost.empty() ? sLost : sFile + ": " + sWhat + " would overwrite " + sLost;
+}
+
+/// What is wrong with the command line; empty if nothing is.
+std::string TestUsage(const T_OPTIONS_D& rOptions, bool bFolder) {
+    if (rOptions.aDECKS.size() == 1) return {};
+    if (!rOptions.sOUTPUT.empty() && !bFolder) return "-o must name a folder for several decks: " + rOptions.sOUTPUT;
+    if (!rOptions.sVIEW.empty() || !rOptions.sVTU.empty()) return "--view and --vtu take one deck";
+    return {};
+}
+
+/// Plans each deck's result.
+void PlanResults(const T_OPTIONS_D& rOptions, bool bFolder, COutputs& rOutputs, T_JOBS_D& rJobs) {
+    std::set<T_FILEID_D> setDecks;
+    for (const std::string& sDeck : rOptions.aDECKS) {
+        T_JOB_D job{sDeck, Target(sDeck, rOptions.sOUTPUT, bFolder), {}};
+        const std::optional<T_FILEID_D> id = FindId(sDeck);
+        if (id && !setDecks.insert(*id).second) {
+            job.sREFUSED = "this deck is given twice";
+        } else if (const std::string sLost = rOutputs.Add(job.sTARGET, "the result of " + sDeck); !sLost.empty()) {
+            job.sREFUSED = "its result " + job.sTARGET + " would overwrite " + sLost;
+        }
+        rJobs.aJOBS.push_back(job);
+    }
 }
 
 } // namespace
@@ -59,47 +110,20 @@ T_JOBS_D PlanJobs(const T_OPTIONS_D& rOptions) {
     const bool bNamesFolder =
         sOutput.ends_with('/') || sOutput.ends_with(static_cast<char>(std::filesystem::path::preferred_separator));
     const bool bFolder = bNamesFolder || IsFolder(sOutput);
+    jobs.sUSAGE = TestUsage(rOptions, bFolder);
+    if (!jobs.sUSAGE.empty()) return jobs;
     if (bNamesFolder && !IsFolder(sOutput)) jobs.sFAILURE = sOutput + ": no such folder";
     if (!sOutput.empty() && !bFolder) jobs.sFAILURE = TestFolderOf(sOutput);
-    if ((!rOptions.sVIEW.empty() || !rOptions.sVTU.empty()) && rOptions.aDECKS.size() > 1)
-        jobs.sUSAGE = "--view and --vtu take one deck";
-    if (!sOutput.empty() && !bFolder && rOptions.aDECKS.size() > 1)
-        jobs.sUSAGE = "-o must name a folder for several decks: " + sOutput;
-    if (!rOptions.sLOG.empty() && jobs.sFAILURE.empty())
-        jobs.sFAILURE = IsFolder(rOptions.sLOG) ? rOptions.sLOG + ": is a folder" : TestFolderOf(rOptions.sLOG);
 
-    std::vector<std::optional<T_FILEID_D>> aIds;
-    std::vector<std::string> aTargets;
     for (const std::string& sDeck : rOptions.aDECKS) {
-        aIds.push_back(FindId(sDeck));
-        aTargets.push_back(Canonical(Target(sDeck, sOutput, bFolder)));
-        if (aIds.back()) jobs.aDECKS.push_back(*aIds.back());
+        if (const std::optional<T_FILEID_D> id = FindId(sDeck)) jobs.decks.emplace(*id, "the deck " + sDeck);
     }
-    const auto same = [&](std::size_t i) { // place of the first deck of this identity
-        return static_cast<std::size_t>(std::find(aIds.begin(), aIds.end(), aIds[i]) - aIds.begin());
-    };
-    for (std::size_t i = 0; i < aIds.size(); ++i) {
-        T_JOB_D job{rOptions.aDECKS[i], Target(rOptions.aDECKS[i], sOutput, bFolder), {}};
-        const auto iSameTarget =
-            static_cast<std::size_t>(std::find(aTargets.begin(), aTargets.end(), aTargets[i]) - aTargets.begin());
-        const std::optional<T_FILEID_D> target = FindTarget(job.sTARGET);
-        const auto pOverwritten = target ? std::find(aIds.begin(), aIds.end(), target) : aIds.end();
-        if (aIds[i] && same(i) != i) {
-            job.sREFUSED = "this deck is given twice";
-        } else if (iSameTarget != i) {
-            job.sREFUSED = "its result would overwrite that of " + rOptions.aDECKS[iSameTarget];
-        } else if (pOverwritten != aIds.end() && pOverwritten != aIds.begin() + static_cast<std::ptrdiff_t>(i)) {
-            job.sREFUSED = "its result would overwrite the deck " +
-                           rOptions.aDECKS[static_cast<std::size_t>(pOverwritten - aIds.begin())];
-        }
-        jobs.aJOBS.push_back(job);
-    }
-    if (!rOptions.sLOG.empty()) {
-        const std::optional<T_FILEID_D> log = FindTarget(rOptions.sLOG);
-        if (log && std::find(aIds.begin(), aIds.end(), log) != aIds.end())
-            jobs.sFAILURE = rOptions.sLOG + ": the log would overwrite a deck";
-        if (std::find(aTargets.begin(), aTargets.end(), Canonical(rOptions.sLOG)) != aTargets.end())
-            jobs.sFAILURE = rOptions.sLOG + ": the log would overwrite a result";
+    COutputs outputs(jobs.decks);
+    PlanResults(rOptions, bFolder, outputs, jobs);
+    const std::pair<const std::string*, const char*> aOthers[] = {
+        {&rOptions.sVIEW, "the picture"}, {&rOptions.sVTU, "the grid"}, {&rOptions.sLOG, "the log"}};
+    for (const auto& [pFile, sWhat] : aOthers) {
+        if (!pFile->empty() && jobs.sFAILURE.empty()) jobs.sFAILURE = TestOutput(*pFile, sWhat, outputs);
     }
     return jobs;
 }

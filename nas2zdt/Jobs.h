@@ -17,11 +17,11 @@ struct T_JOB_D {
 /// The decks of a command line.
 struct T_JOBS_D {
     std::vector<T_JOB_D> aJOBS;
-    std::vector<T_FILEID_D> aDECKS; // which no result may overwrite
-    std::string sUSAGE;             // what is wrong with the command line; empty if nothing is
-    std::string sFAILURE;           // why none of them can be run; empty if they can
+    T_INPUTS decks;       // those that exist
+    std::string sUSAGE;   // what is wrong with the command line; empty if nothing is
+    std::string sFAILURE; // why none of them can be run; empty if they can
 };
 
 /// Looks at the files that a command line names. A deck is refused if it comes twice, or if its result would overwrite
-/// another deck or another result.
+/// a deck or another result; nothing is run if another output would overwrite one of them or each other.
 T_JOBS_D PlanJobs(const T_OPTIONS_D& rOptions);

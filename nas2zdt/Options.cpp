@@ -3,6 +3,7 @@
 #include "nas2zdt/Options.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 
 namespace {
@@ -12,7 +13,7 @@ enum E_VALUE { VALUE_NONE, VALUE_NEEDED, VALUE_ALLOWED };
 
 /// A row of the table. A needed value is the next argument or stands behind "=", an allowed one behind "=" alone.
 struct T_OPTION_D {
-    std::string_view sNAME;
+    std::string_view sNAME; // with its short form in front, if it has one: "-q, --quiet"
     E_VALUE eVALUE;
     std::string_view sVALUE; // its name in the help
     std::string_view sHELP;
@@ -40,24 +41,49 @@ bool SetAccount(T_OPTIONS_D& rOptions, const std::string& sValue) {
 
 // clang-format off
 constexpr T_OPTION_D OPTIONS[] = {
-    {"-o",        VALUE_NEEDED,  "PATH", "the result goes to the file PATH, or into the folder PATH", &Keep<&T_OPTIONS_D::sOUTPUT>},
-    {"--account", VALUE_ALLOWED, "json", "tells what became of every keyword, as a table or as JSON", &SetAccount},
-    {"--strict",  VALUE_NONE,    "",     "exit status 3 if the account shows any loss",              &Set<&T_OPTIONS_D::bSTRICT>},
-    {"--flatten", VALUE_NONE,    "",     "joins the deck with its includes first, as NASTRAN means",  &Set<&T_OPTIONS_D::bFLATTEN>},
-    {"--view",    VALUE_NEEDED,  "FILE", "draws the resolved model as an SVG picture",                &Keep<&T_OPTIONS_D::sVIEW>},
-    {"--vtu",     VALUE_NEEDED,  "FILE", "writes the resolved model as a VTK unstructured grid",      &Keep<&T_OPTIONS_D::sVTU>},
-    {"--log",     VALUE_NEEDED,  "FILE", "saves the log of all decks",                                &Keep<&T_OPTIONS_D::sLOG>},
-    {"--quiet",   VALUE_NONE,    "",     "prints errors, and the account if asked for, but no log",   &Set<&T_OPTIONS_D::bQUIET>},
-    {"--help",    VALUE_NONE,    "",     "this text",                                                 &Set<&T_OPTIONS_D::bHELP>},
-    {"--version", VALUE_NONE,    "",     "the version",                                               &Set<&T_OPTIONS_D::bVERSION>},
+    {"-o",             VALUE_NEEDED,  "PATH", "the result goes to the file PATH, or into the folder PATH", &Keep<&T_OPTIONS_D::sOUTPUT>},
+    {"--account",      VALUE_ALLOWED, "json", "tells what became of every keyword, as a table or as JSON", &SetAccount},
+    {"--strict",       VALUE_NONE,    "",     "exit status 3 if the account shows any loss",              &Set<&T_OPTIONS_D::bSTRICT>},
+    {"--flatten",      VALUE_NONE,    "",     "joins the deck with its includes first, as NASTRAN means",  &Set<&T_OPTIONS_D::bFLATTEN>},
+    {"--view",         VALUE_NEEDED,  "FILE", "draws the resolved model as an SVG picture",                &Keep<&T_OPTIONS_D::sVIEW>},
+    {"--vtu",          VALUE_NEEDED,  "FILE", "writes the resolved model as a VTK unstructured grid",      &Keep<&T_OPTIONS_D::sVTU>},
+    {"--log",          VALUE_NEEDED,  "FILE", "saves the log of all decks",                                &Keep<&T_OPTIONS_D::sLOG>},
+    {"-q, --quiet",    VALUE_NONE,    "",     "prints errors, and the account if asked for, but no log",   &Set<&T_OPTIONS_D::bQUIET>},
+    {"-h, --help",     VALUE_NONE,    "",     "this text",                                                 &Set<&T_OPTIONS_D::bHELP>},
+    {"-V, --version",  VALUE_NONE,    "",     "the version",                                               &Set<&T_OPTIONS_D::bVERSION>},
 };
 // clang-format on
 
-const T_OPTION_D* FindOption(std::string_view sName) {
+/// The last of an option's forms, which is its only one or the long one.
+constexpr std::string_view LastForm(std::string_view sName) {
+    const std::size_t iSpace = sName.rfind(' ');
+    return iSpace == std::string_view::npos ? sName : sName.substr(iSpace + 1);
+}
+
+const T_OPTION_D* FindOption(std::string_view sForm) {
     for (const T_OPTION_D& rOption : OPTIONS) {
-        if (rOption.sNAME == sName) return &rOption;
+        const std::string_view sFirst = rOption.sNAME.substr(0, rOption.sNAME.find(','));
+        if (sForm == sFirst || sForm == LastForm(rOption.sNAME)) return &rOption;
     }
     return nullptr;
+}
+
+/// A picture and the extension of its format.
+struct T_PICTURE_D {
+    std::string_view sOPTION;
+    std::string T_OPTIONS_D::*pFILE;
+    std::string_view sEXTENSION;
+};
+constexpr T_PICTURE_D PICTURES[] = {{"--view", &T_OPTIONS_D::sVIEW, ".svg"}, {"--vtu", &T_OPTIONS_D::sVTU, ".vtu"}};
+
+/// What decks, results and accounts are called, and the pictures themselves.
+constexpr std::string_view EXTENSIONS[] = {".dat", ".bdf", ".nas", ".blk", ".zdt", ".json", ".svg", ".vtu"};
+
+/// Whether sFile ends in the extension of another format than the one with the extension sOwn.
+bool HasForeignExtension(std::string sFile, std::string_view sOwn) {
+    for (char& c : sFile) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    return std::any_of(std::begin(EXTENSIONS), std::end(EXTENSIONS),
+                       [&](std::string_view sExtension) { return sExtension != sOwn && sFile.ends_with(sExtension); });
 }
 
 } // namespace
@@ -91,7 +117,13 @@ int ReadOptions(const std::vector<std::string>& aArgs, T_OPTIONS_D& rOptions, st
         }
         const bool bTaken = bGiven ? pOption->eVALUE != VALUE_NONE && !sValue.empty() : true;
         if (!bTaken || !pOption->pfnSet(rOptions, sValue)) {
-            rWhy = std::string(pOption->sNAME) + ": \"" + sValue + "\" isn't a value of this option";
+            rWhy = std::string(LastForm(pOption->sNAME)) + ": \"" + sValue + "\" isn't a value of this option";
+            return 0;
+        }
+    }
+    for (const T_PICTURE_D& rPicture : PICTURES) {
+        if (HasForeignExtension(rOptions.*rPicture.pFILE, rPicture.sEXTENSION)) {
+            rWhy = std::string(rPicture.sOPTION) + ": " + rOptions.*rPicture.pFILE + " is called like another format";
             return 0;
         }
     }

@@ -2,7 +2,7 @@
 
 #include "nas2zdt/RunWatch.h"
 
-#include "nas2zdt/Paths.h"
+#include "platform/Paths.h"
 
 #include <system_error>
 #include <utility>

@@ -12,7 +12,7 @@
 class CRunWatch : public CDeckObserver {
   public:
     /// pAccount and pLines are null if nobody asked for them; sDeck is the main deck as the user named it.
-    CRunWatch(CAccount* pAccount, const CLineMap* pLines, std::string sDeck, CProgress& rProgress)
+    CRunWatch(CAccount* pAccount, const CLineMap* pLines, std::string sDeck, CProgressLine& rProgress)
         : m_pAccount(pAccount), m_pLines(pLines), m_sDeck(std::move(sDeck)), m_rProgress(rProgress) {}
 
     /// Whether there is anything to watch.
@@ -38,6 +38,6 @@ class CRunWatch : public CDeckObserver {
     CAccount* m_pAccount;
     const CLineMap* m_pLines;
     std::string m_sDeck;
-    CProgress& m_rProgress;
+    CProgressLine& m_rProgress;
     bool m_bMain = true; // whether the main deck is still to come
 };

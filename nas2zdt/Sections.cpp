@@ -72,12 +72,12 @@ class CSectionCounter {
 std::vector<T_SECTION_D> CountSections(const std::string& sPath) {
     CDeckFile file;
     std::string sCause;
-    if (!file.Open(sPath, sCause)) return {};
+    if (!file.Open(sPath, sCause)) throw CFileException(sPath, sCause);
     std::vector<char> aBuffer(BLOCK_SIZE);
     CSectionCounter counter;
     for (;;) {
         const std::ptrdiff_t nRead = file.Read(aBuffer.data(), aBuffer.size());
-        if (nRead < 0) return {};
+        if (nRead < 0) throw CFileException(sPath, "can't be read to its end");
         if (nRead == 0) return counter.End();
         counter.Add(aBuffer.data(), aBuffer.data() + nRead);
     }

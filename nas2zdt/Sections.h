@@ -13,5 +13,6 @@ struct T_SECTION_D {
     std::uint64_t nLINES = 0;
 };
 
-/// Counts the file's sections, in the order of their first blocks. Empty if it can't be read.
+/// Counts the file's sections, in the order of their first blocks. Throws
+/// CFileException if it can't be read.
 std::vector<T_SECTION_D> CountSections(const std::string& sPath);

@@ -41,14 +41,14 @@ void TellHint(const std::string& sText) {
     std::cerr << COMMAND << PlainText(sText) << '\n';
 }
 
-CProgress::CProgress() : m_bTerminal(IsTerminal(stderr) && !IsDumb()), m_next(CLOCK::now() + SILENCE) {}
+CProgressLine::CProgressLine() : m_bTerminal(IsTerminal(stderr) && !IsDumb()), m_next(CLOCK::now() + SILENCE) {}
 
-void CProgress::Begin(const std::string& sFile, std::uint64_t nBytes) {
+void CProgressLine::Begin(const std::string& sFile, std::uint64_t nBytes) {
     m_sFile = PlainText(sFile);
     m_nTotal = nBytes;
 }
 
-void CProgress::Update(std::uint64_t nBytes) {
+void CProgressLine::Update(std::uint64_t nBytes) {
     if (!m_bTerminal || CLOCK::now() < m_next) return;
     m_next = CLOCK::now() + STEP;
     m_bLine = true;
@@ -58,7 +58,7 @@ void CProgress::Update(std::uint64_t nBytes) {
     std::fflush(stderr);
 }
 
-void CProgress::Clear() {
+void CProgressLine::Clear() {
     if (m_bLine) std::fputs(CLEAR_LINE, stderr);
     m_bLine = false;
 }

@@ -19,12 +19,12 @@ void TellHint(const std::string& sText);
 
 /// A line on standard error that tells how far a long run is. Nothing is shown in the first second, nor ever if
 /// standard error isn't a terminal.
-class CProgress {
+class CProgressLine {
   public:
-    CProgress();
-    ~CProgress() { Clear(); }
-    CProgress(const CProgress&) = delete;
-    CProgress& operator=(const CProgress&) = delete;
+    CProgressLine();
+    ~CProgressLine() { Clear(); }
+    CProgressLine(const CProgressLine&) = delete;
+    CProgressLine& operator=(const CProgressLine&) = delete;
 
     bool IsShown() const { return m_bTerminal; }
 

@@ -6,12 +6,14 @@
 #include "nas2zdt/Jobs.h"
 #include "nas2zdt/Options.h"
 #include "nas2zdt/Terminal.h"
-#include "nas2zdt/WholeFile.h"
 #include "platform/Console.h"
 #include "platform/PlainText.h"
+#include "platform/WholeFile.h"
 #include "platform/console/ConsoleDialogs.h"
 
+#include <cstdint>
 #include <cstdio>
+#include <exception>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -40,7 +42,8 @@ int Print(const std::string& sText) {
 /// All decks of a command line, and what is told of them together.
 class CBatch {
   public:
-    CBatch(const T_OPTIONS_D& rOptions, const T_JOBS_D& rJobs) : m_rOptions(rOptions), m_rJobs(rJobs) {}
+    CBatch(const T_OPTIONS_D& rOptions, const T_JOBS_D& rJobs)
+        : m_rOptions(rOptions), m_rJobs(rJobs), m_inputs(rJobs.decks) {}
 
     int Run() {
         const bool bJson = m_rOptions.eACCOUNT == ACCOUNT_JSON;
@@ -62,7 +65,7 @@ class CBatch {
 
   private:
     void RunJob(const T_JOB_D& rJob) {
-        CDeckRun run(m_rOptions, rJob, m_rJobs.aDECKS);
+        CDeckRun run(m_rOptions, rJob, m_inputs);
         run.Run();
         const T_RESULT_D& rResult = run.GetResult();
         const CAccount* pAccount = run.GetAccount();
@@ -72,7 +75,8 @@ class CBatch {
         if (m_rOptions.eACCOUNT == ACCOUNT_TABLE && rResult.bACCOUNT) std::cout << AccountTable(rResult, *pAccount);
         if (m_rOptions.bSTRICT && rResult.bACCOUNT && pAccount->GetLossCount() > 0) {
             m_bLoss = true;
-            TellHint(rJob.sDECK + ": " + std::to_string(pAccount->GetLossCount()) + " losses" +
+            const std::uint64_t nLosses = pAccount->GetLossCount();
+            TellHint(rJob.sDECK + ": " + std::to_string(nLosses) + (nLosses == 1 ? " loss" : " losses") +
                      (m_rOptions.eACCOUNT == ACCOUNT_NONE ? ", which --account tells" : ""));
         }
         const bool bTold = m_rJobs.aJOBS.size() > 1 && !m_rOptions.bQUIET && m_rOptions.eACCOUNT != ACCOUNT_JSON;
@@ -86,7 +90,7 @@ class CBatch {
     void SaveLog() {
         if (m_rOptions.sLOG.empty()) return;
         try {
-            CWholeFile file(m_rOptions.sLOG, m_rJobs.aDECKS);
+            CWholeFile file(m_rOptions.sLOG, m_inputs);
             m_log.WriteMessages(file.GetFile());
             file.Finish();
         } catch (const CFileException& rError) {
@@ -97,6 +101,7 @@ class CBatch {
 
     const T_OPTIONS_D& m_rOptions;
     const T_JOBS_D& m_rJobs;
+    T_INPUTS m_inputs; // all that was read so far
     CConsoleDialogs m_dialogs;
     CZdtMsgMgr m_log{m_dialogs}; // of all decks
     bool m_bFailed = false;
@@ -123,8 +128,12 @@ int Run(int nArgs, char** aArgs) {
 int main(int nArgs, char** aArgs) {
     try {
         return Run(nArgs, aArgs);
-    } catch (...) { // what a run throws was dealt with before, so memory ran out here
-        std::fputs("nas2zdt: not enough memory\n", stderr);
-        return EXIT_FAILED;
+    } catch (const std::exception& rError) { // printed without a string: there may be no memory for one
+        const bool bExhausted = IsOutOfMemory(rError);
+        std::fprintf(stderr, "nas2zdt: %s%s\n",
+                     bExhausted ? "" : "internal error: ", bExhausted ? "not enough memory" : rError.what());
+    } catch (...) {
+        std::fputs("nas2zdt: internal error\n", stderr);
     }
+    return EXIT_FAILED;
 }

@@ -5,6 +5,7 @@
 #include <compare>
 #include <cstddef>
 #include <cstdint>
+#include <exception>
 #include <map>
 #include <memory>
 #include <string>
@@ -18,8 +19,31 @@ struct T_FILEID_D {
     auto operator<=>(const T_FILEID_D&) const = default;
 };
 
-/// The path from the root of the file system, whether the file exists or not.
+/// Files that are read and may not be written over, and what each of them is: "the deck wing.dat".
+using T_INPUTS = std::map<T_FILEID_D, std::string>;
+
+/// The path from the root of the file system without "." and "..", whether the file exists or not. It leads to the same
+/// file as sPath; a symbolic link keeps its name but before a "..".
 std::string FullPath(const std::string& sPath);
+
+/// What stands where a file is to be written.
+enum E_TARGET {
+    TARGET_NEW,   // nothing
+    TARGET_FILE,  // a file
+    TARGET_STREAM // what can only be written straight, if at all: a device, a pipe, standard output, a folder
+};
+
+/// A path to write to, behind all symbolic links.
+struct T_TARGET_D {
+    E_TARGET eTARGET = TARGET_NEW;
+    std::string sPATH;
+    T_FILEID_D id;     // of what is there
+    T_FILEID_D folder; // with the name tells files apart that aren't there yet
+    std::string sNAME; // in the folder, in one case where the system doesn't tell case apart
+};
+
+/// Looks where sPath leads to. Folders that don't exist stay without identity.
+T_TARGET_D FindTarget(const std::string& sPath);
 
 /// A deck opened for reading. Only regular files open.
 class CDeckFile {
@@ -54,17 +78,20 @@ class CDeckFile {
 };
 
 /// Failure of an output file: which file, and why in the system's words.
-class CFileException {
+class CFileException : public std::exception {
   public:
-    CFileException(std::string sFile, std::string sCause) : m_sFile(std::move(sFile)), m_sCause(std::move(sCause)) {}
+    CFileException(std::string sFile, std::string sCause)
+        : m_sFile(std::move(sFile)), m_sCause(std::move(sCause)), m_sText(m_sFile + ": " + m_sCause) {}
+    const char* what() const noexcept override { return m_sText.c_str(); }
     const std::string& GetFile() const { return m_sFile; }
     const std::string& GetCause() const { return m_sCause; }
     /// One line for a person: file and cause.
-    std::string GetText() const { return m_sFile + ": " + m_sCause; }
+    const std::string& GetText() const { return m_sText; }
 
   private:
     std::string m_sFile;
     std::string m_sCause;
+    std::string m_sText;
 };
 
 /// The output file: bytes go out as they stand, through a buffer, in the order written. Every operation but Abort
@@ -79,6 +106,14 @@ class CFile {
     /// Creates sPath or cuts an existing file to length 0. A file whose identity is among aKeep is left as it is and
     /// counts as one that can't be created.
     void Create(const std::string& sPath, const std::vector<T_FILEID_D>& aKeep = {});
+
+    /// Creates sPath, which nothing may stand at, to take the place of rTarget later: with the rights that a file there
+    /// has. Failures name sShown. Returns 0 if the name is taken.
+    int CreateFor(const T_TARGET_D& rTarget, const std::string& sPath, const std::string& sShown);
+
+    /// Goes on behind what the program's own standard output or standard error got so far, if rTarget is where that
+    /// goes. Returns 0 if it isn't.
+    int JoinStandardStream(const T_TARGET_D& rTarget, const std::string& sShown);
 
     /// Room for nSize bytes at the end of what was written; Commit takes those that were filled.
     char* Reserve(std::size_t nSize) {
@@ -100,7 +135,7 @@ class CFile {
     void MakeRoom(std::size_t nSize);
 
     std::intptr_t m_iHandle = -1;
-    std::string m_sPath;
+    std::string m_sPath;               // as failures name it
     std::unique_ptr<char[]> m_pBuffer; // not filled with anything: a small file touches little of it
     std::size_t m_nBuffer = 0;
     std::size_t m_nUsed = 0;

@@ -22,7 +22,7 @@ std::string Number(double dValue) {
 
 class CLegend {
   public:
-    CLegend(CWholeFile& rFile, const T_SCEN_D& rScene, const T_DRAW_D& rDrawing)
+    CLegend(CFile& rFile, const T_SCEN_D& rScene, const T_DRAW_D& rDrawing)
         : m_rFile(rFile), m_rScene(rScene), m_rDrawing(rDrawing) {}
 
     void Write();
@@ -33,7 +33,7 @@ class CLegend {
     void WriteExtents();
     void WriteNotes();
 
-    CWholeFile& m_rFile;
+    CFile& m_rFile;
     const T_SCEN_D& m_rScene;
     const T_DRAW_D& m_rDrawing;
     double m_dNoteY = 0.0;
@@ -44,11 +44,11 @@ void CLegend::WriteSample(E_KIND iKind, double dY) {
     constexpr double MIDDLE = LEGEND_LEFT + 12;
     const char* sClass = LOOKS[iKind].sCLASS;
     if (IsFaceKind(iKind)) {
-        m_rFile.Print("<path class=\"%s3\" d=\"M%g %gh22v12h-22z\"/>\n", sClass, LEGEND_LEFT, dY - 10);
+        Print(m_rFile, "<path class=\"%s3\" d=\"M%g %gh22v12h-22z\"/>\n", sClass, LEGEND_LEFT, dY - 10);
     } else if (iKind == KIND_NODE) {
-        m_rFile.Print("<path class=\"%s\" d=\"M%g %gh2.5v2.5h-2.5z\"/>\n", sClass, MIDDLE, dY - 5);
+        Print(m_rFile, "<path class=\"%s\" d=\"M%g %gh2.5v2.5h-2.5z\"/>\n", sClass, MIDDLE, dY - 5);
     } else if (iKind < KIND_SPRING) {
-        m_rFile.Print("<path class=\"%s\" d=\"M%g %gh24\"/>\n", sClass, LEGEND_LEFT, dY - 4);
+        Print(m_rFile, "<path class=\"%s\" d=\"M%g %gh24\"/>\n", sClass, LEGEND_LEFT, dY - 4);
         if (m_rDrawing.HasMark(iKind)) WriteMark(m_rFile, {iKind, MIDDLE, dY - 4, {}, 0.0});
     } else if (iKind == KIND_MASS || iKind == KIND_SPRING || iKind == KIND_FIXED || iKind == KIND_SUPPORT) {
         WriteMark(m_rFile, {iKind, MIDDLE, iKind == KIND_MASS ? dY - 4 : dY - 10, {}, 0.0});
@@ -133,6 +133,6 @@ void CLegend::Write() {
 
 } // namespace
 
-void WriteLegend(CWholeFile& rFile, const T_SCEN_D& rScene, const T_DRAW_D& rDrawing) {
+void WriteLegend(CFile& rFile, const T_SCEN_D& rScene, const T_DRAW_D& rDrawing) {
     CLegend(rFile, rScene, rDrawing).Write();
 }

@@ -10,22 +10,22 @@
 
 namespace {
 
-void WriteClass(CWholeFile& rFile, const char* sClass, const char* sSuffix, const T_RGB_D& rFill,
-                const T_RGB_D& rStroke, double dWidth) {
-    rFile.Print(".%s%s{fill:rgb(%d,%d,%d);stroke:rgb(%d,%d,%d);stroke-width:%g;stroke-linejoin:round}\n", sClass,
-                sSuffix, rFill.iRED, rFill.iGREEN, rFill.iBLUE, rStroke.iRED, rStroke.iGREEN, rStroke.iBLUE, dWidth);
+void WriteClass(CFile& rFile, const char* sClass, const char* sSuffix, const T_RGB_D& rFill, const T_RGB_D& rStroke,
+                double dWidth) {
+    Print(rFile, ".%s%s{fill:rgb(%d,%d,%d);stroke:rgb(%d,%d,%d);stroke-width:%g;stroke-linejoin:round}\n", sClass,
+          sSuffix, rFill.iRED, rFill.iGREEN, rFill.iBLUE, rStroke.iRED, rStroke.iGREEN, rStroke.iBLUE, dWidth);
 }
 
-void WriteStroke(CWholeFile& rFile, E_KIND iKind, const char* sSuffix, double dWidth, const char* sMore = "") {
+void WriteStroke(CFile& rFile, E_KIND iKind, const char* sSuffix, double dWidth, const char* sMore = "") {
     const T_LOOK_D& rLook = LOOKS[iKind];
-    rFile.Print(".%s%s{fill:none;stroke:rgb(%d,%d,%d);stroke-width:%g;stroke-linecap:round%s}\n", rLook.sCLASS, sSuffix,
-                rLook.colour.iRED, rLook.colour.iGREEN, rLook.colour.iBLUE, dWidth, sMore);
+    Print(rFile, ".%s%s{fill:none;stroke:rgb(%d,%d,%d);stroke-width:%g;stroke-linecap:round%s}\n", rLook.sCLASS,
+          sSuffix, rLook.colour.iRED, rLook.colour.iGREEN, rLook.colour.iBLUE, dWidth, sMore);
 }
 
 } // namespace
 
 /// Edges and lines are thinner where the mesh is finer, or they would cover it.
-void WriteStyle(CWholeFile& rFile, const T_DRAW_D& rDrawing) {
+void WriteStyle(CFile& rFile, const T_DRAW_D& rDrawing) {
     double dFaces = 0.0, dLines = 0.0;
     std::size_t nFaces = 0, nLines = 0;
     for (const T_SHAP_D& rShape : rDrawing.aSHAPES) {
@@ -37,11 +37,11 @@ void WriteStyle(CWholeFile& rFile, const T_DRAW_D& rDrawing) {
     const double dEdge = nFaces ? Tenth(std::clamp(dFaces / static_cast<double>(nFaces) * 0.04, 0.1, 0.8)) : 0.8;
     const double dLine = nLines ? Tenth(std::clamp(dLines / static_cast<double>(nLines) * 0.15, 1.1, 2.2)) : 2.2;
 
-    rFile.Print("<style>\n"
-                "text{font-family:Helvetica,Arial,sans-serif;font-size:13px;fill:#222}\n"
-                ".title{font-size:18px}\n.head{font-weight:bold}\n.note{font-size:12px;fill:#555}\n"
-                ".count{text-anchor:end}\n.lost{text-anchor:end;fill:#aa0028;font-weight:bold}\n"
-                ".box{fill:none;stroke:#bbb}\n.axis{fill:none;stroke:#222;stroke-width:1.2}\n");
+    Print(rFile, "<style>\n"
+                 "text{font-family:Helvetica,Arial,sans-serif;font-size:13px;fill:#222}\n"
+                 ".title{font-size:18px}\n.head{font-weight:bold}\n.note{font-size:12px;fill:#555}\n"
+                 ".count{text-anchor:end}\n.lost{text-anchor:end;fill:#aa0028;font-weight:bold}\n"
+                 ".box{fill:none;stroke:#bbb}\n.axis{fill:none;stroke:#222;stroke-width:1.2}\n");
     for (const E_KIND iKind : {KIND_PLANE_STRESS, KIND_PLATE, KIND_SOLID}) {
         const T_RGB_D& rBase = LOOKS[iKind].colour;
         for (std::size_t i = 0; i < SHADES.size(); ++i) {

@@ -1,8 +1,8 @@
 #pragma once
 // How each kind of thing looks: names, colours, and the style sheet that they give.
 
-#include "nas2zdt/WholeFile.h"
 #include "picture/Drawing.h"
+#include "platform/File.h"
 
 #include <array>
 #include <cstddef>
@@ -45,4 +45,4 @@ constexpr bool IsFaceKind(E_KIND iKind) {
     return iKind == KIND_PLANE_STRESS || iKind == KIND_PLATE || iKind == KIND_SOLID;
 }
 
-void WriteStyle(CWholeFile& rFile, const T_DRAW_D& rDrawing);
+void WriteStyle(CFile& rFile, const T_DRAW_D& rDrawing);

@@ -1,7 +1,7 @@
 #pragma once
 // Numbers and texts of the picture.
 
-#include "nas2zdt/WholeFile.h"
+#include "picture/Print.h"
 #include "picture/XmlText.h"
 
 #include <cmath>
@@ -15,6 +15,6 @@ inline double Tenth(double d) {
     return std::round(d * 10.0) / 10.0;
 }
 
-inline void WriteText(CWholeFile& rFile, double dX, double dY, const char* sClass, const std::string& sText) {
-    rFile.Print("<text class=\"%s\" x=\"%g\" y=\"%g\">%s</text>\n", sClass, dX, dY, XmlText(sText, LONGEST_TITLE));
+inline void WriteText(CFile& rFile, double dX, double dY, const char* sClass, const std::string& sText) {
+    Print(rFile, "<text class=\"%s\" x=\"%g\" y=\"%g\">%s</text>\n", sClass, dX, dY, XmlText(sText, LONGEST_TITLE));
 }

@@ -6,6 +6,7 @@
 #include "picture/SvgMarks.h"
 #include "picture/SvgStyle.h"
 #include "picture/SvgText.h"
+#include "platform/WholeFile.h"
 
 #include <algorithm>
 #include <array>
@@ -25,39 +26,39 @@ std::int32_t ShadeOf(const T_SHAP_D& rShape, const std::vector<T_VECT_D>& aPlace
     return static_cast<std::int32_t>(std::lround(std::clamp(dBright, 0.0, 1.0) * dLast));
 }
 
-void WriteShape(CWholeFile& rFile, const T_SHAP_D& rShape, const std::vector<T_VECT_D>& aPlaces, double dDot) {
+void WriteShape(CFile& rFile, const T_SHAP_D& rShape, const std::vector<T_VECT_D>& aPlaces, double dDot) {
     const T_VECT_D& rFirst = aPlaces[rShape.aCORNERS[0]];
     const char* sClass = LOOKS[rShape.iKIND].sCLASS;
     if (rShape.nCORNERS > 2) {
-        rFile.Print("<path class=\"%s%d\" d=\"M%g %g", sClass, ShadeOf(rShape, aPlaces), Tenth(rFirst[0]),
-                    Tenth(rFirst[1]));
+        Print(rFile, "<path class=\"%s%d\" d=\"M%g %g", sClass, ShadeOf(rShape, aPlaces), Tenth(rFirst[0]),
+              Tenth(rFirst[1]));
     } else {
-        rFile.Print("<path class=\"%s%s\" d=\"M%g %g", sClass, IsFaceKind(rShape.iKIND) ? "L" : "", Tenth(rFirst[0]),
-                    Tenth(rFirst[1]));
+        Print(rFile, "<path class=\"%s%s\" d=\"M%g %g", sClass, IsFaceKind(rShape.iKIND) ? "L" : "", Tenth(rFirst[0]),
+              Tenth(rFirst[1]));
     }
     for (std::size_t i = 1; i < rShape.nCORNERS; ++i) {
         const T_VECT_D& rPlace = aPlaces[rShape.aCORNERS[i]];
-        rFile.Print(" %g %g", Tenth(rPlace[0]), Tenth(rPlace[1]));
+        Print(rFile, " %g %g", Tenth(rPlace[0]), Tenth(rPlace[1]));
     }
-    if (rShape.nCORNERS == 1) rFile.Print("h%gv%gh%g", dDot, dDot, -dDot);
+    if (rShape.nCORNERS == 1) Print(rFile, "h%gv%gh%g", dDot, dDot, -dDot);
     rFile.Write(rShape.nCORNERS == 2 ? "\"/>\n" : "z\"/>\n");
 }
 
-void WriteAxes(CWholeFile& rFile) {
+void WriteAxes(CFile& rFile) {
     constexpr double X = 75, Y = 780, LENGTH = 42;
     constexpr std::array<std::pair<const char*, T_VECT_D>, 3> AXES = {
         {{"X", {1, 0, 0}}, {"Y", {0, 1, 0}}, {"Z", {0, 0, 1}}}};
     for (const auto& [sName, axis] : AXES) {
         const T_VECT_D turned = CIsometricView::Turn(axis);
-        rFile.Print("<path class=\"axis\" d=\"M%g %gL%g %g\"/>\n", X, Y, Tenth(X + turned[0] * LENGTH),
-                    Tenth(Y - turned[1] * LENGTH));
+        Print(rFile, "<path class=\"axis\" d=\"M%g %gL%g %g\"/>\n", X, Y, Tenth(X + turned[0] * LENGTH),
+              Tenth(Y - turned[1] * LENGTH));
         WriteText(rFile, Tenth(X - 4 + turned[0] * LENGTH * 1.3), Tenth(Y + 4 - turned[1] * LENGTH * 1.3), "axisname",
                   sName);
     }
 }
 
 /// Gravity acts on the whole model, so its arrows stand in a row beside it.
-void WriteGravity(CWholeFile& rFile, const std::vector<T_VECT_D>& aGravity) {
+void WriteGravity(CFile& rFile, const std::vector<T_VECT_D>& aGravity) {
     double dX = 65.0;
     for (const T_VECT_D& rDirection : aGravity) {
         constexpr double HALF = 24.0; // of the arrow
@@ -68,7 +69,7 @@ void WriteGravity(CWholeFile& rFile, const std::vector<T_VECT_D>& aGravity) {
     if (!aGravity.empty()) WriteText(rFile, 36, 72, "note", "gravity");
 }
 
-void WriteModel(CWholeFile& rFile, const T_SCEN_D& rScene, const T_DRAW_D& rDrawing) {
+void WriteModel(CFile& rFile, const T_SCEN_D& rScene, const T_DRAW_D& rDrawing) {
     constexpr std::size_t MANY = 500;
     const double dDot = rScene.aCOUNTS[KIND_NODE].nPRESENT > MANY ? 1.2 : 2.5; // pixels
     rFile.Write("<g id=\"model\">\n");
@@ -82,21 +83,22 @@ void WriteModel(CWholeFile& rFile, const T_SCEN_D& rScene, const T_DRAW_D& rDraw
 } // namespace
 
 void WriteSvg(const CDataPool& rDataPool, const std::string& sTitle, const std::string& sPath,
-              const std::vector<T_FILEID_D>& aKeep) {
-    CWholeFile file(sPath, aKeep);
+              const T_INPUTS& rInputs) {
+    CWholeFile file(sPath, rInputs);
+    CFile& rFile = file.GetFile();
     T_SCEN_D scene = CollectParts(rDataPool);
     CollectLoads(rDataPool, scene);
     const T_DRAW_D drawing = LayOut(scene);
-    file.Write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-               "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"1280\" height=\"860\" viewBox=\"0 0 1280 860\">\n");
-    file.Print("<title>%s</title>\n", XmlText(sTitle, LONGEST_TITLE));
-    WriteStyle(file, drawing);
-    file.Write("<rect width=\"1280\" height=\"860\" fill=\"#fff\"/>\n");
-    WriteText(file, BOX_LEFT, 34, "title", sTitle);
-    file.Print("<path class=\"box\" d=\"M%g %gH%gV%gH%gz\"/>\n", BOX_LEFT, BOX_TOP, BOX_RIGHT, BOX_BOTTOM, BOX_LEFT);
-    WriteModel(file, scene, drawing);
-    WriteAxes(file);
-    WriteLegend(file, scene, drawing);
-    file.Write("</svg>\n");
+    rFile.Write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"1280\" height=\"860\" viewBox=\"0 0 1280 860\">\n");
+    Print(rFile, "<title>%s</title>\n", XmlText(sTitle, LONGEST_TITLE));
+    WriteStyle(rFile, drawing);
+    rFile.Write("<rect width=\"1280\" height=\"860\" fill=\"#fff\"/>\n");
+    WriteText(rFile, BOX_LEFT, 34, "title", sTitle);
+    Print(rFile, "<path class=\"box\" d=\"M%g %gH%gV%gH%gz\"/>\n", BOX_LEFT, BOX_TOP, BOX_RIGHT, BOX_BOTTOM, BOX_LEFT);
+    WriteModel(rFile, scene, drawing);
+    WriteAxes(rFile);
+    WriteLegend(rFile, scene, drawing);
+    rFile.Write("</svg>\n");
     file.Finish();
 }

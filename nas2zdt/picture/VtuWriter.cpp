@@ -2,8 +2,9 @@
 
 #include "picture/VtuWriter.h"
 
+#include "picture/Print.h"
 #include "picture/Scene.h"
-#include "nas2zdt/WholeFile.h"
+#include "platform/WholeFile.h"
 
 #include <bit>
 #include <cstring>
@@ -20,7 +21,7 @@ constexpr std::array<std::uint8_t, 8> PLAIN_ORDER = {0, 1, 2, 3, 4, 5, 6, 7};
 /// Bytes that go out in base64.
 class CBase64 {
   public:
-    explicit CBase64(CWholeFile& rFile) : m_rFile(rFile) {}
+    explicit CBase64(CFile& rFile) : m_rFile(rFile) {}
 
     template <class VALUE>
     void Add(VALUE value) {
@@ -52,7 +53,7 @@ class CBase64 {
         std::memmove(m_aBytes.data(), m_aBytes.data() + nBytes, m_nUsed);
     }
 
-    CWholeFile& m_rFile;
+    CFile& m_rFile;
     std::array<std::uint8_t, FULL + sizeof(double)> m_aBytes = {};
     std::size_t m_nUsed = 0;
 };
@@ -67,9 +68,9 @@ constexpr const char* TypeName() {
 
 /// One array of nValues values, which fill(add) hands over one by one.
 template <class VALUE, class FILL>
-void WriteArray(CWholeFile& rFile, const char* sName, std::int32_t nComponents, std::size_t nValues, FILL fill) {
-    rFile.Print("<DataArray type=\"%s\" Name=\"%s\" NumberOfComponents=\"%d\" format=\"binary\">\n", TypeName<VALUE>(),
-                sName, nComponents);
+void WriteArray(CFile& rFile, const char* sName, std::int32_t nComponents, std::size_t nValues, FILL fill) {
+    Print(rFile, "<DataArray type=\"%s\" Name=\"%s\" NumberOfComponents=\"%d\" format=\"binary\">\n", TypeName<VALUE>(),
+          sName, nComponents);
     CBase64 text(rFile);
     text.Add(static_cast<std::uint64_t>(nValues * sizeof(VALUE)));
     fill([&](VALUE value) { text.Add(value); });
@@ -79,13 +80,13 @@ void WriteArray(CWholeFile& rFile, const char* sName, std::int32_t nComponents, 
 
 /// An array with one value for each part.
 template <class VALUE, class GET>
-void WritePartArray(CWholeFile& rFile, const T_SCEN_D& rScene, const char* sName, GET get) {
+void WritePartArray(CFile& rFile, const T_SCEN_D& rScene, const char* sName, GET get) {
     WriteArray<VALUE>(rFile, sName, 1, rScene.aPARTS.size(), [&](auto add) {
         for (const T_PART_D& rPart : rScene.aPARTS) add(static_cast<VALUE>(get(rPart)));
     });
 }
 
-void WritePoints(CWholeFile& rFile, const T_SCEN_D& rScene) {
+void WritePoints(CFile& rFile, const T_SCEN_D& rScene) {
     rFile.Write("<PointData GlobalIds=\"NodeId\">\n");
     WriteArray<std::int32_t>(rFile, "NodeId", 1, rScene.aIDS.size(), [&](auto add) {
         for (const std::int32_t iID : rScene.aIDS) add(iID);
@@ -99,7 +100,7 @@ void WritePoints(CWholeFile& rFile, const T_SCEN_D& rScene) {
     rFile.Write("</Points>\n");
 }
 
-void WriteCells(CWholeFile& rFile, const T_SCEN_D& rScene) {
+void WriteCells(CFile& rFile, const T_SCEN_D& rScene) {
     std::size_t nCorners = 0;
     for (const T_PART_D& rPart : rScene.aPARTS) nCorners += CELL_CORNERS[rPart.iCELL];
     rFile.Write("<Cells>\n");
@@ -120,25 +121,26 @@ void WriteCells(CWholeFile& rFile, const T_SCEN_D& rScene) {
 
 } // namespace
 
-std::size_t WriteVtu(const CDataPool& rDataPool, const std::string& sPath, const std::vector<T_FILEID_D>& aKeep) {
-    CWholeFile file(sPath, aKeep);
+std::size_t WriteVtu(const CDataPool& rDataPool, const std::string& sPath, const T_INPUTS& rInputs) {
+    CWholeFile file(sPath, rInputs);
+    CFile& rFile = file.GetFile();
     const T_SCEN_D scene = CollectParts(rDataPool);
     const char* sOrder = std::endian::native == std::endian::little ? "LittleEndian" : "BigEndian";
-    file.Write("<?xml version=\"1.0\"?>\n");
-    file.Print("<VTKFile type=\"UnstructuredGrid\" version=\"1.0\" byte_order=\"%s\" header_type=\"UInt64\">\n",
-               sOrder);
-    file.Write("<!-- Kind: 0 truss, 1 beam, 2 plane stress, 3 plate, 4 solid, 5 rigid link, 6 elastic link,\n"
-               "     7 general link, 8 spring to ground, 9 mass -->\n");
-    file.Print("<UnstructuredGrid>\n<Piece NumberOfPoints=\"%s\" NumberOfCells=\"%s\">\n",
-               std::to_string(scene.aIDS.size()), std::to_string(scene.aPARTS.size()));
-    WritePoints(file, scene);
-    WriteCells(file, scene);
-    file.Write("<CellData Scalars=\"PropertyId\">\n");
-    WritePartArray<std::int32_t>(file, scene, "ElementId", [](const T_PART_D& r) { return r.iID; });
-    WritePartArray<std::int32_t>(file, scene, "PropertyId", [](const T_PART_D& r) { return r.iPID; });
-    WritePartArray<std::int32_t>(file, scene, "MaterialId", [](const T_PART_D& r) { return r.iMID; });
-    WritePartArray<std::uint8_t>(file, scene, "Kind", [](const T_PART_D& r) { return r.iKIND; });
-    file.Write("</CellData>\n</Piece>\n</UnstructuredGrid>\n</VTKFile>\n");
+    rFile.Write("<?xml version=\"1.0\"?>\n");
+    Print(rFile, "<VTKFile type=\"UnstructuredGrid\" version=\"1.0\" byte_order=\"%s\" header_type=\"UInt64\">\n",
+          sOrder);
+    rFile.Write("<!-- Kind: 0 truss, 1 beam, 2 plane stress, 3 plate, 4 solid, 5 rigid link, 6 elastic link,\n"
+                "     7 general link, 8 spring to ground, 9 mass -->\n");
+    Print(rFile, "<UnstructuredGrid>\n<Piece NumberOfPoints=\"%s\" NumberOfCells=\"%s\">\n",
+          std::to_string(scene.aIDS.size()), std::to_string(scene.aPARTS.size()));
+    WritePoints(rFile, scene);
+    WriteCells(rFile, scene);
+    rFile.Write("<CellData Scalars=\"PropertyId\">\n");
+    WritePartArray<std::int32_t>(rFile, scene, "ElementId", [](const T_PART_D& r) { return r.iID; });
+    WritePartArray<std::int32_t>(rFile, scene, "PropertyId", [](const T_PART_D& r) { return r.iPID; });
+    WritePartArray<std::int32_t>(rFile, scene, "MaterialId", [](const T_PART_D& r) { return r.iMID; });
+    WritePartArray<std::uint8_t>(rFile, scene, "Kind", [](const T_PART_D& r) { return r.iKIND; });
+    rFile.Write("</CellData>\n</Piece>\n</UnstructuredGrid>\n</VTKFile>\n");
     file.Finish();
 
     std::size_t nWithoutNodes = 0;

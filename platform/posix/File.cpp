@@ -26,6 +26,19 @@ int OpenToRead(const std::string& sPath) {
     return ::open(sPath.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
 }
 
+T_FILEID_D IdOf(const struct stat& rStatus) {
+    return {static_cast<std::uint64_t>(rStatus.st_dev), static_cast<std::uint64_t>(rStatus.st_ino)};
+}
+
+/// The descriptor of standard output or standard error, whichever goes to the file; -1 if none does.
+int FindStandardStream(const T_FILEID_D& rId) {
+    for (const int iStream : {STDOUT_FILENO, STDERR_FILENO}) {
+        struct stat status {};
+        if (::fstat(iStream, &status) == 0 && IdOf(status) == rId) return iStream;
+    }
+    return -1;
+}
+
 char ToLower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
@@ -51,8 +64,44 @@ std::vector<std::string> ListFolder(const std::string& sFolder) {
 
 std::string FullPath(const std::string& sPath) {
     std::error_code error;
-    const std::filesystem::path full = std::filesystem::absolute(sPath, error);
-    return error ? sPath : full.string();
+    std::filesystem::path full;
+    for (const std::filesystem::path& rName : std::filesystem::absolute(sPath, error)) {
+        if (rName == ".") continue;
+        if (rName != "..") {
+            full /= rName;
+            continue;
+        }
+        if (std::filesystem::is_symlink(full, error)) { // its ".." isn't the folder that it stands in
+            const std::filesystem::path real = std::filesystem::canonical(full, error);
+            if (!error) full = real;
+        }
+        full = full.parent_path();
+    }
+    return full.empty() ? sPath : full.string();
+}
+
+T_TARGET_D FindTarget(const std::string& sPath) {
+    T_TARGET_D target;
+    std::filesystem::path path = sPath;
+    std::error_code error;
+    struct stat status {};
+    if (::stat(sPath.c_str(), &status) == 0) {
+        target.id = IdOf(status);
+        target.eTARGET = S_ISREG(status.st_mode) && FindStandardStream(target.id) < 0 ? TARGET_FILE : TARGET_STREAM;
+        const std::filesystem::path real = std::filesystem::canonical(path, error);
+        if (!error) path = real;
+    } else if (errno != ENOENT) { // opening it tells why
+        target.eTARGET = TARGET_STREAM;
+    } else {
+        while (std::filesystem::is_symlink(path, error)) { // to nothing yet, so there is an end of links
+            path = path.parent_path() / std::filesystem::read_symlink(path, error);
+        }
+    }
+    target.sPATH = path.string();
+    target.sNAME = path.filename().string();
+    const std::string sFolder = path.has_parent_path() ? path.parent_path().string() : ".";
+    if (::stat(sFolder.c_str(), &status) == 0) target.folder = IdOf(status);
+    return target;
 }
 
 /// The entry of sFolder that equals sName without regard to case, the first in byte order; empty if there is none.
@@ -109,7 +158,7 @@ int CDeckFile::Open(const std::string& sPath, std::string& rCause) {
     }
     m_iHandle = iFile;
     m_nUnread = static_cast<std::uint64_t>(status.st_size);
-    m_id = {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
+    m_id = IdOf(status);
     return 1;
 }
 
@@ -137,12 +186,44 @@ void CFile::Create(const std::string& sPath, const std::vector<T_FILEID_D>& aKee
     m_iHandle = iFile;
     struct stat status {};
     if (::fstat(iFile, &status) != 0) throw CFileException(sPath, CauseText(errno));
-    const T_FILEID_D id{static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
-    if (std::find(aKeep.begin(), aKeep.end(), id) != aKeep.end()) {
+    if (std::find(aKeep.begin(), aKeep.end(), IdOf(status)) != aKeep.end()) {
         throw CFileException(sPath, "The output file is a deck of this run");
     }
     if (S_ISREG(status.st_mode) && ::ftruncate(iFile, 0) != 0) throw CFileException(sPath, CauseText(errno));
     if (const int iFlags = ::fcntl(iFile, F_GETFL); iFlags >= 0) ::fcntl(iFile, F_SETFL, iFlags & ~O_NONBLOCK);
+}
+
+int CFile::CreateFor(const T_TARGET_D& rTarget, const std::string& sPath, const std::string& sShown) {
+    Abort();
+    m_sPath = sShown;
+    struct stat replaced {};
+    const bool bReplaces = rTarget.eTARGET == TARGET_FILE;
+    if (bReplaces) {
+        const char* sReplaced = rTarget.sPATH.c_str(); // a file that may not be written isn't replaced either
+        const bool bMay = ::stat(sReplaced, &replaced) == 0 && ::faccessat(AT_FDCWD, sReplaced, W_OK, AT_EACCESS) == 0;
+        if (!bMay) throw CFileException(sShown, CauseText(errno));
+    }
+    const int iFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    const int iFile = ::open(sPath.c_str(), iFlags, bReplaces ? 0600 : 0666);
+    if (iFile < 0 && errno == EEXIST) return 0;
+    if (iFile < 0) throw CFileException(sShown, CauseText(errno));
+    m_iHandle = iFile;
+    if (!bReplaces) return 1;
+    // as far as this user may and the file system can: no user but root gives files away, a group of one's own goes
+    const bool bOwned = ::fchown(iFile, replaced.st_uid, replaced.st_gid) == 0;
+    [[maybe_unused]] const bool bShared = bOwned || ::fchown(iFile, static_cast<uid_t>(-1), replaced.st_gid) == 0;
+    ::fchmod(iFile, replaced.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO));
+    return 1;
+}
+
+int CFile::JoinStandardStream(const T_TARGET_D& rTarget, const std::string& sShown) {
+    Abort();
+    m_sPath = sShown;
+    const int iStream = rTarget.eTARGET == TARGET_STREAM ? FindStandardStream(rTarget.id) : -1;
+    if (iStream < 0) return 0;
+    m_iHandle = ::fcntl(iStream, F_DUPFD_CLOEXEC, 0);
+    if (m_iHandle < 0) throw CFileException(sShown, CauseText(errno));
+    return 1;
 }
 
 void CFile::Flush() {

@@ -2,6 +2,8 @@
 
 #include "platform/File.h"
 
+#include "platform/Paths.h"
+#include "platform/win32/SystemPath.h"
 #include "platform/win32/Text.h"
 
 #include <algorithm>
@@ -22,14 +24,6 @@ std::wstring FullWidePath(const std::wstring& sPath) {
     return sFull;
 }
 
-/// The path in the form that the system takes at any length.
-std::wstring SystemPath(const std::string& sPath) {
-    std::wstring sWide = Widen(sPath);
-    if (sWide.size() < MAX_PATH || sWide.starts_with(L"\\\\?\\")) return sWide;
-    sWide = FullWidePath(sWide);
-    return sWide.starts_with(L"\\\\") ? L"\\\\?\\UNC" + sWide.substr(1) : L"\\\\?\\" + sWide;
-}
-
 /// Identity of an open file. Returns 1, or 0 with the last error set.
 int ReadId(HANDLE hFile, T_FILEID_D& rId) {
     BY_HANDLE_FILE_INFORMATION info{};
@@ -39,15 +33,65 @@ int ReadId(HANDLE hFile, T_FILEID_D& rId) {
     return 1;
 }
 
-bool IsFolder(const std::wstring& sPath) {
+bool HasAttribute(const std::wstring& sPath, DWORD nAttribute) {
     const DWORD nAttributes = ::GetFileAttributesW(sPath.c_str());
-    return nAttributes != INVALID_FILE_ATTRIBUTES && (nAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    return nAttributes != INVALID_FILE_ATTRIBUTES && (nAttributes & nAttribute) != 0;
+}
+
+/// Opens what stands at the path, a folder too, to look at it.
+HANDLE OpenToLook(const std::string& sPath) {
+    return ::CreateFileW(SystemPath(sPath).c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                         OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+}
+
+/// The path of an open file, behind all links; empty if the system doesn't tell.
+std::string PathBehind(HANDLE hFile) {
+    std::wstring sPath(::GetFinalPathNameByHandleW(hFile, nullptr, 0, FILE_NAME_NORMALIZED), L'\0');
+    sPath.resize(
+        ::GetFinalPathNameByHandleW(hFile, sPath.data(), static_cast<DWORD>(sPath.size()), FILE_NAME_NORMALIZED));
+    return Narrow(sPath);
+}
+
+/// Upper case as file names have it, whatever language the user has.
+std::string ToUpper(const std::string& sName) {
+    std::wstring sWide = Widen(sName);
+    const int nWide = static_cast<int>(sWide.size());
+    if (nWide > 0) ::LCMapStringW(LOCALE_INVARIANT, LCMAP_UPPERCASE, sWide.c_str(), nWide, sWide.data(), nWide);
+    return Narrow(sWide);
 }
 
 } // namespace
 
+std::wstring SystemPath(const std::string& sPath) {
+    std::wstring sWide = Widen(sPath);
+    if (sWide.size() < MAX_PATH || sWide.starts_with(L"\\\\?\\")) return sWide;
+    sWide = FullWidePath(sWide);
+    return sWide.starts_with(L"\\\\") ? L"\\\\?\\UNC" + sWide.substr(1) : L"\\\\?\\" + sWide;
+}
+
 std::string FullPath(const std::string& sPath) {
     return Narrow(FullWidePath(Widen(sPath)));
+}
+
+T_TARGET_D FindTarget(const std::string& sPath) {
+    T_TARGET_D target;
+    target.sPATH = sPath;
+    if (const HANDLE hFile = OpenToLook(sPath); hFile != INVALID_HANDLE_VALUE) {
+        const std::wstring sWide = SystemPath(sPath);
+        const bool bFile = ::GetFileType(hFile) == FILE_TYPE_DISK && !HasAttribute(sWide, FILE_ATTRIBUTE_DIRECTORY);
+        target.eTARGET = bFile && ReadId(hFile, target.id) ? TARGET_FILE : TARGET_STREAM;
+        if (bFile && HasAttribute(sWide, FILE_ATTRIBUTE_REPARSE_POINT)) {
+            if (const std::string sBehind = PathBehind(hFile); !sBehind.empty()) target.sPATH = sBehind;
+        }
+        ::CloseHandle(hFile);
+    }
+    const std::filesystem::path path = ToPath(FullPath(target.sPATH));
+    target.sNAME = ToUpper(ToText(path.filename()));
+    if (const HANDLE hFolder = OpenToLook(ToText(path.parent_path())); hFolder != INVALID_HANDLE_VALUE) {
+        ReadId(hFolder, target.folder);
+        ::CloseHandle(hFolder);
+    }
+    return target;
 }
 
 int CDeckFile::Open(const std::string& sPath, std::string& rCause) {
@@ -59,7 +103,7 @@ int CDeckFile::Open(const std::string& sPath, std::string& rCause) {
                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
     if (hFile == INVALID_HANDLE_VALUE) {
         const DWORD nError = ::GetLastError();
-        rCause = IsFolder(sWide) ? "Is a folder" : CauseText(nError);
+        rCause = HasAttribute(sWide, FILE_ATTRIBUTE_DIRECTORY) ? "Is a folder" : CauseText(nError);
         return 0;
     }
     m_iHandle = reinterpret_cast<std::intptr_t>(hFile);
@@ -105,6 +149,28 @@ void CFile::Create(const std::string& sPath, const std::vector<T_FILEID_D>& aKee
         throw CFileException(sPath, "The output file is a deck of this run");
     }
     if (!::SetEndOfFile(hFile)) throw CFileException(sPath, CauseText(::GetLastError()));
+}
+
+int CFile::CreateFor(const T_TARGET_D& rTarget, const std::string& sPath, const std::string& sShown) {
+    Abort();
+    m_sPath = sShown;
+    if (rTarget.eTARGET == TARGET_FILE && HasAttribute(SystemPath(rTarget.sPATH), FILE_ATTRIBUTE_READONLY)) {
+        throw CFileException(sShown, CauseText(ERROR_ACCESS_DENIED));
+    }
+    // shared for removal too: an interrupted program can't close it first
+    const HANDLE hFile = ::CreateFileW(SystemPath(sPath).c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                                       nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (hFile != INVALID_HANDLE_VALUE) {
+        m_iHandle = reinterpret_cast<std::intptr_t>(hFile);
+        return 1;
+    }
+    const DWORD nError = ::GetLastError();
+    if (nError == ERROR_FILE_EXISTS) return 0;
+    throw CFileException(sShown, CauseText(nError));
+}
+
+int CFile::JoinStandardStream(const T_TARGET_D&, const std::string&) {
+    return 0; // no path leads to a standard stream that is a file
 }
 
 void CFile::Flush() {

@@ -12,11 +12,20 @@ T_CALL_D g_call;
 class CCountingDialogs : public CConsoleDialogs {
   public:
     void ShowFileError(const CFileException&) override { ++g_call.nFILEERRORS; }
-    void ShowRunError(const std::string&) override { ++g_call.nRUNERRORS; }
+    int ChooseDeck(std::string& rPath) override {
+        if (g_pfnBeforeChoice) g_pfnBeforeChoice();
+        return CConsoleDialogs::ChooseDeck(rPath);
+    }
+    void ShowRunError(const std::string& sText) override {
+        ++g_call.nRUNERRORS;
+        g_call.aRUNERROR[sText.copy(g_call.aRUNERROR, sizeof g_call.aRUNERROR - 1)] = '\0';
+    }
     void ShowMessages(const std::vector<std::string>&) override { ++g_call.nLOGS; }
 };
 
 } // namespace
+
+void (*g_pfnBeforeChoice)() = nullptr;
 
 std::unique_ptr<CDialogs> MakeDialogs() {
     return std::make_unique<CCountingDialogs>();

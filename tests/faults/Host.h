@@ -28,7 +28,11 @@ struct T_CALL_D {
     int nLOGS = 0; // boxes shown
     int nFILEERRORS = 0;
     int nRUNERRORS = 0;
+    char aRUNERROR[512] = ""; // text of the last of these
 };
+
+/// What the dialogs do before they ask for a deck; null for nothing.
+extern void (*g_pfnBeforeChoice)();
 
 /// Calls pfnConvert, this program's or a library's. Boxes are counted for this program's alone.
 T_CALL_D MakeCall(CONVERTFILE2 pfnConvert);

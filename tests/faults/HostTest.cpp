@@ -18,6 +18,7 @@
 #include <fstream>
 #include <iostream>
 #include <locale>
+#include <new>
 #include <pthread.h>
 #include <signal.h>
 #include <stdexcept>
@@ -104,6 +105,46 @@ class CThrowingDialogs : public CConsoleDialogs {
   private:
     bool m_bStandard;
 };
+
+TEST(HostTest, WhatEndsACallIsToldByItsName) {
+    const std::pair<void (*)(), const char*> aExceptions[] = {
+        {[] { throw std::bad_alloc(); }, "Out of memory"},
+        {[] { throw std::length_error("vector"); }, "Out of memory"},
+        {[] { throw std::runtime_error("no window"); }, "Internal error"},
+        {[] { throw 1; }, "Internal error"},
+    };
+    for (const auto& [pfnThrow, sText] : aExceptions) {
+        g_pfnBeforeChoice = pfnThrow;
+        const T_CALL_D call = CallAsHost(&ConvertFile2, "deck.dat");
+        g_pfnBeforeChoice = nullptr;
+        EXPECT_EQ(call.iRESULT, CONVERT_FAILED);
+        EXPECT_STREQ(call.aRUNERROR, sText);
+    }
+}
+
+TEST(HostTest, ADeckWithoutExtensionAtThePrompt) {
+    const CTempFolder folder;
+    std::filesystem::create_directories(folder.Path("real/sub"));
+    std::filesystem::create_directory_symlink(folder.Path("real/sub"), folder.Path("link"));
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.Path("."));
+    WriteText("deck", "BEGIN BULK\nGRID,1\nENDDATA\n");
+    WriteText("real/deck", "BEGIN BULK\nGRID,1\nENDDATA\n");
+    const std::pair<const char*, const char*> aPrompts[] = {
+        {"deck", "deck.zdt"},
+        {"./deck", "deck.zdt"},
+        {"real/../deck", "deck.zdt"},
+        {"real/./sub/.././../deck", "deck.zdt"},
+        {"link/../deck", "real/deck.zdt"}, // the folder above the one that the link leads to
+    };
+    for (const auto& [sPrompt, sTarget] : aPrompts) {
+        const T_CALL_D call = CallAsHost(&ConvertFile2, sPrompt);
+        EXPECT_EQ(call.iRESULT, CONVERT_DONE);
+        EXPECT_EQ(call.aOUTPUT, std::filesystem::canonical(folder.Path(".")).string() + "/" + sTarget) << sPrompt;
+        EXPECT_TRUE(std::filesystem::remove(sTarget)) << sPrompt;
+    }
+    std::filesystem::current_path(before);
+}
 
 TEST(HostTest, DialogsThatThrow) {
     for (const bool bStandard : {false, true}) {

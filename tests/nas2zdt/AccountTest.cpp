@@ -48,7 +48,7 @@ CAccount Account(const std::string& sDeck) {
     WriteText(folder.Path("deck.dat"), sDeck);
     CNoDialogs dialogs;
     CAccount account;
-    CProgress progress;
+    CProgressLine progress;
     CRunWatch watch(&account, nullptr, "deck.dat", progress);
     CConvertNastran run(dialogs);
     run.SetObserver(&watch);
@@ -178,7 +178,7 @@ TEST(Sections, HaveAllLinesOfTheFile) {
         sText += r.sNAME + " " + std::to_string(r.nBLOCKS) + " " + std::to_string(r.nLINES) + "\n";
     }
     EXPECT_EQ(sText, "*VERSION 2 7\n*RIGIDLINK 1 3\n");
-    EXPECT_TRUE(CountSections(folder.Path("none.zdt")).empty());
+    EXPECT_THROW(CountSections(folder.Path("none.zdt")), CFileException);
 }
 
 } // namespace

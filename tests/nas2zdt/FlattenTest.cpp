@@ -14,7 +14,9 @@ class FlattenTest : public testing::Test {
   protected:
     /// The joined text with each line's origin in front, files by their names.
     std::string Join() {
-        m_joined = FlattenDeck(m_folder.Path("main.dat"), m_folder.Path("joined"));
+        CFile file;
+        file.Create(m_folder.Path("joined"));
+        m_joined = FlattenDeck(m_folder.Path("main.dat"), file);
         const std::string sText = ReadText(m_folder.Path("joined"));
         std::string sShown;
         std::size_t iPos = 0;
@@ -54,7 +56,7 @@ TEST_F(FlattenTest, PutsTheTextInPlaceAtAnyDepth) {
     Write("Sub/Deep/b.dat", "GRID,3\nENDDATA\nGRID,9\n");
     EXPECT_EQ(Join(), "main.dat:1 CEND\nmain.dat:2 BEGIN BULK\nmain.dat:3 GRID,1\na part.dat:1 GRID,2\nB.dat:1 GRID,3\n"
                       "a part.dat:3 $ INCLUDE 'none'\nmain.dat:5 GRID,4\nmain.dat:6 ENDDATA\n");
-    EXPECT_EQ(m_joined.aFILES.size(), 3u);
+    EXPECT_EQ(m_joined.files.size(), 3u);
 }
 
 TEST_F(FlattenTest, ReadsANameOverSeveralLines) {
@@ -100,7 +102,7 @@ TEST_F(FlattenTest, TellsWhereItFails) {
 TEST_F(FlattenTest, LongLinesAreCountedAsTheConverterDoes) {
     const std::string sLong = "$" + std::string(1000, 'x') + "\n"; // three pieces of at most 499
     Write("main.dat", sLong + "GRID,1\n");
-    m_joined = FlattenDeck(m_folder.Path("main.dat"), m_folder.Path("joined"));
+    Join();
     EXPECT_EQ(m_joined.lines.Find(1).iLINE, 1);
     EXPECT_EQ(m_joined.lines.Find(4).iLINE, 2);
     EXPECT_EQ(ReadText(m_folder.Path("joined")), sLong + "GRID,1\n");

@@ -1,8 +1,12 @@
 // Decks and output files as the system gives them.
 
+#include "platform/WholeFile.h"
 #include "support/Deck.h"
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <iterator>
 
 namespace {
 
@@ -47,6 +51,51 @@ TEST(File, KeptFileIsLeftAlone) {
     file.Write("new");
     file.Close();
     EXPECT_EQ(ReadText(folder.Path("a.zdt")), "new");
+}
+
+TEST(WholeFile, TakesItsNameWhenItIsWhole) {
+    const CTempFolder folder;
+    WriteText(folder.Path("a.zdt"), "old");
+    const T_INPUTS none;
+    {
+        CWholeFile file(folder.Path("a.zdt"), none);
+        file.GetFile().Write("unfinished");
+        file.GetFile().Flush();
+        EXPECT_EQ(ReadText(folder.Path("a.zdt")), "old");
+        EXPECT_EQ(ReadText(file.GetTemporaryPath()), "unfinished");
+    }
+    EXPECT_EQ(ReadText(folder.Path("a.zdt")), "old");
+    for (const char* sName : {"a.zdt", "b.zdt"}) {
+        CWholeFile file(folder.Path(sName), none);
+        file.GetFile().Write("new");
+        file.Finish();
+        EXPECT_EQ(ReadText(folder.Path(sName)), "new");
+    }
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(PathOf(folder.Path("."))), {}), 2);
+}
+
+TEST(WholeFile, AnInputIsLeftAlone) {
+    const CTempFolder folder;
+    WriteText(folder.Path("a.dat"), "kept");
+    std::filesystem::create_hard_link(PathOf(folder.Path("a.dat")), PathOf(folder.Path("b.zdt")));
+    const T_INPUTS inputs{{FindTarget(folder.Path("a.dat")).id, "the deck a.dat"}};
+    EXPECT_THROW(CWholeFile(folder.Path("b.zdt"), inputs), CFileException);
+    CWholeFile file(folder.Path("c.zdt"), inputs);
+    std::filesystem::create_hard_link(PathOf(folder.Path("a.dat")), PathOf(folder.Path("c.zdt"))); // in the meantime
+    EXPECT_THROW(file.Finish(), CFileException);
+    EXPECT_EQ(ReadText(folder.Path("c.zdt")), "kept");
+}
+
+TEST(File, ATargetIsToldApartBeforeItIsThere) {
+    const CTempFolder folder;
+    std::filesystem::create_directory(PathOf(folder.Path("sub")));
+    const T_TARGET_D target = FindTarget(folder.Path("a.zdt"));
+    const T_TARGET_D again = FindTarget(folder.Path("sub/../a.zdt"));
+    EXPECT_EQ(target.eTARGET, TARGET_NEW);
+    EXPECT_EQ(target.folder, again.folder);
+    EXPECT_EQ(target.sNAME, again.sNAME);
+    EXPECT_NE(target.folder, FindTarget(folder.Path("sub/a.zdt")).folder);
+    EXPECT_EQ(FindTarget(folder.Path("sub")).eTARGET, TARGET_STREAM);
 }
 
 } // namespace

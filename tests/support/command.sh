@@ -3,7 +3,7 @@
 # own, where "out" and "err" hold what the last run printed and "tmp" is the folder for temporary files.
 set -eu
 nas2zdt=$1
-folder=$(mktemp -d)
+folder=$(mktemp -d "${TMPDIR:-/tmp}/nas2zdt-XXXXXX") # without a "." of its own
 trap 'rm -rf "$folder"' EXIT
 mkdir "$folder/tmp"
 TMPDIR=$folder/tmp

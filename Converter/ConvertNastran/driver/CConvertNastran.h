@@ -20,6 +20,7 @@
 #include <vector>
 
 class CDialogs;
+class COutput;
 struct T_KEYW_D;
 struct T_LEFT_D;
 struct T_LOADCASE_ROW;
@@ -43,12 +44,9 @@ class CConvertNastran {
     /// Before a run: tells pObserver what becomes of each group of lines. It must outlive the run; null for none.
     void SetObserver(CDeckObserver* pObserver) { m_pObserver = pObserver; }
 
-    /// Before a run: the path of the target file, instead of the one beside the deck. It is refused, as a deck of the
-    /// run is, if it is one of the files aKeep.
-    void SetTarget(std::string sTarget, std::vector<T_FILEID_D> aKeep) {
-        m_sTarget = std::move(sTarget);
-        m_aKeep = std::move(aKeep);
-    }
+    /// Before a run: the model goes to pOutput instead of a file beside the deck. It must outlive the run; null for
+    /// none.
+    void SetOutput(COutput* pOutput) { m_pOutput = pOutput; }
 
     /// Before a run: the name that the log gives to the deck, instead of its path.
     void SetDeckName(std::string sName) { m_sDeckName = std::move(sName); }
@@ -248,6 +246,7 @@ class CConvertNastran {
 
     // writer/ZdtFile.cpp
     int WriteZdtFile(const std::string& sPath);
+    CFile& OpenTarget(CFile& rFile, const std::string& sPath);
     int WriteModel(CFile& rFile);
     int WriteFileVersion(CFile& rFile);
 
@@ -310,10 +309,9 @@ class CConvertNastran {
     std::unique_ptr<CZdtMsgMgr> m_pMsgMgr;
     T_FAIL_D m_failure;
     CDeckObserver* m_pObserver = nullptr;
-    std::string m_sTarget;           // empty for the one beside the deck
-    std::string m_sDeckName;         // empty for its path
-    std::uint64_t m_nBytesTold = 0;  // to the observer
-    std::vector<T_FILEID_D> m_aKeep; // files that aren't decks of the run and yet may not be written over
+    COutput* m_pOutput = nullptr;
+    std::string m_sDeckName;        // empty for its path
+    std::uint64_t m_nBytesTold = 0; // to the observer
 
     std::vector<T_DECK_D> m_aIncludeFiles; // the main deck, then those of INCLUDE cards in the order met
     std::size_t m_iCurDeck = 0;            // the one being read

@@ -43,12 +43,11 @@ void CConvertNastran::KeepFailure() noexcept {
         m_failure.eFAILURE = rError.m_eFailure;
         m_failure.iLINE = rError.m_iLine;
         m_failure.nLIMIT = rError.m_nLimit;
-    } catch (const std::bad_alloc&) {
-        m_failure.eFAILURE = FAILURE_EXHAUSTED;
-        m_failure.iLINE = bReading ? m_iLineNo : 0;
     } catch (const std::exception& rError) {
-        m_failure.eFAILURE = FAILURE_INTERNAL;
-        keep(m_failure.sCAUSE, rError.what());
+        const bool bExhausted = IsOutOfMemory(rError);
+        m_failure.eFAILURE = bExhausted ? FAILURE_EXHAUSTED : FAILURE_INTERNAL;
+        if (bExhausted && bReading) m_failure.iLINE = m_iLineNo;
+        if (!bExhausted) keep(m_failure.sCAUSE, rError.what());
     } catch (...) { // what a host's dialogs may throw
         m_failure.eFAILURE = FAILURE_INTERNAL;
     }

@@ -7,6 +7,7 @@
 #include "platform/Dialogs.h"
 
 #include <cstring>
+#include <exception>
 #include <string>
 
 namespace {
@@ -39,14 +40,17 @@ std::int32_t ConvertChosenDeck(CDialogs& rDialogs, char* sOutput, std::int32_t n
 
 std::int32_t CONVERTNASTRAN_CALL ConvertFile2(char* sOutput, std::int32_t nOutput) {
     std::unique_ptr<CDialogs> pDialogs;
+    const char* sWhy = "Internal error"; // a string holds a text as short as these in itself
     try {
         pDialogs = MakeDialogs();
         return ConvertChosenDeck(*pDialogs, sOutput, nOutput);
-    } catch (...) { // nothing may cross into the host; what a run throws was dealt with before, so memory ran out here
+    } catch (const std::exception& rError) { // what a run throws was dealt with before
+        if (IsOutOfMemory(rError)) sWhy = "Out of memory";
+    } catch (...) { // nothing may cross into the host
     }
     try {
-        if (pDialogs) pDialogs->ShowRunError("Out of memory"); // a string holds a text as short as this in itself
-    } catch (...) {                                            // the one message can't be shown either
+        if (pDialogs) pDialogs->ShowRunError(sWhy);
+    } catch (...) { // the one message can't be shown either
     }
     return CONVERT_FAILED;
 }

@@ -2,6 +2,9 @@
 
 #include "driver/RunError.h"
 
+#include <new>
+#include <stdexcept>
+
 std::string T_FAIL_D::GetText() const {
     std::string sPlace = sFILE; // none once the decks are read
     if (iLINE > 0 && !sFILE.empty()) sPlace += ":" + std::to_string(iLINE);
@@ -29,4 +32,8 @@ std::string T_FAIL_D::GetText() const {
         break;
     }
     return sPlace + "internal error: " + sCAUSE;
+}
+
+bool IsOutOfMemory(const std::exception& rError) noexcept {
+    return dynamic_cast<const std::bad_alloc*>(&rError) || dynamic_cast<const std::length_error*>(&rError);
 }

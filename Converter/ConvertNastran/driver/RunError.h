@@ -31,6 +31,9 @@ struct T_FAIL_D {
     std::string GetText() const;
 };
 
+/// Whether an exception says that memory ran out, or that more was asked for than any memory holds.
+bool IsOutOfMemory(const std::exception& rError) noexcept;
+
 /// Ends the run from wherever it is thrown. CConvertNastran::Convert turns it into the reason and a result.
 class CRunError : public std::exception {
   public:

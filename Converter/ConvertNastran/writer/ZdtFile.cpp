@@ -3,6 +3,7 @@
 #include "driver/CConvertNastran.h"
 
 #include "platform/Dialogs.h"
+#include "writer/Output.h"
 
 std::string CConvertNastran::TargetPath(const std::string& sPath) {
     return sPath.substr(0, sPath.rfind('.')) + ".zdt";
@@ -11,19 +12,31 @@ std::string CConvertNastran::TargetPath(const std::string& sPath) {
 /// Writes the model beside the deck sPath, or where the host wants it. Returns 1, also when the file fails, which the
 /// user is told; 0 if a section writer gave up.
 int CConvertNastran::WriteZdtFile(const std::string& sPath) {
-    CFile file;
+    CFile own;
+    CFile* pFile = &own;
     try {
-        std::vector<T_FILEID_D> aKeep = m_aKeep;
-        for (const T_DECK_D& rDeck : m_aIncludeFiles) aKeep.push_back(rDeck.id);
-        file.Create(m_sTarget.empty() ? TargetPath(sPath) : m_sTarget, aKeep);
-        const int iResult = WriteModel(file);
-        file.Close();
+        pFile = &OpenTarget(own, sPath);
+        const int iResult = WriteModel(*pFile);
+        pFile->Close();
         return iResult ? 1 : 0;
     } catch (const CFileException& rError) {
         m_rDialogs.ShowFileError(rError);
-        file.Abort();
+        pFile->Abort();
         return 1;
     }
+}
+
+/// The file of the host, or rFile opened on the target file of the deck sPath.
+CFile& CConvertNastran::OpenTarget(CFile& rFile, const std::string& sPath) {
+    if (m_pOutput) {
+        T_INPUTS decks;
+        for (const T_DECK_D& rDeck : m_aIncludeFiles) decks.emplace(rDeck.id, "the deck " + rDeck.sPATH);
+        return m_pOutput->Open(decks);
+    }
+    std::vector<T_FILEID_D> aKeep;
+    for (const T_DECK_D& rDeck : m_aIncludeFiles) aKeep.push_back(rDeck.id);
+    rFile.Create(TargetPath(sPath), aKeep);
+    return rFile;
 }
 
 /// The sections in the order of the file. Returns 0 at the first that does.

@@ -1,0 +1,68 @@
+// Temporary paths on Windows.
+
+#include "platform/TempPath.h"
+
+#include "platform/TempSystem.h"
+#include "platform/win32/SystemPath.h"
+#include "platform/win32/Text.h"
+
+#include <cstdio>
+#include <random>
+#include <windows.h>
+
+namespace {
+
+constexpr int TRIES = 100;
+
+SRWLOCK g_lock = SRWLOCK_INIT; // the system tells of Ctrl-C on a thread of its own
+
+/// Keeps the lock, so that the program, which ends next, makes nothing more.
+BOOL WINAPI RemoveAndEnd(DWORD) {
+    ::AcquireSRWLockExclusive(&g_lock);
+    RemoveTempPaths();
+    return FALSE;
+}
+
+} // namespace
+
+CUninterrupted::CUninterrupted() {
+    [[maybe_unused]] static const BOOL bCaught = ::SetConsoleCtrlHandler(&RemoveAndEnd, TRUE);
+    ::AcquireSRWLockExclusive(&g_lock);
+}
+
+CUninterrupted::~CUninterrupted() {
+    ::ReleaseSRWLockExclusive(&g_lock);
+}
+
+std::filesystem::path SystemName(const std::string& sPath) {
+    return SystemPath(sPath);
+}
+
+int MakePrivateFolder(const std::string& sStart, std::string& rPath, std::string& rCause) {
+    std::random_device random;
+    for (int i = 0; i < TRIES; ++i) {
+        char aName[20];
+        std::snprintf(aName, sizeof aName, "%08x%08x", random(), random());
+        rPath = sStart + aName;
+        // The system's folder for temporary files is the user's own, and what is made in it is too.
+        if (::CreateDirectoryW(SystemPath(rPath).c_str(), nullptr)) return 1;
+        const DWORD nError = ::GetLastError();
+        rCause = CauseText(nError);
+        if (nError != ERROR_ALREADY_EXISTS) break;
+    }
+    return 0;
+}
+
+int MoveOver(const std::filesystem::path& rFrom, const std::filesystem::path& rTo, std::string& rCause) {
+    if (::MoveFileExW(rFrom.c_str(), rTo.c_str(), MOVEFILE_REPLACE_EXISTING)) return 1;
+    rCause = CauseText(::GetLastError());
+    return 0;
+}
+
+void RemoveNow(const wchar_t* pName, bool bFolder) noexcept {
+    if (bFolder) {
+        ::RemoveDirectoryW(pName);
+    } else {
+        ::DeleteFileW(pName);
+    }
+}

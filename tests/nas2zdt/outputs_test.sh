@@ -1,0 +1,137 @@
+#!/bin/sh
+# The command's files are whole or not there, and nothing is overwritten that shouldn't be. Usage: outputs_test.sh NAS2ZDT
+# shellcheck source=tests/support/command.sh
+. "$(dirname "$0")/../support/command.sh"
+
+printf '*VERSION\n  5.8.1\n\n*NODE\n  1, 0, 0, 0\n\n' >one.expected
+printf 'BEGIN BULK\nGRID,1\nENDDATA\n' >good.dat
+awk 'BEGIN { print "BEGIN BULK"; for (i = 1; i < 100000; ++i) print "GRID," i ",,1.5"; print "ENDDATA" }' >big.dat
+expect "a big deck" 0 -q big.dat
+mv big.zdt big.expected
+
+# nothing NAME: no temporary file is left here
+nothing() { [ -z "$(find . -name '.nas2zdt-*' -o -name '*.part' | head -n 1)" ] || fail "$1: something is left behind"; }
+
+# same NAME FILE EXPECTED: the files are alike
+same() { cmp "$2" "$3" || fail "$1"; }
+
+# ---- a result without an extension of its deck stands beside the deck
+mkdir -p a/b real/sub v.2
+cp good.dat deck
+cp good.dat a/deck
+cp good.dat real/deck
+ln -s real/sub link
+expect "a deck without an extension" 0 ./deck
+same "a deck without an extension" deck.zdt one.expected
+grep -Fxq '** Original File   : ./deck' out || fail "the log names the deck as the user did"
+(cd a/b && "$nas2zdt" -q ../deck) || fail "a deck in the folder above"
+same "a deck in the folder above" a/deck.zdt one.expected
+expect "a deck above a link" 0 -q link/../deck
+same "a deck above a link" real/deck.zdt one.expected
+cp good.dat v.2/deck
+(cd v.2 && "$nas2zdt" -q ./deck) || fail "a deck in a folder with a point"
+same "the last point is that of the full path" v.zdt one.expected
+[ -z "$(find . -name '.zdt' -o -name '..zdt')" ] || fail "a result without a name"
+
+# ---- what an older file was stays
+printf old >old.zdt
+chmod 604 old.zdt
+ln -s old.zdt linked.zdt
+ln -s new.zdt dangling.zdt
+expect "through a link" 0 -q -o linked.zdt good.dat
+same "through a link" old.zdt one.expected
+[ -h linked.zdt ] || fail "a link stays a link"
+[ "$(stat -c %a old.zdt)" -eq 604 ] || fail "the mode of an older file"
+expect "through a link to nothing" 0 -q -o dangling.zdt good.dat
+same "through a link to nothing" new.zdt one.expected
+umask 027
+expect "the usual mode" 0 -q -o usual.zdt --view usual.svg --log usual.log good.dat
+[ "$(stat -c %a usual.zdt usual.svg usual.log | uniq)" = 640 ] || fail "the usual mode"
+umask 022
+if [ "$(id -u)" -ne 0 ]; then
+    printf old >readonly.zdt
+    chmod 444 readonly.zdt
+    expect "a file that may not be written" 1 -q -o readonly.zdt good.dat
+    [ "$(cat readonly.zdt)" = old ] || fail "a file that may not be written"
+fi
+
+# ---- devices and pipes are written straight
+expect "nowhere" 0 -q -o /dev/null good.dat
+[ -c /dev/null ] || fail "the device is still there"
+expect "standard output that is a file" 0 -q -o /dev/stdout good.dat
+same "standard output that is a file" out one.expected
+"$nas2zdt" -q -o /dev/stdout good.dat | cmp - one.expected || fail "standard output that is a pipe"
+expect "an account without a file" 0 -q --account -o /dev/null good.dat
+
+# ---- a failed write and a failed run leave the older files
+printf old >big.zdt
+printf old >big.svg
+(ulimit -f 8 && "$nas2zdt" -q --view big.svg big.dat 2>err) && fail "a full disk"
+grep -q '^nas2zdt: big.zdt: ' err || fail "a full disk is told"
+[ "$(cat big.zdt)" = old ] || fail "a full disk"
+printf 'BEGIN BULK\nINCLUDE,none.inc\nENDDATA\n' >bad.dat
+printf old >bad.zdt
+expect "a failed run" 1 -q bad.dat
+[ "$(cat bad.zdt)" = old ] || fail "a failed run"
+nothing "failures"
+
+# ---- signals at any time; a shell has what it puts behind ignore those of the keyboard
+printf old >old.expected
+for signal in TERM HUP USR1; do
+    for delay in 0 0.02 0.04 0.06; do
+        cp old.expected big.zdt
+        "$nas2zdt" -q --flatten big.dat &
+        sleep $delay
+        kill -$signal $! 2>/dev/null || true
+        { wait $!; } 2>/dev/null || true
+        cmp -s big.zdt old.expected || same "$signal" big.zdt big.expected
+        nothing "$signal"
+        [ -z "$(ls tmp)" ] || fail "$signal: a joined deck is left behind"
+    done
+done
+
+# ---- two runs at once
+sed 's/1\.5$/2.5/' big.dat >other.dat
+expect "the other deck" 0 -q other.dat
+mv other.zdt other.expected
+for _ in 1 2 3 4 5 6; do
+    "$nas2zdt" -q -o shared.zdt big.dat &
+    "$nas2zdt" -q -o shared.zdt other.dat || fail "two runs at once"
+    wait $! || fail "two runs at once"
+    cmp -s shared.zdt big.expected || same "two runs at once" shared.zdt other.expected
+done
+nothing "two runs at once"
+
+# ---- outputs that meet decks and each other: refused before anything is written
+rm -f good.zdt
+cp good.dat PART.INC
+printf 'BEGIN BULK\nINCLUDE,PART.INC\nENDDATA\n' >outer.dat
+ln PART.INC hard.svg
+cp good.dat twin.svg
+ln twin.svg twin.vtu
+ln -s out.svg out.vtu
+while IFS='|' read -r args why; do
+    # shellcheck disable=SC2086 # several arguments
+    expect "$args" 1 -q $args
+    grep -Fxq "nas2zdt: $why" err || fail "$args: the reason"
+    for output in outer.zdt good.zdt out.svg; do [ ! -e $output ] || fail "$args: $output was written"; done
+    same "$args" PART.INC good.dat
+done <<END
+-o good.dat good.dat|good.dat: its result good.dat would overwrite the deck good.dat
+-o PART.INC outer.dat|PART.INC: would overwrite the deck PART.INC
+--flatten -o PART.INC outer.dat|PART.INC: would overwrite the deck PART.INC
+--view hard.svg outer.dat|hard.svg: would overwrite the deck PART.INC
+--log hard.svg outer.dat|hard.svg: would overwrite the deck PART.INC
+--log good.dat good.dat|good.dat: the log would overwrite the deck good.dat
+--log ./good.zdt good.dat|./good.zdt: the log would overwrite the result of good.dat
+-o both.x --view both.x good.dat|both.x: the picture would overwrite the result of good.dat
+--view x --vtu a/../x good.dat|a/../x: the grid would overwrite the picture x
+--view out.svg --vtu out.vtu good.dat|out.vtu: the grid would overwrite the picture out.svg
+--view twin.svg --vtu twin.vtu good.dat|twin.vtu: the grid would overwrite the picture twin.svg
+--view missing/x good.dat|missing: no such folder
+END
+for args in "--view x.vtu" "--view X.DAT" "--view x.zdt" "--vtu x.svg" "--vtu=x.json"; do
+    # shellcheck disable=SC2086 # several arguments
+    expect "the name of another format: $args" 2 $args good.dat
+done
+echo "1 passed, 0 failed"
