@@ -157,7 +157,8 @@ grep -q '^nas2zdt: folder for temporary files: ' err || fail "no folder for temp
 
 # ---- output that nobody takes: results are whole, and only what was asked for is missed
 mkfifo pipe
-exec 3<>pipe 4>pipe 3>&- # a pipe whose reader is gone
+exec 3<>pipe
+exec 4>pipe 3>&- # a pipe whose reader is gone
 head -c 4096 /dev/zero >full
 # untaken STATUS ARGS...: the command with ARGS must exit so, its output a broken pipe or a file at its limit
 untaken() {
@@ -191,7 +192,8 @@ plain() {
     name=$1
     shift
     for file; do
-        LC_ALL=C tr -d '\000-\011\013-\037\177\200-\237' <"$file" | cmp -s - "$file" || fail "$name: $file commands"
+        commands=$(LC_ALL=C tr -dc '\000-\011\013-\037\177-\237' <"$file" | wc -c)
+        [ "$commands" -eq 0 ] || fail "$name: $file has control characters"
     done
 }
 odd=$(printf 'd\033[2J\302\233K\233\177')
