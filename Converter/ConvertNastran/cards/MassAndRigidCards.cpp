@@ -3,6 +3,9 @@
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
 
+#include <cstdint>
+#include <utility>
+
 namespace {
 
 /// The same without a fault for the lowest number, which is its own negative.
