@@ -37,7 +37,8 @@ T_NOTE_D& CAccount::FindNote(T_WORD_D& rWord, E_NOTE eNote, std::string_view sTe
                             [&](const T_NOTE_D& rNote) { return rNote.eNOTE == eNote && rNote.sTEXT == sText; });
     };
     auto pNote = find();
-    if (pNote == rWord.aNOTES.end() && !sText.empty() && rWord.aNOTES.size() >= T_WORD_D::MOST_NOTES) {
+    const bool bFields = eNote == NOTE_FIELDS || eNote == NOTE_PAST_READ;
+    if (pNote == rWord.aNOTES.end() && bFields && rWord.aNOTES.size() >= T_WORD_D::MOST_NOTES) {
         sText = "other fields";
         pNote = find();
     }

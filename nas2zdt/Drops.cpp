@@ -51,6 +51,13 @@ constexpr T_ROW_D ROWS[] = {
 
 constexpr std::string_view THRU = "THRU";
 
+/// Whether a field holds something that can be lost. A blank doesn't, nor does the value that counts without the field.
+bool HoldsSomething(std::string_view sField, double dNeutral = 0.0) {
+    const auto isNothing = [&](char c) { return c == '\r' || (dNeutral == 0.0 && (c == '0' || c == '.')); };
+    if (std::all_of(sField.begin(), sField.end(), isNothing)) return false;
+    return dNeutral == 0.0 || TextToReal(sField) != dNeutral;
+}
+
 /// Names with commas between them, each once.
 class CNameList {
   public:
@@ -71,12 +78,6 @@ class CNameList {
 };
 
 } // namespace
-
-bool HoldsSomething(std::string_view sField, double dNeutral) {
-    const auto isNothing = [&](char c) { return c == '\r' || (dNeutral == 0.0 && (c == '0' || c == '.')); };
-    if (std::all_of(sField.begin(), sField.end(), isNothing)) return false;
-    return dNeutral == 0.0 || TextToReal(sField) != dNeutral;
-}
 
 CDrops::CDrops(std::string_view sKeyword) : m_names(sKeyword) {
     const std::vector<std::string_view>& rFixed = m_names.GetFixed();

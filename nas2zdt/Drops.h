@@ -10,9 +10,6 @@
 #include <string_view>
 #include <vector>
 
-/// Whether a field holds something that can be lost. A blank doesn't, nor does the value that counts without the field.
-bool HoldsSomething(std::string_view sField, double dNeutral = 0.0);
-
 /// What a card loses: names of fields with commas between them; of a list, those of its first entry that is lost.
 struct T_DROPPED_D {
     std::string sFIELDS;   // skipped by the handler, or stored and not written

@@ -6,6 +6,9 @@
 #include "reader/FieldCursor.h"
 
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
 
 namespace {
 

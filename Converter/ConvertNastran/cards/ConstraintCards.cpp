@@ -4,6 +4,8 @@
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
 
+#include <cstdint>
+
 namespace {
 
 /// G, C and D, whose name is sD; an enforced value isn't kept.

@@ -3,6 +3,8 @@
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
 
+#include <cstdint>
+
 namespace {
 
 /// A frame by three grids, the next fields of the card.

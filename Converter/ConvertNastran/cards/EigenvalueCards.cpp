@@ -3,6 +3,8 @@
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
 
+#include <cstdint>
+
 int CConvertNastran::ParseEIGB(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
     const std::int32_t iSID = fields.Int();

@@ -4,6 +4,10 @@
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
 namespace {
 
 /// TYPE of PLOAD1: what the load is and where it points.

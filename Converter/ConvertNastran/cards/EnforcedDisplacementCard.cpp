@@ -4,6 +4,9 @@
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
 
+#include <array>
+#include <cstddef>
+
 /// A load, not a constraint. The first pair stands whatever its grid is.
 int CConvertNastran::ParseSPCD(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);

@@ -3,6 +3,10 @@
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
 namespace {
 
 /// PS is a list of digits; each of 1 to 6 holds its component down, anything else is passed over.

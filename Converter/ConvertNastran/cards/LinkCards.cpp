@@ -5,6 +5,9 @@
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
 
+#include <cstdint>
+#include <utility>
+
 namespace {
 
 constexpr T_LAYT_D BUSH = {TYPE_BUSH, SHAPE_LINE, LINE_SLOTS};

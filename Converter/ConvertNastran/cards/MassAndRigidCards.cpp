@@ -4,6 +4,9 @@
 #include "reader/FieldCursor.h"
 #include "store/PropertySlots.h"
 
+#include <cstdint>
+#include <utility>
+
 namespace {
 
 /// The same without a fault for the lowest number, which is its own negative.

@@ -3,6 +3,8 @@
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
 
+#include <cstdint>
+
 int CConvertNastran::ParseMAT1(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
     const std::int32_t iMID = fields.Int();

@@ -3,6 +3,9 @@
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
 
+#include <cstddef>
+#include <cstdint>
+
 /// Adds a force or moment. Forms 1 and 2 keep the magnitude alone; their direction is worked out once all grids are
 /// known.
 int CConvertNastran::AddNodalLoad(const T_DATA_D& rCard, E_LOAD_KIND eKind, E_LOAD_FORM eForm) {

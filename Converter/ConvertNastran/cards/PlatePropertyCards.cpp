@@ -4,6 +4,10 @@
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
 namespace {
 
 // The last ply whose thickness and angle have slots: ply k, counted from 1, ends in slot 2k + 2.

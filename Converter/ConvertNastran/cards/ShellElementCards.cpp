@@ -4,6 +4,11 @@
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <utility>
+
 namespace {
 
 // Corners come first, midside nodes from slot 4 on, also behind a triangle.

@@ -3,6 +3,8 @@
 #include "cards/NodeLayout.h"
 #include "driver/CConvertNastran.h"
 
+#include <cstddef>
+
 namespace {
 
 // All have the layout of a hexahedron of 20 nodes, four slots a ring: the corners of the bottom and the top, then the

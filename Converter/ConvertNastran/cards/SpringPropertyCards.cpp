@@ -3,6 +3,9 @@
 #include "cards/PropertyFields.h"
 #include "driver/CConvertNastran.h"
 
+#include <cstdint>
+#include <utility>
+
 int CConvertNastran::ParsePELAS(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
     for (int iHalf = 0; iHalf < 2; ++iHalf) { // one card holds up to two properties

@@ -4,6 +4,9 @@
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
 
+#include <algorithm>
+#include <cstdint>
+
 namespace {
 
 /// Reads three pairs of id and temperature. The first stands whatever its id is, the others with an id above 0.
