@@ -114,7 +114,8 @@ class CDataPool {
 
     /// Angle in degrees by which the orientation (dVX, dVY, dVZ), in global axes, turns a link about the line between
     /// two nodes; 0 if it lies along that line. Goes by the card's coordinates; a missing first node counts as the
-    /// origin, a missing second one as the first. Always 1.
+    /// origin, a missing second one as the first. An angle that the arithmetic can't give is a not-a-number: positive
+    /// if the cosine is out of range by rounding, negative if it comes of infinite values. Always 1.
     int ComputeBetaAngle(std::int32_t iNode1, std::int32_t iNode2, double dVX, double dVY, double dVZ,
                          double& rAngle) const;
 

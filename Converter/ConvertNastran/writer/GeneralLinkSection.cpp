@@ -3,6 +3,9 @@
 #include "driver/CConvertNastran.h"
 #include "writer/Springs.h"
 
+#include <cmath>
+#include <string>
+
 namespace {
 
 void WritePropertyHeader(CFile& rFile) {
@@ -45,6 +48,13 @@ void WriteGap(CFile& rFile, std::int32_t iPID, const T_PROP_D& rProperty) {
         const double dOpen = bActive ? dU0 : 0.0;
         CConvertNastran::WriteLine(rFile, " %s, %g, 0., %s, %g, %g\n", sActive, dS, sActive, dS, dOpen);
     }
+}
+
+/// %g of an angle, which can be the one positive not-a-number of the file.
+std::string AngleText(double dAngle) {
+    if (std::isnan(dAngle) && !std::signbit(dAngle)) return "nan";
+    char aText[LONGEST_REAL];
+    return {aText, PutReal(aText, dAngle)};
 }
 
 } // namespace
@@ -100,7 +110,7 @@ int CConvertNastran::WriteBushGapLinks(CFile& rFile) {
         }
         double dAngle = 0.0;
         m_pDataPool->ComputeBetaAngle(iNode1, iNode2, dVector[0], dVector[1], dVector[2], dAngle);
-        WriteLine(rFile, " %d, %d, %d, GPROP%d, , 0, %g, \n", iID, iNode1, iNode2, rElement.iPID, dAngle);
+        WriteLine(rFile, " %d, %d, %d, GPROP%d, , 0, %s, \n", iID, iNode1, iNode2, rElement.iPID, AngleText(dAngle));
     }
     WriteLine(rFile, "\n"); // any element makes this line, and only then comes the switch back
     return bAny ? WriteFileVersion(rFile) : 1;

@@ -4,7 +4,8 @@
 
 #include "driver/CConvertNastran.h"
 #include "store/PropertySlots.h"
-#include "resolve/MathFunc.h"
+
+#include <cmath>
 
 namespace {
 
@@ -15,7 +16,7 @@ void WriteClosingLines(CFile& rFile) {
 }
 
 void WriteTaperedEnd(CFile& rFile, const T_STIF_D& rEnd) {
-    const double dSide = CMathFunc::SquareRoot(rEnd.dA);
+    const double dSide = std::sqrt(rEnd.dA);
     CConvertNastran::WriteLine(rFile, "    %g, %g, 0, 0, 0, 0, 0, 0\n", dSide, dSide);
     CConvertNastran::WriteLine(rFile, "    %g, %g, %g, %g, %g, %g\n", rEnd.dA, rEnd.dAS1, rEnd.dAS2, rEnd.dJ, rEnd.dI1,
                                rEnd.dI2);
@@ -36,7 +37,7 @@ T_STIF_D EndStiffness(const T_PROP_D& rProperty, std::size_t iEnd) {
 }
 
 void WriteValueSection(CFile& rFile, std::int32_t iPID, const T_STIF_D& rStiffness) {
-    const double dSide = CMathFunc::SquareRoot(rStiffness.dA);
+    const double dSide = std::sqrt(rStiffness.dA);
     CConvertNastran::WriteLine(rFile, "  %d, VALUE, %s, CC, SB, BUILT, %g, %g, 0, 0, 0, 0, 0, 0\n", iPID,
                                SectionName(iPID), dSide, dSide);
     // Three blanks more than in a tapered section.
