@@ -49,7 +49,7 @@ void CDataPool::ResolveGridPositions() {
     const auto turnCord2C = [](POINT& rPoint) { TurnCylinder(rPoint, POLAR_PI); };
     bool bAllFound = true;
     const auto inFrame = [](std::uint16_t nTraits) { return (nTraits & NODE_IN_FRAME) != 0; };
-    NODS.ForEach(inFrame, [&](std::int32_t, T_NODS_D& rNode) {
+    NODS.UpdateEach(inFrame, [&](std::int32_t, T_NODS_D& rNode) {
         double dP[3] = {rNode.dX1, rNode.dX2, rNode.dX3};
         // Every table is tried, also after a hit: systems that share an id apply one after the other.
         bool bFound = CarryOut(CD1R.Find(rNode.iCP), dP, keep);
