@@ -33,10 +33,12 @@ void PlaceByGrids(CMap<RECORD>& rTable, const CMap<T_NODS_D>& rNodes) {
     });
 }
 
+/// All links must be there: the chains are measured, too.
 template <class RECORD>
 void PlaceByPoints(CMap<RECORD>& rTable) {
     rTable.UpdateEach([](std::int32_t, T_CD2_D& rSystem) {
         rSystem.frame.SetByThreePoints(rSystem.dA, rSystem.dB, rSystem.dC);
+        rSystem.frame.MeasureChain();
     });
 }
 
