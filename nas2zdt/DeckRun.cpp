@@ -3,6 +3,7 @@
 #include "nas2zdt/DeckRun.h"
 
 #include "driver/CConvertNastran.h"
+#include "nas2zdt/LimitNames.h"
 #include "nas2zdt/RunWatch.h"
 #include "nas2zdt/TempFiles.h"
 #include "nas2zdt/picture/SvgWriter.h"
@@ -49,7 +50,7 @@ void CDeckRun::Run() {
     try {
         if (!m_rOptions.bFLATTEN) return Convert(m_rJob.sDECK, nullptr);
         const CJoinFolder folder;
-        m_joined = FlattenDeck(m_rJob.sDECK, folder.GetFile());
+        m_joined = FlattenDeck(m_rJob.sDECK, folder.GetFile(), m_rOptions.limits.nDECKS);
         m_aKeep.insert(m_aKeep.end(), m_joined.aFILES.begin(), m_joined.aFILES.end());
         Convert(folder.GetFile(), &m_joined.lines);
     } catch (const CFlattenError& rError) {
@@ -73,6 +74,7 @@ void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
     if (watch.IsNeeded()) run.SetObserver(&watch);
     run.SetTarget(m_rJob.sTARGET, m_aKeep);
     run.SetDeckName(m_rJob.sDECK);
+    run.SetLimits(m_rOptions.limits);
     const bool bEnded = run.Convert(sDeck) != 0;
     progress.Clear();
     m_result.aLOG = run.GetMsgMgr().GetMessages();
@@ -107,6 +109,9 @@ void CDeckRun::FailRun(T_FAIL_D failure, const CLineMap* pLines) {
     }
     if (failure.sFILE.empty()) failure.sFILE = m_rJob.sDECK; // of no deck in particular
     Fail(failure.GetText());
+    if (const std::string_view sLimit = NameOfLimit(failure.eFAILURE); !sLimit.empty()) {
+        std::cerr << "nas2zdt: " << m_rJob.sDECK << ": the option --limit " << sLimit << "=N sets this limit\n";
+    }
     if (!IsIncludeFailure(failure.eFAILURE)) return;
     std::cerr << "nas2zdt: " << m_rJob.sDECK << ": the option --flatten reads includes as NASTRAN does\n";
 }

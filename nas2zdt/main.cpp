@@ -11,7 +11,9 @@
 #include "platform/console/ConsoleDialogs.h"
 
 #include <cstdio>
+#include <exception>
 #include <iostream>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -122,8 +124,12 @@ int Run(int nArgs, char** aArgs) {
 int main(int nArgs, char** aArgs) {
     try {
         return Run(nArgs, aArgs);
-    } catch (...) { // what a run throws was dealt with before, so memory ran out here
+    } catch (const std::bad_alloc&) {
         std::fputs("nas2zdt: not enough memory\n", stderr);
-        return EXIT_FAILED;
+    } catch (const std::exception& rError) {
+        std::fprintf(stderr, "nas2zdt: internal error: %s\n", rError.what());
+    } catch (...) {
+        std::fputs("nas2zdt: internal error\n", stderr);
     }
+    return EXIT_FAILED;
 }

@@ -93,6 +93,7 @@ void CDeckFile::Close() {
 void CFile::Create(const std::string& sPath, const std::vector<T_FILEID_D>& aKeep) {
     Abort();
     m_sPath = sPath;
+    m_nFlushed = 0;
     // Not cut on opening: a deck that is its own output file must be recognised first.
     const HANDLE hFile = ::CreateFileW(SystemPath(sPath).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
                                        FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -108,6 +109,7 @@ void CFile::Create(const std::string& sPath, const std::vector<T_FILEID_D>& aKee
 }
 
 void CFile::Flush() {
+    CountFlush();
     const char* pData = m_pBuffer.get();
     std::size_t nLeft = m_nUsed;
     m_nUsed = 0; // whatever fails below, these bytes are not written twice

@@ -28,10 +28,12 @@ struct T_CALL_D {
     int nLOGS = 0; // boxes shown
     int nFILEERRORS = 0;
     int nRUNERRORS = 0;
+    char aRUNERROR[64] = ""; // the beginning of the last one
 };
 
-/// Calls pfnConvert, this program's or a library's. Boxes are counted for this program's alone.
-T_CALL_D MakeCall(CONVERTFILE2 pfnConvert);
+/// Calls pfnConvert, this program's or a library's. Boxes are counted for this program's alone, and pfnNotice, if there
+/// is one, is called in place of its notice.
+T_CALL_D MakeCall(CONVERTFILE2 pfnConvert, void (*pfnNotice)() = nullptr);
 
 /// The same with sDeck at the prompt.
 T_CALL_D CallAsHost(CONVERTFILE2 pfnConvert, const std::string& sDeck);

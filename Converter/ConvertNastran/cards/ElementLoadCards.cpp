@@ -1,6 +1,5 @@
 // PLOAD1, PLOAD2 and PLOAD4: loads on elements.
 
-#include "cards/IdRange.h"
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
 
@@ -72,7 +71,7 @@ int CConvertNastran::ParsePLOAD2(const T_DATA_D& rCard) {
     };
     if (fields.Peek() == "THRU") {
         fields.Skip(1);
-        WalkRange(rCard, entry.iID, fields.Int(), AddCopy);
+        WalkRange(TakeRange(rCard, entry.iID, fields.Int()), AddCopy);
         return 1;
     }
     for (int iField = 0; iField < 5; ++iField) { // EID2 to EID6; no line behind the first is read

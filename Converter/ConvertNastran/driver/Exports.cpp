@@ -7,6 +7,7 @@
 #include "platform/Dialogs.h"
 
 #include <cstring>
+#include <new>
 #include <string>
 
 namespace {
@@ -39,14 +40,17 @@ std::int32_t ConvertChosenDeck(CDialogs& rDialogs, char* sOutput, std::int32_t n
 
 std::int32_t CONVERTNASTRAN_CALL ConvertFile2(char* sOutput, std::int32_t nOutput) {
     std::unique_ptr<CDialogs> pDialogs;
-    try {
+    const char* sWhy = "Internal error"; // a string holds texts as short as these in itself
+    try {                                // nothing may cross into the host; what a run throws was dealt with before
         pDialogs = MakeDialogs();
         return ConvertChosenDeck(*pDialogs, sOutput, nOutput);
-    } catch (...) { // nothing may cross into the host; what a run throws was dealt with before, so memory ran out here
+    } catch (const std::bad_alloc&) {
+        sWhy = "Out of memory";
+    } catch (...) { // of the dialogs
     }
     try {
-        if (pDialogs) pDialogs->ShowRunError("Out of memory"); // a string holds a text as short as this in itself
-    } catch (...) {                                            // the one message can't be shown either
+        if (pDialogs) pDialogs->ShowRunError(sWhy);
+    } catch (...) { // the one message can't be shown either
     }
     return CONVERT_FAILED;
 }

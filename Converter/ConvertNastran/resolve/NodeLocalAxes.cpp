@@ -17,8 +17,8 @@ void CDataPool::ResolveNodeLocalAxes() {
             // The first point stays at the basic origin while the others are carried out of the frame with its origin,
             // and the axes of a cylinder or sphere are those of its rectangular frame. Both are what the target gets.
             axis.dP1[0] = axis.dP2[0] = axis.dP2[1] = 1.0;
-            pFrame->ToGlobal(axis.dP1[0], axis.dP1[1], axis.dP1[2]);
-            pFrame->ToGlobal(axis.dP2[0], axis.dP2[1], axis.dP2[2]);
+            CarryOut(*pFrame, axis.dP1);
+            CarryOut(*pFrame, axis.dP2);
             axes.SetAt(rNode.iCD, axis);
         }
         axis.iNODE = iID;

@@ -9,9 +9,12 @@ std::string CConvertNastran::TargetPath(const std::string& sPath) {
 }
 
 /// Writes the model beside the deck sPath, or where the host wants it. Returns 1, also when the file fails, which the
-/// user is told; 0 if a section writer gave up.
+/// user is told; 0 if a section writer gave up. Throws CRunError if the limit on output is passed: what was written up
+/// to there stays, as of a file that fails.
 int CConvertNastran::WriteZdtFile(const std::string& sPath) {
     CFile file;
+    const std::int64_t nMost = m_limits.MostOutput(m_nBytesRead);
+    file.SetLimit(static_cast<std::uint64_t>(nMost));
     try {
         std::vector<T_FILEID_D> aKeep = m_aKeep;
         for (const T_DECK_D& rDeck : m_aIncludeFiles) aKeep.push_back(rDeck.id);
@@ -19,6 +22,8 @@ int CConvertNastran::WriteZdtFile(const std::string& sPath) {
         const int iResult = WriteModel(file);
         file.Close();
         return iResult ? 1 : 0;
+    } catch (const CFileTooLong&) {
+        throw CRunError(FAILURE_LIMIT_OUTPUT, 0, nMost);
     } catch (const CFileException& rError) {
         m_rDialogs.ShowFileError(rError);
         file.Abort();
