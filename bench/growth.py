@@ -152,6 +152,8 @@ CASES = {
     # frames, more than fit into the caches of a processor
     "a chain of frames, 2 grids": (160000, lambda n: frame_chain(n, 2)),
     "a circle of frames, 2 grids": (160000, lambda n: frame_chain(n, 2).replace("CORD2C,1,0", "CORD2C,1,%d" % n)),
+    "a chain of frames, axes of all grids": (20000, lambda n: frame_chain(n, 0).replace(
+        "\nENDDATA", "".join("\nGRID,%d,,,,,%d" % (i, n) for i in range(1, n + 1)) + "\nENDDATA")),
     "frames and grids": (20000, lambda n: bulk(["CORD2R,%d,0,0.,0.,1.,0.,0.,2.,1.,0.,1." % i for i in range(1, n)] +
                                                ["GRID,%d,%d,1.,2.,3.,%d" % (i, i, i) for i in range(1, n)])),
     # includes

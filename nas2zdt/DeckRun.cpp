@@ -3,6 +3,7 @@
 #include "nas2zdt/DeckRun.h"
 
 #include "driver/CConvertNastran.h"
+#include "nas2zdt/LimitNames.h"
 #include "nas2zdt/RunWatch.h"
 #include "nas2zdt/picture/SvgWriter.h"
 #include "nas2zdt/picture/VtuWriter.h"
@@ -53,7 +54,7 @@ void CDeckRun::Run() {
         CTempPath deck;
         CFile file;
         deck.MakeFile(file, FindTarget(folder.GetPath() + "/deck"), folder.GetPath());
-        m_joined = FlattenDeck(m_rJob.sDECK, file);
+        m_joined = FlattenDeck(m_rJob.sDECK, file, m_rOptions.limits.nDECKS);
         m_rInputs.insert(m_joined.files.begin(), m_joined.files.end());
         Convert(deck.GetPath(), &m_joined.lines);
     } catch (const CFlattenError& rError) {
@@ -89,6 +90,7 @@ void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
     if (watch.IsNeeded()) run.SetObserver(&watch);
     run.SetOutput(this);
     run.SetDeckName(m_rJob.sDECK);
+    run.SetLimits(m_rOptions.limits);
     const bool bEnded = run.Convert(sDeck) != 0;
     progress.Clear();
     m_result.aLOG = run.GetMsgMgr().GetMessages();
@@ -138,6 +140,9 @@ void CDeckRun::FailRun(T_FAIL_D failure, const CLineMap* pLines) {
     }
     if (failure.sFILE.empty()) failure.sFILE = m_rJob.sDECK; // of no deck in particular
     Fail(failure.GetText());
+    if (const std::string_view sLimit = NameOfLimit(failure.eFAILURE); !sLimit.empty()) {
+        TellHint(m_rJob.sDECK + ": the option --limit " + std::string(sLimit) + "=N sets this limit");
+    }
     if (!IsIncludeFailure(failure.eFAILURE)) return;
     TellHint(m_rJob.sDECK + ": the option --flatten reads includes as NASTRAN does");
 }

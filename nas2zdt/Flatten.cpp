@@ -62,7 +62,8 @@ struct T_LEVEL_D {
 
 class CJoin {
   public:
-    CJoin(const std::string& sDeck, CFile& rJoined) : m_rFile(rJoined) {
+    CJoin(const std::string& sDeck, CFile& rJoined, std::int64_t nMostDecks)
+        : m_nMostDecks(nMostDecks), m_rFile(rJoined) {
         Enter(sDeck, "", false);
         while (!m_aLevels.empty()) Step();
         m_rFile.Close();
@@ -82,6 +83,7 @@ class CJoin {
     void CountLines(std::size_t nLines);
     static std::string Place(const T_LEVEL_D& rLevel) { return rLevel.sPATH + ":" + std::to_string(rLevel.iLINE); }
 
+    std::int64_t m_nMostDecks;
     CFile& m_rFile;
     std::vector<T_LEVEL_D> m_aLevels; // the main deck first; a deck's includes nest here, not on the stack
     std::int32_t m_nLines = 0;        // written
@@ -90,6 +92,10 @@ class CJoin {
 
 /// Opens a deck. sPlace is where its INCLUDE stands, empty for the main deck.
 void CJoin::Enter(const std::string& sPath, const std::string& sPlace, bool bEnclosed) {
+    if (static_cast<std::int64_t>(m_joined.aFILES.size()) >= m_nMostDecks) {
+        throw CFlattenError(sPlace + ": limit on decks: more than " + std::to_string(m_nMostDecks) +
+                            " decks are opened; the option --limit decks=N sets it");
+    }
     T_LEVEL_D level;
     level.pREADER = std::make_unique<CTextReader>();
     level.sPATH = sPath;
@@ -184,7 +190,7 @@ void CJoin::CountLines(std::size_t nLines) {
 
 } // namespace
 
-T_JOINED_D FlattenDeck(const std::string& sDeck, CFile& rJoined) {
-    CJoin join(sDeck, rJoined);
+T_JOINED_D FlattenDeck(const std::string& sDeck, CFile& rJoined, std::int64_t nMostDecks) {
+    CJoin join(sDeck, rJoined, nMostDecks);
     return std::move(join.m_joined);
 }

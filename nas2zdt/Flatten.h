@@ -1,6 +1,7 @@
 #pragma once
 // Joining a deck with its includes as NASTRAN means it.
 
+#include "driver/Limits.h"
 #include "nas2zdt/LineMap.h"
 #include "platform/File.h"
 
@@ -27,5 +28,6 @@ struct T_JOINED_D {
 /// Writes the deck sDeck to rJoined, which is closed at the end, with the text of each INCLUDE in its place, at any
 /// depth. Relative names start from the folder of the deck that has them. The lines of an included deck are copied as
 /// they stand up to a line that begins with ENDDATA, which ends that deck alone. Bulk data that is included before
-/// BEGIN BULK becomes bulk data by markers around it. Throws CFlattenError, and CFileException for the joined file.
-T_JOINED_D FlattenDeck(const std::string& sDeck, CFile& rJoined);
+/// BEGIN BULK becomes bulk data by markers around it. Throws CFlattenError, also if more than nMostDecks decks are
+/// opened, and CFileException for the joined file.
+T_JOINED_D FlattenDeck(const std::string& sDeck, CFile& rJoined, std::int64_t nMostDecks = T_LIMITS_D().nDECKS);

@@ -2,6 +2,8 @@
 
 #include "nas2zdt/Options.h"
 
+#include "nas2zdt/LimitNames.h"
+
 #include <algorithm>
 #include <iterator>
 #include <string_view>
@@ -39,6 +41,10 @@ bool SetAccount(T_OPTIONS_D& rOptions, const std::string& sValue) {
     return sValue.empty() || sValue == "json";
 }
 
+bool TakeLimit(T_OPTIONS_D& rOptions, const std::string& sValue) {
+    return SetLimit(rOptions.limits, sValue) != 0;
+}
+
 // clang-format off
 constexpr T_OPTION_D OPTIONS[] = {
     {"-o",             VALUE_NEEDED,  "PATH", "the result goes to the file PATH, or into the folder PATH", &Keep<&T_OPTIONS_D::sOUTPUT>},
@@ -47,6 +53,7 @@ constexpr T_OPTION_D OPTIONS[] = {
     {"--flatten",      VALUE_NONE,    "",     "joins the deck with its includes first, as NASTRAN means",  &Set<&T_OPTIONS_D::bFLATTEN>},
     {"--view",         VALUE_NEEDED,  "FILE", "draws the resolved model as an SVG picture",                &Keep<&T_OPTIONS_D::sVIEW>},
     {"--vtu",          VALUE_NEEDED,  "FILE", "writes the resolved model as a VTK unstructured grid",      &Keep<&T_OPTIONS_D::sVTU>},
+    {"--limit",        VALUE_NEEDED,  "NAME=N", "sets the limit on ranges, decks, output or frames; none lifts it", &TakeLimit},
     {"--log",          VALUE_NEEDED,  "FILE", "saves the log of all decks",                                &Keep<&T_OPTIONS_D::sLOG>},
     {"-q, --quiet",    VALUE_NONE,    "",     "prints errors, and the account if asked for, but no log",   &Set<&T_OPTIONS_D::bQUIET>},
     {"-h, --help",     VALUE_NONE,    "",     "this text",                                                 &Set<&T_OPTIONS_D::bHELP>},

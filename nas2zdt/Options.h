@@ -1,6 +1,8 @@
 #pragma once
 // The command line.
 
+#include "driver/Limits.h"
+
 #include <string>
 #include <vector>
 
@@ -19,6 +21,7 @@ struct T_OPTIONS_D {
     std::string sOUTPUT; // file or folder; empty for beside the deck
     std::string sVIEW;   // picture of the model; empty for none
     std::string sVTU;    // grid of the model; empty for none
+    T_LIMITS_D limits;
     std::vector<std::string> aDECKS;
 };
 

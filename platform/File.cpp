@@ -17,6 +17,15 @@ void CFile::MakeRoom(std::size_t nSize) {
     m_nBuffer = nBuffer;
 }
 
+/// Counts what is about to be written. Throws CFileTooLong, with the buffer empty, if it would pass the limit.
+void CFile::CountFlush() {
+    if (m_nUsed > m_nMost - m_nFlushed) {
+        m_nUsed = 0;
+        throw CFileTooLong(m_sPath);
+    }
+    m_nFlushed += m_nUsed;
+}
+
 void CFile::Write(std::string_view sText) {
     if (sText.empty()) return;
     std::memcpy(Reserve(sText.size()), sText.data(), sText.size());

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <exception>
+#include <limits>
 #include <map>
 #include <memory>
 #include <string>
@@ -94,6 +95,12 @@ class CFileException : public std::exception {
     std::string m_sText;
 };
 
+/// Failure of an output file that grows over its limit.
+class CFileTooLong : public CFileException {
+  public:
+    explicit CFileTooLong(std::string sFile) : CFileException(std::move(sFile), "The file grows over its limit") {}
+};
+
 /// The output file: bytes go out as they stand, through a buffer, in the order written. Every operation but Abort
 /// throws CFileException when the file fails.
 class CFile {
@@ -102,6 +109,10 @@ class CFile {
     CFile(const CFile&) = delete;
     CFile& operator=(const CFile&) = delete;
     ~CFile() { Abort(); }
+
+    /// Before Create: most bytes that the file may have. A longer one raises CFileTooLong, and what would pass the
+    /// limit isn't written.
+    void SetLimit(std::uint64_t nMost) { m_nMost = nMost; }
 
     /// Creates sPath or cuts an existing file to length 0. A file whose identity is among aKeep is left as it is and
     /// counts as one that can't be created.
@@ -133,10 +144,13 @@ class CFile {
 
   private:
     void MakeRoom(std::size_t nSize);
+    void CountFlush();
 
     std::intptr_t m_iHandle = -1;
     std::string m_sPath;               // as failures name it
     std::unique_ptr<char[]> m_pBuffer; // not filled with anything: a small file touches little of it
     std::size_t m_nBuffer = 0;
     std::size_t m_nUsed = 0;
+    std::uint64_t m_nMost = std::numeric_limits<std::uint64_t>::max();
+    std::uint64_t m_nFlushed = 0; // bytes of the file so far
 };

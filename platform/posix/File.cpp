@@ -180,6 +180,7 @@ void CDeckFile::Close() {
 void CFile::Create(const std::string& sPath, const std::vector<T_FILEID_D>& aKeep) {
     Abort();
     m_sPath = sPath;
+    m_nFlushed = 0;
     // Not cut on opening: a deck that is its own output file must be recognised first.
     const int iFile = ::open(sPath.c_str(), O_WRONLY | O_CREAT | O_NONBLOCK | O_CLOEXEC, 0666);
     if (iFile < 0) throw CFileException(sPath, CauseText(errno));
@@ -227,6 +228,7 @@ int CFile::JoinStandardStream(const T_TARGET_D& rTarget, const std::string& sSho
 }
 
 void CFile::Flush() {
+    CountFlush();
     const CHeldSignals held;
     const char* pData = m_pBuffer.get();
     std::size_t nLeft = m_nUsed;

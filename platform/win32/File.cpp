@@ -137,6 +137,7 @@ void CDeckFile::Close() {
 void CFile::Create(const std::string& sPath, const std::vector<T_FILEID_D>& aKeep) {
     Abort();
     m_sPath = sPath;
+    m_nFlushed = 0;
     // Not cut on opening: a deck that is its own output file must be recognised first.
     const HANDLE hFile = ::CreateFileW(SystemPath(sPath).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
                                        FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -174,6 +175,7 @@ int CFile::JoinStandardStream(const T_TARGET_D&, const std::string&) {
 }
 
 void CFile::Flush() {
+    CountFlush();
     const char* pData = m_pBuffer.get();
     std::size_t nLeft = m_nUsed;
     m_nUsed = 0; // whatever fails below, these bytes are not written twice

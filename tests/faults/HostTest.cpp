@@ -186,6 +186,14 @@ TEST(HostTest, ReasonsOfFailedRuns) {
         {{FAILURE_NONE, {}, 0, 0, {}}, ""},
         {{FAILURE_DECK_NOT_READ, "a.dat", 0, 0, {}}, "a.dat: can't be read to its end"},
         {{FAILURE_RANGE_TOO_LONG, "a.dat", 7, 10, {}}, "a.dat:7: THRU range holds more than 10 ids"},
+        {{FAILURE_TOO_MANY_LINES, "a.dat", 9, 9, {}}, "a.dat:9: deck has more than 9 lines"},
+        {{FAILURE_LIMIT_RANGES, "a.dat", 7, 9, {}},
+         "a.dat:7: limit on ranges: THRU ranges make more than 9 entries in all"},
+        {{FAILURE_LIMIT_DECKS, "a.dat", 7, 9, {}}, "a.dat:7: limit on decks: more than 9 decks are opened"},
+        {{FAILURE_LIMIT_OUTPUT, "a.dat", 0, 1LL << 40, {}},
+         "a.dat: limit on output: the target file has more than 1099511627776 bytes"},
+        {{FAILURE_LIMIT_FRAMES, "a.dat", 0, 9, {}},
+         "a.dat: limit on frames: grids go through more than 9 coordinate systems in all"},
         {{FAILURE_EXHAUSTED, "a.dat", 7, 0, {}}, "a.dat:7: not enough memory"},
         {{FAILURE_EXHAUSTED, {}, 7, 0, {}}, "not enough memory"}, // not even for the name of the file
     };

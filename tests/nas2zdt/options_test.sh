@@ -24,7 +24,9 @@ cp good.dat other/good.dat
 expect "help fits a screen" 0 --help
 [ "$(wc -l <out)" -le 24 ] || fail "help has more lines than a screen"
 [ "$(wc -L <out)" -le 96 ] || fail "help has lines that are too long"
-for args in "--log" "--log= good.dat" "--account=xml good.dat" "--quiet=1 good.dat" "-o" "-o good.zdt good.dat lossy.dat"; do
+for args in "--log" "--log= good.dat" "--account=xml good.dat" "--quiet=1 good.dat" "-o" \
+    "--limit" "--limit ranges good.dat" "--limit ranges=0 good.dat" "--limit ranges=5x good.dat" "--limit lines=5 good.dat" \
+    "--limit decks=99999999999999999999 good.dat" "--limit =5 good.dat" "-o good.zdt good.dat lossy.dat"; do
     # shellcheck disable=SC2086 # several arguments
     expect "wrong usage: $args" 2 $args
     silent "wrong usage: $args" out
@@ -150,6 +152,23 @@ grep -q '^nas2zdt: cycle.dat:2: ' err || fail "a cycle"
 printf 'BEGIN BULK\nINCLUDE,\nENDDATA\n' >nameless.dat
 expect "an include without a name" 1 nameless.dat
 grep -q '^nas2zdt: nameless.dat: ' err || fail "the deck of an include without a name"
+
+# ---- limits
+printf 'BEGIN BULK\nGRID,1\nPLOAD2,1,1.,1,THRU,9\nENDDATA\n' >range.dat
+rm -f range.zdt
+expect "a limit" 1 --limit ranges=7 range.dat
+says "a limit" err "nas2zdt: range.dat:3: limit on ranges: THRU ranges make more than 7 entries in all"
+says "what sets it" err "nas2zdt: range.dat: the option --limit ranges=N sets this limit"
+[ ! -e range.zdt ] || fail "nothing of a run that passed a limit"
+expect "a limit that is met" 0 --limit ranges=8 range.dat
+expect "a limit that is lifted" 0 --limit=ranges=7 --limit ranges=none range.dat
+expect "all limits lifted" 0 --limit ranges=7 --limit none range.dat
+printf 'BEGIN BULK\nINCLUDE,good.dat\nENDDATA\n' >outer.dat
+for args in "" "--flatten"; do
+    # shellcheck disable=SC2086 # an argument or none
+    expect "a limit on decks $args" 1 $args --limit decks=1 outer.dat
+    grep -q '^nas2zdt: outer.dat:2: limit on decks: more than 1 decks are opened' err || fail "a limit on decks $args"
+done
 
 # ---- the folder for temporary files
 TMPDIR=$folder/none expect "no folder for temporary files" 1 --flatten good.dat

@@ -63,9 +63,7 @@ void FillModel(CDataPool& rDataPool) {
 
     rDataPool.CNST[1].aCNND.Add({1, {true, true, true, true, true, true}});
     rDataPool.CNST[1].aCNND.Add({2, {true, true, true, false, false, false}});
-    T_NODS_D held = *rDataPool.NODS.Find(3);
-    held.bPS[0] = true;
-    rDataPool.SetNODS(3, held);
+    rDataPool.NODS.Update(3, [](T_NODS_D& rNode) { rNode.bPS[0] = true; });
 
     T_LOAD_D& rLoads = rDataPool.LOAD[1];
     rLoads.bGRAV = 1;

@@ -88,13 +88,14 @@ TEST(SvgWriter, ModelsWithoutExtent) {
 
     CDataPool pool;
     FillModel(pool);
-    for (const auto& [iID, rNode] : pool.NODS.Walk()) rNode.dGX = rNode.dGY = rNode.dGZ = 7.0;
+    pool.NODS.UpdateEach([](std::int32_t, T_NODS_D& rNode) { rNode.dGX = rNode.dGY = rNode.dGZ = 7.0; });
     const std::string sPoint = Draw(pool); // nothing is apart any more: the spring is a general link
     EXPECT_EQ(LegendRow(sPoint, "general link"), "2");
     EXPECT_EQ(LegendRow(sPoint, "elastic link"), "no row");
 
-    pool.NODS[1].dGX = std::numeric_limits<double>::infinity(); // of one cube, with its support
-    pool.NODS[23].dGY = std::nan("");                           // of the shear panel, a rigid leg and the spring
+    // 1 is of one cube, with its support; 23 of the shear panel, a rigid leg and the spring
+    pool.NODS.Update(1, [](T_NODS_D& rNode) { rNode.dGX = std::numeric_limits<double>::infinity(); });
+    pool.NODS.Update(23, [](T_NODS_D& rNode) { rNode.dGY = std::nan(""); });
     const std::string sNowhere = Draw(pool);
     EXPECT_NE(sNowhere.find("no numbers: 4<"), std::string::npos);
     EXPECT_EQ(sNowhere.find("nan"), std::string::npos);
@@ -106,15 +107,17 @@ TEST(SvgWriter, LargeModelsStaySmallAndKeepLonePartsInSight) {
     constexpr std::int32_t SIDE = 300;
     for (std::int32_t i = 0; i <= SIDE; ++i) {
         for (std::int32_t k = 0; k <= SIDE; ++k) {
-            T_NODS_D& rNode = pool.NODS[1 + i * (SIDE + 1) + k];
-            rNode.dGX = i, rNode.dGY = k;
+            T_NODS_D node;
+            node.dGX = i, node.dGY = k;
+            pool.SetNODS(1 + i * (SIDE + 1) + k, node);
         }
     }
     const auto AddQuad = [&](std::int32_t iID, std::int32_t iType, std::array<std::int32_t, 4> aGrids) {
-        T_ELEM_D& rElement = pool.ELEM[iID];
-        rElement.iTYPE = iType;
-        rElement.iSUBTYPE = SHAPE_QUAD4;
-        for (std::size_t i = 0; i < 4; ++i) rElement.iNODE.Set(i, aGrids[i]);
+        T_ELEM_D element;
+        element.iTYPE = iType;
+        element.iSUBTYPE = SHAPE_QUAD4;
+        for (std::size_t i = 0; i < 4; ++i) element.iNODE.Set(i, aGrids[i]);
+        pool.SetELEM(iID, std::move(element));
     };
     for (std::int32_t i = 0; i < SIDE; ++i) {
         for (std::int32_t k = 0; k < SIDE; ++k) {
@@ -123,7 +126,11 @@ TEST(SvgWriter, LargeModelsStaySmallAndKeepLonePartsInSight) {
             pool.CNST[1].aCNND.Add({iGrid, {true}});
         }
     }
-    for (std::int32_t i = 0; i < 4; ++i) pool.NODS[1000000 + i].dGX = -50.0 - 0.001 * i; // a speck beside the field
+    for (std::int32_t i = 0; i < 4; ++i) { // a speck beside the field
+        T_NODS_D node;
+        node.dGX = -50.0 - 0.001 * i;
+        pool.SetNODS(1000000 + i, node);
+    }
     AddQuad(1000000, TYPE_SHEAR, {1000000, 1000001, 1000002, 1000003});
 
     const std::string sSvg = Draw(pool);

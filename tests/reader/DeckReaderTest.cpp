@@ -131,6 +131,19 @@ const std::vector<T_DECK_D> DECKS = {
 INSTANTIATE_TEST_SUITE_P(Decks, DeckReaderTest, testing::ValuesIn(DECKS),
                          [](const auto& rInfo) { return std::string(rInfo.param.sNAME); });
 
+TEST(LineNumbers, EndWithThoseOf32Bits) {
+    EXPECT_EQ(NextLine(0), 1);
+    EXPECT_EQ(NextLine(2147483646), 2147483647);
+    try {
+        NextLine(2147483647);
+        FAIL();
+    } catch (const CRunError& rError) {
+        EXPECT_EQ(rError.m_eFailure, FAILURE_TOO_MANY_LINES);
+        EXPECT_EQ(rError.m_iLine, 2147483647);
+        EXPECT_EQ(rError.m_nLimit, 2147483647);
+    }
+}
+
 struct T_LENGTH_D {
     const char* sNAME;
     std::string sDECK;

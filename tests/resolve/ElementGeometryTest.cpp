@@ -68,11 +68,12 @@ TEST_P(ReferencePointTest, ByVectorAndByGrid) {
     model.AddNode(2, dTo[0], dTo[1], dTo[2]);
     model.AddNode(3, dFrom[0] + dVector[0], dFrom[1] + dVector[1], dFrom[2] + dVector[2]);
     model.AddLine(10, TYPE_BAR, 1, 2, 0);
-    T_ELEM_D& rByVector = *model.ELEM.Find(10);
-    rByVector.bVECTOR = 1;
-    rByVector.dX1 = dVector[0];
-    rByVector.dX2 = dVector[1];
-    rByVector.dX3 = dVector[2];
+    model.ELEM.Update(10, [&rVector = dVector](T_ELEM_D& rByVector) {
+        rByVector.bVECTOR = 1;
+        rByVector.dX1 = rVector[0];
+        rByVector.dX2 = rVector[1];
+        rByVector.dX3 = rVector[2];
+    });
     model.AddLine(11, TYPE_BUSH, 1, 2, 3);
     model.ResolveElementOrientations();
     EXPECT_EQ(model.Orientation(10), "1: " + std::string(sPoint));
@@ -104,7 +105,7 @@ TEST(ElementOrientations, WhatIsMissingStaysAndIsLoggedInStoreOrder) {
     model.AddLine(32, TYPE_TUBE, 1, 2, 0);
     model.AddLine(33, TYPE_BAR, 1, 2, 3);
     model.AddLine(34, TYPE_PLATE, 1, 9, 9);
-    model.ELEM.Find(34)->iSUBTYPE = SHAPE_TRIA3;
+    model.ELEM.Update(34, [](T_ELEM_D& rPlate) { rPlate.iSUBTYPE = SHAPE_TRIA3; });
     model.ResolveElementOrientations();
     EXPECT_EQ(model.GetLog(), (std::vector<std::string>{"Element 20: its first grid doesn't exist.",
                                                         "Element 30: its second grid doesn't exist.",
@@ -121,7 +122,7 @@ TEST(ElementGeometry, BetaAngle) {
     model.AddNode(3, 0, 0, 1);
     model.AddNode(4, 1, 0, 1);
     model.AddNode(5, 0, 0, 0);
-    model.NODS.Find(2)->dGZ = 5.0; // the card's coordinates count
+    model.NODS.Update(2, [](T_NODS_D& rNode) { rNode.dGZ = 5.0; }); // the card's coordinates count
     EXPECT_EQ(model.Beta(1, 2, 0, 0, 0), "0");
     EXPECT_EQ(model.Beta(1, 2, 3, 0, 0), "0"); // along the element
     EXPECT_EQ(model.Beta(1, 5, 1, 0, 0), "0"); // no length
@@ -145,10 +146,11 @@ TEST(ElementGeometry, Length) {
     CModel model;
     model.AddNode(1, 0, 0, 0);
     model.AddNode(2, 7, 7, 7);
-    T_NODS_D& rNode = *model.NODS.Find(2);
-    rNode.dGX = 3.0; // the position counts
-    rNode.dGY = 4.0;
-    rNode.dGZ = 12.0;
+    model.NODS.Update(2, [](T_NODS_D& rNode) { // the position counts
+        rNode.dGX = 3.0;
+        rNode.dGY = 4.0;
+        rNode.dGZ = 12.0;
+    });
     model.AddLine(1, TYPE_BAR, 1, 2, 0);
     model.AddLine(2, TYPE_BAR, 2, 99, 0);
     double dLength = 0.0;

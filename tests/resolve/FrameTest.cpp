@@ -68,19 +68,28 @@ TEST(Frame, ChainGoesOutwardAndInward) {
 }
 
 TEST(Frame, EachFrameOfACircleOnce) {
-    // Each frame shifts by a digit of its own, so a sum of ones tells that every frame was met and none twice.
-    for (int nFrames = 1; nFrames <= 6; ++nFrames) {
-        for (int iEntry = 0; iEntry < nFrames; ++iEntry) {
-            CUCSRect frames[6];
-            double dSum = 0.0, dDigit = 1.0;
-            for (int i = 0; i < nFrames; ++i, dDigit *= 10.0) {
-                frames[i] = Shifted(dDigit, 0, 0);
-                frames[i].SetParent(&frames[i + 1 < nFrames ? i + 1 : iEntry]);
-                dSum += dDigit;
+    for (std::size_t nFrames = 1; nFrames <= 6; ++nFrames) {
+        for (std::size_t iEntry = 0; iEntry < nFrames; ++iEntry) {
+            // Each frame shifts by a digit of its own: a sum of ones tells that every frame was met and none twice.
+            for (std::size_t iMeasured = 0; iMeasured <= nFrames; ++iMeasured) { // the first one; at last none is
+                SCOPED_TRACE(testing::Message() << nFrames << " frames, the last leads to " << iEntry << ", "
+                                                << iMeasured << " is measured first");
+                CUCSRect frames[6];
+                double dSum = 0.0, dDigit = 1.0;
+                for (std::size_t i = 0; i < nFrames; ++i, dDigit *= 10.0) {
+                    frames[i] = Shifted(dDigit, 0, 0);
+                    frames[i].SetParent(&frames[i + 1 < nFrames ? i + 1 : iEntry]);
+                    dSum += dDigit;
+                }
+                if (iMeasured < nFrames) {
+                    frames[iMeasured].MeasureChain();
+                    for (std::size_t i = 0; i < nFrames; ++i) frames[i].MeasureChain();
+                }
+                EXPECT_EQ(Global(frames[0], 0, 0, 0), Text(dSum, 0, 0));
+                EXPECT_EQ(Local(frames[0], dSum, 0, 0), "0 0 0");
+                const CUCSRect copy = frames[nFrames - 1]; // stands before the circle
+                EXPECT_EQ(copy.GetFrameCount(), 1 + nFrames - iEntry);
             }
-            EXPECT_EQ(Global(frames[0], 0, 0, 0), Text(dSum, 0, 0))
-                << nFrames << " frames, the last leads to " << iEntry;
-            EXPECT_EQ(Local(frames[0], dSum, 0, 0), "0 0 0");
         }
     }
 }
@@ -106,8 +115,13 @@ TEST(MathFunc, NormalizeRefusesNoLength) {
     EXPECT_EQ(Text(dUnit[0], dUnit[1], dUnit[2]), "0 0.6 -0.8");
 }
 
-TEST(MathFunc, SignsOutOfRange) {
-    EXPECT_EQ(Text(CMathFunc::SquareRoot(-1.0), CMathFunc::SquareRoot(-0.0), CMathFunc::SquareRoot(16.0)), "-nan -0 4");
-    EXPECT_EQ(Text(CMathFunc::ArcCosine(1.0000001), CMathFunc::ArcCosine(-2.0), CMathFunc::ArcCosine(1.0)),
-              "nan nan 0");
+TEST(MathFunc, ArcCosineTellsWhyItIsNoNumber) {
+    constexpr double INF = std::numeric_limits<double>::infinity();
+    constexpr double NAN_ = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_EQ(CMathFunc::ArcCosine(1.0), 0.0);
+    for (const double d : {1.0000001, -2.0, INF, -INF, NAN_, -NAN_}) {
+        const double dAngle = CMathFunc::ArcCosine(d);
+        EXPECT_TRUE(std::isnan(dAngle)) << d;
+        EXPECT_EQ(std::signbit(dAngle), !std::isfinite(d)) << d;
+    }
 }

@@ -3,6 +3,7 @@
 #include "store/Map.h"
 
 #include "store/Array.h"
+#include "store/LoadEntries.h"
 #include "store/SlotArray.h"
 
 #include <gtest/gtest.h>
@@ -65,6 +66,52 @@ TEST(Map, RowsKeepTheirAddressesAndWalksDoNotMeetWhatIsAdded) {
     }
     EXPECT_EQ(nMet, 1);
     EXPECT_EQ(&map[0], pFirst);
+}
+
+/// A record that walks choose by what is in it.
+struct T_CHOSEN_D {
+    std::uint16_t nTRAITS = 0;
+    std::uint16_t Traits() const { return nTRAITS; }
+};
+
+template <class RECORD>
+concept CanBeHandedOut = requires(CMap<RECORD>& rMap) {
+    rMap[1];
+};
+static_assert(CanBeHandedOut<int> && !CanBeHandedOut<T_CHOSEN_D>);
+static_assert(std::is_same_v<decltype(std::declval<CMap<T_CHOSEN_D>&>().Find(1)), const T_CHOSEN_D*>);
+
+TEST(Map, WalksGoByWhatARecordIsNow) {
+    CMap<T_CHOSEN_D> map(101);
+    for (const int iKey : {1, 2, 3, 102}) map.SetAt(iKey, T_CHOSEN_D{static_cast<std::uint16_t>(iKey)});
+    EXPECT_EQ(map.Update(2, [](T_CHOSEN_D& rRecord) { rRecord.nTRAITS = 5; }), 1);
+    EXPECT_EQ(map.Update(7, [](T_CHOSEN_D&) { FAIL(); }), 0);
+    EXPECT_EQ(map.TraitsOf(2), 5);
+    const auto isOdd = [](std::uint16_t nTraits) { return nTraits % 2 == 1; };
+    KEYS aMet;
+    const auto makeEven = [&](std::int32_t iKey, T_CHOSEN_D& rRecord) {
+        aMet.push_back(iKey);
+        rRecord.nTRAITS = 4;
+    };
+    map.UpdateInOrder(isOdd, makeEven);
+    EXPECT_EQ(aMet, (KEYS{3, 1, 2}));
+    map.UpdateEach(isOdd, makeEven);
+    EXPECT_EQ(aMet.size(), 3u); // none is odd any more
+    map.UpdateEach([](std::int32_t, T_CHOSEN_D& rRecord) { rRecord.nTRAITS += 1; });
+    aMet.clear();
+    for (const auto& [iKey, rRecord] : map.Walk(isOdd)) aMet.push_back(iKey);
+    EXPECT_EQ(aMet, (KEYS{3, 102, 1, 2}));
+}
+
+TEST(LoadEntries, WalksGoByWhatAnEntryIsNow) {
+    CLoadEntries entries;
+    entries.Add({.iID = 1, .iKIND = LOAD_FORCE});
+    entries.Add({.iID = 2, .iKIND = LOAD_MOMENT});
+    entries.UpdateEach([](std::int8_t iKind) { return iKind == LOAD_FORCE; },
+                       [](T_MBLD_D& rEntry) { rEntry.iKIND = LOAD_PRESSURE; });
+    EXPECT_TRUE(entries.Walk(LOAD_FORCE).IsEmpty());
+    EXPECT_EQ((*entries.Walk(LOAD_PRESSURE).begin()).iID, 1);
+    EXPECT_EQ((*entries.Walk(LOAD_MOMENT).begin()).iID, 2);
 }
 
 TEST(Map, SortsBySignedId) {

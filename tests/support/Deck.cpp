@@ -63,10 +63,11 @@ std::string ReadText(const std::string& sPath) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-T_RUN_D RunFile(const std::string& sPath) {
+T_RUN_D RunFile(const std::string& sPath, const T_LIMITS_D& rLimits) {
     T_RUN_D result;
     CSilentDialogs dialogs(result);
     CConvertNastran run(dialogs);
+    run.SetLimits(rLimits);
     result.iRESULT = run.Convert(sPath);
     result.failure = run.GetFailure();
     result.sZDT = ReadText(CConvertNastran::TargetPath(sPath));
@@ -79,11 +80,11 @@ T_RUN_D RunFile(const std::string& sPath) {
     return result;
 }
 
-T_RUN_D RunDeck(std::string_view sDeck) {
+T_RUN_D RunDeck(std::string_view sDeck, const T_LIMITS_D& rLimits) {
     const CTempFolder folder;
     const std::string sPath = folder.Path("deck.dat");
     WriteText(sPath, sDeck);
-    return RunFile(sPath);
+    return RunFile(sPath, rLimits);
 }
 
 namespace {
@@ -92,8 +93,8 @@ std::string BulkDeck(std::string_view sCards) {
 }
 } // namespace
 
-T_RUN_D RunBulk(std::string_view sCards) {
-    return RunDeck(BulkDeck(sCards));
+T_RUN_D RunBulk(std::string_view sCards, const T_LIMITS_D& rLimits) {
+    return RunDeck(BulkDeck(sCards), rLimits);
 }
 
 CStoredRun::CStoredRun(std::string_view sCards)

@@ -41,13 +41,13 @@ struct T_RUN_D {
 };
 
 /// Runs the deck at sPath.
-T_RUN_D RunFile(const std::string& sPath);
+T_RUN_D RunFile(const std::string& sPath, const T_LIMITS_D& rLimits = {});
 
 /// Runs sDeck, a whole deck, in a folder of its own.
-T_RUN_D RunDeck(std::string_view sDeck);
+T_RUN_D RunDeck(std::string_view sDeck, const T_LIMITS_D& rLimits = {});
 
 /// The same with sCards as the bulk section.
-T_RUN_D RunBulk(std::string_view sCards);
+T_RUN_D RunBulk(std::string_view sCards, const T_LIMITS_D& rLimits = {});
 
 /// A run over a bulk section that stays, for a look at the model that it made.
 class CStoredRun {

@@ -118,6 +118,9 @@ std::string CDeckMaker::Nasty() {
 }
 
 std::string CDeckMaker::Real() {
+    if (m_bWild && m_chance.Once(4)) {
+        return m_chance.Of({"1.E400", "-1.E400", "1.7E308", "-1.E200", "1.E-200", "5.E-324"});
+    }
     char aText[40];
     switch (m_chance.Below(8)) {
     case 0:
@@ -240,6 +243,7 @@ std::string CDeckMaker::Cards(std::size_t nCards) {
 }
 
 std::string CDeckMaker::Deck() {
+    m_bWild = !m_bSound && m_chance.Once(8);
     std::string sText = "SOL 101\nCEND\nTITLE=X\nBEGIN BULK\n";
     for (int iGrid = 1; iGrid <= 16; ++iGrid) { // something for the others to find
         if (m_chance.Once(8)) continue;

@@ -61,4 +61,5 @@ class CDeckMaker {
     CChance m_chance;
     bool m_bFilled = false;
     bool m_bSound = false;
+    bool m_bWild = false; // whether reals may be of any size, infinite too
 };

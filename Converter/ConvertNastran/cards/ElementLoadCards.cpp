@@ -1,6 +1,5 @@
 // PLOAD1, PLOAD2 and PLOAD4: loads on elements.
 
-#include "cards/IdRange.h"
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
 
@@ -75,7 +74,7 @@ int CConvertNastran::ParsePLOAD2(const T_DATA_D& rCard) {
         rEntries.Add(entry);
     };
     if (fields.TakeWord("THRU")) {
-        WalkRange(rCard, entry.iID, fields.Int(), AddCopy);
+        WalkRange(TakeRange(rCard, entry.iID, fields.Int()), AddCopy);
         return 1;
     }
     for (int iField = 0; iField < 5; ++iField) { // EID2 to EID6; no line behind the first is read

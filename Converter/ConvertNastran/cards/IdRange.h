@@ -1,19 +1,19 @@
 #pragma once
 // THRU ranges.
 
-#include "driver/RunError.h"
-#include "reader/Card.h"
-
-#include <algorithm>
 #include <cstdint>
 
 /// Most ids that a range may stand for: a slip of the pen mustn't fill the memory.
 constexpr std::int32_t LONGEST_RANGE = 10000000;
 
-/// Calls take for each id above 0 from iBefore + 1 to iLast. Throws CRunError for more than LONGEST_RANGE of them.
+/// The ids that a range stands for; none if the last is below the first.
+struct T_RANGE_D {
+    std::int64_t iFIRST = 0;
+    std::int64_t iLAST = 0;
+};
+
+/// Calls take for each id of a range.
 template <class TAKE>
-void WalkRange(const T_DATA_D& rCard, std::int32_t iBefore, std::int32_t iLast, TAKE take) {
-    const std::int64_t iFirst = std::max<std::int64_t>(std::int64_t(iBefore) + 1, 1);
-    if (iLast - iFirst >= LONGEST_RANGE) throw CRunError(FAILURE_RANGE_TOO_LONG, rCard.aLINES.front(), LONGEST_RANGE);
-    for (std::int64_t iID = iFirst; iID <= iLast; ++iID) take(static_cast<std::int32_t>(iID));
+void WalkRange(const T_RANGE_D& rRange, TAKE take) {
+    for (std::int64_t iID = rRange.iFIRST; iID <= rRange.iLAST; ++iID) take(static_cast<std::int32_t>(iID));
 }

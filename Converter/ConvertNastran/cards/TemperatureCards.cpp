@@ -1,6 +1,5 @@
 // TEMP, TEMPD, TEMPP1 and TEMPRB.
 
-#include "cards/IdRange.h"
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
 
@@ -62,20 +61,20 @@ int CConvertNastran::ParseTEMPP1(const T_DATA_D& rCard) {
         if (iEID > 0) AddCopy(iEID);
         return iEID;
     };
-    const auto TakeRange = [&](std::int32_t iBefore) {
+    const auto AddRange = [&](std::int32_t iBefore) {
         const std::int32_t iLast = fields.Int();
-        WalkRange(rCard, iBefore, iLast, AddCopy);
+        WalkRange(TakeRange(rCard, iBefore, iLast), AddCopy);
         return std::max(iBefore, iLast);
     };
 
     std::int32_t iLast = TakeId();
     if (fields.TakeWord("THRU")) {
-        iLast = TakeRange(iLast);
+        iLast = AddRange(iLast);
     } else {
         for (int iField = 0; iField < 3; ++iField) iLast = TakeId();
     }
     if (fields.TakeWord("THRU")) {
-        TakeRange(iLast);
+        AddRange(iLast);
     } else {
         for (int iField = 0; iField < 2; ++iField) TakeId();
     }

@@ -1,6 +1,8 @@
 #pragma once
 // The one object of a run: it owns the store and the log; reader, card handlers and section writers are its members.
 
+#include "cards/IdRange.h"
+#include "driver/Limits.h"
 #include "driver/RunError.h"
 #include "messages/ZdtMsgMgr.h"
 #include "platform/File.h"
@@ -50,6 +52,9 @@ class CConvertNastran {
 
     /// Before a run: the name that the log gives to the deck, instead of its path.
     void SetDeckName(std::string sName) { m_sDeckName = std::move(sName); }
+
+    /// Before a run: other limits than the usual ones.
+    void SetLimits(const T_LIMITS_D& rLimits) { m_limits = rLimits; }
 
     /// Why the last run failed.
     const T_FAIL_D& GetFailure() const { return m_failure; }
@@ -218,6 +223,9 @@ class CConvertNastran {
     // cards/LoadSets.cpp
     T_LOAD_D& EnsureLoadSet(std::int32_t iSID);
 
+    // cards/IdRange.cpp
+    T_RANGE_D TakeRange(const T_DATA_D& rCard, std::int32_t iBefore, std::int32_t iLast);
+
     // cards/ElementLoadCards.cpp
     int ParsePLOAD1(const T_DATA_D& rCard);
     int ParsePLOAD2(const T_DATA_D& rCard);
@@ -308,6 +316,9 @@ class CConvertNastran {
     std::unique_ptr<CDataPool> m_pDataPool;
     std::unique_ptr<CZdtMsgMgr> m_pMsgMgr;
     T_FAIL_D m_failure;
+    T_LIMITS_D m_limits;
+    std::int64_t m_nRanged = 0;    // entries made by ranges
+    std::int64_t m_nBytesRead = 0; // of all decks
     CDeckObserver* m_pObserver = nullptr;
     COutput* m_pOutput = nullptr;
     std::string m_sDeckName;        // empty for its path
@@ -321,7 +332,7 @@ class CConvertNastran {
     CLineReader m_reader;
     std::int32_t m_iSection = 0;   // 0 before CEND, 1 case control, 2 bulk data
     std::int32_t m_iLineNo = 0;    // lines read of the current deck
-    std::int32_t m_nFileLines = 0; // lines that count; a Ctrl-Z ends them
+    std::int64_t m_nFileLines = 0; // lines that count; a Ctrl-Z ends them
     std::vector<std::unique_ptr<T_LINE_D>>
         m_aLines;                            // lines of the card in hand, then the one looked ahead to; never shrinks
     std::size_t m_nLines = 0;                // of the card in hand

@@ -51,7 +51,11 @@ void CConvertNastran::KeepFailure() noexcept {
     } catch (...) { // what a host's dialogs may throw
         m_failure.eFAILURE = FAILURE_INTERNAL;
     }
-    if (bReading) keep(m_failure.sFILE, m_aIncludeFiles[m_iCurDeck].sPATH);
+    if (bReading) {
+        keep(m_failure.sFILE, m_aIncludeFiles[m_iCurDeck].sPATH);
+    } else if (m_failure.nLIMIT > 0) {
+        keep(m_failure.sFILE, m_aIncludeFiles.front().sPATH);
+    }
 }
 
 void CConvertNastran::RunConversion(const std::string& sPath) {
@@ -60,6 +64,7 @@ void CConvertNastran::RunConversion(const std::string& sPath) {
     // INCLUDE cards add to the list as it is walked.
     for (m_iCurDeck = 0; m_iCurDeck < m_aIncludeFiles.size(); ++m_iCurDeck) ReadDeck();
     m_pDataPool->m_pMsgMgr = m_pMsgMgr.get();
+    m_pDataPool->m_nMostCarried = m_limits.nFRAMES;
     m_pDataPool->ResolveModel();
     if (!WriteZdtFile(sPath)) throw CRunError(FAILURE_NOT_WRITTEN);
     WriteSummary();
@@ -79,6 +84,7 @@ void CConvertNastran::ReadDeck() {
     const std::size_t nBefore = m_aIncludeFiles.size();
     ReadDeckFile();
     if (m_aIncludeFiles.size() > nBefore) m_setIncluding.insert(m_aIncludeFiles[m_iCurDeck].id);
+    m_nBytesRead += static_cast<std::int64_t>(m_reader.GetBytesRead());
     if (m_pObserver) m_pObserver->OnDeckEnd(m_iSection == 2);
     m_reader.Close();
 }

@@ -28,7 +28,7 @@
 /* Results. */
 #define CONVERT_DONE 0      /* the run ended; the ZDT file was written unless the user was told otherwise */
 #define CONVERT_CANCELLED 1 /* no deck was chosen; nothing was done */
-#define CONVERT_FAILED (-1) /* the run failed; if memory ran out, a part of the ZDT file may be there */
+#define CONVERT_FAILED (-1) /* the run failed; if memory or a limit ran out, a part of the ZDT file may be there */
 
 /* A buffer of this size, in bytes, holds every path that a system can open. */
 #define CONVERT_PATH_SIZE 131072

@@ -24,6 +24,17 @@ std::string T_FAIL_D::GetText() const {
         return sPlace + "this deck includes itself, directly or through others";
     case FAILURE_RANGE_TOO_LONG:
         return sPlace + "THRU range holds more than " + std::to_string(nLIMIT) + " ids";
+    case FAILURE_TOO_MANY_LINES:
+        return sPlace + "deck has more than " + std::to_string(nLIMIT) + " lines";
+    case FAILURE_LIMIT_RANGES:
+        return sPlace + "limit on ranges: THRU ranges make more than " + std::to_string(nLIMIT) + " entries in all";
+    case FAILURE_LIMIT_DECKS:
+        return sPlace + "limit on decks: more than " + std::to_string(nLIMIT) + " decks are opened";
+    case FAILURE_LIMIT_OUTPUT:
+        return sPlace + "limit on output: the target file has more than " + std::to_string(nLIMIT) + " bytes";
+    case FAILURE_LIMIT_FRAMES:
+        return sPlace + "limit on frames: grids go through more than " + std::to_string(nLIMIT) +
+               " coordinate systems in all";
     case FAILURE_NOT_WRITTEN:
         return "the target file can't be written whole";
     case FAILURE_EXHAUSTED:

@@ -13,9 +13,14 @@ enum E_FAILURE {
     FAILURE_DECK_NOT_READ,      // a deck stopped giving bytes before its end
     FAILURE_LINE_TOO_LONG,
     FAILURE_INCLUDE_CYCLE,  // a chain of includes that leads back to a deck that it came from
+    FAILURE_TOO_MANY_LINES, // a deck with more lines than there are numbers for them
     FAILURE_RANGE_TOO_LONG, // a THRU range that can't be held
-    FAILURE_NOT_WRITTEN,    // a section writer gave up
-    FAILURE_EXHAUSTED,      // no memory left
+    FAILURE_LIMIT_RANGES,   // the limits of T_LIMITS_D
+    FAILURE_LIMIT_DECKS,
+    FAILURE_LIMIT_OUTPUT,
+    FAILURE_LIMIT_FRAMES,
+    FAILURE_NOT_WRITTEN, // a section writer gave up
+    FAILURE_EXHAUSTED,   // no memory left
     FAILURE_INTERNAL,
 };
 
@@ -24,7 +29,7 @@ struct T_FAIL_D {
     E_FAILURE eFAILURE = FAILURE_NONE;
     std::string sFILE;       // the deck concerned
     std::int32_t iLINE = 0;  // its line, 0 if none
-    std::int32_t nLIMIT = 0; // the limit that was passed
+    std::int64_t nLIMIT = 0; // the limit that was passed, 0 if none
     std::string sCAUSE;      // the system's words
 
     /// One line for a person.
@@ -38,11 +43,11 @@ bool IsOutOfMemory(const std::exception& rError) noexcept;
 class CRunError : public std::exception {
   public:
     /// The run adds the file that it is reading.
-    explicit CRunError(E_FAILURE eFailure, std::int32_t iLine = 0, std::int32_t nLimit = 0)
+    explicit CRunError(E_FAILURE eFailure, std::int32_t iLine = 0, std::int64_t nLimit = 0)
         : m_eFailure(eFailure), m_iLine(iLine), m_nLimit(nLimit) {}
     const char* what() const noexcept override { return "the run can't go on"; }
 
     const E_FAILURE m_eFailure;
     const std::int32_t m_iLine;
-    const std::int32_t m_nLimit;
+    const std::int64_t m_nLimit;
 };

@@ -32,13 +32,14 @@ void CConvertNastran::TestLength(std::size_t nText, std::int32_t nLongest, std::
 T_LINE_D* CConvertNastran::FetchLine(std::int32_t nLongest) {
     std::string_view sRaw;
     if (!m_reader.Read(sRaw)) return nullptr;
+    const std::int32_t iLine = NextLine(m_iLineNo);
     if (m_reader.HasSpecialBytes()) {
         if (const std::size_t iCtrlZ = sRaw.find(CTRL_Z); iCtrlZ != std::string_view::npos) {
-            m_nFileLines = std::min(m_nFileLines, iCtrlZ > 0 ? m_iLineNo + 1 : m_iLineNo);
+            m_nFileLines = std::min<std::int64_t>(m_nFileLines, iCtrlZ > 0 ? iLine : m_iLineNo);
         }
         sRaw = sRaw.substr(0, sRaw.find('\0'));
     }
-    TestLength(sRaw.size(), nLongest, m_iLineNo + 1);
+    TestLength(sRaw.size(), nLongest, iLine);
     if (m_aLines.size() == m_nLines) m_aLines.push_back(std::make_unique<T_LINE_D>());
     T_LINE_D& rLine = *m_aLines[m_nLines];
     CNastranStrParser::NormalizeLine(sRaw, rLine);
@@ -49,7 +50,7 @@ T_LINE_D* CConvertNastran::FetchLine(std::int32_t nLongest) {
 int CConvertNastran::ReadDeckFile() {
     m_iSection = 0;
     m_iLineNo = 0;
-    m_nFileLines = std::numeric_limits<std::int32_t>::max();
+    m_nFileLines = std::numeric_limits<std::int64_t>::max();
     m_bPeeked = false;
     for (;;) {
         if (m_bPeeked && m_nLines > 0) std::swap(m_aLines[0], m_aLines[m_nLines]);
@@ -75,7 +76,7 @@ int CConvertNastran::ReadCardGroup() {
     for (;;) {
         if (!std::exchange(m_bPeeked, false) && !FetchLine(LONGEST_LINE)) return -1;
         T_LINE_D& rLine = *m_aLines[m_nLines];
-        ++m_iLineNo;
+        m_iLineNo = NextLine(m_iLineNo);
         if (rLine.bCOMMENT) return 0;
         const std::string_view sText = rLine.Text();
         if (CNastranStrParser::IsBlankLine(sText)) {

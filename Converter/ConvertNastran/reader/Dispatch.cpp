@@ -38,7 +38,12 @@ void CConvertNastran::ReportCard(const T_DATA_D& rCard) {
 }
 
 /// Takes the path of an INCLUDE from its first field, without apostrophes. A card without one gives an empty path.
+/// Throws CRunError for a deck too many: all that are named will be opened, and their names alone could fill the
+/// memory.
 void CConvertNastran::TakeInclude(const T_DATA_D& rCard) {
+    if (static_cast<std::int64_t>(m_aIncludeFiles.size()) >= m_limits.nDECKS) {
+        throw CRunError(FAILURE_LIMIT_DECKS, m_aLines[0]->iLINE, m_limits.nDECKS);
+    }
     std::string sPath(CFieldCursor(rCard).Text());
     std::erase(sPath, '\'');
     m_aIncludeFiles.push_back({std::move(sPath), m_iCurDeck, {}});

@@ -2,7 +2,6 @@
 
 #include "reader/LineReader.h"
 
-#include "driver/RunError.h"
 #include "reader/NastranStrParser.h"
 
 #include <algorithm>

@@ -1,15 +1,24 @@
 #pragma once
 // The physical lines of one deck.
 
+#include "driver/RunError.h"
 #include "platform/File.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
 
 constexpr char CTRL_Z = '\x1A';
+
+/// The number of the line behind line iLine. Throws CRunError where the numbers end.
+inline std::int32_t NextLine(std::int32_t iLine) {
+    constexpr std::int32_t LAST = std::numeric_limits<std::int32_t>::max();
+    if (iLine == LAST) throw CRunError(FAILURE_TOO_MANY_LINES, LAST, LAST);
+    return iLine + 1;
+}
 
 /// Reads a deck in large blocks and hands out its lines in pieces of at most 499 bytes, as a reader with a buffer of
 /// 500 does.
@@ -39,8 +48,8 @@ class CLineReader {
 
     CDeckFile m_file;
     std::unique_ptr<char[]> m_pBuffer; // not filled with anything: a small deck touches little of it
-    std::size_t m_iNext = 0; // first byte not handed out yet
-    std::size_t m_iEnd = 0;  // end of what was read
+    std::size_t m_iNext = 0;           // first byte not handed out yet
+    std::size_t m_iEnd = 0;            // end of what was read
     std::uint64_t m_nBytesRead = 0;
     bool m_bEnd = false;     // the file has no more
     bool m_bSpecial = false; // a NUL or a Ctrl-Z was met; the few decks with one are searched line by line

@@ -12,9 +12,7 @@ bool NamesFrame(const T_CD2_D& rSystem) {
 /// its table, whatever becomes of it later in the pass.
 template <class RECORD>
 bool LinkTo(CMap<RECORD>& rTable, std::int32_t iRID, CUCSRect& rFrame) {
-    RECORD* const pOuter = rTable.Find(iRID);
-    if (pOuter) rFrame.SetParent(&pOuter->frame);
-    return pOuter != nullptr;
+    return rTable.Update(iRID, [&](RECORD& rOuter) { rFrame.SetParent(&rOuter.frame); }) != 0;
 }
 
 /// The point of a grid as its card gives it: no grid has its global position yet, so a CP has no effect.
@@ -27,7 +25,7 @@ void TakePoint(const CMap<T_NODS_D>& rNodes, std::int32_t iGrid, double (&dPoint
 
 template <class RECORD>
 void PlaceByGrids(CMap<RECORD>& rTable, const CMap<T_NODS_D>& rNodes) {
-    rTable.ForEach([&](std::int32_t, T_CD1_D& rSystem) {
+    rTable.UpdateEach([&](std::int32_t, T_CD1_D& rSystem) {
         TakePoint(rNodes, rSystem.iG1, rSystem.dA);
         TakePoint(rNodes, rSystem.iG2, rSystem.dB);
         TakePoint(rNodes, rSystem.iG3, rSystem.dC);
@@ -35,10 +33,13 @@ void PlaceByGrids(CMap<RECORD>& rTable, const CMap<T_NODS_D>& rNodes) {
     });
 }
 
+/// All links must be there: the chains are measured, too.
 template <class RECORD>
 void PlaceByPoints(CMap<RECORD>& rTable) {
-    rTable.ForEach(
-        [](std::int32_t, T_CD2_D& rSystem) { rSystem.frame.SetByThreePoints(rSystem.dA, rSystem.dB, rSystem.dC); });
+    rTable.UpdateEach([](std::int32_t, T_CD2_D& rSystem) {
+        rSystem.frame.SetByThreePoints(rSystem.dA, rSystem.dB, rSystem.dC);
+        rSystem.frame.MeasureChain();
+    });
 }
 
 } // namespace
@@ -46,21 +47,21 @@ void PlaceByPoints(CMap<RECORD>& rTable) {
 void CDataPool::ResolveCoordinateSystems() {
     // Every other table is tried, also after a hit: of several frames with one id the last gives the link. A frame's
     // own table is not among them, so a RID of its own kind gives no link.
-    for (const auto& [iCID, rSystem] : CD2R.Walk(NamesFrame)) {
+    CD2R.UpdateInOrder(NamesFrame, [this](std::int32_t, T_CD2R_D& rSystem) {
         LinkTo(CD1R, rSystem.iRID, rSystem.frame);
         LinkTo(CD1C, rSystem.iRID, rSystem.frame);
         LinkTo(CD2C, rSystem.iRID, rSystem.frame);
         LinkTo(CD1S, rSystem.iRID, rSystem.frame);
         LinkTo(CD2S, rSystem.iRID, rSystem.frame);
-    }
-    for (const auto& [iCID, rSystem] : CD2C.Walk(NamesFrame)) {
+    });
+    CD2C.UpdateInOrder(NamesFrame, [this](std::int32_t, T_CD2C_D& rSystem) {
         LinkTo(CD1R, rSystem.iRID, rSystem.frame);
         LinkTo(CD2R, rSystem.iRID, rSystem.frame);
         LinkTo(CD1C, rSystem.iRID, rSystem.frame);
         LinkTo(CD1S, rSystem.iRID, rSystem.frame);
         LinkTo(CD2S, rSystem.iRID, rSystem.frame);
-    }
-    for (const auto& [iCID, rSystem] : CD2S.Walk(NamesFrame)) {
+    });
+    CD2S.UpdateInOrder(NamesFrame, [this](std::int32_t iCID, T_CD2S_D& rSystem) {
         LinkTo(CD1R, rSystem.iRID, rSystem.frame);
         LinkTo(CD2R, rSystem.iRID, rSystem.frame); // also one that was copied there below
         LinkTo(CD1C, rSystem.iRID, rSystem.frame);
@@ -69,7 +70,7 @@ void CDataPool::ResolveCoordinateSystems() {
         T_CD2R_D copy{rSystem};
         if (LinkTo(CD2C, rSystem.iRID, copy.frame)) CD2R.SetAt(iCID, copy);
         LinkTo(CD1S, rSystem.iRID, rSystem.frame);
-    }
+    });
 
     PlaceByGrids(CD1R, NODS);
     PlaceByGrids(CD1C, NODS);

@@ -12,8 +12,10 @@ bool IsZero(const double (&dV)[3]) {
     return dV[0] == 0.0 && dV[1] == 0.0 && dV[2] == 0.0;
 }
 
-double DegreesOf(double dCosine) {
-    return CMathFunc::ArcCosine(dCosine) * 180.0 / PI;
+/// The angle of a cosine in degrees, and dMore degrees. A not-a-number stays as it is.
+double DegreesOf(double dCosine, double dMore) {
+    const double dAngle = CMathFunc::ArcCosine(dCosine);
+    return std::isnan(dAngle) ? dAngle : dAngle * 180.0 / PI + dMore;
 }
 
 } // namespace
@@ -38,12 +40,12 @@ int CDataPool::ComputeBetaAngle(std::int32_t iNode1, std::int32_t iNode2, double
     // the rest from the level direction across the element. Each branch keeps a range of its own: 90 to 270, 0 to 180,
     // -90 to 90.
     if (std::fabs(dP1[0] - dP2[0]) < 0.0001 && std::fabs(dP1[1] - dP2[1]) < 0.0001) {
-        rAngle = DegreesOf(dD[0] / CMathFunc::Length(dD)) + 90.0;
+        rAngle = DegreesOf(dD[0] / CMathFunc::Length(dD), 90.0);
     } else if (std::fabs(dE[2]) < 0.0001) {
-        rAngle = DegreesOf(dC[2] / CMathFunc::Length(dC));
+        rAngle = DegreesOf(dC[2] / CMathFunc::Length(dC), 0.0);
     } else {
         const double dH = (-dE[1] * dD[0] + dE[0] * dD[1]) / std::sqrt(dE[0] * dE[0] + dE[1] * dE[1]);
-        rAngle = DegreesOf(dH / CMathFunc::Length(dD)) - 90.0;
+        rAngle = DegreesOf(dH / CMathFunc::Length(dD), -90.0);
     }
     return 1;
 }

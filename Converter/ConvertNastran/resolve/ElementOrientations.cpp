@@ -40,7 +40,7 @@ void CDataPool::ResolveElementOrientations() {
     double dFrom[3], dTo[3], dR[3];
     bool bReport = false;
     const auto isLine = [](std::uint16_t nTraits) { return ShapeOfTraits(nTraits) == SHAPE_LINE; };
-    ELEM.ForEach(isLine, [&](std::int32_t, T_ELEM_D& rElement) {
+    ELEM.UpdateEach(isLine, [&](std::int32_t, T_ELEM_D& rElement) {
         const E_ORIENTATION eOrientation = FindOrientation(*this, rElement, dFrom, dTo, dR);
         bReport |= IsReported(eOrientation);
         if (eOrientation != ORIENTATION_GIVEN) return;

@@ -1,5 +1,6 @@
 // The second pass: the position of each grid in the basic frame.
 
+#include "driver/RunError.h"
 #include "messages/MsgDll.h"
 #include "store/DataPool.h"
 
@@ -32,32 +33,37 @@ void TurnSphere(POINT& rPoint) {
     rPoint[2] = dR * std::cos(dB);
 }
 
-/// Turns the point and carries it out of the frame of pSystem, if there is such a system.
-template <class RECORD, class TURN>
-bool CarryOut(const RECORD* pSystem, POINT& rPoint, TURN turn) {
-    if (!pSystem) return false;
-    turn(rPoint);
-    pSystem->frame.ToGlobal(rPoint[0], rPoint[1], rPoint[2]);
-    return true;
-}
-
 } // namespace
 
+/// Carries a point out of a frame. Throws CRunError if the limit on frames is passed.
+void CDataPool::CarryOut(const CUCSBase& rFrame, double (&rPoint)[3]) {
+    m_nCarried += static_cast<std::int64_t>(rFrame.GetFrameCount());
+    if (m_nCarried > m_nMostCarried) throw CRunError(FAILURE_LIMIT_FRAMES, 0, m_nMostCarried);
+    rFrame.ToGlobal(rPoint[0], rPoint[1], rPoint[2]);
+}
+
 void CDataPool::ResolveGridPositions() {
+    // Turns the point and carries it out of the frame of a system, if there is one.
+    const auto carry = [this](const auto* pSystem, POINT& rPoint, auto turn) {
+        if (!pSystem) return false;
+        turn(rPoint);
+        CarryOut(pSystem->frame, rPoint);
+        return true;
+    };
     const auto keep = [](POINT&) {};
     const auto turnCord1C = [](POINT& rPoint) { TurnCylinder(rPoint, CORD1C_PI); };
     const auto turnCord2C = [](POINT& rPoint) { TurnCylinder(rPoint, POLAR_PI); };
     bool bAllFound = true;
     const auto inFrame = [](std::uint16_t nTraits) { return (nTraits & NODE_IN_FRAME) != 0; };
-    NODS.ForEach(inFrame, [&](std::int32_t, T_NODS_D& rNode) {
+    NODS.UpdateEach(inFrame, [&](std::int32_t, T_NODS_D& rNode) {
         double dP[3] = {rNode.dX1, rNode.dX2, rNode.dX3};
         // Every table is tried, also after a hit: systems that share an id apply one after the other.
-        bool bFound = CarryOut(CD1R.Find(rNode.iCP), dP, keep);
-        bFound |= CarryOut(CD2R.Find(rNode.iCP), dP, keep);
-        bFound |= CarryOut(CD1C.Find(rNode.iCP), dP, turnCord1C);
-        bFound |= CarryOut(CD1S.Find(rNode.iCP), dP, TurnSphere);
-        bFound |= CarryOut(CD2C.Find(rNode.iCP), dP, turnCord2C);
-        bFound |= CarryOut(CD2S.Find(rNode.iCP), dP, TurnSphere);
+        bool bFound = carry(CD1R.Find(rNode.iCP), dP, keep);
+        bFound |= carry(CD2R.Find(rNode.iCP), dP, keep);
+        bFound |= carry(CD1C.Find(rNode.iCP), dP, turnCord1C);
+        bFound |= carry(CD1S.Find(rNode.iCP), dP, TurnSphere);
+        bFound |= carry(CD2C.Find(rNode.iCP), dP, turnCord2C);
+        bFound |= carry(CD2S.Find(rNode.iCP), dP, TurnSphere);
         if (bFound) {
             rNode.dGX = dP[0];
             rNode.dGY = dP[1];

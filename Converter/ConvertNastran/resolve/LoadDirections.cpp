@@ -37,15 +37,16 @@ void CDataPool::ResolveLoadDirections() {
     CArray<std::int32_t> aIds;
     if (!GetSortedLoadIds(aIds)) return;
     const auto isNodal = [](std::int8_t iKind) { return iKind == LOAD_FORCE || iKind == LOAD_MOMENT; };
-    VECTOR dDirection;
     VECTOR dUnit = {}; // lives over all sets: a direction without length takes the one before it
+    const auto resolve = [&](T_MBLD_D& rLoad) {
+        VECTOR dDirection;
+        if (!TakeDirection(*this, rLoad, dDirection)) return;
+        CMathFunc::Normalize(dDirection, dUnit);
+        const double dMagnitude = rLoad.dV[0];
+        for (std::size_t i = 0; i < 3; ++i) rLoad.dV[i] = dUnit[i] * dMagnitude;
+    };
     for (const std::int32_t iID : aIds) {
-        for (T_MBLD_D& rLoad : LOAD.Find(iID)->aMBLD.Walk(isNodal)) {
-            if (!TakeDirection(*this, rLoad, dDirection)) continue;
-            CMathFunc::Normalize(dDirection, dUnit);
-            const double dMagnitude = rLoad.dV[0];
-            for (std::size_t i = 0; i < 3; ++i) rLoad.dV[i] = dUnit[i] * dMagnitude;
-        }
+        LOAD.Update(iID, [&](T_LOAD_D& rSet) { rSet.aMBLD.UpdateEach(isNodal, resolve); });
     }
 }
 

@@ -24,12 +24,11 @@ class CMathFunc {
     /// zero. Results below 1e-10 become 0. An angle of 0 changes nothing.
     static void RotateAboutAxis(double dAngle, double dAX, double dAY, double dAZ, double& rX, double& rY, double& rZ);
 
-    /// sqrt and acos. A not-a-number prints with its sign, and that of an argument out of range differs between
-    /// platforms unless it is told: negative for the root, positive for the angle.
-    static double SquareRoot(double d) {
-        return d < 0.0 ? std::copysign(std::numeric_limits<double>::quiet_NaN(), -1.0) : std::sqrt(d);
-    }
+    /// acos, with the same not-a-number on every platform: positive for a finite argument out of range, negative for an
+    /// argument that is no number or infinite.
     static double ArcCosine(double d) {
-        return std::fabs(d) > 1.0 ? std::numeric_limits<double>::quiet_NaN() : std::acos(d);
+        constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+        if (!std::isfinite(d)) return std::copysign(NOT_A_NUMBER, -1.0);
+        return std::fabs(d) > 1.0 ? NOT_A_NUMBER : std::acos(d);
     }
 };

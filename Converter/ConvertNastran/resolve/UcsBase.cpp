@@ -56,16 +56,40 @@ std::size_t CUCSBase::CountFrames() const {
     return nFrames;
 }
 
+void CUCSBase::MeasureChain() {
+    if (IsMeasured()) return;
+    if (!m_pParent || m_pParent->IsMeasured()) { // as in decks that tell the outer frame first
+        m_nFrames = m_pParent ? m_pParent->m_nFrames + 1 : 1;
+        m_pMeasured = this;
+        return;
+    }
+    std::vector<CUCSBase*> aPath; // frames that aren't measured; each counts as measured with its place in the path
+    CUCSBase* pFrame = this;
+    for (; pFrame && !pFrame->IsMeasured(); pFrame = pFrame->m_pParent) {
+        pFrame->m_pMeasured = pFrame;
+        pFrame->m_nFrames = aPath.size();
+        aPath.push_back(pFrame);
+    }
+    std::size_t nFrames = pFrame ? pFrame->m_nFrames : 0;
+    if (pFrame && nFrames < aPath.size() && aPath[nFrames] == pFrame) { // the path closes a circle
+        const std::size_t iEntry = nFrames;
+        nFrames = aPath.size() - iEntry;
+        for (std::size_t i = iEntry; i < aPath.size(); ++i) aPath[i]->m_nFrames = nFrames;
+        aPath.resize(iEntry);
+    }
+    for (; !aPath.empty(); aPath.pop_back()) aPath.back()->m_nFrames = ++nFrames;
+}
+
 void CUCSBase::ToGlobal(double& rX, double& rY, double& rZ) const {
     const CUCSBase* pFrame = this;
-    for (std::size_t nLeft = CountFrames(); nLeft > 0; --nLeft) {
+    for (std::size_t nLeft = GetFrameCount(); nLeft > 0; --nLeft) {
         Carry(pFrame->m_dInv, rX, rY, rZ);
         pFrame = pFrame->m_pParent;
     }
 }
 
 void CUCSBase::ToLocal(double& rX, double& rY, double& rZ) const {
-    std::vector<const CUCSBase*> aChain(CountFrames());
+    std::vector<const CUCSBase*> aChain(GetFrameCount());
     const CUCSBase* pFrame = this;
     for (const CUCSBase*& rpLink : aChain) {
         rpLink = pFrame;

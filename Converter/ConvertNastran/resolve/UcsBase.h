@@ -12,7 +12,10 @@ class CUCSBase {
     virtual ~CUCSBase() = default;
 
     /// The frame that this one is defined in, null for the basic frame; it must outlive the link. Returns it.
-    virtual CUCSBase* SetParent(CUCSBase* pParent) { return m_pParent = pParent; }
+    virtual CUCSBase* SetParent(CUCSBase* pParent) {
+        m_pMeasured = nullptr;
+        return m_pParent = pParent;
+    }
 
     /// Takes 16 values row by row, and makes the way back from them.
     virtual void SetMatrix(const double (&dMatrix)[16]);
@@ -28,6 +31,14 @@ class CUCSBase {
     /// directions become zeros.
     virtual int SetByThreePoints(const double (&dA)[3], const double (&dB)[3], const double (&dC)[3]) = 0;
 
+    /// Keeps the number of frames of this chain and of those that it leads through, so that points needn't count them
+    /// again. A frame that was measured is passed by: all frames of a model together take a step or two each. No link
+    /// of the chain may change afterwards.
+    void MeasureChain();
+
+    /// Number of frames that ToGlobal takes a point through: from this one outward, each counted once.
+    std::size_t GetFrameCount() const { return IsMeasured() ? m_nFrames : CountFrames(); }
+
   protected:
     CUCSBase* m_pParent = nullptr; // the frame that this one is defined in, null for the basic frame
     // The origin stands in the rows as it is and not turned into local axes, so ToLocal is the way back of ToGlobal
@@ -36,5 +47,9 @@ class CUCSBase {
     double m_dInv[4][4] = {}; // the way back to the outer frame
 
   private:
+    bool IsMeasured() const { return m_pMeasured == this; }
     std::size_t CountFrames() const;
+
+    const CUCSBase* m_pMeasured = nullptr; // this one if m_nFrames is of its chain: a copy has another
+    std::size_t m_nFrames = 0;
 };

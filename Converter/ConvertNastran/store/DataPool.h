@@ -14,6 +14,7 @@
 #include "store/PropertyRecord.h"
 
 #include <cstdint>
+#include <limits>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -26,6 +27,7 @@ class CDataPool {
     virtual ~CDataPool() = default;
 
     CZdtMsgMgr* m_pMsgMgr = nullptr; // the run's log, not owned; set just before the passes
+    std::int64_t m_nMostCarried = std::numeric_limits<std::int64_t>::max(); // limit on frames, likewise
     std::vector<CLocalAxis> m_aLocalAxis;
 
     CMap<T_CD1R_D> CD1R{101};
@@ -95,7 +97,7 @@ class CDataPool {
     int GetSortedLoadIds(CArray<std::int32_t>& rIds) const;
 
     /// From the cards to global terms: runs the passes below in order. m_pMsgMgr must be set. Always 1; what can't be
-    /// resolved stays as it was read.
+    /// resolved stays as it was read. Throws CRunError if points are carried through more than m_nMostCarried frames.
     int ResolveModel();
 
     /// The frames of all coordinate systems, and their links to the frames that they are defined in.
@@ -114,7 +116,8 @@ class CDataPool {
 
     /// Angle in degrees by which the orientation (dVX, dVY, dVZ), in global axes, turns a link about the line between
     /// two nodes; 0 if it lies along that line. Goes by the card's coordinates; a missing first node counts as the
-    /// origin, a missing second one as the first. Always 1.
+    /// origin, a missing second one as the first. An angle that the arithmetic can't give is a not-a-number: positive
+    /// if the cosine is out of range by rounding, negative if it comes of infinite values. Always 1.
     int ComputeBetaAngle(std::int32_t iNode1, std::int32_t iNode2, double dVX, double dVY, double dVZ,
                          double& rAngle) const;
 
@@ -123,9 +126,13 @@ class CDataPool {
     int ComputeElementLength(std::int32_t iElement, double& rLength) const;
 
   private:
+    void CarryOut(const CUCSBase& rFrame, double (&rPoint)[3]);
+
     template <class... ARGS>
     int LogMessage(std::string_view sFormat, const ARGS&... args) const {
         m_pMsgMgr->AddMessageF(sFormat, {CTextArg(args)...});
         return 0;
     }
+
+    std::int64_t m_nCarried = 0; // frames that points went through
 };

@@ -54,14 +54,14 @@ struct T_MBLD_D {
 };
 
 /// The entries of a load set in card order. Their kinds are kept side by side besides: many go over the entries for
-/// those of some kind, and needn't touch the others. An entry keeps its kind.
+/// those of some kind, and needn't touch the others. Entries are changed through UpdateEach alone.
 class CLoadEntries : private CArray<T_MBLD_D> {
   public:
-    using CArray::begin;
-    using CArray::end;
     using CArray::GetSize;
     using CArray::IsEmpty;
-    using CArray::operator[];
+    CONST_POSITION begin() const { return CArray::begin(); }
+    CONST_POSITION end() const { return CArray::end(); }
+    const T_MBLD_D& operator[](std::size_t i) const { return CArray::operator[](i); }
 
     void Add(const T_MBLD_D& rEntry) {
         CArray::Add(rEntry);
@@ -71,16 +71,27 @@ class CLoadEntries : private CArray<T_MBLD_D> {
     /// The kind of each entry.
     const std::vector<std::int8_t>& GetKinds() const { return m_aKinds; }
 
+    /// Calls change(entry) for the entries whose kinds taken accepts, in order.
+    template <class PREDICATE, class CHANGE>
+    void UpdateEach(PREDICATE taken, CHANGE change) {
+        for (std::size_t i = 0; i < m_aKinds.size(); ++i) {
+            if (!taken(m_aKinds[i])) continue;
+            T_MBLD_D& rEntry = CArray::operator[](i);
+            change(rEntry);
+            m_aKinds[i] = rEntry.iKIND;
+        }
+    }
+
     /// Some of the entries, in order.
-    template <class ENTRIES, class ENTRY, class PREDICATE>
+    template <class PREDICATE>
     class CWalk {
       public:
-        CWalk(ENTRIES& rEntries, PREDICATE taken) : m_rEntries(rEntries), m_taken(taken) {}
+        CWalk(const CLoadEntries& rEntries, PREDICATE taken) : m_rEntries(rEntries), m_taken(taken) {}
         bool IsEmpty() const { return Next(0) == m_rEntries.GetSize(); }
         class CPosition {
           public:
             CPosition(const CWalk& rWalk, std::size_t iPlace) : m_rWalk(rWalk), m_iPlace(iPlace) {}
-            ENTRY& operator*() const { return m_rWalk.m_rEntries[m_iPlace]; }
+            const T_MBLD_D& operator*() const { return m_rWalk.m_rEntries[m_iPlace]; }
             CPosition& operator++() {
                 m_iPlace = m_rWalk.Next(m_iPlace + 1);
                 return *this;
@@ -102,18 +113,14 @@ class CLoadEntries : private CArray<T_MBLD_D> {
             return iPlace;
         }
 
-        ENTRIES& m_rEntries;
+        const CLoadEntries& m_rEntries;
         PREDICATE m_taken;
     };
 
     /// The entries whose kinds taken accepts. None may be added during the walk.
     template <class PREDICATE>
-    auto Walk(PREDICATE taken) {
-        return CWalk<CLoadEntries, T_MBLD_D, PREDICATE>(*this, taken);
-    }
-    template <class PREDICATE>
     auto Walk(PREDICATE taken) const {
-        return CWalk<const CLoadEntries, const T_MBLD_D, PREDICATE>(*this, taken);
+        return CWalk<PREDICATE>(*this, taken);
     }
 
     /// The entries of one kind.

@@ -34,16 +34,16 @@ constexpr std::uint32_t PlaceOfOrder(std::uint64_t nOrder) {
 /// The places of records in store order. aOrder has their ranks, by ascending place.
 std::vector<std::uint32_t> SortByBucket(std::vector<std::uint64_t> aOrder, std::uint32_t nBuckets);
 
-/// Records that tell in a number what walks choose them by. The number is taken when a record is stored and must not
-/// change while it lies in the table.
+/// Records that tell in a number what walks choose them by. A table takes the number whenever such a record is stored
+/// or may have changed.
 template <class RECORD>
 concept HasTraits = requires(const RECORD& rRecord) {
     std::uint16_t{rRecord.Traits()};
 };
 
 /// Records lie side by side in blocks in the order of insertion and keep their addresses; nothing is ever removed.
-/// Walks give pairs of key and record. They hold the places that the table had when they were made, so a walk may
-/// change records and may add to the table without meeting what it adds.
+/// Walks give pairs of key and record. They hold the places that the table had when they were made, so a walk may add
+/// to the table without meeting what it adds. Records that have traits are changed through the Update functions alone.
 template <class RECORD>
 class CMap {
   public:
@@ -74,11 +74,10 @@ class CMap {
     }
 
     /// The record of a key, null if there is none.
-    RECORD* Find(std::int32_t iKey) {
+    const RECORD* Find(std::int32_t iKey) const {
         const std::uint32_t iPlace = m_index.Find(iKey);
         return iPlace == CKeyIndex::NONE ? nullptr : &At(iPlace);
     }
-    const RECORD* Find(std::int32_t iKey) const { return const_cast<CMap*>(this)->Find(iKey); }
 
     /// Copies the record of a key. Returns 1, or 0 if there is none.
     int Lookup(std::int32_t iKey, RECORD& rRecord) const {
@@ -87,29 +86,46 @@ class CMap {
         return pRecord ? 1 : 0;
     }
 
-    /// The record of a key in place; a key that is absent gets a zero record first.
-    RECORD& operator[](std::int32_t iKey) {
+    /// The record of a key in place; a key that is absent gets a zero record first. Records with traits aren't handed
+    /// out like this.
+    RECORD& operator[](std::int32_t iKey) requires(!HasTraits<RECORD>) {
         const std::uint32_t iPlace = m_index.Find(iKey);
         return iPlace == CKeyIndex::NONE ? Append(iKey, RECORD()) : At(iPlace);
     }
 
-    /// Calls visit(id, record) for all records in the order of insertion, which is the cheapest: for work on each
-    /// record by itself. visit may change the record but adds none to this table.
-    template <class VISIT>
-    void ForEach(VISIT visit) {
-        for (std::size_t i = 0; i < m_nRecords; ++i) visit(KeyAt(i), At(i));
+    /// Calls change(record) for the record of a key. Returns 1, or 0 if there is none.
+    template <class CHANGE>
+    int Update(std::int32_t iKey, CHANGE change) {
+        const std::uint32_t iPlace = m_index.Find(iKey);
+        if (iPlace == CKeyIndex::NONE) return 0;
+        const auto changeIt = [&](std::int32_t, RECORD& rRecord) { change(rRecord); };
+        UpdateAt(iPlace, changeIt);
+        return 1;
     }
+
+    /// Calls change(id, record) for the records that taken accepts, as Walk does, in the order of insertion, which is
+    /// the cheapest: for work on each record by itself. change adds none to this table.
+    template <class PREDICATE, class CHANGE>
+    void UpdateEach(PREDICATE taken, CHANGE change) {
+        for (std::size_t i = 0; i < m_nRecords; ++i) {
+            if (IsTaken(taken, i)) UpdateAt(i, change);
+        }
+    }
+    template <class CHANGE>
+    void UpdateEach(CHANGE change) {
+        UpdateEach(All, change);
+    }
+
+    /// The same in store order; change may add to this table.
+    template <class PREDICATE, class CHANGE>
+    void UpdateInOrder(PREDICATE taken, CHANGE change) {
+        for (const std::uint32_t iPlace : InStoreOrder(taken)) UpdateAt(iPlace, change);
+    }
+
+    /// Calls visit(id, record) for all records in the order of insertion.
     template <class VISIT>
     void ForEach(VISIT visit) const {
         for (std::size_t i = 0; i < m_nRecords; ++i) visit(KeyAt(i), At(i));
-    }
-
-    /// The same for the records that taken accepts by their traits: the others aren't touched.
-    template <class PREDICATE, class VISIT>
-    void ForEach(PREDICATE taken, VISIT visit) {
-        for (std::size_t i = 0; i < m_nRecords; ++i) {
-            if (taken(TraitsAt(i))) visit(KeyAt(i), At(i));
-        }
     }
 
     /// The traits of the record of a key, 0 if there is none.
@@ -125,15 +141,14 @@ class CMap {
     }
 
     /// Some of the records, in an order of their own.
-    template <class MAP, class ITEM>
     class CWalk {
       public:
-        CWalk(MAP& rMap, std::vector<std::uint32_t> aPlaces) : m_pMap(&rMap), m_aPlaces(std::move(aPlaces)) {}
+        CWalk(const CMap& rMap, std::vector<std::uint32_t> aPlaces) : m_pMap(&rMap), m_aPlaces(std::move(aPlaces)) {}
         std::size_t GetCount() const { return m_aPlaces.size(); }
         class CPosition {
           public:
             CPosition(const CWalk& rWalk, std::size_t i) : m_pWalk(&rWalk), m_i(i) {}
-            std::pair<std::int32_t, ITEM&> operator*() const {
+            std::pair<std::int32_t, const RECORD&> operator*() const {
                 const std::uint32_t iPlace = m_pWalk->m_aPlaces[m_i];
                 return {m_pWalk->m_pMap->KeyAt(iPlace), m_pWalk->m_pMap->At(iPlace)};
             }
@@ -159,30 +174,23 @@ class CMap {
             if (i + AHEAD < m_aPlaces.size()) __builtin_prefetch(m_pMap->Room(m_aPlaces[i + AHEAD]));
         }
 
-        MAP* m_pMap;
+        const CMap* m_pMap;
         std::vector<std::uint32_t> m_aPlaces;
     };
-    using WALK = CWalk<CMap, RECORD>;
-    using CONST_WALK = CWalk<const CMap, const RECORD>;
 
     /// The records that taken accepts, in store order: buckets ascending, in a bucket the last added first. taken looks
     /// at a record or, where a table has them, at its traits, which costs a fraction.
     template <class PREDICATE>
-    WALK Walk(PREDICATE taken) {
-        return {*this, InStoreOrder(taken)};
-    }
-    template <class PREDICATE>
-    CONST_WALK Walk(PREDICATE taken) const {
+    CWalk Walk(PREDICATE taken) const {
         return {*this, InStoreOrder(taken)};
     }
 
     /// All records in store order.
-    WALK Walk() { return Walk(All); }
-    CONST_WALK Walk() const { return Walk(All); }
+    CWalk Walk() const { return Walk(All); }
 
     /// The records that taken accepts, by ascending id.
     template <class PREDICATE>
-    CONST_WALK Sorted(PREDICATE taken) const {
+    CWalk Sorted(PREDICATE taken) const {
         std::vector<std::uint32_t> aPlaces(CountTaken(taken));
         auto pPlace = aPlaces.begin();
         ForEachTaken(taken, [&](std::uint32_t i) { *pPlace++ = i; });
@@ -192,12 +200,9 @@ class CMap {
         }
         return {*this, std::move(aPlaces)};
     }
-    CONST_WALK Sorted() const { return Sorted(All); }
+    CWalk Sorted() const { return Sorted(All); }
 
   private:
-    template <class, class>
-    friend class CWalk;
-
     // Records in a block: a power of two makes finding one a shift and a mask. Memory that isn't touched isn't taken,
     // so a block may be large; and nothing is ever moved to a larger place.
     static constexpr std::size_t BLOCK = std::bit_floor((std::size_t(1) << 20) / sizeof(RECORD));
@@ -217,6 +222,13 @@ class CMap {
     const RECORD& At(std::size_t i) const { return *Room(i); }
     std::int32_t& KeyAt(std::size_t i) const { return m_aBlocks[i / BLOCK]->aKEYS[i % BLOCK]; }
     std::uint16_t& TraitsAt(std::size_t i) const { return m_aBlocks[i / BLOCK]->aTRAITS[i % BLOCK]; }
+
+    /// change(id, record) may change what the traits are made of.
+    template <class CHANGE>
+    void UpdateAt(std::size_t i, CHANGE& rChange) {
+        rChange(std::as_const(KeyAt(i)), At(i));
+        if constexpr (HasTraits<RECORD>) TraitsAt(i) = At(i).Traits();
+    }
 
     template <class PREDICATE>
     bool IsTaken(PREDICATE& rTaken, std::size_t i) const {

@@ -4,6 +4,9 @@
 #include "writer/Section.h"
 #include "writer/rows/SpringRows.h"
 
+#include <cmath>
+#include <string>
+
 namespace {
 
 // clang-format off
@@ -60,6 +63,13 @@ void WriteGap(CFile& rFile, const T_GAPPROPERTY_ROW& r) {
 
 void WritePointLink(CFile& rFile, const T_POINTLINK_ROW& r) {
     WriteLine(rFile, "%d, %d, %d, GPROP%d, , 1, 0, 0, 0, 0, \n", r.iEID, r.iNODE1, r.iNODE2, r.iGPROP);
+}
+
+/// %g of an angle, which can be the one positive not-a-number of the file.
+std::string AngleText(double dAngle) {
+    if (std::isnan(dAngle) && !std::signbit(dAngle)) return "nan";
+    char aText[LONGEST_REAL];
+    return {aText, PutReal(aText, dAngle)};
 }
 
 } // namespace
@@ -125,7 +135,8 @@ int CConvertNastran::WriteBushGapLinks(CFile& rFile) {
             WritePointLink(rFile, r);
         },
         [&](const T_TURNEDLINK_ROW& r) {
-            section.Line(" %d, %d, %d, GPROP%d, , 0, %g, \n", r.iEID, r.iNODE1, r.iNODE2, r.iGPROP, r.dANGLE);
+            section.Line(" %d, %d, %d, GPROP%d, , 0, %s, \n", r.iEID, r.iNODE1, r.iNODE2, r.iGPROP,
+                         AngleText(r.dANGLE));
         },
     };
     ForEachGeneralLink(GetDataPool(), visitor);

@@ -86,6 +86,7 @@ char* PutReal(char* p, double dValue) {
     }
     T_ROUNDED_D rounded;
     if (!std::isfinite(dValue) || !RoundToDigits(dValue, rounded)) {
+        if (std::isnan(dValue)) dValue = std::copysign(dValue, -1.0);
         return std::to_chars(p, p + LONGEST_REAL, dValue, std::chars_format::general, DIGITS).ptr;
     }
     const TEXTWORD nSpread = SpreadDigits(rounded.nDigits * 100);

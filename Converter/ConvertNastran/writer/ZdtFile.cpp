@@ -10,15 +10,20 @@ std::string CConvertNastran::TargetPath(const std::string& sPath) {
 }
 
 /// Writes the model beside the deck sPath, or where the host wants it. Returns 1, also when the file fails, which the
-/// user is told; 0 if a section writer gave up.
+/// user is told; 0 if a section writer gave up. Throws CRunError if the limit on output is passed: what was written up
+/// to there stays, as of a file that fails.
 int CConvertNastran::WriteZdtFile(const std::string& sPath) {
     CFile own;
     CFile* pFile = &own;
+    const std::int64_t nMost = m_limits.MostOutput(m_nBytesRead);
     try {
         pFile = &OpenTarget(own, sPath);
+        pFile->SetLimit(static_cast<std::uint64_t>(nMost));
         const int iResult = WriteModel(*pFile);
         pFile->Close();
         return iResult ? 1 : 0;
+    } catch (const CFileTooLong&) {
+        throw CRunError(FAILURE_LIMIT_OUTPUT, 0, nMost);
     } catch (const CFileException& rError) {
         m_rDialogs.ShowFileError(rError);
         pFile->Abort();

@@ -2,11 +2,11 @@
 
 #include "writer/rows/SectionRows.h"
 
-#include "resolve/MathFunc.h"
+#include <cmath>
 
 T_STIF_D RodStiffness(const T_PROP_D& rProperty) {
     const double dA = rProperty.dVAL[SLOT_A];
-    return {.dSIDE = CMathFunc::SquareRoot(dA),
+    return {.dSIDE = std::sqrt(dA),
             .dA = dA,
             .dAS1 = 0.0,
             .dAS2 = 0.0,
@@ -18,7 +18,7 @@ T_STIF_D RodStiffness(const T_PROP_D& rProperty) {
 T_STIF_D EndStiffness(const T_PROP_D& rProperty, std::size_t iEnd) {
     const auto& rValues = rProperty.dVAL;
     const double dA = rValues[iEnd + SLOT_A];
-    return {.dSIDE = CMathFunc::SquareRoot(dA),
+    return {.dSIDE = std::sqrt(dA),
             .dA = dA,
             .dAS1 = rValues[iEnd + SLOT_K1] * dA,
             .dAS2 = rValues[iEnd + SLOT_K2] * dA,
