@@ -84,6 +84,7 @@ class CJoin {
     static std::string Place(const T_LEVEL_D& rLevel) { return rLevel.sPATH + ":" + std::to_string(rLevel.iLINE); }
 
     std::int64_t m_nMostDecks;
+    std::int64_t m_nDecks = 0; // opened, one that is included again among them
     CFile& m_rFile;
     std::vector<T_LEVEL_D> m_aLevels; // the main deck first; a deck's includes nest here, not on the stack
     std::int32_t m_nLines = 0;        // written
@@ -92,7 +93,7 @@ class CJoin {
 
 /// Opens a deck. sPlace is where its INCLUDE stands, empty for the main deck.
 void CJoin::Enter(const std::string& sPath, const std::string& sPlace, bool bEnclosed) {
-    if (static_cast<std::int64_t>(m_joined.aFILES.size()) >= m_nMostDecks) {
+    if (++m_nDecks > m_nMostDecks) {
         throw CFlattenError(sPlace + ": limit on decks: more than " + std::to_string(m_nMostDecks) +
                             " decks are opened; the option --limit decks=N sets it");
     }
