@@ -8,19 +8,19 @@ cd "$(dirname "$0")/.."
 need "c++ cmake ninja pkg-config pkg-config:gtk+-3.0 /usr/include/gtest/gtest.h Xvfb xdotool import" \
   "g++ cmake ninja-build pkg-config libgtk-3-dev libgtest-dev googletest xvfb xdotool imagemagick fonts-ipafont-gothic"
 
-cmake -S . -B build/dialogs -G Ninja -DCMAKE_BUILD_TYPE=Release -DCONVERTNASTRAN_GTK=ON >/dev/null
-cmake --build build/dialogs -j"${JOBS:-2}"
+cmake --preset release -DCONVERTNASTRAN_GTK=ON -DCONVERTNASTRAN_TESTS=ON >/dev/null
+cmake --build --preset release -j"${JOBS:-2}"
 
 folder=$(mktemp -d)
 screen=
 trap 'if [ -n "$screen" ]; then kill "$screen" 2>/dev/null || :; fi; rm -rf "$folder"' EXIT
 export NO_AT_BRIDGE=1 LANGUAGE=
 unset WAYLAND_DISPLAY
-host=$PWD/build/dialogs/bin/host
+host=$PWD/build/release/bin/host
 
 echo "== dialogs answered by a program"
 start_screen
-ctest --test-dir build/dialogs --output-on-failure --no-tests=error -R Dialogs
+ctest --test-dir build/release --output-on-failure --no-tests=error -R Dialogs
 
 echo "== dialogs answered by the keyboard"
 write_deck "$folder/deck.dat"
@@ -50,7 +50,7 @@ expect_done "$printed" "$folder/deck.zdt"
 
 echo "== a library without the plug-in"
 mkdir "$folder/plain"
-cp build/dialogs/bin/libConvertNastran.so build/dialogs/bin/Convertmsg.DLL "$host" "$folder/plain"
+cp build/release/bin/libConvertNastran.so build/release/bin/Convertmsg.DLL "$host" "$folder/plain"
 if ldd "$folder/plain/libConvertNastran.so" | grep -i -E 'gtk|libX'; then
   echo "failed: the library needs a toolkit"
   exit 1
