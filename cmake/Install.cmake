@@ -1,14 +1,20 @@
 # What an installation holds, how other projects find it, and the package.
 
+if(NOT CMAKE_INSTALL_DOCDIR)
+  set(CMAKE_INSTALL_DOCDIR share/doc/convertnastran) # where a distribution looks for a package's
+endif()
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-# The message library lies beside the library; the command, which lies elsewhere, finds it by its run path.
-set_target_properties(ConvertNastran PROPERTIES
-  VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} INSTALL_RPATH "$ORIGIN")
+# The message library lies beside the library; the command, which lies elsewhere, finds it by its run path. It is the same
+# in the folder of the build: one that is changed while it is installed is made as long as needed by empty elements, and
+# those are the current directory.
 file(RELATIVE_PATH library_from_command
   ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+set_target_properties(ConvertNastran PROPERTIES
+  VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} INSTALL_RPATH "$ORIGIN")
 set_target_properties(nas2zdt PROPERTIES INSTALL_RPATH "$ORIGIN/${library_from_command}")
+set_target_properties(ConvertNastran nas2zdt PROPERTIES BUILD_WITH_INSTALL_RPATH ON)
 target_include_directories(ConvertNastran INTERFACE
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/Converter/ConvertNastran/driver>
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/ConvertNastran>)
@@ -28,7 +34,8 @@ endif()
 install(TARGETS nas2zdt RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES Converter/ConvertNastran/driver/ConvertFile.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ConvertNastran)
 install(FILES docs/nas2zdt.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES README.md LICENSE docs/account.md docs/hosts.md docs/sections.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md docs/account.md docs/hosts.md docs/sections.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
 
 # ---- for find_package(ConvertNastran) and pkg-config
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ConvertNastran)
@@ -47,10 +54,21 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME convertnastran)
 set(CPACK_PACKAGE_CONTACT "the maintainers <maintainers@localhost>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "A library that a structural analysis host loads and
+calls, and the command nas2zdt for terminals and scripts. A deck is read with
+all that it includes, resolved into global terms and written as one ZDT file.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6, libstdc++6, libgcc-s1")
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "libgtk-3-0")
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_STRIP_FILES ON)
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/Package.cmake)
+
+# How programs that link the library depend on this package, and that the loader learns of the library.
+file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/package/shlibs CONTENT
+  "libConvertNastran @PROJECT_VERSION_MAJOR@ convertnastran (>= @PROJECT_VERSION@)\n" @ONLY)
+file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/package/triggers CONTENT "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/package/shlibs ${PROJECT_BINARY_DIR}/package/triggers)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 include(CPack)

@@ -3,13 +3,9 @@
 # in build/coverage/report/index.html. Branches of exceptions that the compiler adds aren't counted.
 set -eu
 cd "$(dirname "$0")/.."
+. scripts/packages.sh
 scripts/setup.sh
-if ! command -v gcovr >/dev/null 2>&1; then
-    sudo=
-    [ "$(id -u)" -eq 0 ] || sudo=sudo
-    $sudo apt-get update -q
-    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -q -y --no-install-recommends gcovr
-fi
+require gcovr gcovr
 build=build/coverage
 cmake --preset coverage -DCONVERTNASTRAN_TESTS=ON
 cmake --build --preset coverage

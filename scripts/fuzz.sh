@@ -4,6 +4,7 @@
 # left in build/fuzz/findings. Where clang's fuzzing runtime can't be had, nothing is done.
 set -eu
 cd "$(dirname "$0")/.."
+. scripts/packages.sh
 seconds=${1:-20}
 [ $# -eq 0 ] || shift
 targets=${*:-deck include field map}
@@ -15,10 +16,7 @@ can_fuzz() {
     clang++ -fsanitize=fuzzer,address,undefined "$scratch/empty.cpp" -o "$scratch/empty" 2>"$scratch/why"
 }
 if ! can_fuzz; then
-    sudo=
-    [ "$(id -u)" -eq 0 ] || sudo=sudo
-    { $sudo apt-get update -q && DEBIAN_FRONTEND=noninteractive $sudo apt-get install -q -y --no-install-recommends \
-        clang libclang-rt-14-dev; } >"$scratch/install" 2>&1 || true
+    install_packages clang libclang-rt-14-dev >"$scratch/install" 2>&1 || true
     if ! can_fuzz; then
         cat "$scratch/why"
         echo "skipped: no clang with its fuzzing runtime here"

@@ -4,17 +4,8 @@
 # Windows, and those of desktop windows and microbenchmarks where their libraries are missing.
 set -eu
 cd "$(dirname "$0")/.."
-missing=
-for tool in clang-tidy cppcheck shellcheck clang++ cmake ninja; do
-    command -v $tool >/dev/null 2>&1 || missing="$missing $tool"
-done
-if [ -n "$missing" ]; then
-    sudo=
-    [ "$(id -u)" -eq 0 ] || sudo=sudo
-    $sudo apt-get update -q
-    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -q -y --no-install-recommends \
-        clang clang-tidy clang-tools cppcheck shellcheck cmake ninja-build
-fi
+. scripts/packages.sh
+require "clang-tidy cppcheck shellcheck clang++ cmake ninja" "clang clang-tidy clang-tools cppcheck shellcheck cmake ninja-build"
 build=build/lint
 jobs=$(nproc)
 cmake -S . -B $build -G Ninja -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ -DCONVERTNASTRAN_TESTS=OFF \

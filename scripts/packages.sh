@@ -1,22 +1,8 @@
 # shellcheck shell=sh disable=SC2034
-# For the scripts beside it: what a test needs from the distribution, and a screen to run it on.
+# For the scripts beside it: what they need from the distribution, a copy of the project, and a screen to run a test on.
 
-# Ends the script as skipped unless all commands and files named in $1 are there or come with the packages in $2.
-need() {
-  missing=$(missing_of "$1")
-  if [ -n "$missing" ] && [ "$(id -u)" = 0 ] && command -v apt-get >/dev/null; then
-    echo "installing: $2"
-    # shellcheck disable=SC2086 # a list
-    { apt-get update -qq && DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $2; } \
-      >/dev/null 2>&1 || :
-    missing=$(missing_of "$1")
-  fi
-  if [ -n "$missing" ]; then
-    echo "skipped: not there and not to be had: $missing(packages: $2)"
-    exit 0
-  fi
-}
-
+# The words of $1 that aren't there: files are absolute paths, "pkg-config:NAME" is what it says, and everything else is
+# a command, whatever the current folder has of that name.
 missing_of() {
   for thing in $1; do
     case $thing in
@@ -25,6 +11,41 @@ missing_of() {
       *) command -v "$thing" >/dev/null || printf '%s ' "$thing" ;;
     esac
   done
+}
+
+# Installs packages. Needs Debian's package manager, and root or sudo.
+install_packages() {
+  sudo=
+  [ "$(id -u)" = 0 ] || sudo=sudo
+  $sudo apt-get update -q && $sudo env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends "$@"
+}
+
+# Installs the packages in $2 unless all things in $1 are there. Ends the script if they can't be had.
+require() {
+  [ -z "$(missing_of "$1")" ] && return
+  # shellcheck disable=SC2086 # a list
+  install_packages $2
+}
+
+# The same for a test that can be done without: ends the script as skipped then, and asks nobody for a password.
+need() {
+  missing=$(missing_of "$1")
+  if [ -n "$missing" ] && [ "$(id -u)" = 0 ] && command -v apt-get >/dev/null; then
+    echo "installing: $2"
+    # shellcheck disable=SC2086 # a list
+    install_packages $2 >/dev/null 2>&1 || :
+    missing=$(missing_of "$1")
+  fi
+  if [ -n "$missing" ]; then
+    echo "skipped: not there and not to be had: $missing(packages: $2)"
+    exit 0
+  fi
+}
+
+# Copies what git has of the project into the folder $1.
+copy_project() {
+  mkdir -p "$1"
+  git ls-files -z | tar -cf - --null -T - | tar -xf - -C "$1"
 }
 
 # Starts an X server of its own on a free display: $DISPLAY, and its process in $screen. It must not start anew whenever

@@ -1,20 +1,56 @@
 #!/bin/sh
-# Makes the package, unpacks it, and uses what is in it: the command, and hosts that find the library as other projects
-# do. Needs what building needs, and dpkg-deb; pkg-config is used if it is there.
+# Makes the package in two places, whose bytes must be the same, unpacks it, reads back what it says and holds, and uses
+# it: the command, and hosts that find the library as other projects do. pkg-config is used if it is there.
 set -eu
 cd "$(dirname "$0")/.."
+. scripts/packages.sh
 scripts/setup.sh
+require "dpkg-shlibdeps git" "dpkg-dev git"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-cmake --preset release -DCONVERTNASTRAN_TESTS=OFF -B "$work/build" >/dev/null
-cmake --build "$work/build" >/dev/null
-(cd "$work/build" && cpack -G DEB >/dev/null)
-dpkg-deb -x "$work"/build/*.deb "$work/root"
-library=$(dirname "$(find "$work/root/usr" -name 'libConvertNastran.so')")
+fail() {
+    echo "failed: $1" >&2
+    exit 1
+}
+
+pack() { # pack SOURCE BUILD
+    cmake -S "$1" -B "$2" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCONVERTNASTRAN_TESTS=OFF >/dev/null
+    cmake --build "$2" >/dev/null
+    (cd "$2" && cpack -G DEB >/dev/null)
+}
+export SOURCE_DATE_EPOCH=1700000000
+copy_project "$work/elsewhere/project"
+pack "$PWD" "$work/build"
+(TZ=Asia/Tokyo && export TZ && pack "$work/elsewhere/project" "$work/elsewhere/project/build")
+package=$(echo "$work"/build/*.deb)
+cmp "$package" "$work"/elsewhere/project/build/*.deb
+(cd "$work/build" && umask 077 && cpack -G DEB -B "$work/strict" >/dev/null)
+[ "$(dpkg-deb -c "$package")" = "$(dpkg-deb -c "$work"/strict/*.deb)" ] || fail "what is in it may be read by all"
+
+dpkg-deb -x "$package" "$work/root"
+usr=$work/root/usr
+library=$(dirname "$(find "$usr" -name 'libConvertNastran.so')")
+field() { dpkg-deb -f "$package" "$1"; }
+for name in libc6 libstdc++6; do
+    field Depends | grep -qF "$name (>= " || fail "depends on $name of a version: $(field Depends)"
+done
+if field Depends | grep -q gtk; then fail "the library and the command need no toolkit"; fi
+if [ -e "$library/ConvertNastranGtk.so" ]; then
+    field Recommends | grep -qF "libgtk-3-0 (>= " || fail "recommends the toolkit of the windows: $(field Recommends)"
+fi
+for file in control md5sums shlibs triggers; do
+    [ -n "$(dpkg-deb -I "$package" $file)" ] || fail "$file is empty"
+done
+cmp "$usr/share/doc/convertnastran/copyright" LICENSE
+gzip -dc "$usr/share/doc/convertnastran/changelog.gz" | grep -q "^convertnastran ($(field Version)) .*" || fail "changelog"
+gzip -dc "$usr/share/man/man1/nas2zdt.1.gz" | cmp - docs/nas2zdt.1
+for check in paths exports hardening; do
+    python3 tests/binaries/binaries_test.py $check "$usr" >"$work/found" || fail "$(cat "$work/found")"
+done
 
 cp examples/portal_frame.dat "$work/deck.dat"
-"$work/root/usr/bin/nas2zdt" "$work/deck.dat" >"$work/log"
+"$usr/bin/nas2zdt" "$work/deck.dat" >"$work/log"
 cmp "$work/deck.zdt" examples/portal_frame.zdt
 grep -q 'must be a NASTRAN bulk data deck' "$work/log" # the message library was found
 
@@ -29,14 +65,14 @@ add_executable(host convert.cpp)
 target_compile_features(host PRIVATE cxx_std_20)
 target_link_libraries(host PRIVATE ConvertNastran::ConvertNastran)
 END
-cmake -S "$work/host" -B "$work/host/build" -G Ninja -DCMAKE_PREFIX_PATH="$work/root/usr" >/dev/null
+cmake -S "$work/host" -B "$work/host/build" -G Ninja -DCMAKE_PREFIX_PATH="$usr" >/dev/null
 cmake --build "$work/host/build" >/dev/null
 expected=$(printf 'result: 0\npath: %s/deck.zdt' "$work")
-passed=1 # the command
+passed=2 # the package and the command
 convert() { # convert HOST...: types the deck's path and looks at what the host says of it
     rm -f "$work/deck.zdt"
     told=$(echo "$work/deck.dat" | env -u DISPLAY -u WAYLAND_DISPLAY LD_LIBRARY_PATH="$library" "$@" | tail -n 2)
-    [ "$told" = "$expected" ] || { echo "failed: $*: $told" >&2; exit 1; }
+    [ "$told" = "$expected" ] || fail "$*: $told"
     cmp "$work/deck.zdt" examples/portal_frame.zdt
     passed=$((passed + 1))
 }

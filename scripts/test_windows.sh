@@ -21,6 +21,26 @@ for binary in build/windows/bin/*; do
   fi
 done
 
+echo "== each binary can lie anywhere, at addresses beyond 4 GiB, and runs no data"
+for binary in build/windows/bin/*; do
+  flags=$(x86_64-w64-mingw32-objdump -p "$binary" | sed -n 's/^DllCharacteristics[[:space:]]*//p')
+  if [ $((0x${flags:-0} & 0x160)) -ne $((0x160)) ]; then
+    echo "failed: $binary has the characteristics $flags"
+    exit 1
+  fi
+done
+
+echo "== each library exports what it should"
+for library in "ConvertNastran.dll: ConvertFile ConvertFile2" "Convertmsg.DLL: LoadStr"; do
+  name=${library%%:*}
+  exported=$(x86_64-w64-mingw32-objdump -p "build/windows/bin/$name" |
+    sed -n '/Name Pointer/,/^$/s/^[[:space:]]*\[ *[0-9]*\] //p' | tr '\n' ' ')
+  if [ "$name: $exported" != "$library " ]; then
+    echo "failed: $name exports $exported"
+    exit 1
+  fi
+done
+
 folder=$(mktemp -d)
 screen=
 trap 'wineserver -k 2>/dev/null || :; if [ -n "$screen" ]; then kill "$screen" 2>/dev/null || :; fi; rm -rf "$folder"' EXIT

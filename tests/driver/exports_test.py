@@ -7,7 +7,8 @@ import tempfile
 
 library = ctypes.CDLL(sys.argv[1])
 library.ConvertFile2.argtypes = [ctypes.c_char_p, ctypes.c_int32]
-folder = tempfile.mkdtemp()
+temporary = tempfile.TemporaryDirectory()
+folder = temporary.name
 
 
 def convert(typed, size=4096):

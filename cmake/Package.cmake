@@ -1,0 +1,43 @@
+# Run by CPack between filling the package's folder and packing it: what the distribution asks of a package, and what
+# this one needs of others.
+
+if(NOT CPACK_GENERATOR STREQUAL "DEB")
+  return()
+endif()
+set(root ${CPACK_TEMPORARY_INSTALL_DIRECTORY})
+set(usr ${root}${CPACK_PACKAGING_INSTALL_PREFIX})
+
+# ---- the changelog, dated like everything in the package
+string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)
+set(changelog ${usr}/share/doc/${CPACK_PACKAGE_NAME}/changelog)
+file(WRITE ${changelog} "${CPACK_PACKAGE_NAME} (${CPACK_PACKAGE_VERSION}) unstable; urgency=medium
+
+  * Packaged as released.
+
+ -- ${CPACK_PACKAGE_CONTACT}  ${date}
+")
+file(CHMOD ${changelog} PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
+file(GLOB manual ${usr}/share/man/man1/*.1)
+execute_process(COMMAND gzip -9 -n -f ${changelog} ${manual} COMMAND_ERROR_IS_FATAL ANY)
+
+# ---- dependencies: the library and the command work without the desktop windows, whose toolkit is recommended only
+find_program(DPKG_SHLIBDEPS dpkg-shlibdeps)
+if(NOT DPKG_SHLIBDEPS)
+  message(FATAL_ERROR "dpkg-shlibdeps, which finds what the package depends on, isn't there (package: dpkg-dev)")
+endif()
+file(GLOB_RECURSE binaries ${usr}/nas2zdt ${usr}/libConvertNastran.so.*.* ${usr}/Convertmsg.DLL)
+file(GLOB_RECURSE plugin ${usr}/ConvertNastranGtk.so)
+if(plugin)
+  list(PREPEND plugin -dRecommends)
+endif()
+file(MAKE_DIRECTORY ${root}/DEBIAN) # by which it knows a package
+file(WRITE ${root}/debian/control "")
+execute_process(COMMAND ${DPKG_SHLIBDEPS} -O -dDepends ${binaries} ${plugin}
+  WORKING_DIRECTORY ${root} OUTPUT_VARIABLE fields COMMAND_ERROR_IS_FATAL ANY)
+file(REMOVE_RECURSE ${root}/DEBIAN ${root}/debian)
+foreach(field Depends Recommends)
+  if(fields MATCHES "shlibs:${field}=([^\n]*)")
+    string(TOUPPER ${field} name)
+    set(CPACK_DEBIAN_PACKAGE_${name} "${CMAKE_MATCH_1}")
+  endif()
+endforeach()
