@@ -58,8 +58,6 @@ set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "A library that a structural analysis host 
 calls, and the command nas2zdt for terminals and scripts. A deck is read with
 all that it includes, resolved into global terms and written as one ZDT file.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
-  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_STRIP_FILES ON)

@@ -16,9 +16,9 @@ file(WRITE ${changelog} "${CPACK_PACKAGE_NAME} (${CPACK_PACKAGE_VERSION}) unstab
 
  -- ${CPACK_PACKAGE_CONTACT}  ${date}
 ")
-file(CHMOD ${changelog} PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 file(GLOB manual ${usr}/share/man/man1/*.1)
 execute_process(COMMAND gzip -9 -n -f ${changelog} ${manual} COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND chmod -R go=u-w ${root} COMMAND_ERROR_IS_FATAL ANY) # whoever made it, everybody may read it
 
 # ---- dependencies: the library and the command work without the desktop windows, whose toolkit is recommended only
 find_program(DPKG_SHLIBDEPS dpkg-shlibdeps)

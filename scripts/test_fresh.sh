@@ -63,7 +63,7 @@ for command in "scripts/example.sh" "scripts/test.sh release"; do
         echo "failed on a bare Debian: $command" >&2
         exit 1
     }
-    tail -n 4 "$work/log"
+    tail -n 10 "$work/log"
 done
 cmp "$root/project/build/example/grids.zdt" examples/grids.zdt
 echo "2 passed, 0 failed"

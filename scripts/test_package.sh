@@ -26,7 +26,7 @@ pack "$PWD" "$work/build"
 package=$(echo "$work"/build/*.deb)
 cmp "$package" "$work"/elsewhere/project/build/*.deb
 (cd "$work/build" && umask 077 && cpack -G DEB -B "$work/strict" >/dev/null)
-[ "$(dpkg-deb -c "$package")" = "$(dpkg-deb -c "$work"/strict/*.deb)" ] || fail "what is in it may be read by all"
+[ "$(dpkg-deb -c "$package")" = "$(dpkg-deb -c "$work"/strict/*.deb)" ] || fail "who may read it depends on who made it"
 
 dpkg-deb -x "$package" "$work/root"
 usr=$work/root/usr
