@@ -44,7 +44,8 @@ void CheckField(const std::string& sField) {
 void CheckReal(double dValue) {
     char aText[LONGEST_REAL];
     char aExpected[64];
-    const int nExpected = std::snprintf(aExpected, sizeof aExpected, "%g", dValue);
+    // the sign of a not-a-number differs between compilers, so the file has one text for all of them
+    const int nExpected = std::snprintf(aExpected, sizeof aExpected, "%g", std::isnan(dValue) ? -NAN : dValue);
     CHECK(std::string_view(aText, static_cast<std::size_t>(PutReal(aText, dValue) - aText)) ==
           std::string_view(aExpected, static_cast<std::size_t>(nExpected)));
 }
