@@ -50,7 +50,9 @@ done
 
 # shellcheck disable=SC2016 # its own arguments
 fresh() {
-    apart sh -euc 'mount -t proc proc "$1/proc" && exec chroot "$@"' sh "$root" \
+    apart sh -euc 'mount -t proc proc "$1/proc"
+        mount -t devpts -o newinstance,ptmxmode=0666 devpts "$1/dev/pts" || echo "no terminals in the bare root"
+        exec chroot "$@"' sh "$root" \
         env -i PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin HOME=/root \
         ${http_proxy:+http_proxy="$http_proxy"} ${https_proxy:+https_proxy="$https_proxy"} \
         sh -euc 'cd /project && "$@"' sh "$@"

@@ -19,6 +19,13 @@ ENTER = b"Press Enter to go on. "
 PROMPT = b"NASTRAN deck: "
 signal.alarm(60)  # a test that waits for what never comes fails
 
+try:
+    for end in os.openpty():
+        os.close(end)
+except OSError:  # a root without /dev/pts
+    print("skipped: no terminals here")
+    sys.exit(77)
+
 
 class Terminal:
     """A process on a terminal of its own."""
