@@ -1,6 +1,6 @@
 // Laying a scene out on the sheet.
 
-#include "picture/Drawing.h"
+#include "nas2zdt/picture/Drawing.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,10 +1,10 @@
 #pragma once
 // A scene laid out on the sheet: what is drawn of it, at which places, from far to near.
 
-#include "picture/IsometricView.h"
-#include "picture/Scene.h"
-#include "picture/Shapes.h"
-#include "picture/Symbols.h"
+#include "nas2zdt/picture/IsometricView.h"
+#include "nas2zdt/picture/Scene.h"
+#include "nas2zdt/picture/Shapes.h"
+#include "nas2zdt/picture/Symbols.h"
 
 #include <cstddef>
 #include <vector>

@@ -1,6 +1,6 @@
 // From a place in space to a place in a picture.
 
-#include "picture/IsometricView.h"
+#include "nas2zdt/picture/IsometricView.h"
 
 #include <limits>
 #include <numbers>

@@ -1,7 +1,7 @@
 #pragma once
 // From a place in space to a place in a picture.
 
-#include "picture/Vector.h"
+#include "nas2zdt/picture/Vector.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 #pragma once
 // What a picture of a converted model shows: the parts that the target file holds, at the places that it gives them.
 
-#include "picture/Vector.h"
+#include "nas2zdt/picture/Vector.h"
 #include "writer/rows/ElementRows.h"
 
 #include <array>

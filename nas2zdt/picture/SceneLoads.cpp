@@ -1,6 +1,6 @@
 // Supports, loads and beam references of a picture.
 
-#include "picture/Scene.h"
+#include "nas2zdt/picture/Scene.h"
 #include "writer/rows/ConstraintRows.h"
 #include "writer/rows/LoadRows.h"
 

@@ -1,6 +1,6 @@
 // Nodes, elements, links and masses of a picture.
 
-#include "picture/Scene.h"
+#include "nas2zdt/picture/Scene.h"
 #include "writer/rows/MassRows.h"
 #include "writer/rows/NodeRows.h"
 #include "writer/rows/RigidLinkRows.h"

@@ -1,6 +1,6 @@
 // The faces and lines of a picture, as few as show the model.
 
-#include "picture/Shapes.h"
+#include "nas2zdt/picture/Shapes.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #pragma once
 // The faces and lines of a picture, as few as show the model.
 
-#include "picture/Scene.h"
+#include "nas2zdt/picture/Scene.h"
 
 #include <array>
 #include <compare>

@@ -1,10 +1,10 @@
 // The legend beside the model.
 
-#include "picture/SvgLegend.h"
+#include "nas2zdt/picture/SvgLegend.h"
 
-#include "picture/SvgMarks.h"
-#include "picture/SvgStyle.h"
-#include "picture/SvgText.h"
+#include "nas2zdt/picture/SvgMarks.h"
+#include "nas2zdt/picture/SvgStyle.h"
+#include "nas2zdt/picture/SvgText.h"
 
 #include <algorithm>
 #include <array>

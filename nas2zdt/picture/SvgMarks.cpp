@@ -1,9 +1,9 @@
 // Marks of the picture as SVG.
 
-#include "picture/SvgMarks.h"
+#include "nas2zdt/picture/SvgMarks.h"
 
-#include "picture/SvgStyle.h"
-#include "picture/SvgText.h"
+#include "nas2zdt/picture/SvgStyle.h"
+#include "nas2zdt/picture/SvgText.h"
 
 #include <algorithm>
 #include <cmath>

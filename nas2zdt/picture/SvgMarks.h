@@ -1,7 +1,7 @@
 #pragma once
 // Marks of the picture, which have the same size in every model.
 
-#include "picture/Symbols.h"
+#include "nas2zdt/picture/Symbols.h"
 #include "platform/File.h"
 
 void WriteMark(CFile& rFile, const T_SYMB_D& rMark);

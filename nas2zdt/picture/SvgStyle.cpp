@@ -1,8 +1,8 @@
 // The style sheet.
 
-#include "picture/SvgStyle.h"
+#include "nas2zdt/picture/SvgStyle.h"
 
-#include "picture/SvgText.h"
+#include "nas2zdt/picture/SvgText.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #pragma once
 // How each kind of thing looks: names, colours, and the style sheet that they give.
 
-#include "picture/Drawing.h"
+#include "nas2zdt/picture/Drawing.h"
 #include "platform/File.h"
 
 #include <array>

@@ -1,8 +1,8 @@
 #pragma once
 // Numbers and texts of the picture.
 
-#include "picture/Print.h"
-#include "picture/XmlText.h"
+#include "nas2zdt/picture/Print.h"
+#include "nas2zdt/picture/XmlText.h"
 
 #include <cmath>
 #include <cstddef>

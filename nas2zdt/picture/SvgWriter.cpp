@@ -1,11 +1,11 @@
 // The picture as an SVG file.
 
-#include "picture/SvgWriter.h"
+#include "nas2zdt/picture/SvgWriter.h"
 
-#include "picture/SvgLegend.h"
-#include "picture/SvgMarks.h"
-#include "picture/SvgStyle.h"
-#include "picture/SvgText.h"
+#include "nas2zdt/picture/SvgLegend.h"
+#include "nas2zdt/picture/SvgMarks.h"
+#include "nas2zdt/picture/SvgStyle.h"
+#include "nas2zdt/picture/SvgText.h"
 #include "platform/WholeFile.h"
 
 #include <algorithm>

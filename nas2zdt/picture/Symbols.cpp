@@ -1,6 +1,6 @@
 // Marks of a picture that have a size of their own.
 
-#include "picture/Symbols.h"
+#include "nas2zdt/picture/Symbols.h"
 
 #include <algorithm>
 #include <cmath>

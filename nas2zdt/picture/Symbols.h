@@ -1,8 +1,8 @@
 #pragma once
 // Marks of a picture that have a size of their own: masses, supports, loads.
 
-#include "picture/IsometricView.h"
-#include "picture/Scene.h"
+#include "nas2zdt/picture/IsometricView.h"
+#include "nas2zdt/picture/Scene.h"
 
 #include <vector>
 

@@ -1,9 +1,9 @@
 // The resolved model as a VTK unstructured grid.
 
-#include "picture/VtuWriter.h"
+#include "nas2zdt/picture/VtuWriter.h"
 
-#include "picture/Print.h"
-#include "picture/Scene.h"
+#include "nas2zdt/picture/Print.h"
+#include "nas2zdt/picture/Scene.h"
 #include "platform/WholeFile.h"
 
 #include <bit>

@@ -1,6 +1,6 @@
 // Any bytes as text of an XML file.
 
-#include "picture/XmlText.h"
+#include "nas2zdt/picture/XmlText.h"
 
 #include "platform/Utf8.h"
 

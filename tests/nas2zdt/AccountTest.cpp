@@ -1,10 +1,10 @@
 // What the account says of small decks with one fault each.
 
-#include "nas2zdt/AccountOutput.h"
-#include "nas2zdt/IdOwners.h"
-#include "nas2zdt/JsonText.h"
-#include "nas2zdt/RunWatch.h"
-#include "nas2zdt/Sections.h"
+#include "nas2zdt/account/AccountOutput.h"
+#include "nas2zdt/account/IdOwners.h"
+#include "nas2zdt/account/JsonText.h"
+#include "nas2zdt/account/Sections.h"
+#include "nas2zdt/command/RunWatch.h"
 #include "support/Deck.h"
 #include "support/NoDialogs.h"
 

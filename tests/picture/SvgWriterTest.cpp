@@ -1,6 +1,6 @@
-#include "picture/SvgWriter.h"
+#include "nas2zdt/picture/SvgWriter.h"
+#include "nas2zdt/picture/XmlText.h"
 #include "picture/Model.h"
-#include "picture/XmlText.h"
 #include "support/Deck.h"
 
 #include <gtest/gtest.h>

@@ -2,10 +2,10 @@
 // One deck from the command line to its result.
 
 #include "driver/RunError.h"
-#include "nas2zdt/AccountOutput.h"
-#include "nas2zdt/Flatten.h"
-#include "nas2zdt/Jobs.h"
-#include "nas2zdt/Options.h"
+#include "nas2zdt/account/AccountOutput.h"
+#include "nas2zdt/command/Jobs.h"
+#include "nas2zdt/command/Options.h"
+#include "nas2zdt/flatten/Flatten.h"
 #include "platform/WholeFile.h"
 #include "writer/Output.h"
 

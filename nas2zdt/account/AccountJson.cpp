@@ -1,7 +1,7 @@
 // The account as JSON.
 
-#include "nas2zdt/AccountOutput.h"
-#include "nas2zdt/JsonText.h"
+#include "nas2zdt/account/AccountOutput.h"
+#include "nas2zdt/account/JsonText.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // What isn't kept of a card that is stored.
 
-#include "nas2zdt/Drops.h"
+#include "nas2zdt/account/Drops.h"
 
 #include "reader/FieldParser.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 // What the command watches of a run: the account, the progress, and the names of lines.
 
-#include "nas2zdt/Account.h"
-#include "nas2zdt/LineMap.h"
-#include "nas2zdt/Terminal.h"
+#include "nas2zdt/account/Account.h"
+#include "nas2zdt/command/Terminal.h"
+#include "nas2zdt/flatten/LineMap.h"
 #include "reader/DeckObserver.h"
 
 #include <string>

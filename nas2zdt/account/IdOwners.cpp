@@ -1,6 +1,6 @@
 // Which keyword stored the record of an id.
 
-#include "nas2zdt/IdOwners.h"
+#include "nas2zdt/account/IdOwners.h"
 
 #include <algorithm>
 #include <utility>

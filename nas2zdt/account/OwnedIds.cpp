@@ -1,6 +1,6 @@
 // Which fields of a card are ids, and of what table.
 
-#include "nas2zdt/OwnedIds.h"
+#include "nas2zdt/account/OwnedIds.h"
 
 #include "cards/FieldNames.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 // The account in words, for people and for programs.
 
-#include "nas2zdt/Account.h"
-#include "nas2zdt/Sections.h"
+#include "nas2zdt/account/Account.h"
+#include "nas2zdt/account/Sections.h"
 
 #include <string>
 #include <string_view>

@@ -1,7 +1,7 @@
 #pragma once
 // What is to be converted into what.
 
-#include "nas2zdt/Options.h"
+#include "nas2zdt/command/Options.h"
 #include "platform/File.h"
 
 #include <string>

@@ -1,6 +1,6 @@
 // The kinds of loss in words.
 
-#include "nas2zdt/AccountOutput.h"
+#include "nas2zdt/account/AccountOutput.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // The limits of a run by their names on the command line.
 
-#include "nas2zdt/LimitNames.h"
+#include "nas2zdt/command/LimitNames.h"
 
 #include <charconv>
 #include <system_error>

@@ -1,6 +1,6 @@
 // Where the lines of a joined deck came from.
 
-#include "nas2zdt/LineMap.h"
+#include "nas2zdt/flatten/LineMap.h"
 
 #include <algorithm>
 

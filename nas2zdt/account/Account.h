@@ -1,10 +1,10 @@
 #pragma once
 // What became of every card of a deck.
 
-#include "nas2zdt/Drops.h"
-#include "nas2zdt/IdOwners.h"
-#include "nas2zdt/LineMap.h"
-#include "nas2zdt/OwnedIds.h"
+#include "nas2zdt/account/Drops.h"
+#include "nas2zdt/account/IdOwners.h"
+#include "nas2zdt/account/OwnedIds.h"
+#include "nas2zdt/flatten/LineMap.h"
 #include "reader/DeckObserver.h"
 #include "reader/Keywords.h"
 #include "store/DataPool.h"

@@ -1,6 +1,6 @@
 // Reading an INCLUDE statement.
 
-#include "nas2zdt/IncludeStatement.h"
+#include "nas2zdt/flatten/IncludeStatement.h"
 
 #include <algorithm>
 

@@ -1,10 +1,10 @@
 // Joining a deck with its includes.
 
-#include "nas2zdt/Flatten.h"
+#include "nas2zdt/flatten/Flatten.h"
 
 #include "driver/CConvertNastran.h"
-#include "nas2zdt/IncludeStatement.h"
-#include "nas2zdt/TextReader.h"
+#include "nas2zdt/flatten/IncludeStatement.h"
+#include "nas2zdt/flatten/TextReader.h"
 #include "platform/Paths.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // Planning the decks of a command line.
 
-#include "nas2zdt/Jobs.h"
+#include "nas2zdt/command/Jobs.h"
 
 #include "driver/CConvertNastran.h"
 #include "platform/Paths.h"

@@ -1,6 +1,6 @@
 // Handing on what a run tells.
 
-#include "nas2zdt/RunWatch.h"
+#include "nas2zdt/command/RunWatch.h"
 
 #include "platform/Paths.h"
 

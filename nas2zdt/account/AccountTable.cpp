@@ -1,6 +1,6 @@
 // The account as tables.
 
-#include "nas2zdt/AccountOutput.h"
+#include "nas2zdt/account/AccountOutput.h"
 #include "platform/PlainText.h"
 
 #include <algorithm>

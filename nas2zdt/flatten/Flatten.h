@@ -2,7 +2,7 @@
 // Joining a deck with its includes as NASTRAN means it.
 
 #include "driver/Limits.h"
-#include "nas2zdt/LineMap.h"
+#include "nas2zdt/flatten/LineMap.h"
 #include "platform/File.h"
 
 #include <exception>

@@ -1,6 +1,6 @@
 // Counting the sections of a finished target file.
 
-#include "nas2zdt/Sections.h"
+#include "nas2zdt/account/Sections.h"
 
 #include "platform/File.h"
 

@@ -1,10 +1,10 @@
 // One deck from the command line to its result.
 
-#include "nas2zdt/DeckRun.h"
+#include "nas2zdt/command/DeckRun.h"
 
 #include "driver/CConvertNastran.h"
-#include "nas2zdt/LimitNames.h"
-#include "nas2zdt/RunWatch.h"
+#include "nas2zdt/command/LimitNames.h"
+#include "nas2zdt/command/RunWatch.h"
 #include "nas2zdt/picture/SvgWriter.h"
 #include "nas2zdt/picture/VtuWriter.h"
 #include "platform/TempPath.h"

@@ -1,6 +1,6 @@
 // Texts in JSON.
 
-#include "nas2zdt/JsonText.h"
+#include "nas2zdt/account/JsonText.h"
 
 #include "platform/Utf8.h"
 

@@ -1,8 +1,8 @@
 // The table of options, how the arguments are read by it, and the help that is made from it.
 
-#include "nas2zdt/Options.h"
+#include "nas2zdt/command/Options.h"
 
-#include "nas2zdt/LimitNames.h"
+#include "nas2zdt/command/LimitNames.h"
 
 #include <algorithm>
 #include <iterator>

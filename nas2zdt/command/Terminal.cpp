@@ -1,6 +1,6 @@
 // What the command tells a person.
 
-#include "nas2zdt/Terminal.h"
+#include "nas2zdt/command/Terminal.h"
 
 #include "platform/Console.h"
 #include "platform/PlainText.h"

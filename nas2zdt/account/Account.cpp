@@ -1,6 +1,6 @@
 // Counting what became of every card.
 
-#include "nas2zdt/Account.h"
+#include "nas2zdt/account/Account.h"
 
 #include "driver/CConvertNastran.h"
 #include "reader/FieldParser.h"
