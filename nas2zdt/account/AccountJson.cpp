@@ -1,7 +1,7 @@
 // The account as JSON.
 
 #include "nas2zdt/account/AccountOutput.h"
-#include "nas2zdt/account/JsonText.h"
+#include "nas2zdt/text/Escape.h"
 
 namespace {
 

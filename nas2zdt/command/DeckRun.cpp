@@ -5,8 +5,7 @@
 #include "driver/CConvertNastran.h"
 #include "nas2zdt/command/LimitNames.h"
 #include "nas2zdt/command/RunWatch.h"
-#include "nas2zdt/picture/SvgWriter.h"
-#include "nas2zdt/picture/VtuWriter.h"
+#include "nas2zdt/picture/Picture.h"
 #include "platform/TempPath.h"
 #include "platform/console/ConsoleDialogs.h"
 

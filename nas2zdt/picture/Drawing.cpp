@@ -15,15 +15,6 @@ bool IsInBox(double dX, double dY) {
     return BOX_LEFT < dX && dX < BOX_RIGHT && BOX_TOP < dY && dY < BOX_BOTTOM;
 }
 
-/// Of each node whether a part uses it.
-std::vector<bool> FindUsed(const T_SCEN_D& rScene) {
-    std::vector<bool> aUsed(rScene.aIDS.size());
-    for (const T_PART_D& rPart : rScene.aPARTS) {
-        for (std::size_t i = 0; i < CELL_CORNERS[rPart.iCELL]; ++i) aUsed[rPart.aNODES[i]] = true;
-    }
-    return aUsed;
-}
-
 /// The picture is made for the nodes that parts use: grids far away that only give directions don't shrink it.
 std::vector<T_VECT_D> FindVisible(const T_SCEN_D& rScene, const std::vector<bool>& aUsed) {
     std::vector<T_VECT_D> aVisible;
@@ -80,7 +71,7 @@ bool T_DRAW_D::HasMark(E_KIND iKind) const {
 
 T_DRAW_D LayOut(const T_SCEN_D& rScene) {
     T_DRAW_D drawing;
-    const std::vector<bool> aUsed = FindUsed(rScene);
+    const std::vector<bool> aUsed = rScene.FindUsed();
     drawing.aVISIBLE = FindVisible(rScene, aUsed);
     const CIsometricView view(drawing.aVISIBLE, MODEL);
     drawing.aPLACES.reserve(rScene.aPOINTS.size());
@@ -88,11 +79,11 @@ T_DRAW_D LayOut(const T_SCEN_D& rScene) {
 
     drawing.aSHAPES = MakeShapes(rScene, drawing.aPLACES, drawing.nNOWHERE);
     AddFreeNodes(drawing, aUsed);
-    drawing.dJOINED = Simplify(drawing.aSHAPES, drawing.aPLACES, MOST_SHAPES);
+    drawing.dJOINED = Simplify(drawing.aSHAPES, drawing.aPLACES);
     SortByDepth(drawing);
 
     drawing.aMARKS = MakeSymbols(rScene, view, drawing.aPLACES);
     std::erase_if(drawing.aMARKS, [](const T_SYMB_D& r) { return !IsInBox(r.dX, r.dY); }); // on a node far away
-    drawing.bTHINNED = ThinOut(drawing.aMARKS, MOST_MARKS);
+    drawing.bTHINNED = ThinOut(drawing.aMARKS);
     return drawing;
 }

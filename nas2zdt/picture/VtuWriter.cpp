@@ -1,10 +1,9 @@
 // The resolved model as a VTK unstructured grid.
 
-#include "nas2zdt/picture/VtuWriter.h"
-
-#include "nas2zdt/picture/Print.h"
+#include "nas2zdt/picture/Picture.h"
 #include "nas2zdt/picture/Scene.h"
 #include "platform/WholeFile.h"
+#include "writer/Format.h"
 
 #include <bit>
 #include <cstring>
@@ -69,8 +68,8 @@ constexpr const char* TypeName() {
 /// One array of nValues values, which fill(add) hands over one by one.
 template <class VALUE, class FILL>
 void WriteArray(CFile& rFile, const char* sName, std::int32_t nComponents, std::size_t nValues, FILL fill) {
-    Print(rFile, "<DataArray type=\"%s\" Name=\"%s\" NumberOfComponents=\"%d\" format=\"binary\">\n", TypeName<VALUE>(),
-          sName, nComponents);
+    WriteLine(rFile, "<DataArray type=\"%s\" Name=\"%s\" NumberOfComponents=\"%d\" format=\"binary\">\n",
+              TypeName<VALUE>(), sName, nComponents);
     CBase64 text(rFile);
     text.Add(static_cast<std::uint64_t>(nValues * sizeof(VALUE)));
     fill([&](VALUE value) { text.Add(value); });
@@ -127,12 +126,12 @@ std::size_t WriteVtu(const CDataPool& rDataPool, const std::string& sPath, const
     const T_SCEN_D scene = CollectParts(rDataPool);
     const char* sOrder = std::endian::native == std::endian::little ? "LittleEndian" : "BigEndian";
     rFile.Write("<?xml version=\"1.0\"?>\n");
-    Print(rFile, "<VTKFile type=\"UnstructuredGrid\" version=\"1.0\" byte_order=\"%s\" header_type=\"UInt64\">\n",
-          sOrder);
+    WriteLine(rFile, "<VTKFile type=\"UnstructuredGrid\" version=\"1.0\" byte_order=\"%s\" header_type=\"UInt64\">\n",
+              sOrder);
     rFile.Write("<!-- Kind: 0 truss, 1 beam, 2 plane stress, 3 plate, 4 solid, 5 rigid link, 6 elastic link,\n"
                 "     7 general link, 8 spring to ground, 9 mass -->\n");
-    Print(rFile, "<UnstructuredGrid>\n<Piece NumberOfPoints=\"%s\" NumberOfCells=\"%s\">\n",
-          std::to_string(scene.aIDS.size()), std::to_string(scene.aPARTS.size()));
+    WriteLine(rFile, "<UnstructuredGrid>\n<Piece NumberOfPoints=\"%s\" NumberOfCells=\"%s\">\n",
+              std::to_string(scene.aIDS.size()), std::to_string(scene.aPARTS.size()));
     WritePoints(rFile, scene);
     WriteCells(rFile, scene);
     rFile.Write("<CellData Scalars=\"PropertyId\">\n");

@@ -2,9 +2,9 @@
 
 #include "nas2zdt/account/AccountOutput.h"
 #include "nas2zdt/account/IdOwners.h"
-#include "nas2zdt/account/JsonText.h"
 #include "nas2zdt/account/Sections.h"
 #include "nas2zdt/command/RunWatch.h"
+#include "nas2zdt/text/Escape.h"
 #include "support/Deck.h"
 #include "support/NoDialogs.h"
 

@@ -1,7 +1,6 @@
 // Draws the model of the tests and one without anything into the folder that it is given, for readers that aren't ours.
 
-#include "nas2zdt/picture/SvgWriter.h"
-#include "nas2zdt/picture/VtuWriter.h"
+#include "nas2zdt/picture/Picture.h"
 #include "picture/Model.h"
 
 int main(int nArgs, char** aArgs) {

@@ -1,11 +1,13 @@
 #pragma once
-// How each kind of thing looks: names, colours, and the style sheet that they give.
+// The parts of the SVG picture.
 
 #include "nas2zdt/picture/Drawing.h"
-#include "platform/File.h"
+#include "nas2zdt/text/Escape.h"
+#include "writer/Format.h"
 
 #include <array>
-#include <cstddef>
+#include <cmath>
+#include <string>
 
 struct T_RGB_D {
     int iRED, iGREEN, iBLUE;
@@ -35,7 +37,7 @@ constexpr std::array<T_LOOK_D, KINDS> LOOKS = {{
     {"moment", "moment", {110, 0, 150}},
     {"pressure", "pressure", {0, 60, 130}},
     {"gravity", "gravity", {90, 60, 20}},
-    {"beam reference", "reference", {213, 94, 0}},
+    {"towards the beam's reference", "reference", {213, 94, 0}},
 }};
 
 /// Classes of faces end in the number of their brightness, from dark to light.
@@ -45,4 +47,23 @@ constexpr bool IsFaceKind(E_KIND iKind) {
     return iKind == KIND_PLANE_STRESS || iKind == KIND_PLATE || iKind == KIND_SOLID;
 }
 
+/// Rounded to a tenth of a pixel.
+inline double Tenth(double d) {
+    return std::round(d * 10.0) / 10.0;
+}
+
+inline void WriteText(CFile& rFile, double dX, double dY, const char* sClass, const std::string& sText) {
+    WriteLine(rFile, "<text class=\"%s\" x=\"%g\" y=\"%g\">%s</text>\n", sClass, dX, dY, XmlText(sText));
+}
+
+/// The style sheet. Edges and lines are thinner where the mesh is finer, or they would cover it.
 void WriteStyle(CFile& rFile, const T_DRAW_D& rDrawing);
+
+void WriteMark(CFile& rFile, const T_SYMB_D& rMark);
+
+/// An arrow of dLength pixels whose point is at the mark. One along the view is a ring, with a dot if it comes towards
+/// the eye.
+void WriteArrow(CFile& rFile, const T_SYMB_D& rMark, double dLength);
+
+/// The legend: what there is of each kind, how large the model is, and what the picture leaves out.
+void WriteLegend(CFile& rFile, const T_SCEN_D& rScene, const T_DRAW_D& rDrawing);
