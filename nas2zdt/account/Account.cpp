@@ -52,12 +52,12 @@ void CAccount::Note(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace, std:
     if (rNote.aPLACES.size() < T_NOTE_D::MOST_PLACES) rNote.aPLACES.push_back(rPlace);
 }
 
-void CAccount::EndDeck(bool bBulk) {
+void CAccount::OnDeckEnd(bool bBulk) {
     if (!bBulk) Note(Unknown(""), NOTE_NO_BULK, Place(0, 0));
     m_pLast = nullptr;
 }
 
-void CAccount::AddCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t iFirst, std::int32_t iLast) {
+void CAccount::OnCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t iFirst, std::int32_t iLast) {
     T_WORD_D& rWord = Known(rCard.iKEYWORD);
     m_pLast = &rWord;
     ++rWord.nREAD;
@@ -99,7 +99,7 @@ void CAccount::TakeOwnership(const T_OWNS_D& rOwns, std::int32_t iKeyword, const
     }
 }
 
-void CAccount::AddLoss(const T_LOSS_D& rLoss) {
+void CAccount::OnLoss(const T_LOSS_D& rLoss) {
     m_nDeletedFields = 0;
     const T_PLACE_D place = Place(rLoss.iFIRST, rLoss.iLAST);
     if (rLoss.eLOSS == LOSS_CUT_OFF) {
@@ -112,10 +112,6 @@ void CAccount::AddLoss(const T_LOSS_D& rLoss) {
     ++rWord.nREAD;
     ++(rLoss.eLOSS == LOSS_UNKNOWN_WORD ? rWord.nUNKNOWN : rWord.nLOST);
     Note(rWord, static_cast<E_NOTE>(rLoss.eLOSS), place);
-}
-
-void CAccount::AddDeletedFields(std::size_t nFields, std::int32_t) {
-    m_nDeletedFields += nFields;
 }
 
 void CAccount::AddModel(const CDataPool& rPool) {

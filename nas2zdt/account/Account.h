@@ -3,7 +3,6 @@
 
 #include "nas2zdt/account/Drops.h"
 #include "nas2zdt/account/IdOwners.h"
-#include "nas2zdt/account/OwnedIds.h"
 #include "nas2zdt/flatten/LineMap.h"
 #include "reader/DeckObserver.h"
 #include "reader/Keywords.h"
@@ -17,7 +16,7 @@
 #include <string_view>
 #include <vector>
 
-/// Ways to be lost. Their codes and texts stand in the table of AccountTexts.cpp.
+/// Ways to be lost. Their codes and texts are in the table of AccountOutput.cpp.
 enum E_NOTE {
     NOTE_END_OF_DECK, // the first ones are those of E_LOSS
     NOTE_BLANK_LINE,
@@ -32,7 +31,7 @@ enum E_NOTE {
     NOTE_THRU,
     NOTE_PLUS_SIGN,
     NOTE_NO_BULK,  // a deck without bulk section
-    NOTE_UNWRITTEN // stored, but not in the file; the text is the rule's own
+    NOTE_UNWRITTEN // stored, but not in the file; the text says why
 };
 
 /// Lines of a deck of the run.
@@ -62,24 +61,25 @@ struct T_WORD_D {
     std::uint64_t nSKIPPED = 0;
     std::uint64_t nUNKNOWN = 0;
     std::uint64_t nLOST = 0;
-    std::uint64_t nCUTOFF = 0;    // groups of continuation lines that a card lost
-    std::vector<T_NOTE_D> aNOTES; // with texts of the cards' own, few: past MOST_NOTES, new texts are told as one
+    std::uint64_t nCUTOFF = 0; // groups of continuation lines that a card lost
     static constexpr std::size_t MOST_NOTES = 50;
+    std::vector<T_NOTE_D> aNOTES; // past MOST_NOTES, new sets of fields are told as one
 
     /// False for a word that has nothing but notes.
     bool HasCounts() const { return nREAD > 0 || nCUTOFF > 0; }
 };
 
-/// Counts while a run goes on.
-class CAccount {
+/// Counts while it observes a run.
+class CAccount : public CDeckObserver {
   public:
     CAccount();
 
-    void BeginDeck(const std::string& sName) { m_aDecks.push_back(sName); }
-    void EndDeck(bool bBulk);
-    void AddCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t iFirst, std::int32_t iLast);
-    void AddLoss(const T_LOSS_D& rLoss);
-    void AddDeletedFields(std::size_t nFields, std::int32_t iLine);
+    void OnDeckBegin(const std::string& sName) override { m_aDecks.push_back(sName); }
+    void OnDeckEnd(bool bBulk) override;
+    void OnCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t iFirst, std::int32_t iLast) override;
+    void OnLoss(const T_LOSS_D& rLoss) override;
+    void OnFieldsDeleted(std::size_t nFields, std::int32_t) override { m_nDeletedFields += nFields; }
+    void OnBytesRead(std::uint64_t) override {}
 
     /// After the run: what the store holds and the file doesn't.
     void AddModel(const CDataPool& rPool);
@@ -87,7 +87,7 @@ class CAccount {
     /// Lines are those of a joined deck from now on, and told by their origins. pLines must outlive this object.
     void SetLines(const CLineMap* pLines) { m_pLines = pLines; }
 
-    /// Every word that was met, in the order of the alphabet; an empty name stands for no word.
+    /// Every word that was met, in the order of the alphabet; its name is empty for lines without a word.
     std::vector<const T_WORD_D*> GetWords() const;
 
     /// Number of losses of any kind.
@@ -111,13 +111,13 @@ class CAccount {
     void TakeOwnership(const T_OWNS_D& rOwns, std::int32_t iKeyword, const T_DATA_D& rCard, const T_PLACE_D& rPlace);
 
     std::array<T_WORD_D, T_KEYW_D::TABLE.size()> m_aKnown;
-    std::array<T_OWNS_D, T_KEYW_D::TABLE.size()> m_aOwns; // in step, as the next
+    std::array<T_OWNS_D, T_KEYW_D::TABLE.size()> m_aOwns; // of each keyword, as m_aDrops
     std::vector<CDrops> m_aDrops;
     std::map<std::string, T_WORD_D, std::less<>> m_mapUnknown;
     T_WORD_D* m_pUnknown = nullptr; // the last one of them
     std::array<CIdOwners, OWNED_COUNT> m_aOwners;
     std::vector<std::string> m_aDecks;
-    T_WORD_D* m_pLast = nullptr;      // of the last card or loss, which continuation lines that stand alone belong to
+    T_WORD_D* m_pLast = nullptr;      // of the last card or loss, to which cut off continuation lines belong
     std::size_t m_nDeletedFields = 0; // of the card to come
     const CLineMap* m_pLines = nullptr;
 };

@@ -3,13 +3,14 @@
 #include "nas2zdt/command/DeckRun.h"
 
 #include "driver/CConvertNastran.h"
-#include "nas2zdt/command/LimitNames.h"
-#include "nas2zdt/command/RunWatch.h"
+#include "nas2zdt/command/Terminal.h"
 #include "nas2zdt/picture/Picture.h"
+#include "platform/Paths.h"
 #include "platform/TempPath.h"
 #include "platform/console/ConsoleDialogs.h"
 
 #include <iostream>
+#include <system_error>
 #include <utility>
 
 namespace {
@@ -28,6 +29,52 @@ class CCommandDialogs : public CConsoleDialogs {
   private:
     CProgressLine& m_rProgress;
     bool m_bShowLog;
+};
+
+/// Hands on what a run tells to those who asked for it.
+class CRunWatch : public CDeckObserver {
+  public:
+    /// pAccount and pLines are null if nobody asked for them; sDeck is the main deck as the user named it.
+    CRunWatch(CAccount* pAccount, const CLineMap* pLines, const std::string& sDeck, CProgressLine& rProgress)
+        : m_pAccount(pAccount), m_pLines(pLines), m_sDeck(sDeck), m_rProgress(rProgress) {}
+
+    /// Whether there is anything to watch.
+    bool IsNeeded() const { return m_pAccount || m_pLines || m_rProgress.IsShown(); }
+
+    void OnDeckBegin(const std::string& sPath) override {
+        const std::string& sName =
+            std::exchange(m_bMain, false) ? m_sDeck : sPath; // a joined deck's path means nothing
+        if (m_pAccount) m_pAccount->OnDeckBegin(sName);
+        if (!m_rProgress.IsShown()) return;
+        std::error_code error;
+        const std::uintmax_t nBytes = std::filesystem::file_size(ToPath(sPath), error);
+        m_rProgress.Begin(sName, error ? 0 : nBytes);
+    }
+    void OnDeckEnd(bool bBulk) override {
+        if (m_pAccount) m_pAccount->OnDeckEnd(bBulk);
+    }
+    void OnCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t iFirst, std::int32_t iLast) override {
+        if (m_pAccount) m_pAccount->OnCard(rCard, rUse, iFirst, iLast);
+    }
+    void OnLoss(const T_LOSS_D& rLoss) override {
+        if (m_pAccount) m_pAccount->OnLoss(rLoss);
+    }
+    void OnFieldsDeleted(std::size_t nFields, std::int32_t iLine) override {
+        if (m_pAccount) m_pAccount->OnFieldsDeleted(nFields, iLine);
+    }
+    void OnBytesRead(std::uint64_t nBytes) override { m_rProgress.Update(nBytes); }
+    std::string LineText(std::int32_t iLine) const override {
+        if (!m_pLines) return CDeckObserver::LineText(iLine);
+        const T_ORIGIN_D origin = m_pLines->Find(iLine);
+        return origin.sFILE + ":" + std::to_string(origin.iLINE);
+    }
+
+  private:
+    CAccount* m_pAccount;
+    const CLineMap* m_pLines;
+    const std::string& m_sDeck;
+    CProgressLine& m_rProgress;
+    bool m_bMain = true; // whether the main deck is still to come
 };
 
 bool IsIncludeFailure(E_FAILURE eFailure) {
@@ -56,8 +103,6 @@ void CDeckRun::Run() {
         m_joined = FlattenDeck(m_rJob.sDECK, file, m_rOptions.limits.nDECKS);
         m_rInputs.insert(m_joined.files.begin(), m_joined.files.end());
         Convert(deck.GetPath(), &m_joined.lines);
-    } catch (const CFlattenError& rError) {
-        Fail(rError.GetText());
     } catch (const CFileException& rError) {
         Fail(rError.GetText());
     } catch (const std::exception& rError) {

@@ -6,19 +6,10 @@
 #include "platform/Paths.h"
 
 #include <map>
-#include <optional>
-#include <set>
 #include <system_error>
 #include <utility>
 
 namespace {
-
-std::optional<T_FILEID_D> FindId(const std::string& sPath) {
-    CDeckFile file;
-    std::string sCause;
-    if (!file.Open(sPath, sCause)) return std::nullopt;
-    return file.GetId();
-}
 
 bool IsFolder(const std::string& sPath) {
     std::error_code error;
@@ -87,21 +78,6 @@ std::string TestUsage(const T_OPTIONS_D& rOptions, bool bFolder) {
     return {};
 }
 
-/// Plans each deck's result.
-void PlanResults(const T_OPTIONS_D& rOptions, bool bFolder, COutputs& rOutputs, T_JOBS_D& rJobs) {
-    std::set<T_FILEID_D> setDecks;
-    for (const std::string& sDeck : rOptions.aDECKS) {
-        T_JOB_D job{sDeck, Target(sDeck, rOptions.sOUTPUT, bFolder), {}};
-        const std::optional<T_FILEID_D> id = FindId(sDeck);
-        if (id && !setDecks.insert(*id).second) {
-            job.sREFUSED = "this deck is given twice";
-        } else if (const std::string sLost = rOutputs.Add(job.sTARGET, "the result of " + sDeck); !sLost.empty()) {
-            job.sREFUSED = "its result " + job.sTARGET + " would overwrite " + sLost;
-        }
-        rJobs.aJOBS.push_back(job);
-    }
-}
-
 } // namespace
 
 T_JOBS_D PlanJobs(const T_OPTIONS_D& rOptions) {
@@ -116,10 +92,21 @@ T_JOBS_D PlanJobs(const T_OPTIONS_D& rOptions) {
     if (!sOutput.empty() && !bFolder) jobs.sFAILURE = TestFolderOf(sOutput);
 
     for (const std::string& sDeck : rOptions.aDECKS) {
-        if (const std::optional<T_FILEID_D> id = FindId(sDeck)) jobs.decks.emplace(*id, "the deck " + sDeck);
+        T_JOB_D job{sDeck, Target(sDeck, sOutput, bFolder), {}};
+        CDeckFile file;
+        std::string sCause; // told when the deck is run
+        const bool bThere = file.Open(sDeck, sCause) != 0;
+        if (bThere && !jobs.decks.emplace(file.GetId(), "the deck " + sDeck).second) {
+            job.sREFUSED = "this deck is given twice";
+        }
+        jobs.aJOBS.push_back(job);
     }
     COutputs outputs(jobs.decks);
-    PlanResults(rOptions, bFolder, outputs, jobs);
+    for (T_JOB_D& rJob : jobs.aJOBS) {
+        if (!rJob.sREFUSED.empty()) continue;
+        const std::string sLost = outputs.Add(rJob.sTARGET, "the result of " + rJob.sDECK);
+        if (!sLost.empty()) rJob.sREFUSED = "its result " + rJob.sTARGET + " would overwrite " + sLost;
+    }
     const std::pair<const std::string*, const char*> aOthers[] = {
         {&rOptions.sVIEW, "the picture"}, {&rOptions.sVTU, "the grid"}, {&rOptions.sLOG, "the log"}};
     for (const auto& [pFile, sWhat] : aOthers) {

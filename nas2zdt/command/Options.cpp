@@ -2,11 +2,10 @@
 
 #include "nas2zdt/command/Options.h"
 
-#include "nas2zdt/command/LimitNames.h"
-
 #include <algorithm>
+#include <charconv>
 #include <iterator>
-#include <string_view>
+#include <system_error>
 
 namespace {
 
@@ -41,8 +40,44 @@ bool SetAccount(T_OPTIONS_D& rOptions, const std::string& sValue) {
     return sValue.empty() || sValue == "json";
 }
 
-bool TakeLimit(T_OPTIONS_D& rOptions, const std::string& sValue) {
-    return SetLimit(rOptions.limits, sValue) != 0;
+/// A limit of a run by its name on the command line.
+struct T_LIMITNAME_D {
+    std::string_view sNAME;
+    std::int64_t T_LIMITS_D::*pLIMIT;
+    E_FAILURE eFAILURE; // of a run that exceeds it
+};
+
+constexpr T_LIMITNAME_D LIMITS[] = {
+    {"ranges", &T_LIMITS_D::nRANGES, FAILURE_LIMIT_RANGES},
+    {"decks", &T_LIMITS_D::nDECKS, FAILURE_LIMIT_DECKS},
+    {"output", &T_LIMITS_D::nOUTPUT, FAILURE_LIMIT_OUTPUT},
+    {"frames", &T_LIMITS_D::nFRAMES, FAILURE_LIMIT_FRAMES},
+};
+
+constexpr std::string_view LIFTED = "none";
+
+bool ReadNumber(std::string_view sText, std::int64_t& rNumber) {
+    const char* const pEnd = sText.data() + sText.size();
+    const auto [pRead, error] = std::from_chars(sText.data(), pEnd, rNumber);
+    return error == std::errc() && pRead == pEnd && rNumber > 0;
+}
+
+/// "NAME=N" or "NAME=none" sets one limit, "none" all. N is a whole number above 0.
+bool SetLimit(T_OPTIONS_D& rOptions, const std::string& sText) {
+    const bool bAll = sText == LIFTED;
+    const std::size_t iEquals = sText.find('=');
+    if (!bAll && iEquals == std::string::npos) return false;
+    const std::string sName = sText.substr(0, iEquals);
+    const std::string sValue = bAll ? sText : sText.substr(iEquals + 1);
+    std::int64_t nLimit = T_LIMITS_D::NONE;
+    if (sValue != LIFTED && !ReadNumber(sValue, nLimit)) return false;
+    bool bKnown = false;
+    for (const T_LIMITNAME_D& rLimit : LIMITS) {
+        if (!bAll && rLimit.sNAME != sName) continue;
+        rOptions.limits.*rLimit.pLIMIT = nLimit;
+        bKnown = true;
+    }
+    return bKnown;
 }
 
 // clang-format off
@@ -53,7 +88,7 @@ constexpr T_OPTION_D OPTIONS[] = {
     {"--flatten",      VALUE_NONE,    "",     "joins the deck with its includes first, as NASTRAN means",  &Set<&T_OPTIONS_D::bFLATTEN>},
     {"--view",         VALUE_NEEDED,  "FILE", "draws the resolved model as an SVG picture",                &Keep<&T_OPTIONS_D::sVIEW>},
     {"--vtu",          VALUE_NEEDED,  "FILE", "writes the resolved model as a VTK unstructured grid",      &Keep<&T_OPTIONS_D::sVTU>},
-    {"--limit",        VALUE_NEEDED,  "NAME=N", "sets the limit on ranges, decks, output or frames; none lifts it", &TakeLimit},
+    {"--limit",        VALUE_NEEDED,  "NAME=N", "sets the limit on ranges, decks, output or frames; none lifts it", &SetLimit},
     {"--log",          VALUE_NEEDED,  "FILE", "saves the log of all decks",                                &Keep<&T_OPTIONS_D::sLOG>},
     {"-q, --quiet",    VALUE_NONE,    "",     "prints errors, and the account if asked for, but no log",   &Set<&T_OPTIONS_D::bQUIET>},
     {"-h, --help",     VALUE_NONE,    "",     "this text",                                                 &Set<&T_OPTIONS_D::bHELP>},
@@ -157,4 +192,11 @@ std::string HelpText() {
     return sText + "\n"
                    "Several decks convert one after the other; -o then names a folder.\n"
                    "exit status: 0 success, 1 a run failed, 2 wrong usage, 3 a loss (--strict)\n";
+}
+
+std::string_view NameOfLimit(E_FAILURE eFailure) {
+    for (const T_LIMITNAME_D& rName : LIMITS) {
+        if (rName.eFAILURE == eFailure) return rName.sNAME;
+    }
+    return {};
 }

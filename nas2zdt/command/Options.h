@@ -2,8 +2,10 @@
 // The command line.
 
 #include "driver/Limits.h"
+#include "driver/RunError.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// How the account is wanted.
@@ -30,3 +32,6 @@ int ReadOptions(const std::vector<std::string>& aArgs, T_OPTIONS_D& rOptions, st
 
 /// The text of --help, made from the table of options.
 std::string HelpText();
+
+/// The name for --limit of the limit that ended a run; empty for any other failure.
+std::string_view NameOfLimit(E_FAILURE eFailure);

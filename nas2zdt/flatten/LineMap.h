@@ -1,6 +1,7 @@
 #pragma once
 // Where the lines of a joined deck came from.
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -12,7 +13,7 @@ struct T_ORIGIN_D {
     std::int32_t iLINE = 0; // from 1; 0 for the file as a whole
 };
 
-/// Runs of lines that follow each other in one file take one entry, however many they are.
+/// Runs of lines that follow each other in one file take one entry each.
 class CLineMap {
   public:
     /// Adds a file; returns its number.
@@ -23,10 +24,19 @@ class CLineMap {
 
     /// From line iJoined of the joined deck on, lines are those of file iFile from iLine on. Calls come in ascending
     /// order of iJoined.
-    void AddRun(std::int32_t iJoined, std::size_t iFile, std::int32_t iLine);
+    void AddRun(std::int32_t iJoined, std::size_t iFile, std::int32_t iLine) {
+        if (!m_aRuns.empty() && m_aRuns.back().iJOINED == iJoined) m_aRuns.pop_back(); // it came to no line
+        m_aRuns.push_back({iJoined, iLine, iFile});
+    }
 
     /// The origin of a line of the joined deck.
-    T_ORIGIN_D Find(std::int32_t iJoined) const;
+    T_ORIGIN_D Find(std::int32_t iJoined) const {
+        auto pRun = std::upper_bound(m_aRuns.begin(), m_aRuns.end(), iJoined,
+                                     [](std::int32_t i, const T_STRETCH_D& rRun) { return i < rRun.iJOINED; });
+        if (pRun == m_aRuns.begin()) return {m_aFiles.empty() ? std::string() : m_aFiles.front(), 0};
+        --pRun;
+        return {m_aFiles[pRun->iFILE], pRun->iLINE + (iJoined - pRun->iJOINED)};
+    }
 
   private:
     struct T_STRETCH_D {

@@ -1,6 +1,6 @@
 // The lines of a file, of any length, as they stand.
 
-#include "nas2zdt/flatten/TextReader.h"
+#include "nas2zdt/text/TextReader.h"
 
 #include <cstring>
 
