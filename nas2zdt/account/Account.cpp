@@ -1,4 +1,4 @@
-// Counting what became of every card.
+// Counts what became of every card.
 
 #include "nas2zdt/account/Account.h"
 
@@ -21,7 +21,7 @@ CAccount::CAccount() {
 }
 
 T_WORD_D& CAccount::Unknown(std::string_view sWord) {
-    if (m_pUnknown && m_pUnknown->sNAME == sWord) return *m_pUnknown; // one word often comes many times in a row
+    if (m_pUnknown && m_pUnknown->sNAME == sWord) return *m_pUnknown; // the same word often comes many times in a row
     auto pFound = m_mapUnknown.find(sWord);
     if (pFound == m_mapUnknown.end()) {
         pFound = m_mapUnknown.emplace(sWord, T_WORD_D()).first;
@@ -83,7 +83,7 @@ void CAccount::OnCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int3
     if (dropped.bTHRU) Note(rWord, NOTE_THRU, place);
 }
 
-/// The card's records are its keyword's from now on; those that were another card's were replaced.
+/// Makes the card's keyword the owner of its records. Earlier records of the same ids were replaced.
 void CAccount::TakeOwnership(const T_OWNS_D& rOwns, std::int32_t iKeyword, const T_DATA_D& rCard,
                              const T_PLACE_D& rPlace) {
     CIdOwners& rOwners = m_aOwners[rOwns.eTABLE];
@@ -123,7 +123,7 @@ void CAccount::AddModel(const CDataPool& rPool) {
             rNote.nCOUNT += rLeft.nCOUNT;
             if (rNote.aIDS.size() < T_NOTE_D::MOST_PLACES) rNote.aIDS.push_back(rLeft.iID);
         },
-        [](const auto&) {}, // rows are no loss
+        [](const auto&) {}, // what has a row is written
     };
     ForEachRow(rPool, visitor);
     for (std::size_t i = 0; i < aNotes.size(); ++i) {
@@ -131,7 +131,7 @@ void CAccount::AddModel(const CDataPool& rPool) {
     }
 }
 
-/// Reasons of one text make one note.
+/// Reasons with the same text share a note.
 void CAccount::NoteUnwritten(const T_REASON_D& rReason, const T_NOTE_D& rFound) {
     std::int32_t iKeyword = 0;
     CConvertNastran::KeywordToId(rReason.sKEYWORD, iKeyword);

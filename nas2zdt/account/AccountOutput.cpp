@@ -1,4 +1,4 @@
-// The account as tables and as JSON.
+// Formats the account as tables and as JSON.
 
 #include "nas2zdt/account/AccountOutput.h"
 
@@ -43,7 +43,7 @@ constexpr bool IsInOrder() {
 }
 static_assert(IsInOrder());
 
-/// The numbers of a word, by their names in JSON.
+/// The counts of a word by their JSON names; titles of the table have blanks for "_".
 struct T_COLUMN_D {
     std::string_view sNAME;
     std::uint64_t T_WORD_D::*pVALUE;
@@ -106,7 +106,6 @@ std::string Member(std::string_view sName, std::uint64_t nValue) {
     return JsonText(sName) + ":" + std::to_string(nValue);
 }
 
-/// The elements between brackets, with commas.
 template <class LIST, class WRITE>
 std::string Array(const LIST& aList, WRITE write) {
     std::string sText = "[";

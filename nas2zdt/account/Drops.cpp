@@ -1,4 +1,4 @@
-// What isn't kept of a card that is stored.
+// Finds what is lost of a card that is stored.
 
 #include "nas2zdt/account/Drops.h"
 
@@ -11,8 +11,8 @@ namespace {
 /// Fields that handlers store and no section writes.
 struct T_ROW_D {
     std::string_view sKEYWORD;
-    std::string_view sNAMES; // between blanks
-    double dNEUTRAL = 0.0;   // the value that the file stands for without them
+    std::string_view sNAMES; // separated by blanks
+    double dNEUTRAL = 0.0;   // the value that the file implies
 };
 
 constexpr T_ROW_D ROWS[] = {
@@ -51,14 +51,14 @@ constexpr T_ROW_D ROWS[] = {
 
 constexpr std::string_view THRU = "THRU";
 
-/// Whether a field holds something that can be lost. A blank doesn't, nor does the value that counts without the field.
+/// Whether a field holds something that can be lost: more than blanks or the neutral value.
 bool HoldsSomething(std::string_view sField, double dNeutral = 0.0) {
     const auto isNothing = [&](char c) { return c == '\r' || (dNeutral == 0.0 && (c == '0' || c == '.')); };
     if (std::all_of(sField.begin(), sField.end(), isNothing)) return false;
     return dNeutral == 0.0 || TextToReal(sField) != dNeutral;
 }
 
-/// Names with commas between them, each once.
+/// Names separated by commas, each once; of a list, those of its first lost entry, then an ellipsis.
 class CNameList {
   public:
     void Add(const T_NAME_D& rName) {
@@ -74,7 +74,7 @@ class CNameList {
 
   private:
     std::vector<std::string> m_aNames;
-    std::size_t m_nEntry = 0; // the first one of a list
+    std::size_t m_nEntry = 0; // the first lost one of a list
 };
 
 } // namespace
@@ -97,7 +97,7 @@ bool CDrops::IsUnwritten(const T_NAME_D& rName, std::string_view sField) const {
     });
 }
 
-/// Whether anything may be lost. Most cards have their answer here, without a name.
+/// A quick test without field names, which rules out most cards.
 bool CDrops::MayLose(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse) const {
     const auto& rFields = rCard.aFIELDS;
     for (std::size_t i = 0; i < rFields.size(); ++i) {

@@ -1,5 +1,5 @@
 #pragma once
-// What isn't kept of a card that is stored.
+// Finds what is lost of a card that is stored.
 
 #include "cards/FieldNames.h"
 #include "reader/Card.h"
@@ -10,14 +10,14 @@
 #include <string_view>
 #include <vector>
 
-/// What a card loses: names of fields with commas between them; of a list, those of its first entry that is lost.
+/// What a card loses. Field names are separated by commas; a list names those of its first lost entry.
 struct T_DROPPED_D {
     std::string sFIELDS;   // skipped by the handler, or stored and not written
     std::string sPASTREAD; // never reached
-    bool bTHRU = false;    // a THRU that isn't understood; it stands for the field behind it, too
+    bool bTHRU = false;    // a THRU that isn't understood, and the field behind it
 };
 
-/// Finds what the cards of a keyword lose: what their handler didn't take, and what of the rest no section has.
+/// Finds what the cards of a keyword lose: fields that their handler doesn't take or that no section writes.
 class CDrops {
   public:
     explicit CDrops(std::string_view sKeyword);
@@ -32,7 +32,7 @@ class CDrops {
     struct T_UNWRITTEN_D {
         std::string_view sNAME;
         double dNEUTRAL;
-        std::size_t iFIELD; // its place, NOWHERE if that differs from card to card
+        std::size_t iFIELD; // its place, NOWHERE if it varies from card to card
     };
     static constexpr std::size_t NOWHERE = static_cast<std::size_t>(-1);
 

@@ -1,4 +1,4 @@
-// Which keyword's card stored the record of an id.
+// Tracks which keyword's card stored the record of an id.
 
 #include "nas2zdt/account/IdOwners.h"
 
@@ -10,7 +10,7 @@
 namespace {
 
 struct T_ROW_D {
-    std::string_view sKEYWORDS; // between blanks
+    std::string_view sKEYWORDS; // separated by blanks
     T_OWNS_D owns;
 };
 
@@ -47,7 +47,7 @@ T_OWNS_D FindOwnedIds(std::string_view sKeyword) {
     return {};
 }
 
-/// For an id that isn't behind all others.
+/// For an id that isn't greater than all before.
 std::int32_t CIdOwners::TakeEarlier(std::int32_t iID, std::uint8_t iKeyword) {
     if (const std::uint32_t iPlace = m_index.Find(iID); iPlace != CKeyIndex::NONE) {
         return std::exchange(m_aKeywords[iPlace], iKeyword);

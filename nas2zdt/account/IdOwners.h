@@ -1,5 +1,5 @@
 #pragma once
-// Which keyword's card stored the record of an id: a later card of the same id replaces it.
+// Tracks which keyword's card stored the record of an id, which a later card with the same id replaces.
 
 #include "store/KeyIndex.h"
 
@@ -24,11 +24,11 @@ enum E_OWNED {
     OWNED_CORD2R,
     OWNED_CORD2C,
     OWNED_CORD2S,
-    OWNED_GRAVITY,      // one vector a load set
-    OWNED_TEMPERATURES, // one default a load set
+    OWNED_GRAVITY,      // one vector per load set
+    OWNED_TEMPERATURES, // one default per load set
     OWNED_EIGB,
     OWNED_EIGRL,
-    OWNED_COUNT, // also: none
+    OWNED_COUNT, // also stands for no table
 };
 
 /// The ids of a card are field 0 and, if nSTEP isn't 0, each field nSTEP further on among the first nFIELDS, up to one
@@ -39,16 +39,16 @@ struct T_OWNS_D {
     std::size_t nFIELDS = 1;
 };
 
-/// The ids of a keyword's cards; none for most that aren't elements, properties or materials.
+/// The ids on a keyword's cards; OWNED_COUNT for keywords whose records aren't replaced by id.
 T_OWNS_D FindOwnedIds(std::string_view sKeyword);
 
-/// Ids of a deck mostly ascend, so those that do are kept as stretches of neighbours with one keyword; the others, and
-/// ids whose keyword changes, are kept in an index.
+/// Ids mostly ascend in a deck. Those that do are kept as ranges with one keyword; the others, and ids whose keyword
+/// changes, go into an index.
 class CIdOwners {
   public:
     static constexpr std::int32_t NONE = -1;
 
-    /// Makes iKeyword the owner of iID. Returns the owner before, NONE if there was none.
+    /// Makes iKeyword the owner of iID. Returns the previous owner or NONE.
     std::int32_t Take(std::int32_t iID, std::uint8_t iKeyword) {
         if (!m_aStretches.empty()) {
             T_STRETCH_D& rLast = m_aStretches.back();
@@ -71,6 +71,6 @@ class CIdOwners {
         std::uint8_t iKEYWORD;
     };
     std::vector<T_STRETCH_D> m_aStretches; // ascending
-    CKeyIndex m_index;                     // overrides them
-    std::vector<std::uint8_t> m_aKeywords; // by the index
+    CKeyIndex m_index;                     // takes precedence over them
+    std::vector<std::uint8_t> m_aKeywords; // by place in the index
 };

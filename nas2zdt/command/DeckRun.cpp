@@ -1,4 +1,4 @@
-// One deck from the command line to its result.
+// Runs one deck of the command line.
 
 #include "nas2zdt/command/DeckRun.h"
 
@@ -15,14 +15,14 @@
 
 namespace {
 
-/// Nothing is asked; the log goes to standard output unless it is kept back. Remembers how the output file failed.
+/// Asks nothing. Shows the log on standard output if wanted, and keeps the failure of the output file.
 class CCommandDialogs : public CConsoleDialogs {
   public:
     CCommandDialogs(CProgressLine& rProgress, bool bShowLog) : m_rProgress(rProgress), m_bShowLog(bShowLog) {}
     void ShowFileError(const CFileException& rError) override { m_sFileError = rError.GetText(); }
     void ShowMessages(const std::vector<std::string>& aLines) override {
         m_rProgress.Clear();
-        if (m_bShowLog) WriteLines(aLines); // nobody is asked to close them
+        if (m_bShowLog) WriteLines(aLines); // without waiting for anybody to close them
     }
     std::string m_sFileError;
 
@@ -31,19 +31,19 @@ class CCommandDialogs : public CConsoleDialogs {
     bool m_bShowLog;
 };
 
-/// Hands on what a run tells to those who asked for it.
+/// Passes the events of a run on to the account and the progress line.
 class CRunWatch : public CDeckObserver {
   public:
-    /// pAccount and pLines are null if nobody asked for them; sDeck is the main deck as the user named it.
+    /// pAccount may be null; pLines is null unless the deck was joined. sDeck is the main deck as the user named it.
     CRunWatch(CAccount* pAccount, const CLineMap* pLines, const std::string& sDeck, CProgressLine& rProgress)
         : m_pAccount(pAccount), m_pLines(pLines), m_sDeck(sDeck), m_rProgress(rProgress) {}
 
-    /// Whether there is anything to watch.
+    /// Whether the run has to be observed at all.
     bool IsNeeded() const { return m_pAccount || m_pLines || m_rProgress.IsShown(); }
 
     void OnDeckBegin(const std::string& sPath) override {
-        const std::string& sName =
-            std::exchange(m_bMain, false) ? m_sDeck : sPath; // a joined deck's path means nothing
+        const bool bMain = std::exchange(m_bMain, false); // a joined deck has a temporary path
+        const std::string& sName = bMain ? m_sDeck : sPath;
         if (m_pAccount) m_pAccount->OnDeckBegin(sName);
         if (!m_rProgress.IsShown()) return;
         std::error_code error;
@@ -74,7 +74,7 @@ class CRunWatch : public CDeckObserver {
     const CLineMap* m_pLines;
     const std::string& m_sDeck;
     CProgressLine& m_rProgress;
-    bool m_bMain = true; // whether the main deck is still to come
+    bool m_bMain = true; // whether the next deck is the main one
 };
 
 bool IsIncludeFailure(E_FAILURE eFailure) {
@@ -111,20 +111,20 @@ void CDeckRun::Run() {
     }
 }
 
-/// Gives the file to write to when it is known what the run has read, which no output may overwrite.
+/// Called once all decks are read, which no output may overwrite. Gives the file to write to.
 CFile& CDeckRun::Open(const T_INPUTS& rDecks) {
-    if (!m_rOptions.bFLATTEN) m_rInputs.insert(rDecks.begin(), rDecks.end()); // else those that were joined are there
+    if (!m_rOptions.bFLATTEN) m_rInputs.insert(rDecks.begin(), rDecks.end()); // those of a joined deck are in it
     m_bRefused = true;
     for (const std::string* pOutput : {&m_rJob.sTARGET, &m_rOptions.sVIEW, &m_rOptions.sVTU, &m_rOptions.sLOG}) {
         if (!pOutput->empty()) RefuseInput(*pOutput, m_rInputs);
     }
     m_bRefused = false;
-    std::cout << std::flush; // where the target file may go too
+    std::cout << std::flush; // the target file may go there too
     m_pTarget = std::make_unique<CWholeFile>(m_rJob.sTARGET, m_rInputs);
     return m_pTarget->GetFile();
 }
 
-/// Converts sDeck, which is the job's own deck or, with pLines, what it was joined into.
+/// Converts sDeck, which is the job's deck or, with pLines, the file it was joined into.
 void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
     CProgressLine progress;
     CCommandDialogs dialogs(progress, !m_rOptions.bQUIET && m_rOptions.eACCOUNT != ACCOUNT_JSON);
@@ -151,20 +151,20 @@ void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
     if (!m_bRefused) DrawModel(run.GetDataPool());
 }
 
-/// Gives the target file its name. The sections of the account are counted before, while only this run knows the file.
+/// Gives the target file its name. Sections are counted before, while no other program can change the file.
 void CDeckRun::FinishTarget() {
     const std::string& sWritten = m_pTarget->GetTemporaryPath();
     std::vector<T_SECTION_D> aSections;
     try {
         if (m_pAccount && !sWritten.empty()) aSections = CountSections(sWritten);
-    } catch (const CFileException& rError) { // the file is whole all the same
+    } catch (const CFileException& rError) { // the file is whole nevertheless
         Fail(m_rJob.sTARGET + ": can't be read for the account: " + rError.GetCause());
     }
     m_pTarget->Finish();
     m_result.aSECTIONS = std::move(aSections);
 }
 
-/// Writes the pictures of the model that were asked for.
+/// Writes the pictures that the options ask for.
 void CDeckRun::DrawModel(const CDataPool& rPool) {
     if (!m_rOptions.sVIEW.empty()) WriteSvg(rPool, m_rJob.sDECK, m_rOptions.sVIEW, m_rInputs);
     if (m_rOptions.sVTU.empty()) return;
@@ -175,14 +175,14 @@ void CDeckRun::DrawModel(const CDataPool& rPool) {
     }
 }
 
-/// Tells why the run ended before its time, by the lines of the decks that the user has.
+/// Reports why the run failed, with lines of a joined deck traced back to the user's files.
 void CDeckRun::FailRun(T_FAIL_D failure, const CLineMap* pLines) {
     if (pLines) {
         const T_ORIGIN_D origin = failure.iLINE > 0 ? pLines->Find(failure.iLINE) : T_ORIGIN_D{m_rJob.sDECK, 0};
         failure.sFILE = origin.sFILE;
         failure.iLINE = origin.iLINE;
     }
-    if (failure.sFILE.empty()) failure.sFILE = m_rJob.sDECK; // of no deck in particular
+    if (failure.sFILE.empty()) failure.sFILE = m_rJob.sDECK; // the failure is no particular deck's
     Fail(failure.GetText());
     if (const std::string_view sLimit = NameOfLimit(failure.eFAILURE); !sLimit.empty()) {
         TellHint(m_rJob.sDECK + ": the option --limit " + std::string(sLimit) + "=N sets this limit");

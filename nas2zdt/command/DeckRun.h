@@ -1,5 +1,5 @@
 #pragma once
-// One deck from the command line to its result.
+// Runs one deck of the command line.
 
 #include "driver/RunError.h"
 #include "nas2zdt/account/AccountOutput.h"
@@ -12,20 +12,20 @@
 #include <memory>
 #include <string>
 
-/// A run and what is told of it.
+/// The run of one deck and its result.
 class CDeckRun : private COutput {
   public:
-    /// rInputs are the files that no output may overwrite; those that the run reads are added. It must outlive this
-    /// object, as the options and the job must.
+    /// rInputs are the files that no output may overwrite; the run adds those that it reads. All arguments must outlive
+    /// this object.
     CDeckRun(const T_OPTIONS_D& rOptions, const T_JOB_D& rJob, T_INPUTS& rInputs)
         : m_rOptions(rOptions), m_rJob(rJob), m_rInputs(rInputs) {}
 
-    /// Converts the deck and shows its log as the options want it. Failures go to standard error at once.
+    /// Converts the deck and shows its log as the options say. Failures go to standard error at once.
     void Run();
 
     const T_RESULT_D& GetResult() const { return m_result; }
 
-    /// Null if nobody asked for it.
+    /// Null unless the options ask for an account or for strictness.
     const CAccount* GetAccount() const { return m_pAccount.get(); }
 
   private:
@@ -39,9 +39,9 @@ class CDeckRun : private COutput {
     const T_OPTIONS_D& m_rOptions;
     const T_JOB_D& m_rJob;
     T_INPUTS& m_rInputs;
-    std::unique_ptr<CWholeFile> m_pTarget; // null until the model is complete
+    std::unique_ptr<CWholeFile> m_pTarget; // null until the model is written
     bool m_bRefused = false;               // whether an output is a file that the run has read
-    T_JOINED_D m_joined;                   // only with its lines can the account tell places
+    T_JOINED_D m_joined;                   // the account refers to its lines
     std::unique_ptr<CAccount> m_pAccount;
     T_RESULT_D m_result;
 };

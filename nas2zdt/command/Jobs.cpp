@@ -1,4 +1,4 @@
-// Planning the decks of a command line.
+// Plans the conversions of a command line.
 
 #include "nas2zdt/command/Jobs.h"
 
@@ -16,37 +16,36 @@ bool IsFolder(const std::string& sPath) {
     return std::filesystem::is_directory(ToPath(sPath), error);
 }
 
-/// The path of the result beside a deck, as the user names the deck where that leads there: the last "." is that of the
-/// full path.
+/// The path of the result beside a deck. The extension is what follows the last "." of the full path, so a deck without
+/// one needs the full path.
 std::string TargetBeside(const std::string& sDeck) {
     if (ToText(ToPath(sDeck).filename()).find('.') != std::string::npos) return CConvertNastran::TargetPath(sDeck);
     const std::string sFull = FullPath(sDeck);
     return sFull.find('.') == std::string::npos ? sDeck + ".zdt" : CConvertNastran::TargetPath(sFull);
 }
 
-/// The path of a deck's result.
 std::string Target(const std::string& sDeck, const std::string& sOutput, bool bFolder) {
     if (sOutput.empty()) return TargetBeside(sDeck);
     if (!bFolder) return sOutput;
     return ToText(ToPath(sOutput) / ToPath(CConvertNastran::TargetPath(ToText(ToPath(sDeck).filename()))));
 }
 
-/// What is wrong with the folder that a file is to stand in; empty if it exists.
+/// An error if the folder of sFile doesn't exist, else empty.
 std::string TestFolderOf(const std::string& sFile) {
     const std::string sFolder = ToText(ToPath(sFile).parent_path());
     if (sFolder.empty() || IsFolder(sFolder)) return {};
     return sFolder + ": no such folder";
 }
 
-/// The files that a command line writes.
+/// The outputs of a command line.
 class COutputs {
   public:
     explicit COutputs(const T_INPUTS& rInputs) : m_rInputs(rInputs) {}
 
-    /// Adds an output. Returns what it would overwrite, a deck or an output from before; empty if nothing.
+    /// Adds an output. Returns the deck or earlier output that it would overwrite, or an empty text.
     std::string Add(const std::string& sPath, const std::string& sWhat) {
         const T_TARGET_D target = FindTarget(sPath);
-        if (target.eTARGET == TARGET_STREAM || target.folder == T_FILEID_D()) return {}; // nothing there can be lost
+        if (target.eTARGET == TARGET_STREAM || target.folder == T_FILEID_D()) return {}; // nothing to overwrite
         if (target.eTARGET == TARGET_FILE) {
             if (const auto pInput = m_rInputs.find(target.id); pInput != m_rInputs.end()) return pInput->second;
             if (const auto [pFile, bNew] = m_mapFiles.emplace(target.id, sWhat); !bNew) return pFile->second;
@@ -57,11 +56,11 @@ class COutputs {
 
   private:
     const T_INPUTS& m_rInputs;
-    std::map<T_FILEID_D, std::string> m_mapFiles; // those that are there already
+    std::map<T_FILEID_D, std::string> m_mapFiles; // existing ones
     std::map<std::pair<T_FILEID_D, std::string>, std::string> m_mapPlaces;
 };
 
-/// What is wrong with an output that isn't a result; empty if nothing is.
+/// An error if sFile can't take the picture, grid or log, else empty.
 std::string TestOutput(const std::string& sFile, const std::string& sWhat, COutputs& rOutputs) {
     if (IsFolder(sFile)) return sFile + ": is a folder";
     std::string sWrong = TestFolderOf(sFile);
@@ -70,7 +69,7 @@ std::string TestOutput(const std::string& sFile, const std::string& sWhat, COutp
     return sLost.empty() ? sLost : sFile + ": " + sWhat + " would overwrite " + sLost;
 }
 
-/// What is wrong with the command line; empty if nothing is.
+/// An error if the options don't fit the number of decks, else empty.
 std::string TestUsage(const T_OPTIONS_D& rOptions, bool bFolder) {
     if (rOptions.aDECKS.size() == 1) return {};
     if (!rOptions.sOUTPUT.empty() && !bFolder) return "-o must name a folder for several decks: " + rOptions.sOUTPUT;
@@ -94,7 +93,7 @@ T_JOBS_D PlanJobs(const T_OPTIONS_D& rOptions) {
     for (const std::string& sDeck : rOptions.aDECKS) {
         T_JOB_D job{sDeck, Target(sDeck, sOutput, bFolder), {}};
         CDeckFile file;
-        std::string sCause; // told when the deck is run
+        std::string sCause; // reported when the deck is run
         const bool bThere = file.Open(sDeck, sCause) != 0;
         if (bThere && !jobs.decks.emplace(file.GetId(), "the deck " + sDeck).second) {
             job.sREFUSED = "this deck is given twice";

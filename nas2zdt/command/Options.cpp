@@ -1,4 +1,4 @@
-// The table of options, how the arguments are read by it, and the help that is made from it.
+// The table of options, which reads the arguments and makes the help.
 
 #include "nas2zdt/command/Options.h"
 
@@ -12,23 +12,23 @@ namespace {
 /// Whether an option is followed by a value.
 enum E_VALUE { VALUE_NONE, VALUE_NEEDED, VALUE_ALLOWED };
 
-/// A row of the table. A needed value is the next argument or stands behind "=", an allowed one behind "=" alone.
+/// A row of the table. A needed value is the next argument or follows "="; an allowed one only follows "=".
 struct T_OPTION_D {
-    std::string_view sNAME; // with its short form in front, if it has one: "-q, --quiet"
+    std::string_view sNAME; // a short form comes first: "-q, --quiet"
     E_VALUE eVALUE;
     std::string_view sVALUE; // its name in the help
     std::string_view sHELP;
-    bool (*pfnSet)(T_OPTIONS_D& rOptions, const std::string& sValue); // false for a value that isn't known
+    bool (*pfnSet)(T_OPTIONS_D& rOptions, const std::string& sValue); // false for a wrong value
 };
 
-/// A function that sets a flag.
+/// Sets a flag.
 template <bool T_OPTIONS_D::*FLAG>
 bool Set(T_OPTIONS_D& rOptions, const std::string&) {
     rOptions.*FLAG = true;
     return true;
 }
 
-/// A function that keeps a path, which isn't empty.
+/// Keeps a path, which mustn't be empty.
 template <std::string T_OPTIONS_D::*PATH>
 bool Keep(T_OPTIONS_D& rOptions, const std::string& sValue) {
     rOptions.*PATH = sValue;
@@ -40,11 +40,11 @@ bool SetAccount(T_OPTIONS_D& rOptions, const std::string& sValue) {
     return sValue.empty() || sValue == "json";
 }
 
-/// A limit of a run by its name on the command line.
+/// A limit of a run, by its name for --limit.
 struct T_LIMITNAME_D {
     std::string_view sNAME;
     std::int64_t T_LIMITS_D::*pLIMIT;
-    E_FAILURE eFAILURE; // of a run that exceeds it
+    E_FAILURE eFAILURE; // when a run exceeds it
 };
 
 constexpr T_LIMITNAME_D LIMITS[] = {
@@ -96,7 +96,7 @@ constexpr T_OPTION_D OPTIONS[] = {
 };
 // clang-format on
 
-/// The last of an option's forms, which is its only one or the long one.
+/// The long form of an option, or its only one.
 constexpr std::string_view LastForm(std::string_view sName) {
     const std::size_t iSpace = sName.rfind(' ');
     return iSpace == std::string_view::npos ? sName : sName.substr(iSpace + 1);
@@ -110,7 +110,7 @@ const T_OPTION_D* FindOption(std::string_view sForm) {
     return nullptr;
 }
 
-/// A picture and the extension of its format.
+/// An option for a picture and the extension of its format.
 struct T_PICTURE_D {
     std::string_view sOPTION;
     std::string T_OPTIONS_D::*pFILE;
@@ -118,10 +118,10 @@ struct T_PICTURE_D {
 };
 constexpr T_PICTURE_D PICTURES[] = {{"--view", &T_OPTIONS_D::sVIEW, ".svg"}, {"--vtu", &T_OPTIONS_D::sVTU, ".vtu"}};
 
-/// What decks, results and accounts are called, and the pictures themselves.
+/// Extensions of decks, results, accounts and pictures.
 constexpr std::string_view EXTENSIONS[] = {".dat", ".bdf", ".nas", ".blk", ".zdt", ".json", ".svg", ".vtu"};
 
-/// Whether sFile ends in the extension of another format than the one with the extension sOwn.
+/// Whether sFile has one of these extensions other than sOwn, which suggests a mixed up command line.
 bool HasForeignExtension(std::string sFile, std::string_view sOwn) {
     for (char& c : sFile) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
     return std::any_of(std::begin(EXTENSIONS), std::end(EXTENSIONS),

@@ -8,10 +8,10 @@
 #include <string_view>
 #include <vector>
 
-/// How the account is wanted.
+/// The form of the account.
 enum E_ACCOUNT_FORM { ACCOUNT_NONE, ACCOUNT_TABLE, ACCOUNT_JSON };
 
-/// What the command line says.
+/// The command line.
 struct T_OPTIONS_D {
     bool bHELP = false;
     bool bVERSION = false;
@@ -20,18 +20,18 @@ struct T_OPTIONS_D {
     bool bFLATTEN = false;
     E_ACCOUNT_FORM eACCOUNT = ACCOUNT_NONE;
     std::string sLOG;    // empty for none
-    std::string sOUTPUT; // file or folder; empty for beside the deck
+    std::string sOUTPUT; // file or folder; empty for the deck's folder
     std::string sVIEW;   // picture of the model; empty for none
     std::string sVTU;    // grid of the model; empty for none
     T_LIMITS_D limits;
     std::vector<std::string> aDECKS;
 };
 
-/// Reads the arguments, the program's name not among them. Returns 1, or 0 with what is wrong in rWhy.
+/// Reads the arguments without the program's name. Returns 1, or 0 with the error in rWhy.
 int ReadOptions(const std::vector<std::string>& aArgs, T_OPTIONS_D& rOptions, std::string& rWhy);
 
-/// The text of --help, made from the table of options.
+/// The text of --help.
 std::string HelpText();
 
-/// The name for --limit of the limit that ended a run; empty for any other failure.
+/// The --limit name of the limit that a run exceeded; empty for other failures.
 std::string_view NameOfLimit(E_FAILURE eFailure);

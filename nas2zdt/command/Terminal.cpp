@@ -1,4 +1,4 @@
-// What the command tells a person.
+// Messages of the command.
 
 #include "nas2zdt/command/Terminal.h"
 
@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::chrono::milliseconds SILENCE(1000); // before the first line
 constexpr std::chrono::milliseconds STEP(100);
-constexpr const char* COMMAND = "nas2zdt: "; // before what it tells of itself
+constexpr const char* COMMAND = "nas2zdt: "; // in front of its own messages
 constexpr const char* CLEAR_LINE = "\r\x1b[K";
 
 bool IsSet(const char* sVariable) {

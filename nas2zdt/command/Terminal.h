@@ -1,5 +1,5 @@
 #pragma once
-// What the command tells a person, with the colour and the progress that are for a terminal alone.
+// Messages of the command, with colours and progress on a terminal.
 
 #include <chrono>
 #include <cstdint>
@@ -8,17 +8,16 @@
 
 enum E_COLOUR { COLOUR_RED, COLOUR_GREEN };
 
-/// The text in a colour if pStream is a terminal that has colours and NO_COLOR isn't set; else as it is.
+/// sText in a colour if pStream is a terminal with colours and NO_COLOR isn't set, else unchanged.
 std::string Paint(std::FILE* pStream, E_COLOUR eColour, const std::string& sText);
 
-/// Tells on standard error what failed, as a plain text.
+/// Writes a failure to standard error, without control characters.
 void TellFailure(const std::string& sText);
 
-/// Tells there, in the same way, what helps or warns.
+/// Likewise a hint or warning.
 void TellHint(const std::string& sText);
 
-/// A line on standard error that tells how far a long run is. Nothing is shown in the first second, nor ever if
-/// standard error isn't a terminal.
+/// A line on standard error with the progress of a long run. It appears after a second, and only on a terminal.
 class CProgressLine {
   public:
     CProgressLine();
@@ -28,18 +27,18 @@ class CProgressLine {
 
     bool IsShown() const { return m_bTerminal; }
 
-    /// A file of nBytes bytes is read from now on; 0 if that isn't known.
+    /// Starts on a file of nBytes bytes, 0 if unknown.
     void Begin(const std::string& sFile, std::uint64_t nBytes);
 
     void Update(std::uint64_t nBytes);
 
-    /// Takes the line away.
+    /// Erases the line.
     void Clear();
 
   private:
     using CLOCK = std::chrono::steady_clock;
     bool m_bTerminal;
-    bool m_bLine = false; // whether the line stands
+    bool m_bLine = false; // whether the line is shown
     CLOCK::time_point m_next;
     std::string m_sFile;
     std::uint64_t m_nTotal = 0;

@@ -1,4 +1,4 @@
-// Joining a deck with its includes.
+// Joins a deck with its includes.
 
 #include "nas2zdt/flatten/Flatten.h"
 
@@ -35,7 +35,7 @@ bool IsAbsolute(const std::string& sName) {
     return sName.starts_with('/') || sName.starts_with('\\') || ToPath(sName).is_absolute();
 }
 
-/// Whether a line is a card of the vocabulary. A "=" makes it a line of case control.
+/// Whether a line is a card of the vocabulary. With a "=" it is case control.
 bool IsBulkLine(std::string_view sLine) {
     if (sLine.starts_with('$') || sLine.find('=') != std::string_view::npos) return false;
     std::string sWord(sLine.substr(0, std::min<std::size_t>(sLine.find_first_of(",*\t \r\n"), 8)));
@@ -44,7 +44,7 @@ bool IsBulkLine(std::string_view sLine) {
     return CConvertNastran::KeywordToId(sWord, iKeyword) && sWord != "INCLUDE" && sWord != "ENDDATA";
 }
 
-/// Whether a deck's first word that decides is a card's and not a section marker.
+/// Whether a card comes in a deck before any section marker.
 bool HoldsBulkData(const std::string& sPath) {
     CTextReader reader;
     std::string sCause;
@@ -57,11 +57,11 @@ bool HoldsBulkData(const std::string& sPath) {
     return false;
 }
 
-/// A deck that is being joined, at a depth of includes.
+/// A deck that is being joined.
 struct T_LEVEL_D {
     std::unique_ptr<CTextReader> pREADER;
     std::string sPATH;
-    std::string sFOLDER; // with its last separator; empty for the current one
+    std::string sFOLDER; // ends in a separator; empty for the current folder
     std::size_t iFILE = 0;
     std::int32_t iLINE = 0; // lines read
     bool bENCLOSED = false; // whether its text is between markers
@@ -96,7 +96,7 @@ class CJoin {
             throw CFileException(sPlace, "this deck includes itself, directly or through others: " + sPath);
         }
         m_joined.files.emplace(id, "the deck " + sPath);
-        // the separators of the other system are taken too, as they are when the deck is opened
+        // names of includes may use the separators of another system
         const std::size_t nFolder = sPath.find_last_of(sPlace.empty() ? "/" : "/\\") + 1;
         m_aLevels.push_back(
             {std::move(pReader), sPath, sPath.substr(0, nFolder), m_joined.lines.AddFile(sPath), 0, bEnclosed});
@@ -127,7 +127,7 @@ class CJoin {
         if (CIncludeStatement statement; statement.Begin(sLine)) return Include(statement);
         Copy(sLine);
         const bool bBegins = StartsWithoutCase(sLine, "BEGIN BULK");
-        if (bBegins || StartsWithoutCase(sLine, "CEND")) { // the deck's own markers rule from here on
+        if (bBegins || StartsWithoutCase(sLine, "CEND")) { // from here on the deck has its own markers
             m_bBulk = bBegins;
             for (T_LEVEL_D& rOuter : m_aLevels) rOuter.bENCLOSED = false;
         }
@@ -178,11 +178,11 @@ class CJoin {
     std::string Place() const { return m_aLevels.back().sPATH + ":" + std::to_string(m_aLevels.back().iLINE); }
 
     std::int64_t m_nMostDecks;
-    std::int64_t m_nDecks = 0; // opened; a deck that is included again counts again
+    std::int64_t m_nDecks = 0; // opened; one that is included twice counts twice
     CFile& m_rFile;
-    std::vector<T_LEVEL_D> m_aLevels; // the main deck first; a deck's includes nest here, not on the stack
+    std::vector<T_LEVEL_D> m_aLevels; // the main deck first; no recursion, since includes may nest deeply
     std::int32_t m_nLines = 0;        // written
-    bool m_bBulk = false;             // whether what is written next is bulk data
+    bool m_bBulk = false;             // whether the joined text is in the bulk section
 };
 
 } // namespace

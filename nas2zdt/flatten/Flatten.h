@@ -1,5 +1,5 @@
 #pragma once
-// Joining a deck with its includes as NASTRAN means it.
+// Joins a deck with its includes as NASTRAN does.
 
 #include "driver/Limits.h"
 #include "nas2zdt/flatten/LineMap.h"
@@ -9,17 +9,17 @@
 #include <string>
 #include <string_view>
 
-/// An INCLUDE statement as NASTRAN means it: a name of any length and case, in quotes or not; a quoted one may go on
-/// over several lines, of which the blanks at both ends don't count.
+/// An INCLUDE statement as NASTRAN reads it: a name of any length and case, quoted or not. A quoted name may go on over
+/// several lines; blanks at both ends of a line don't count.
 class CIncludeStatement {
   public:
-    /// Begins with a line. Returns 1 if it is the first line of an INCLUDE, which may be whole with it.
+    /// Returns 1 if sLine begins an INCLUDE, which may be whole with it.
     int Begin(std::string_view sLine);
 
-    /// Goes on with the next line of a statement that isn't whole. Returns 1, or 0 if the name is longer than any path.
+    /// Adds the next line of a statement that isn't whole. Returns 1, or 0 if the name is longer than any path.
     int Continue(std::string_view sLine);
 
-    /// Whether the closing quote was met, or none was opened.
+    /// Whether no closing quote is missing.
     bool IsWhole() const { return m_cQuote == '\0'; }
 
     const std::string& GetName() const { return m_sName; }
@@ -28,18 +28,17 @@ class CIncludeStatement {
     void Add(std::string_view sText);
 
     std::string m_sName;
-    char m_cQuote = '\0'; // the one that is still to come
+    char m_cQuote = '\0'; // the missing closing quote, or none
 };
 
-/// What is known of a joined deck.
+/// The origins of a joined deck.
 struct T_JOINED_D {
     CLineMap lines;
-    T_INPUTS files; // that were read
+    T_INPUTS files; // read for it
 };
 
-/// Writes the deck sDeck to rJoined, which is closed at the end, with the text of each INCLUDE in its place, at any
-/// depth. Relative names start from the folder of the deck that has them. The lines of an included deck are copied
-/// unchanged up to a line that begins with ENDDATA, which ends that deck alone. Bulk data that is included before
-/// BEGIN BULK gets markers around it. Throws CFileException for the joined file, and for a deck that can't be joined,
-/// with its path and line as the file; that is also one too many for nMostDecks.
+/// Writes sDeck to rJoined, with each INCLUDE replaced by the deck that it names, at any depth, and closes rJoined.
+/// Relative names start from the folder of the deck that has them. Lines are copied unchanged. ENDDATA in an included
+/// deck ends that deck only. Bulk data included before BEGIN BULK is put between markers. Throws CFileException if
+/// rJoined fails, or with the place in a deck if that can't be joined or more than nMostDecks decks are opened.
 T_JOINED_D FlattenDeck(const std::string& sDeck, CFile& rJoined, std::int64_t nMostDecks = T_LIMITS_D().nDECKS);

@@ -1,5 +1,5 @@
 #pragma once
-// Where the lines of a joined deck came from.
+// Maps the lines of a joined deck to their origins.
 
 #include <algorithm>
 #include <cstddef>
@@ -13,7 +13,7 @@ struct T_ORIGIN_D {
     std::int32_t iLINE = 0; // from 1; 0 for the file as a whole
 };
 
-/// Runs of lines that follow each other in one file take one entry each.
+/// Consecutive lines of a file share an entry.
 class CLineMap {
   public:
     /// Adds a file; returns its number.
@@ -22,10 +22,10 @@ class CLineMap {
         return m_aFiles.size() - 1;
     }
 
-    /// From line iJoined of the joined deck on, lines are those of file iFile from iLine on. Calls come in ascending
+    /// The lines of the joined deck from iJoined on are those of file iFile from iLine on. Calls come in ascending
     /// order of iJoined.
     void AddRun(std::int32_t iJoined, std::size_t iFile, std::int32_t iLine) {
-        if (!m_aRuns.empty() && m_aRuns.back().iJOINED == iJoined) m_aRuns.pop_back(); // it came to no line
+        if (!m_aRuns.empty() && m_aRuns.back().iJOINED == iJoined) m_aRuns.pop_back(); // it has no lines
         m_aRuns.push_back({iJoined, iLine, iFile});
     }
 

@@ -1,4 +1,4 @@
-// Laying a scene out on the sheet.
+// Lays a scene out on the sheet.
 
 #include "nas2zdt/picture/Drawing.h"
 
@@ -15,7 +15,7 @@ bool IsInBox(double dX, double dY) {
     return BOX_LEFT < dX && dX < BOX_RIGHT && BOX_TOP < dY && dY < BOX_BOTTOM;
 }
 
-/// The picture is made for the nodes that parts use: grids far away that only give directions don't shrink it.
+/// The points that the picture is scaled for: nodes of parts, since grids far away may only give directions.
 std::vector<T_VECT_D> FindVisible(const T_SCEN_D& rScene, const std::vector<bool>& aUsed) {
     std::vector<T_VECT_D> aVisible;
     for (std::size_t i = 0; i < aUsed.size(); ++i) {
@@ -39,8 +39,8 @@ void AddFreeNodes(T_DRAW_D& rDrawing, const std::vector<bool>& aUsed) {
     }
 }
 
-/// A face counts by its middle. A line counts by its nearer end and a little more, since it mostly runs along the edge
-/// of faces and would vanish behind half of them.
+/// A face counts by its middle, a line by its nearer end and a little more: most lines run along edges of faces, half
+/// of which would hide them.
 double DepthOf(const T_SHAP_D& rShape, const std::vector<T_VECT_D>& aPlaces) {
     constexpr double IN_FRONT = 6.0; // pixels
     double dSum = 0.0, dNearest = aPlaces[rShape.aCORNERS[0]][2];

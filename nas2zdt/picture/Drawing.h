@@ -21,7 +21,7 @@ struct T_SYMB_D {
 };
 
 struct T_DRAW_D {
-    std::vector<T_VECT_D> aVISIBLE; // points that the picture is made for
+    std::vector<T_VECT_D> aVISIBLE; // points that the picture is scaled for
     std::vector<T_VECT_D> aPLACES;  // of the nodes
     std::vector<T_SHAP_D> aSHAPES;  // from far to near
     std::vector<T_SYMB_D> aMARKS;   // on top of them
@@ -40,8 +40,8 @@ T_DRAW_D LayOut(const T_SCEN_D& rScene);
 /// picture. Of solids only outer faces that are turned to the eye. Adds the parts without a place to rNowhere.
 std::vector<T_SHAP_D> MakeShapes(const T_SCEN_D& rScene, const std::vector<T_VECT_D>& aPlaces, std::size_t& rNowhere);
 
-/// Draws near corners together until there are at most 30,000 shapes (a few more at most: the only shape of a kind
-/// keeps a dot). Returns the distance in pixels below which corners became one, 0 if nothing was changed.
+/// Joins near corners until there are at most some 30,000 shapes; the only shape of a kind keeps a dot. Returns the
+/// distance in pixels below which corners were joined, 0 for none.
 double Simplify(std::vector<T_SHAP_D>& rShapes, const std::vector<T_VECT_D>& aPlaces);
 
 /// Marks of all masses, grounded springs, links without length, supports, loads and beam references. aPlaces holds the
@@ -49,11 +49,11 @@ double Simplify(std::vector<T_SHAP_D>& rShapes, const std::vector<T_VECT_D>& aPl
 std::vector<T_SYMB_D> MakeSymbols(const T_SCEN_D& rScene, const CIsometricView& rView,
                                   const std::vector<T_VECT_D>& aPlaces);
 
-/// Of marks of one kind that are near to each other and point alike, leaves the largest, until no kind has more than
-/// MOST_MARKS. Returns whether any went.
+/// Keeps the largest of near marks of one kind and direction, until no kind has more than MOST_MARKS. Returns whether
+/// any were removed.
 bool ThinOut(std::vector<T_SYMB_D>& rSymbols);
 
-/// The normal of a face in the picture as its corners go round, of any length.
+/// The normal of a face in the picture by its corners' order, of any length.
 inline T_VECT_D FaceNormal(const T_SHAP_D& rFace, const std::vector<T_VECT_D>& aPlaces) {
     const auto Place = [&](std::size_t i) -> const T_VECT_D& { return aPlaces[rFace.aCORNERS[i]]; };
     return Cross(Minus(Place(2), Place(0)), Minus(Place(rFace.nCORNERS - 1u), Place(1)));

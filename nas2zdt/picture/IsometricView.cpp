@@ -1,4 +1,4 @@
-// From a place in space to a place in a picture.
+// Projects points into a picture.
 
 #include "nas2zdt/picture/IsometricView.h"
 
@@ -6,7 +6,7 @@
 #include <numbers>
 
 namespace {
-constexpr double DEEPEST = 4000.0; // pixels of depth: a row of points along the view must not scale without end
+constexpr double DEEPEST = 4000.0; // pixels of depth: limits the scale of points in a row along the view
 }
 
 T_VECT_D CIsometricView::Turn(const T_VECT_D& v) {

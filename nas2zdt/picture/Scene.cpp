@@ -1,4 +1,4 @@
-// What a model holds for its pictures, collected from the rows of the target file.
+// Collects a scene from the rows of the target file.
 
 #include "nas2zdt/picture/Scene.h"
 
@@ -25,7 +25,7 @@ bool FindCorners(const T_SCEN_D& rScene, const NODES& rNodes, T_PART_D& rPart) {
     return bAll;
 }
 
-/// Rows of elements; those of links and masses have no material.
+/// Rows of elements: other rows have no material.
 template <class ROW>
 concept ELEMENT_ROW = requires(const ROW& r) {
     r.iMID;
@@ -127,7 +127,7 @@ void AddNodalLoad(T_SCEN_D& rScene, E_KIND iKind, const T_NODALLOAD_ROW& rRow) {
     AddArrow(rScene, iKind, rScene.aPOINTS[iPlace], Unit(value), Largest(value));
 }
 
-/// Normal of a face by its corners, by the right hand.
+/// Normal of a face, by the right hand rule. Diagonals are of length 1, so that large coordinates don't overflow.
 T_VECT_D Normal(const T_SHAP_D& rFace, const std::vector<T_VECT_D>& aPoints) {
     const auto Point = [&](std::size_t i) -> const T_VECT_D& { return aPoints[rFace.aCORNERS[i]]; };
     const T_VECT_D first = Unit(Minus(Point(2), Point(0)));
@@ -159,7 +159,7 @@ void AddPressure(const CDataPool& rDataPool, T_SCEN_D& rScene, const T_CORNERPRE
     }
     if (rRow.bVECTOR) direction = Unit(rRow.dN);
     const auto& [p1, p2, p3, p4] = rRow.dP;
-    if (p1 + p2 + p3 + p4 < 0.0) direction = Minus({}, direction); // one of mixed signs points where most of it points
+    if (p1 + p2 + p3 + p4 < 0.0) direction = Minus({}, direction); // mixed signs: by their sum
     AddArrow(rScene, KIND_PRESSURE, at, direction, std::abs(p1) + std::abs(p2) + std::abs(p3) + std::abs(p4));
 }
 
@@ -167,7 +167,7 @@ void AddGravity(T_SCEN_D& rScene, const T_GRAVITY_ROW& rRow) {
     ++rScene.aCOUNTS[KIND_GRAVITY].nPRESENT;
     const T_VECT_D direction = Unit({rRow.dX, rRow.dY, rRow.dZ});
     std::vector<T_VECT_D>& rKnown = rScene.aGRAVITY;
-    constexpr std::size_t MOST_DIRECTIONS = 6; // more than fit into the picture
+    constexpr std::size_t MOST_DIRECTIONS = 6; // as many as fit into the picture
     if (direction == T_VECT_D{} || rKnown.size() == MOST_DIRECTIONS) return;
     if (std::find(rKnown.begin(), rKnown.end(), direction) == rKnown.end()) rKnown.push_back(direction);
 }

@@ -10,8 +10,7 @@
 #include <cstdint>
 #include <vector>
 
-/// Kinds of things in a picture; each that the model has gets a row in the legend. The numbers of the first ten are
-/// part of the .vtu format.
+/// Kinds of things in a picture. The numbers of the first ten are part of our .vtu files.
 enum E_KIND : std::uint8_t {
     KIND_TRUSS,
     KIND_BEAM,
@@ -33,7 +32,7 @@ enum E_KIND : std::uint8_t {
     KIND_REFERENCE, // from a beam towards its reference point
     KINDS,
 };
-constexpr std::size_t PART_KINDS = KIND_MASS + 1; // those that are parts
+constexpr std::size_t PART_KINDS = KIND_MASS + 1; // parts come first
 
 /// Shapes of parts.
 enum E_CELL : std::uint8_t { CELL_POINT, CELL_LINE, CELL_TRIA, CELL_QUAD, CELL_TETRA, CELL_WEDGE, CELL_HEXA, CELLS };
@@ -41,8 +40,8 @@ constexpr std::array<std::size_t, CELLS> CELL_CORNERS = {1, 2, 3, 4, 4, 6, 8};
 
 constexpr std::uint8_t NO_CORNER = 0xFF; // behind the corners of a line or triangle
 
-/// What is drawn of a cell, as places among its corners: a line or plate itself, a solid's faces by their number in the
-/// target file, less 1.
+/// What is drawn of a cell, as places among its corners: a line or plate itself, or a solid's faces in the order of
+/// the target file.
 struct T_FACES_D {
     std::size_t nFACES = 0;
     std::array<std::array<std::uint8_t, 4>, 6> aCORNERS = {};
@@ -62,7 +61,7 @@ constexpr std::array<T_FACES_D, CELLS> FACES = {{
 struct T_PART_D {
     std::int32_t iID = 0;  // 0 for a multipoint equation
     std::int32_t iPID = 0; // 0 for a part without property, 1 for a CONROD
-    std::int32_t iMID = 0; // as the element's line has it; 0 for links and masses
+    std::int32_t iMID = 0; // as in the element's line; 0 for links and masses
     E_KIND iKIND = KIND_NODE;
     E_CELL iCELL = CELL_POINT;
     std::array<std::uint32_t, 8> aNODES = {};
@@ -76,7 +75,7 @@ struct T_SHAP_D {
     auto operator<=>(const T_SHAP_D&) const = default;
 };
 
-/// Face iFace of a part that is no point, from 0.
+/// Face iFace, from 0, of a part that isn't a point.
 T_SHAP_D FaceOfPart(const T_PART_D& rPart, std::size_t iFace);
 
 /// A load or a direction at a point.
@@ -99,17 +98,17 @@ struct T_SCEN_D {
     CKeyIndex index;                // from the id of a node, as written, to its place
 
     std::vector<T_PART_D> aPARTS;
-    std::size_t nFORMLESS = 0; // elements that no section of the target file takes
+    std::size_t nFORMLESS = 0; // elements that no section takes
 
-    std::vector<std::uint8_t> aHELD; // of each node the components that are held, bit 0 for the first
-    std::vector<T_ARRW_D> aARROWS;   // but for gravity and loads of nodes without position
-    std::vector<T_VECT_D> aGRAVITY;  // the directions that occur
+    std::vector<std::uint8_t> aHELD; // held components of each node, bit 0 for the first
+    std::vector<T_ARRW_D> aARROWS;   // without gravity and loads on nodes without position
+    std::vector<T_VECT_D> aGRAVITY;  // its directions
     std::size_t nCASES = 0;          // load cases
-    std::size_t nFACELESS = 0;       // pressures on solids whose face isn't found
+    std::size_t nFACELESS = 0;       // pressures on solids that name no face
 
     std::array<T_CONT_D, KINDS> aCOUNTS = {};
 
-    /// Of each node whether a part uses it.
+    /// For each node whether a part uses it.
     std::vector<bool> FindUsed() const;
 };
 

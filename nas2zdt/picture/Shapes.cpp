@@ -1,4 +1,4 @@
-// The faces and lines of a picture, as few as show the model.
+// Makes the faces and lines of a picture, as few as show the model.
 
 #include "nas2zdt/picture/Drawing.h"
 
@@ -7,7 +7,7 @@
 
 namespace {
 
-/// A face of a solid, found again from the other side by its sorted corners.
+/// A face of a solid, which a neighbour shares if its sorted corners are equal.
 struct T_SIDE_D {
     std::array<std::uint32_t, 4> aSORTED;
     std::uint32_t iPART;
@@ -20,8 +20,8 @@ bool HasPlace(const T_PART_D& rPart, const std::vector<T_VECT_D>& aPlaces) {
                        [&](std::uint32_t iNode) { return IsFinite(aPlaces[iNode]); });
 }
 
-/// Whether a face of a solid has the solid behind it. What is outside is told by the solid's middle, since corners may
-/// go round either way.
+/// Whether a face of a solid is turned to the eye. The solid's middle tells its outside, since corners may go round
+/// either way.
 bool LooksAtEye(const T_SHAP_D& rFace, const T_PART_D& rPart, const std::vector<T_VECT_D>& aPlaces) {
     const T_VECT_D normal = FaceNormal(rFace, aPlaces);
     const T_VECT_D outward = Minus(Middle(rFace.aCORNERS, rFace.nCORNERS, aPlaces),
@@ -42,7 +42,7 @@ void AddOuterFaces(const T_SCEN_D& rScene, const std::vector<T_VECT_D>& aPlaces,
     }
 }
 
-/// One form for all ways to go round the same corners, each once.
+/// Makes shapes of the same corners equal, however they go round, and removes repeated corners.
 void Normalize(T_SHAP_D& rShape) {
     const auto pBegin = rShape.aCORNERS.begin();
     const auto pEnd = std::unique(pBegin, pBegin + rShape.nCORNERS);
@@ -60,8 +60,8 @@ void Normalize(T_SHAP_D& rShape) {
     std::fill(pLast, rShape.aCORNERS.end(), 0u);
 }
 
-/// How well a corner stands for its neighbours, the lowest first: corners of lines, so that these stay straight, then
-/// those with the fewest faces, which make the outline.
+/// How well a corner represents its neighbours, lowest first: corners of lines, so that these stay straight, then those
+/// with the fewest faces, which make the outline.
 std::vector<std::uint8_t> RankCorners(const std::vector<T_SHAP_D>& aShapes, std::size_t nPlaces) {
     constexpr std::uint8_t WORST = 0xFF; // a free node
     std::vector<std::uint8_t> aRanks(nPlaces);
@@ -78,7 +78,7 @@ std::vector<std::uint8_t> RankCorners(const std::vector<T_SHAP_D>& aShapes, std:
     return aRanks;
 }
 
-/// A corner, to be sorted by what stands for its cell.
+/// A corner of a grid cell; the least one represents it.
 struct T_CRNR_D {
     std::uint64_t nCELL;
     std::uint8_t nRANK;
@@ -86,7 +86,7 @@ struct T_CRNR_D {
     auto operator<=>(const T_CRNR_D&) const = default;
 };
 
-/// Gives each corner that shapes use the best one of its cell.
+/// Replaces each corner by the best one of its cell in a grid of dCell pixels.
 class CCells {
   public:
     CCells(const std::vector<T_SHAP_D>& aShapes, const std::vector<T_VECT_D>& aPlaces,
@@ -125,14 +125,13 @@ class CCells {
     std::vector<std::uint32_t> m_aBest;
 };
 
-/// Corners without which a shape of a kind is collapsed.
+/// A shape of a kind with fewer corners is collapsed.
 std::uint8_t LeastCorners(E_KIND iKind) {
     if (iKind == KIND_PLANE_STRESS || iKind == KIND_PLATE || iKind == KIND_SOLID) return 3;
     return iKind == KIND_NODE ? 1 : 2;
 }
 
-/// Drops shapes that lost corners, but for those that alone show that something of their kind is there: of such a face
-/// a line or a dot stays, of a line a dot.
+/// Drops collapsed shapes, except where no other shape of their kind is seen at one of their corners.
 void DropCollapsed(std::vector<T_SHAP_D>& rShapes, std::size_t nPlaces) {
     std::vector<std::uint32_t> aKinds(nPlaces); // a bit for each kind that is seen at a corner
     std::vector<T_SHAP_D> aKept;
@@ -183,7 +182,7 @@ double Simplify(std::vector<T_SHAP_D>& rShapes, const std::vector<T_VECT_D>& aPl
     std::vector<std::uint8_t> aRanks;
     if (rShapes.size() > MOST) aRanks = RankCorners(rShapes, aPlaces.size());
     double dNext = 1.0;
-    while (rShapes.size() > MOST && dNext < 256.0) { // by then a few hundred cells
+    while (rShapes.size() > MOST && dNext < 256.0) { // a few hundred cells
         dCell = dNext;
         dNext *= 1.25;
         const CCells cells(rShapes, aPlaces, aRanks, dCell);

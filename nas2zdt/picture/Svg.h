@@ -13,7 +13,7 @@ struct T_RGB_D {
     int iRED, iGREEN, iBLUE;
 };
 
-/// How a kind looks. The colours of parts can be told apart by the colour-blind; marks differ in form too.
+/// How a kind looks. The colours of parts suit the colour-blind; marks also differ in form.
 struct T_LOOK_D {
     const char* sNAME;  // in the legend
     const char* sCLASS; // in the style sheet
@@ -40,7 +40,7 @@ constexpr std::array<T_LOOK_D, KINDS> LOOKS = {{
     {"towards the beam's reference", "reference", {213, 94, 0}},
 }};
 
-/// Classes of faces end in the number of their brightness, from dark to light.
+/// Brightness of faces; its index ends the name of their class.
 constexpr std::array<double, 5> SHADES = {0.62, 0.72, 0.82, 0.91, 1.0};
 
 constexpr bool IsFaceKind(E_KIND iKind) {
@@ -56,14 +56,14 @@ inline void WriteText(CFile& rFile, double dX, double dY, const char* sClass, co
     WriteLine(rFile, "<text class=\"%s\" x=\"%g\" y=\"%g\">%s</text>\n", sClass, dX, dY, XmlText(sText));
 }
 
-/// The style sheet. Edges and lines are thinner where the mesh is finer, or they would cover it.
+/// The style sheet. Lines are thinner in a finer mesh, which they would cover otherwise.
 void WriteStyle(CFile& rFile, const T_DRAW_D& rDrawing);
 
 void WriteMark(CFile& rFile, const T_SYMB_D& rMark);
 
-/// An arrow of dLength pixels whose point is at the mark. One along the view is a ring, with a dot if it comes towards
-/// the eye.
+/// An arrow of dLength pixels with its tip at the mark. Along the view it is a ring, with a dot if it points to the
+/// eye.
 void WriteArrow(CFile& rFile, const T_SYMB_D& rMark, double dLength);
 
-/// The legend: what there is of each kind, how large the model is, and what the picture leaves out.
+/// The legend: counts of each kind, the size of the model, and what the picture leaves out.
 void WriteLegend(CFile& rFile, const T_SCEN_D& rScene, const T_DRAW_D& rDrawing);

@@ -13,7 +13,7 @@ std::string Number(double dValue) {
     return {aText, PutReal(aText, dValue)};
 }
 
-/// What a kind looks like. A kind of links may have marks besides its lines.
+/// What a kind looks like. Links are lines, and marks where they have no length.
 void WriteSample(CFile& rFile, E_KIND iKind, double dY, bool bMarks) {
     constexpr double MIDDLE = LEFT + 12;
     const char* sClass = LOOKS[iKind].sCLASS;
@@ -33,7 +33,7 @@ void WriteSample(CFile& rFile, E_KIND iKind, double dY, bool bMarks) {
     }
 }
 
-/// How large the model is, and what the picture doesn't show as it is.
+/// The size of the model, and how the picture differs from it.
 std::vector<std::string> Notes(const T_SCEN_D& rScene, const T_DRAW_D& rDrawing) {
     std::vector<std::string> aNotes;
     const auto& rPoints = rDrawing.aVISIBLE;

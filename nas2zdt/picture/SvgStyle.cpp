@@ -1,4 +1,4 @@
-// What the things of an SVG picture look like: its style sheet and its marks.
+// Style sheet and marks of the SVG picture.
 
 #include "nas2zdt/picture/Svg.h"
 
@@ -47,7 +47,7 @@ void WriteStyle(CFile& rFile, const T_DRAW_D& rDrawing) {
                 return T_RGB_D{static_cast<int>(rBase.iRED * dShade), static_cast<int>(rBase.iGREEN * dShade),
                                static_cast<int>(rBase.iBLUE * dShade)};
             };
-            // edges of joined faces are no edges of elements
+            // joined faces have no edges: those wouldn't be the elements'
             const double dStroke = SHADES[i] * (rDrawing.dJOINED > 0.0 ? 1.0 : 0.5);
             WriteClass(rFile, iKind, std::to_string(i).c_str(), Shaded(SHADES[i]), Shaded(dStroke), dEdge);
         }
@@ -90,7 +90,7 @@ void WriteArrow(CFile& rFile, const T_SYMB_D& rMark, double dLength) {
     WriteLine(rFile, "<path class=\"%s\" d=\"M%g %gL%g %g", sClass, Tenth(rMark.dX - dX), Tenth(rMark.dY - dY), dToX,
               dToY);
     const double dBarb = std::min(6.0, dSeen / 2);
-    const int nHeads = rMark.iKIND == KIND_MOMENT ? 2 : 1; // as moments are drawn
+    const int nHeads = rMark.iKIND == KIND_MOMENT ? 2 : 1; // by convention
     for (int i = 0; i < nHeads; ++i) {
         const double dTipX = rMark.dX - dUX * i * dBarb * 0.9, dTipY = rMark.dY - dUY * i * dBarb * 0.9;
         WriteLine(rFile, "M%g %gL%g %g %g %g", Tenth(dTipX - (dUX + dUY * 0.5) * dBarb),

@@ -1,4 +1,4 @@
-// The picture as an SVG file.
+// Draws a model as an SVG file.
 
 #include "nas2zdt/picture/Picture.h"
 #include "nas2zdt/picture/Svg.h"
@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The light comes from above and a little from the left; a face has two sides.
+/// The light comes from above and a little from the left. Faces look the same from both sides.
 std::int32_t ShadeOf(const T_SHAP_D& rShape, const std::vector<T_VECT_D>& aPlaces) {
     const T_VECT_D light = Unit({-0.35, -0.85, 0.45}); // of the picture: right, down, towards the eye
     T_VECT_D normal = Unit(FaceNormal(rShape, aPlaces));
@@ -52,7 +52,7 @@ void WriteAxes(CFile& rFile) {
     }
 }
 
-/// Gravity acts on the whole model, so its arrows stand in a row beside it.
+/// Gravity acts on the whole model, so its arrows are in a row beside it.
 void WriteGravity(CFile& rFile, const std::vector<T_VECT_D>& aGravity) {
     double dX = 65.0;
     for (const T_VECT_D& rDirection : aGravity) {

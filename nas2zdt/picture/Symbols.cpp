@@ -1,4 +1,4 @@
-// Marks of a picture: masses, supports, loads.
+// Makes the marks of a picture: masses, supports, loads.
 
 #include "nas2zdt/picture/Drawing.h"
 

@@ -10,14 +10,14 @@
 
 namespace {
 
-/// Numbers of the cells in the file format.
+/// Cell types of the file format.
 constexpr std::array<std::uint8_t, CELLS> CELL_TYPES = {1, 3, 5, 9, 10, 13, 12};
 
-/// The first triangle of a wedge goes round the other way than in a deck: its normal points outward.
+/// The first triangle of a wedge goes round the other way than in a deck, so that its normal points outward.
 constexpr std::array<std::uint8_t, 8> WEDGE_ORDER = {0, 2, 1, 3, 5, 4, 6, 7};
 constexpr std::array<std::uint8_t, 8> PLAIN_ORDER = {0, 1, 2, 3, 4, 5, 6, 7};
 
-/// Bytes that go out in base64.
+/// Writes values as base64.
 class CBase64 {
   public:
     explicit CBase64(CFile& rFile) : m_rFile(rFile) {}
@@ -33,7 +33,7 @@ class CBase64 {
   private:
     static constexpr std::size_t FULL = std::size_t{3} * 4096;
 
-    /// nBytes is a multiple of three, or all that is left.
+    /// nBytes is a multiple of three or all bytes.
     void Send(std::size_t nBytes) {
         constexpr char DIGITS[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
         std::array<char, FULL / 3 * 4> aText;
@@ -65,7 +65,7 @@ constexpr const char* TypeName() {
     if constexpr (std::is_same_v<VALUE, std::uint8_t>) return "UInt8";
 }
 
-/// One array of nValues values, which fill(add) hands over one by one.
+/// An array of nValues values, which fill(add) adds one by one.
 template <class VALUE, class FILL>
 void WriteArray(CFile& rFile, const char* sName, std::int32_t nComponents, std::size_t nValues, FILL fill) {
     WriteLine(rFile, "<DataArray type=\"%s\" Name=\"%s\" NumberOfComponents=\"%d\" format=\"binary\">\n",

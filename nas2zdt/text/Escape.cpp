@@ -1,4 +1,4 @@
-// Any bytes as texts of other formats.
+// Escapes any bytes for JSON and XML.
 
 #include "nas2zdt/text/Escape.h"
 
@@ -11,8 +11,8 @@
 
 namespace {
 
-/// Calls take with each character of sText, its code, and whether it can be shown. A byte that isn't UTF-8 goes alone,
-/// with its value as the code.
+/// Calls take with each character of sText, its code, and whether it can be shown. A byte that isn't UTF-8 counts as a
+/// character with its value as the code.
 template <class TAKE>
 void ForEachCharacter(std::string_view sText, TAKE take) {
     while (!sText.empty()) {

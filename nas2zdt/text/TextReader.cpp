@@ -1,11 +1,11 @@
-// The lines of a file, of any length, as they stand.
+// Reads the lines of a file unchanged, whatever their length.
 
 #include "nas2zdt/text/TextReader.h"
 
 #include <cstring>
 
 namespace {
-constexpr std::size_t BLOCK_SIZE = std::size_t{64} * 1024; // small: every level of includes has one
+constexpr std::size_t BLOCK_SIZE = std::size_t{64} * 1024; // small: each level of includes has a buffer
 }
 
 int CTextReader::Open(const std::string& sPath, std::string& rCause) {
@@ -32,7 +32,7 @@ bool CTextReader::Fill() {
 }
 
 bool CTextReader::Read(std::string_view& rLine) {
-    std::size_t nSearched = 0; // of the line, which a second block doesn't search again
+    std::size_t nSearched = 0; // bytes of the line already searched for its line feed
     for (;;) {
         const char* pText = m_aBuffer.data() + m_iNext;
         const std::size_t nText = m_iEnd - m_iNext;

@@ -1,5 +1,5 @@
 #pragma once
-// The lines of a file, of any length, as they stand.
+// Reads the lines of a file unchanged, whatever their length.
 
 #include "platform/File.h"
 
@@ -13,8 +13,8 @@ class CTextReader {
     /// Returns 1, or 0 with the cause in rCause.
     int Open(const std::string& sPath, std::string& rCause);
 
-    /// The next line with its line feed, which only the last line may lack. False at the end, or if the file can't be
-    /// read on, which HasFailed tells. The text is valid until the next call.
+    /// The next line with its line feed, which only the last line may lack. False at the end of the file or on a read
+    /// error, which HasFailed tells apart. The text is valid until the next call.
     bool Read(std::string_view& rLine);
 
     bool HasFailed() const { return m_bFailed; }
@@ -24,7 +24,7 @@ class CTextReader {
     bool Fill();
 
     CDeckFile m_file;
-    std::vector<char> m_aBuffer; // grows to the longest line
+    std::vector<char> m_aBuffer; // as long as the longest line
     std::size_t m_iNext = 0;     // first byte not handed out yet
     std::size_t m_iEnd = 0;      // end of what was read
     bool m_bEnd = false;
