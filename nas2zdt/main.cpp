@@ -2,10 +2,10 @@
 
 #include "driver/ConvertNastranApp.h"
 #include "messages/ZdtMsgMgr.h"
-#include "nas2zdt/DeckRun.h"
-#include "nas2zdt/Jobs.h"
-#include "nas2zdt/Options.h"
-#include "nas2zdt/Terminal.h"
+#include "nas2zdt/command/DeckRun.h"
+#include "nas2zdt/command/Jobs.h"
+#include "nas2zdt/command/Options.h"
+#include "nas2zdt/command/Terminal.h"
 #include "platform/Console.h"
 #include "platform/PlainText.h"
 #include "platform/WholeFile.h"
@@ -40,7 +40,7 @@ int Print(const std::string& sText) {
     return WritePlain(std::cout, sText) ? EXIT_DONE : EXIT_FAILED;
 }
 
-/// All decks of a command line, and what is told of them together.
+/// All decks of a command line, with their common log and exit status.
 class CBatch {
   public:
     CBatch(const T_OPTIONS_D& rOptions, const T_JOBS_D& rJobs)
@@ -55,7 +55,7 @@ class CBatch {
         }
         if (bJson) std::cout << "]}\n";
         SaveLog();
-        // a log that can't be shown is no failure of the run, an account that was asked for is
+        // failing to show the log doesn't fail the run, failing to show an account does
         if (!std::cout.flush() && m_rOptions.eACCOUNT != ACCOUNT_NONE) {
             m_bFailed = true;
             Fail("the account can't be written to standard output");
@@ -102,7 +102,7 @@ class CBatch {
 
     const T_OPTIONS_D& m_rOptions;
     const T_JOBS_D& m_rJobs;
-    T_INPUTS m_inputs; // all that was read so far
+    T_INPUTS m_inputs; // all files read so far
     CConsoleDialogs m_dialogs;
     CZdtMsgMgr m_log{m_dialogs}; // of all decks
     bool m_bFailed = false;
@@ -129,7 +129,7 @@ int Run(int nArgs, char** aArgs) {
 int main(int nArgs, char** aArgs) {
     try {
         return Run(nArgs, aArgs);
-    } catch (const std::exception& rError) { // printed without a string: there may be no memory for one
+    } catch (const std::exception& rError) { // printed without making a string: memory may be exhausted
         const bool bExhausted = IsOutOfMemory(rError);
         std::fprintf(stderr, "nas2zdt: %s%s\n",
                      bExhausted ? "" : "internal error: ", bExhausted ? "not enough memory" : rError.what());

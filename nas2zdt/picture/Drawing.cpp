@@ -1,6 +1,6 @@
-// Laying a scene out on the sheet.
+// Lays a scene out on the sheet.
 
-#include "picture/Drawing.h"
+#include "nas2zdt/picture/Drawing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,16 +15,7 @@ bool IsInBox(double dX, double dY) {
     return BOX_LEFT < dX && dX < BOX_RIGHT && BOX_TOP < dY && dY < BOX_BOTTOM;
 }
 
-/// Of each node whether a part uses it.
-std::vector<bool> FindUsed(const T_SCEN_D& rScene) {
-    std::vector<bool> aUsed(rScene.aIDS.size());
-    for (const T_PART_D& rPart : rScene.aPARTS) {
-        for (std::size_t i = 0; i < CELL_CORNERS[rPart.iCELL]; ++i) aUsed[rPart.aNODES[i]] = true;
-    }
-    return aUsed;
-}
-
-/// The picture is made for the nodes that parts use: grids far away that only give directions don't shrink it.
+/// The points that the picture is scaled for: nodes of parts, since grids far away may only give directions.
 std::vector<T_VECT_D> FindVisible(const T_SCEN_D& rScene, const std::vector<bool>& aUsed) {
     std::vector<T_VECT_D> aVisible;
     for (std::size_t i = 0; i < aUsed.size(); ++i) {
@@ -48,8 +39,8 @@ void AddFreeNodes(T_DRAW_D& rDrawing, const std::vector<bool>& aUsed) {
     }
 }
 
-/// A face counts by its middle. A line counts by its nearer end and a little more, since it mostly runs along the edge
-/// of faces and would vanish behind half of them.
+/// A face counts by its middle, a line by its nearer end and a little more: most lines run along edges of faces, half
+/// of which would hide them.
 double DepthOf(const T_SHAP_D& rShape, const std::vector<T_VECT_D>& aPlaces) {
     constexpr double IN_FRONT = 6.0; // pixels
     double dSum = 0.0, dNearest = aPlaces[rShape.aCORNERS[0]][2];
@@ -80,7 +71,7 @@ bool T_DRAW_D::HasMark(E_KIND iKind) const {
 
 T_DRAW_D LayOut(const T_SCEN_D& rScene) {
     T_DRAW_D drawing;
-    const std::vector<bool> aUsed = FindUsed(rScene);
+    const std::vector<bool> aUsed = rScene.FindUsed();
     drawing.aVISIBLE = FindVisible(rScene, aUsed);
     const CIsometricView view(drawing.aVISIBLE, MODEL);
     drawing.aPLACES.reserve(rScene.aPOINTS.size());
@@ -88,11 +79,11 @@ T_DRAW_D LayOut(const T_SCEN_D& rScene) {
 
     drawing.aSHAPES = MakeShapes(rScene, drawing.aPLACES, drawing.nNOWHERE);
     AddFreeNodes(drawing, aUsed);
-    drawing.dJOINED = Simplify(drawing.aSHAPES, drawing.aPLACES, MOST_SHAPES);
+    drawing.dJOINED = Simplify(drawing.aSHAPES, drawing.aPLACES);
     SortByDepth(drawing);
 
     drawing.aMARKS = MakeSymbols(rScene, view, drawing.aPLACES);
     std::erase_if(drawing.aMARKS, [](const T_SYMB_D& r) { return !IsInBox(r.dX, r.dY); }); // on a node far away
-    drawing.bTHINNED = ThinOut(drawing.aMARKS, MOST_MARKS);
+    drawing.bTHINNED = ThinOut(drawing.aMARKS);
     return drawing;
 }

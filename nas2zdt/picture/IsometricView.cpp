@@ -1,12 +1,12 @@
-// From a place in space to a place in a picture.
+// Projects points into a picture.
 
-#include "picture/IsometricView.h"
+#include "nas2zdt/picture/IsometricView.h"
 
 #include <limits>
 #include <numbers>
 
 namespace {
-constexpr double DEEPEST = 4000.0; // pixels of depth: a row of points along the view must not scale without end
+constexpr double DEEPEST = 4000.0; // pixels of depth: limits the scale of points in a row along the view
 }
 
 T_VECT_D CIsometricView::Turn(const T_VECT_D& v) {
@@ -28,7 +28,7 @@ CIsometricView::CIsometricView(const std::vector<T_VECT_D>& aPoints, const T_FRA
     T_VECT_D least = {FAR, FAR, FAR}, most = {-FAR, -FAR, -FAR};
     for (const T_VECT_D& rPoint : aPoints) {
         if (!IsFinite(rPoint)) continue;
-        const T_VECT_D turned = Turn({rPoint[0] / m_dUnit, rPoint[1] / m_dUnit, rPoint[2] / m_dUnit});
+        const T_VECT_D turned = Turn(Over(rPoint, m_dUnit));
         for (std::size_t i = 0; i < 3; ++i) {
             least[i] = std::min(least[i], turned[i]);
             most[i] = std::max(most[i], turned[i]);
@@ -47,7 +47,7 @@ CIsometricView::CIsometricView(const std::vector<T_VECT_D>& aPoints, const T_FRA
 T_VECT_D CIsometricView::Project(const T_VECT_D& point) const {
     constexpr double NOWHERE = std::numeric_limits<double>::quiet_NaN();
     if (!IsFinite(point)) return {NOWHERE, NOWHERE, NOWHERE};
-    const T_VECT_D turned = Turn({point[0] / m_dUnit, point[1] / m_dUnit, point[2] / m_dUnit});
+    const T_VECT_D turned = Turn(Over(point, m_dUnit));
     return {m_dX + (turned[0] - m_centre[0]) * m_dScale, m_dY - (turned[1] - m_centre[1]) * m_dScale,
             (turned[2] - m_centre[2]) * m_dScale};
 }

@@ -1,7 +1,7 @@
 #pragma once
-// From a place in space to a place in a picture.
+// Projects points into a picture.
 
-#include "picture/Vector.h"
+#include "nas2zdt/picture/Vector.h"
 
 #include <vector>
 
@@ -13,18 +13,17 @@ struct T_FRAM_D {
 /// Parallel projection seen from (1, -1, 1): the three axes have equal lengths, Z goes up.
 class CIsometricView {
   public:
-    /// Makes all finite ones of aPoints fit into rFrame, centred.
+    /// Fits the finite ones of aPoints into rFrame, centred.
     CIsometricView(const std::vector<T_VECT_D>& aPoints, const T_FRAM_D& rFrame);
 
     /// Components of a vector to the right, upwards and towards the eye.
     static T_VECT_D Turn(const T_VECT_D& v);
 
-    /// Place of a point: x, y, and the distance towards the eye, all in pixels. Not-a-numbers for a point that isn't
-    /// finite.
+    /// Place of a point: x, y, and the distance towards the eye, all in pixels. Not-a-number if the point isn't finite.
     T_VECT_D Project(const T_VECT_D& point) const;
 
   private:
-    double m_dUnit = 1.0;   // largest coordinate: with it taken out, nothing overflows
+    double m_dUnit = 1.0;   // largest coordinate, divided by which nothing overflows
     T_VECT_D m_centre = {}; // of the turned points
     double m_dScale = 1.0;  // pixels
     double m_dX = 0.0, m_dY = 0.0;

@@ -1,16 +1,16 @@
 #pragma once
 // What a picture of a converted model shows: the parts that the target file holds, at the places that it gives them.
 
-#include "picture/Vector.h"
+#include "nas2zdt/picture/Vector.h"
 #include "writer/rows/ElementRows.h"
 
 #include <array>
+#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
-/// Kinds of things in a picture; each that the model has gets a row in the legend. The numbers of the first ten stand
-/// in .vtu files.
+/// Kinds of things in a picture. The numbers of the first ten are part of our .vtu files.
 enum E_KIND : std::uint8_t {
     KIND_TRUSS,
     KIND_BEAM,
@@ -32,33 +32,51 @@ enum E_KIND : std::uint8_t {
     KIND_REFERENCE, // from a beam towards its reference point
     KINDS,
 };
-constexpr std::size_t PART_KINDS = KIND_MASS + 1; // those that are parts
+constexpr std::size_t PART_KINDS = KIND_MASS + 1; // parts come first
 
 /// Shapes of parts.
 enum E_CELL : std::uint8_t { CELL_POINT, CELL_LINE, CELL_TRIA, CELL_QUAD, CELL_TETRA, CELL_WEDGE, CELL_HEXA, CELLS };
 constexpr std::array<std::size_t, CELLS> CELL_CORNERS = {1, 2, 3, 4, 4, 6, 8};
 
-constexpr std::size_t MOST_FACES = 6;
-constexpr std::uint8_t NO_CORNER = 0xFF; // in the fourth place of a triangle
+constexpr std::uint8_t NO_CORNER = 0xFF; // behind the corners of a line or triangle
 
-/// Faces of a solid's cell by their number in the target file, less 1, as places among its corners. Empty for other
-/// cells.
+/// What is drawn of a cell, as places among its corners: a line or plate itself, or a solid's faces in the order of
+/// the target file.
 struct T_FACES_D {
     std::size_t nFACES = 0;
-    std::array<std::array<std::uint8_t, 4>, MOST_FACES> aCORNERS = {};
+    std::array<std::array<std::uint8_t, 4>, 6> aCORNERS = {};
 };
-const T_FACES_D& FacesOf(E_CELL iCell);
+constexpr std::array<T_FACES_D, CELLS> FACES = {{
+    {},
+    {1, {{{0, 1, NO_CORNER, NO_CORNER}}}},
+    {1, {{{0, 1, 2, NO_CORNER}}}},
+    {1, {{{0, 1, 2, 3}}}},
+    {4, {{{0, 1, 2, NO_CORNER}, {0, 1, 3, NO_CORNER}, {1, 2, 3, NO_CORNER}, {2, 0, 3, NO_CORNER}}}},
+    {5, {{{0, 1, 2, NO_CORNER}, {3, 4, 5, NO_CORNER}, {0, 1, 4, 3}, {1, 2, 5, 4}, {2, 0, 3, 5}}}},
+    {6, {{{0, 1, 2, 3}, {4, 5, 6, 7}, {0, 1, 5, 4}, {1, 2, 6, 5}, {2, 3, 7, 6}, {3, 0, 4, 7}}}},
+}};
 
 /// An element, or one leg of a link. Its corners are places among the nodes of the scene, in the order of the target
-/// file; midside nodes don't reach it.
+/// file, which has no midside nodes.
 struct T_PART_D {
     std::int32_t iID = 0;  // 0 for a multipoint equation
     std::int32_t iPID = 0; // 0 for a part without property, 1 for a CONROD
-    std::int32_t iMID = 0; // as the element's line has it; 0 for links and masses
+    std::int32_t iMID = 0; // as in the element's line; 0 for links and masses
     E_KIND iKIND = KIND_NODE;
     E_CELL iCELL = CELL_POINT;
     std::array<std::uint32_t, 8> aNODES = {};
 };
+
+/// A face of three or four corners, a line, or a dot.
+struct T_SHAP_D {
+    E_KIND iKIND = KIND_NODE;
+    std::uint8_t nCORNERS = 0;
+    std::array<std::uint32_t, 4> aCORNERS = {}; // places among the nodes
+    auto operator<=>(const T_SHAP_D&) const = default;
+};
+
+/// Face iFace, from 0, of a part that isn't a point.
+T_SHAP_D FaceOfPart(const T_PART_D& rPart, std::size_t iFace);
 
 /// A load or a direction at a point.
 struct T_ARRW_D {
@@ -80,23 +98,19 @@ struct T_SCEN_D {
     CKeyIndex index;                // from the id of a node, as written, to its place
 
     std::vector<T_PART_D> aPARTS;
-    std::size_t nFORMLESS = 0; // elements that no section of the target file takes
+    std::size_t nFORMLESS = 0; // elements that no section takes
 
-    std::vector<std::uint8_t> aHELD; // of each node the components that are held, bit 0 for the first
-    std::vector<T_ARRW_D> aARROWS;   // gravity stands in aGRAVITY, the loads of nodes without position nowhere
-    std::vector<T_VECT_D> aGRAVITY;  // the directions that occur
+    std::vector<std::uint8_t> aHELD; // held components of each node, bit 0 for the first
+    std::vector<T_ARRW_D> aARROWS;   // without gravity and loads on nodes without position
+    std::vector<T_VECT_D> aGRAVITY;  // its directions
     std::size_t nCASES = 0;          // load cases
-    std::size_t nFACELESS = 0;       // pressures on solids whose face isn't found
+    std::size_t nFACELESS = 0;       // pressures on solids that name no face
 
     std::array<T_CONT_D, KINDS> aCOUNTS = {};
-};
 
-/// Kind, cell and ids of a row of elements, and its corners. False if one of them doesn't exist.
-bool MakePart(const T_SCEN_D& rScene, const T_TRUSS_ROW& rRow, T_PART_D& rPart);
-bool MakePart(const T_SCEN_D& rScene, const T_BEAM_ROW& rRow, T_PART_D& rPart);
-bool MakePart(const T_SCEN_D& rScene, const T_TUBE_ROW& rRow, T_PART_D& rPart);
-bool MakePart(const T_SCEN_D& rScene, const T_PLATE_ROW& rRow, T_PART_D& rPart);
-bool MakePart(const T_SCEN_D& rScene, const T_SOLID_ROW& rRow, T_PART_D& rPart);
+    /// For each node whether a part uses it.
+    std::vector<bool> FindUsed() const;
+};
 
 /// The nodes, elements, links and masses of a resolved model.
 T_SCEN_D CollectParts(const CDataPool& rDataPool);

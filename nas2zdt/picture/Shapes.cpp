@@ -1,13 +1,13 @@
-// The faces and lines of a picture, as few as show the model.
+// Makes the faces and lines of a picture, as few as show the model.
 
-#include "picture/Shapes.h"
+#include "nas2zdt/picture/Drawing.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
-/// A face of a solid, found again from the other side by its sorted corners.
+/// A face of a solid, which a neighbour shares if its sorted corners are equal.
 struct T_SIDE_D {
     std::array<std::uint32_t, 4> aSORTED;
     std::uint32_t iPART;
@@ -20,28 +20,10 @@ bool HasPlace(const T_PART_D& rPart, const std::vector<T_VECT_D>& aPlaces) {
                        [&](std::uint32_t iNode) { return IsFinite(aPlaces[iNode]); });
 }
 
-T_SHAP_D FaceOfPart(const T_PART_D& rPart, const std::array<std::uint8_t, 4>& rCorners) {
-    T_SHAP_D shape{rPart.iKIND, 0, {}};
-    for (const std::uint8_t iCorner : rCorners) {
-        if (iCorner != NO_CORNER) shape.aCORNERS[shape.nCORNERS++] = rPart.aNODES[iCorner];
-    }
-    return shape;
-}
-
-template <class CORNERS>
-T_VECT_D Middle(const CORNERS& rCorners, std::size_t nCorners, const std::vector<T_VECT_D>& aPlaces) {
-    T_VECT_D middle = {};
-    for (std::size_t i = 0; i < nCorners; ++i) {
-        for (std::size_t k = 0; k < 3; ++k) middle[k] += aPlaces[rCorners[i]][k] / static_cast<double>(nCorners);
-    }
-    return middle;
-}
-
-/// Whether a face of a solid has the solid behind it. What is outside is told by the solid's middle, since corners may
-/// go round either way.
+/// Whether a face of a solid is turned to the eye. The solid's middle tells its outside, since corners may go round
+/// either way.
 bool LooksAtEye(const T_SHAP_D& rFace, const T_PART_D& rPart, const std::vector<T_VECT_D>& aPlaces) {
-    const auto Place = [&](std::size_t i) -> const T_VECT_D& { return aPlaces[rFace.aCORNERS[i]]; };
-    const T_VECT_D normal = Cross(Minus(Place(2), Place(0)), Minus(Place(rFace.nCORNERS - 1u), Place(1)));
+    const T_VECT_D normal = FaceNormal(rFace, aPlaces);
     const T_VECT_D outward = Minus(Middle(rFace.aCORNERS, rFace.nCORNERS, aPlaces),
                                    Middle(rPart.aNODES, CELL_CORNERS[rPart.iCELL], aPlaces));
     const double dOutward = Dot(normal, outward);
@@ -55,12 +37,12 @@ void AddOuterFaces(const T_SCEN_D& rScene, const std::vector<T_VECT_D>& aPlaces,
         for (iNext = i + 1; iNext < rSides.size() && rSides[iNext].aSORTED == rSides[i].aSORTED;) ++iNext;
         if (iNext - i > 1) continue;
         const T_PART_D& rPart = rScene.aPARTS[rSides[i].iPART];
-        const T_SHAP_D face = FaceOfPart(rPart, FacesOf(rPart.iCELL).aCORNERS[rSides[i].iFACE]);
+        const T_SHAP_D face = FaceOfPart(rPart, rSides[i].iFACE);
         if (LooksAtEye(face, rPart, aPlaces)) rShapes.push_back(face);
     }
 }
 
-/// One form for all ways to go round the same corners, each once.
+/// Makes shapes of the same corners equal, however they go round, and removes repeated corners.
 void Normalize(T_SHAP_D& rShape) {
     const auto pBegin = rShape.aCORNERS.begin();
     const auto pEnd = std::unique(pBegin, pBegin + rShape.nCORNERS);
@@ -78,8 +60,8 @@ void Normalize(T_SHAP_D& rShape) {
     std::fill(pLast, rShape.aCORNERS.end(), 0u);
 }
 
-/// How well a corner stands for its neighbours, the lowest first: corners of lines, so that these stay straight, then
-/// those with the fewest faces, which make the outline.
+/// How well a corner represents its neighbours, lowest first: corners of lines, so that these stay straight, then those
+/// with the fewest faces, which make the outline.
 std::vector<std::uint8_t> RankCorners(const std::vector<T_SHAP_D>& aShapes, std::size_t nPlaces) {
     constexpr std::uint8_t WORST = 0xFF; // a free node
     std::vector<std::uint8_t> aRanks(nPlaces);
@@ -96,7 +78,7 @@ std::vector<std::uint8_t> RankCorners(const std::vector<T_SHAP_D>& aShapes, std:
     return aRanks;
 }
 
-/// A corner, to be sorted by what stands for its cell.
+/// A corner of a grid cell; the least one represents it.
 struct T_CRNR_D {
     std::uint64_t nCELL;
     std::uint8_t nRANK;
@@ -104,7 +86,7 @@ struct T_CRNR_D {
     auto operator<=>(const T_CRNR_D&) const = default;
 };
 
-/// Gives each corner that shapes use the best one of its cell.
+/// Replaces each corner by the best one of its cell in a grid of dCell pixels.
 class CCells {
   public:
     CCells(const std::vector<T_SHAP_D>& aShapes, const std::vector<T_VECT_D>& aPlaces,
@@ -143,14 +125,13 @@ class CCells {
     std::vector<std::uint32_t> m_aBest;
 };
 
-/// Corners without which a shape of a kind is collapsed.
+/// A shape of a kind with fewer corners is collapsed.
 std::uint8_t LeastCorners(E_KIND iKind) {
     if (iKind == KIND_PLANE_STRESS || iKind == KIND_PLATE || iKind == KIND_SOLID) return 3;
     return iKind == KIND_NODE ? 1 : 2;
 }
 
-/// Drops shapes that lost corners, but for those that alone show that something of their kind is there: of such a face
-/// a line or a dot stays, of a line a dot.
+/// Drops collapsed shapes, except where no other shape of their kind is seen at one of their corners.
 void DropCollapsed(std::vector<T_SHAP_D>& rShapes, std::size_t nPlaces) {
     std::vector<std::uint32_t> aKinds(nPlaces); // a bit for each kind that is seen at a corner
     std::vector<T_SHAP_D> aKept;
@@ -179,12 +160,12 @@ std::vector<T_SHAP_D> MakeShapes(const T_SCEN_D& rScene, const std::vector<T_VEC
             ++rNowhere;
             continue;
         }
-        if (rPart.iCELL == CELL_LINE) aShapes.push_back(FaceOfPart(rPart, {0, 1, NO_CORNER, NO_CORNER}));
-        if (rPart.iCELL == CELL_TRIA) aShapes.push_back(FaceOfPart(rPart, {0, 1, 2, NO_CORNER}));
-        if (rPart.iCELL == CELL_QUAD) aShapes.push_back(FaceOfPart(rPart, {0, 1, 2, 3}));
-        const T_FACES_D& rFaces = FacesOf(rPart.iCELL);
-        for (std::uint8_t iFace = 0; iFace < rFaces.nFACES; ++iFace) {
-            const T_SHAP_D face = FaceOfPart(rPart, rFaces.aCORNERS[iFace]);
+        for (std::uint8_t iFace = 0; iFace < FACES[rPart.iCELL].nFACES; ++iFace) {
+            const T_SHAP_D face = FaceOfPart(rPart, iFace);
+            if (rPart.iCELL < CELL_TETRA) {
+                aShapes.push_back(face);
+                continue;
+            }
             T_SIDE_D side{face.aCORNERS, static_cast<std::uint32_t>(i), iFace};
             if (face.nCORNERS == 3) side.aSORTED[3] = CKeyIndex::NONE;
             std::sort(side.aSORTED.begin(), side.aSORTED.end());
@@ -195,12 +176,13 @@ std::vector<T_SHAP_D> MakeShapes(const T_SCEN_D& rScene, const std::vector<T_VEC
     return aShapes;
 }
 
-double Simplify(std::vector<T_SHAP_D>& rShapes, const std::vector<T_VECT_D>& aPlaces, std::size_t nMost) {
+double Simplify(std::vector<T_SHAP_D>& rShapes, const std::vector<T_VECT_D>& aPlaces) {
+    constexpr std::size_t MOST = 30000;
     double dCell = 0.0;
     std::vector<std::uint8_t> aRanks;
-    if (rShapes.size() > nMost) aRanks = RankCorners(rShapes, aPlaces.size());
+    if (rShapes.size() > MOST) aRanks = RankCorners(rShapes, aPlaces.size());
     double dNext = 1.0;
-    while (rShapes.size() > nMost && dNext < 256.0) { // by then a few hundred cells
+    while (rShapes.size() > MOST && dNext < 256.0) { // a few hundred cells
         dCell = dNext;
         dNext *= 1.25;
         const CCells cells(rShapes, aPlaces, aRanks, dCell);

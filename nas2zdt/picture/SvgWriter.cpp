@@ -1,11 +1,7 @@
-// The picture as an SVG file.
+// Draws a model as an SVG file.
 
-#include "picture/SvgWriter.h"
-
-#include "picture/SvgLegend.h"
-#include "picture/SvgMarks.h"
-#include "picture/SvgStyle.h"
-#include "picture/SvgText.h"
+#include "nas2zdt/picture/Picture.h"
+#include "nas2zdt/picture/Svg.h"
 #include "platform/WholeFile.h"
 
 #include <algorithm>
@@ -15,11 +11,10 @@
 
 namespace {
 
-/// The light comes from above and a little from the left; a face has two sides.
+/// The light comes from above and a little from the left. Faces look the same from both sides.
 std::int32_t ShadeOf(const T_SHAP_D& rShape, const std::vector<T_VECT_D>& aPlaces) {
     const T_VECT_D light = Unit({-0.35, -0.85, 0.45}); // of the picture: right, down, towards the eye
-    const auto Place = [&](std::size_t i) -> const T_VECT_D& { return aPlaces[rShape.aCORNERS[i]]; };
-    T_VECT_D normal = Unit(Cross(Minus(Place(2), Place(0)), Minus(Place(rShape.nCORNERS - 1u), Place(1))));
+    T_VECT_D normal = Unit(FaceNormal(rShape, aPlaces));
     if (normal[2] < 0.0) normal = Minus({}, normal);
     const double dBright = (1.0 + Dot(normal, light)) / 2.0;
     const double dLast = static_cast<double>(SHADES.size() - 1);
@@ -30,17 +25,17 @@ void WriteShape(CFile& rFile, const T_SHAP_D& rShape, const std::vector<T_VECT_D
     const T_VECT_D& rFirst = aPlaces[rShape.aCORNERS[0]];
     const char* sClass = LOOKS[rShape.iKIND].sCLASS;
     if (rShape.nCORNERS > 2) {
-        Print(rFile, "<path class=\"%s%d\" d=\"M%g %g", sClass, ShadeOf(rShape, aPlaces), Tenth(rFirst[0]),
-              Tenth(rFirst[1]));
+        WriteLine(rFile, "<path class=\"%s%d\" d=\"M%g %g", sClass, ShadeOf(rShape, aPlaces), Tenth(rFirst[0]),
+                  Tenth(rFirst[1]));
     } else {
-        Print(rFile, "<path class=\"%s%s\" d=\"M%g %g", sClass, IsFaceKind(rShape.iKIND) ? "L" : "", Tenth(rFirst[0]),
-              Tenth(rFirst[1]));
+        WriteLine(rFile, "<path class=\"%s%s\" d=\"M%g %g", sClass, IsFaceKind(rShape.iKIND) ? "L" : "",
+                  Tenth(rFirst[0]), Tenth(rFirst[1]));
     }
     for (std::size_t i = 1; i < rShape.nCORNERS; ++i) {
         const T_VECT_D& rPlace = aPlaces[rShape.aCORNERS[i]];
-        Print(rFile, " %g %g", Tenth(rPlace[0]), Tenth(rPlace[1]));
+        WriteLine(rFile, " %g %g", Tenth(rPlace[0]), Tenth(rPlace[1]));
     }
-    if (rShape.nCORNERS == 1) Print(rFile, "h%gv%gh%g", dDot, dDot, -dDot);
+    if (rShape.nCORNERS == 1) WriteLine(rFile, "h%gv%gh%g", dDot, dDot, -dDot);
     rFile.Write(rShape.nCORNERS == 2 ? "\"/>\n" : "z\"/>\n");
 }
 
@@ -50,14 +45,14 @@ void WriteAxes(CFile& rFile) {
         {{"X", {1, 0, 0}}, {"Y", {0, 1, 0}}, {"Z", {0, 0, 1}}}};
     for (const auto& [sName, axis] : AXES) {
         const T_VECT_D turned = CIsometricView::Turn(axis);
-        Print(rFile, "<path class=\"axis\" d=\"M%g %gL%g %g\"/>\n", X, Y, Tenth(X + turned[0] * LENGTH),
-              Tenth(Y - turned[1] * LENGTH));
+        WriteLine(rFile, "<path class=\"axis\" d=\"M75 780L%g %g\"/>\n", Tenth(X + turned[0] * LENGTH),
+                  Tenth(Y - turned[1] * LENGTH));
         WriteText(rFile, Tenth(X - 4 + turned[0] * LENGTH * 1.3), Tenth(Y + 4 - turned[1] * LENGTH * 1.3), "axisname",
                   sName);
     }
 }
 
-/// Gravity acts on the whole model, so its arrows stand in a row beside it.
+/// Gravity acts on the whole model, so its arrows are in a row beside it.
 void WriteGravity(CFile& rFile, const std::vector<T_VECT_D>& aGravity) {
     double dX = 65.0;
     for (const T_VECT_D& rDirection : aGravity) {
@@ -91,11 +86,11 @@ void WriteSvg(const CDataPool& rDataPool, const std::string& sTitle, const std::
     const T_DRAW_D drawing = LayOut(scene);
     rFile.Write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                 "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"1280\" height=\"860\" viewBox=\"0 0 1280 860\">\n");
-    Print(rFile, "<title>%s</title>\n", XmlText(sTitle, LONGEST_TITLE));
+    WriteLine(rFile, "<title>%s</title>\n", XmlText(sTitle));
     WriteStyle(rFile, drawing);
     rFile.Write("<rect width=\"1280\" height=\"860\" fill=\"#fff\"/>\n");
     WriteText(rFile, BOX_LEFT, 34, "title", sTitle);
-    Print(rFile, "<path class=\"box\" d=\"M%g %gH%gV%gH%gz\"/>\n", BOX_LEFT, BOX_TOP, BOX_RIGHT, BOX_BOTTOM, BOX_LEFT);
+    rFile.Write("<path class=\"box\" d=\"M20 50H950V840H20z\"/>\n");
     WriteModel(rFile, scene, drawing);
     WriteAxes(rFile);
     WriteLegend(rFile, scene, drawing);

@@ -1,6 +1,6 @@
-// Marks of a picture that have a size of their own.
+// Makes the marks of a picture: masses, supports, loads.
 
-#include "picture/Symbols.h"
+#include "nas2zdt/picture/Drawing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,10 +23,10 @@ struct T_NEAR_D {
     }
 };
 
-bool IsTooMany(const std::vector<T_SYMB_D>& aSymbols, std::size_t nMost) {
+bool HasTooMany(const std::vector<T_SYMB_D>& aSymbols) {
     std::array<std::size_t, KINDS> aCounts = {};
     for (const T_SYMB_D& rSymbol : aSymbols) ++aCounts[rSymbol.iKIND];
-    return *std::max_element(aCounts.begin(), aCounts.end()) > nMost;
+    return *std::max_element(aCounts.begin(), aCounts.end()) > MOST_MARKS;
 }
 
 void ThinOutCells(std::vector<T_SYMB_D>& rSymbols, double dCell) {
@@ -82,10 +82,10 @@ std::vector<T_SYMB_D> MakeSymbols(const T_SCEN_D& rScene, const CIsometricView& 
     return aSymbols;
 }
 
-bool ThinOut(std::vector<T_SYMB_D>& rSymbols, std::size_t nMost) {
+bool ThinOut(std::vector<T_SYMB_D>& rSymbols) {
     const std::size_t nBefore = rSymbols.size();
     double dCell = 4.0; // pixels
-    while (IsTooMany(rSymbols, nMost)) {
+    while (HasTooMany(rSymbols)) {
         ThinOutCells(rSymbols, dCell);
         dCell *= 1.5;
     }

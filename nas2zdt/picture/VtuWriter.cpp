@@ -1,24 +1,23 @@
 // The resolved model as a VTK unstructured grid.
 
-#include "picture/VtuWriter.h"
-
-#include "picture/Print.h"
-#include "picture/Scene.h"
+#include "nas2zdt/picture/Picture.h"
+#include "nas2zdt/picture/Scene.h"
 #include "platform/WholeFile.h"
+#include "writer/Format.h"
 
 #include <bit>
 #include <cstring>
 
 namespace {
 
-/// Numbers of the cells in the file format.
+/// Cell types of the file format.
 constexpr std::array<std::uint8_t, CELLS> CELL_TYPES = {1, 3, 5, 9, 10, 13, 12};
 
-/// The first triangle of a wedge goes round the other way than in a deck: its normal points outward.
+/// The first triangle of a wedge goes round the other way than in a deck, so that its normal points outward.
 constexpr std::array<std::uint8_t, 8> WEDGE_ORDER = {0, 2, 1, 3, 5, 4, 6, 7};
 constexpr std::array<std::uint8_t, 8> PLAIN_ORDER = {0, 1, 2, 3, 4, 5, 6, 7};
 
-/// Bytes that go out in base64.
+/// Writes values as base64.
 class CBase64 {
   public:
     explicit CBase64(CFile& rFile) : m_rFile(rFile) {}
@@ -34,7 +33,7 @@ class CBase64 {
   private:
     static constexpr std::size_t FULL = std::size_t{3} * 4096;
 
-    /// nBytes is a multiple of three, or all that is left.
+    /// nBytes is a multiple of three or all bytes.
     void Send(std::size_t nBytes) {
         constexpr char DIGITS[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
         std::array<char, FULL / 3 * 4> aText;
@@ -66,11 +65,11 @@ constexpr const char* TypeName() {
     if constexpr (std::is_same_v<VALUE, std::uint8_t>) return "UInt8";
 }
 
-/// One array of nValues values, which fill(add) hands over one by one.
+/// An array of nValues values, which fill(add) adds one by one.
 template <class VALUE, class FILL>
 void WriteArray(CFile& rFile, const char* sName, std::int32_t nComponents, std::size_t nValues, FILL fill) {
-    Print(rFile, "<DataArray type=\"%s\" Name=\"%s\" NumberOfComponents=\"%d\" format=\"binary\">\n", TypeName<VALUE>(),
-          sName, nComponents);
+    WriteLine(rFile, "<DataArray type=\"%s\" Name=\"%s\" NumberOfComponents=\"%d\" format=\"binary\">\n",
+              TypeName<VALUE>(), sName, nComponents);
     CBase64 text(rFile);
     text.Add(static_cast<std::uint64_t>(nValues * sizeof(VALUE)));
     fill([&](VALUE value) { text.Add(value); });
@@ -127,12 +126,12 @@ std::size_t WriteVtu(const CDataPool& rDataPool, const std::string& sPath, const
     const T_SCEN_D scene = CollectParts(rDataPool);
     const char* sOrder = std::endian::native == std::endian::little ? "LittleEndian" : "BigEndian";
     rFile.Write("<?xml version=\"1.0\"?>\n");
-    Print(rFile, "<VTKFile type=\"UnstructuredGrid\" version=\"1.0\" byte_order=\"%s\" header_type=\"UInt64\">\n",
-          sOrder);
+    WriteLine(rFile, "<VTKFile type=\"UnstructuredGrid\" version=\"1.0\" byte_order=\"%s\" header_type=\"UInt64\">\n",
+              sOrder);
     rFile.Write("<!-- Kind: 0 truss, 1 beam, 2 plane stress, 3 plate, 4 solid, 5 rigid link, 6 elastic link,\n"
                 "     7 general link, 8 spring to ground, 9 mass -->\n");
-    Print(rFile, "<UnstructuredGrid>\n<Piece NumberOfPoints=\"%s\" NumberOfCells=\"%s\">\n",
-          std::to_string(scene.aIDS.size()), std::to_string(scene.aPARTS.size()));
+    WriteLine(rFile, "<UnstructuredGrid>\n<Piece NumberOfPoints=\"%s\" NumberOfCells=\"%s\">\n",
+              std::to_string(scene.aIDS.size()), std::to_string(scene.aPARTS.size()));
     WritePoints(rFile, scene);
     WriteCells(rFile, scene);
     rFile.Write("<CellData Scalars=\"PropertyId\">\n");

@@ -1,7 +1,7 @@
 // The command's outputs are whole or not there, whatever fails and whatever signal ends it.
 
 #include "faults/Faults.h"
-#include "nas2zdt/DeckRun.h"
+#include "nas2zdt/command/DeckRun.h"
 #include "platform/TempPath.h"
 #include "support/Deck.h"
 

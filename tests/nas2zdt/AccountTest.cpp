@@ -1,10 +1,8 @@
 // What the account says of small decks with one fault each.
 
-#include "nas2zdt/AccountOutput.h"
-#include "nas2zdt/IdOwners.h"
-#include "nas2zdt/JsonText.h"
-#include "nas2zdt/RunWatch.h"
-#include "nas2zdt/Sections.h"
+#include "nas2zdt/account/AccountOutput.h"
+#include "nas2zdt/account/IdOwners.h"
+#include "nas2zdt/text/Escape.h"
 #include "support/Deck.h"
 #include "support/NoDialogs.h"
 
@@ -48,10 +46,8 @@ CAccount Account(const std::string& sDeck) {
     WriteText(folder.Path("deck.dat"), sDeck);
     CNoDialogs dialogs;
     CAccount account;
-    CProgressLine progress;
-    CRunWatch watch(&account, nullptr, "deck.dat", progress);
     CConvertNastran run(dialogs);
-    run.SetObserver(&watch);
+    run.SetObserver(&account);
     EXPECT_EQ(run.Convert(folder.Path("deck.dat")), 1);
     EXPECT_EQ(ReadText(folder.Path("deck.zdt")), RunDeck(sDeck).sZDT);
     return account;
@@ -101,13 +97,13 @@ INSTANTIATE_TEST_SUITE_P(Decks, AccountTest, testing::ValuesIn(CASES),
 
 TEST(Account, KeepsTheFirstHundredPlaces) {
     CAccount account;
-    account.BeginDeck("deck.dat");
+    account.OnDeckBegin("deck.dat");
     T_LOSS_D loss;
     loss.eLOSS = LOSS_UNKNOWN_WORD;
     loss.sWORD = "FOO";
     for (int i = 1; i <= 250; ++i) {
         loss.iFIRST = loss.iLAST = i;
-        account.AddLoss(loss);
+        account.OnLoss(loss);
     }
     const T_NOTE_D& rNote = account.GetWords().at(0)->aNOTES.at(0);
     EXPECT_EQ(rNote.nCOUNT, 250u);

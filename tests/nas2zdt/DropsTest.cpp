@@ -1,6 +1,6 @@
 // Which fields of a card are told as lost.
 
-#include "nas2zdt/Drops.h"
+#include "nas2zdt/account/Drops.h"
 #include "reader/DeckObserver.h"
 #include "reader/Keywords.h"
 #include "support/Deck.h"

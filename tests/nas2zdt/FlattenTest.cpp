@@ -1,7 +1,6 @@
 // Joining decks: the text, and where each line of it came from.
 
-#include "nas2zdt/Flatten.h"
-#include "nas2zdt/IncludeStatement.h"
+#include "nas2zdt/flatten/Flatten.h"
 #include "support/Deck.h"
 
 #include <gtest/gtest.h>
@@ -32,7 +31,7 @@ class FlattenTest : public testing::Test {
     std::string Error() {
         try {
             Join();
-        } catch (const CFlattenError& rError) {
+        } catch (const CFileException& rError) {
             std::string sText = rError.GetText();
             const std::string sFolder = m_folder.Path("");
             for (std::size_t i = sText.find(sFolder); i != std::string::npos; i = sText.find(sFolder)) {

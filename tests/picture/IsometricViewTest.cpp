@@ -1,4 +1,4 @@
-#include "picture/IsometricView.h"
+#include "nas2zdt/picture/IsometricView.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "picture/SvgWriter.h"
+#include "nas2zdt/picture/Picture.h"
+#include "nas2zdt/text/Escape.h"
 #include "picture/Model.h"
-#include "picture/XmlText.h"
 #include "support/Deck.h"
 
 #include <gtest/gtest.h>
@@ -165,19 +165,17 @@ TEST(SvgWriter, WritesBehindLinksButOverNoInput) {
 }
 
 TEST(XmlText, AnyBytes) {
-    EXPECT_EQ(XmlText("a<b>&\"c\"", 99), "a&lt;b&gt;&amp;&quot;c&quot;");
-    EXPECT_EQ(XmlText("Stra\xC3\x9F"
-                      "e \xF0\x9F\x98\x80",
-                      99),
-              "Stra\xC3\x9F"
-              "e \xF0\x9F\x98\x80");
-    EXPECT_EQ(XmlText(std::string_view("\x00\x1B\x7F\t", 4), 99), "????");
-    EXPECT_EQ(XmlText("\xFF \xC0\x80 \xE2\x82", 99), "? ?? ??");         // no start, overlong, cut off
-    EXPECT_EQ(XmlText("\xED\xA0\x80 \xEF\xBF\xBF", 99), "??? ???");      // half of a pair, no character
-    EXPECT_EQ(XmlText("\xF4\x90\x80\x80 \xE0\x80\xAF", 99), "???? ???"); // too large, overlong
-    EXPECT_EQ(XmlText("0123456789", 10), "0123456789");
-    EXPECT_EQ(XmlText("0123456789", 4), "\xE2\x80\xA6"
-                                        "789");
+    EXPECT_EQ(XmlText("a<b>&\"c\""), "a&lt;b&gt;&amp;&quot;c&quot;");
+    EXPECT_EQ(XmlText("gr\xC3\xBC\xC3\x9F\x65 \xF0\x9F\x98\x80"), "gr\xC3\xBC\xC3\x9F\x65 \xF0\x9F\x98\x80");
+    EXPECT_EQ(XmlText(std::string_view("\x00\x1B\x7F\t\xC2\x9B", 6)), "??????");
+    EXPECT_EQ(XmlText("\xFF \xC0\x80 \xE2\x82"), "? ?? ??");         // no start, overlong, cut off
+    EXPECT_EQ(XmlText("\xED\xA0\x80 \xEF\xBF\xBF"), "??? ???");      // half of a pair, no character
+    EXPECT_EQ(XmlText("\xF4\x90\x80\x80 \xE0\x80\xAF"), "???? ???"); // too large, overlong
+    const std::string sEnd(119, '<');
+    std::string sEscaped;
+    for (std::size_t i = 0; i < sEnd.size(); ++i) sEscaped += "&lt;";
+    EXPECT_EQ(XmlText("a" + sEnd), "a" + sEscaped);
+    EXPECT_EQ(XmlText("ab" + sEnd), "\xE2\x80\xA6" + sEscaped);
 }
 
 } // namespace

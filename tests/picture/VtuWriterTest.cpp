@@ -1,4 +1,4 @@
-#include "picture/VtuWriter.h"
+#include "nas2zdt/picture/Picture.h"
 #include "picture/Model.h"
 #include "support/Deck.h"
 

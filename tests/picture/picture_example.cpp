@@ -1,8 +1,7 @@
 // Draws the model of the tests and one without anything into the folder that it is given, for readers that aren't ours.
 
+#include "nas2zdt/picture/Picture.h"
 #include "picture/Model.h"
-#include "picture/SvgWriter.h"
-#include "picture/VtuWriter.h"
 
 int main(int nArgs, char** aArgs) {
     if (nArgs != 2) return 2;

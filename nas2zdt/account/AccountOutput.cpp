@@ -1,0 +1,229 @@
+// Formats the account as tables and as JSON.
+
+#include "nas2zdt/account/AccountOutput.h"
+
+#include "nas2zdt/text/Escape.h"
+#include "nas2zdt/text/TextReader.h"
+#include "platform/PlainText.h"
+
+#include <algorithm>
+
+namespace {
+
+struct T_TEXT_D {
+    E_NOTE eNOTE;
+    std::string_view sCODE;
+    std::string_view sTEXT;
+};
+
+// clang-format off
+constexpr T_TEXT_D TEXTS[] = {
+    {NOTE_END_OF_DECK,    "end-of-deck",     "lost: abandoned at the end of the deck"},
+    {NOTE_BLANK_LINE,     "blank-line",      "lost: dropped before a line of blanks"},
+    {NOTE_TOO_MANY_LINES, "too-many-lines",  "lost: too many lines"},
+    {NOTE_CUT_OFF,        "cut-off",         "lost: continuation lines, cut off from their card"},
+    {NOTE_UNKNOWN_WORD,   "unknown-word",    "unknown"},
+    {NOTE_REPORTED,       "reported",        "reported: not converted"},
+    {NOTE_SKIPPED,        "skipped",         "skipped"},
+    {NOTE_REPLACED,       "replaced",        "replaced by a later one of the same id (lines of the later one)"},
+    {NOTE_PAST_READ,      "fields-past-read", "dropped: "},
+    {NOTE_FIELDS,         "fields",          "dropped: "},
+    {NOTE_THRU,           "thru",            "dropped: what a THRU stands for"},
+    {NOTE_PLUS_SIGN,      "plus-sign",       "dropped: fields with a \"+\" in free field"},
+    {NOTE_NO_BULK,        "no-bulk",         "no bulk data: a deck without BEGIN BULK, or that leaves it"},
+    {NOTE_UNWRITTEN,      "unwritten",       "not written: "},
+};
+// clang-format on
+
+constexpr bool IsInOrder() {
+    for (std::size_t i = 0; i < std::size(TEXTS); ++i) {
+        if (TEXTS[i].eNOTE != static_cast<E_NOTE>(i)) return false;
+    }
+    return std::size(TEXTS) == NOTE_UNWRITTEN + 1;
+}
+static_assert(IsInOrder());
+
+/// The counts of a word by their JSON names; titles of the table have blanks for "_".
+struct T_COLUMN_D {
+    std::string_view sNAME;
+    std::uint64_t T_WORD_D::*pVALUE;
+};
+constexpr T_COLUMN_D COLUMNS[] = {
+    {"read", &T_WORD_D::nREAD},         {"stored", &T_WORD_D::nSTORED},   {"replaced", &T_WORD_D::nREPLACED},
+    {"reported", &T_WORD_D::nREPORTED}, {"skipped", &T_WORD_D::nSKIPPED}, {"unknown", &T_WORD_D::nUNKNOWN},
+    {"lost", &T_WORD_D::nLOST},         {"cut_off", &T_WORD_D::nCUTOFF},
+};
+
+constexpr std::size_t NAME_WIDTH = 8;
+constexpr std::size_t NUMBER_WIDTH = 9;
+
+std::string Left(std::string sText, std::size_t nWidth) {
+    if (sText.size() < nWidth) sText.resize(nWidth, ' ');
+    return sText;
+}
+std::string Right(const std::string& sText, std::size_t nWidth) {
+    return std::string(nWidth - std::min(sText.size(), nWidth), ' ') + sText;
+}
+
+/// The first column of a row.
+std::string NameColumn(const std::string& sName) {
+    return "  " + Left(sName.empty() ? "(none)" : PlainText(sName), NAME_WIDTH);
+}
+
+std::string PlaceText(const T_PLACE_D& rPlace, const CAccount& rAccount) {
+    const T_ORIGIN_D origin = rAccount.GetOrigin(rPlace);
+    if (rPlace.iFIRST == 0) return origin.sFILE;
+    std::string sText = (rAccount.HasOneFile() ? "" : origin.sFILE + ":") + std::to_string(origin.iLINE);
+    if (rPlace.iLAST != rPlace.iFIRST) sText += "-" + std::to_string(origin.iLINE + (rPlace.iLAST - rPlace.iFIRST));
+    return sText;
+}
+
+/// The first places or ids of a loss.
+std::string PlacesText(const T_NOTE_D& rNote, const CAccount& rAccount) {
+    constexpr std::size_t SHOWN_PLACES = 8;
+    std::string sText;
+    std::size_t nShown = 0;
+    for (; nShown < std::min(rNote.aPLACES.size(), SHOWN_PLACES); ++nShown) {
+        sText += (nShown == 0 ? ": " : ", ") + PlaceText(rNote.aPLACES[nShown], rAccount);
+    }
+    for (; nShown < std::min(rNote.aIDS.size(), SHOWN_PLACES); ++nShown) {
+        sText += (nShown == 0 ? ": " : ", ") + std::to_string(rNote.aIDS[nShown]);
+    }
+    const bool bMore = std::max(rNote.aPLACES.size(), rNote.aIDS.size()) > nShown;
+    return sText + (bMore ? ", ..." : "");
+}
+
+std::string Row(const std::string& sName, const T_WORD_D& rWord) {
+    std::string sRow = NameColumn(sName);
+    for (const T_COLUMN_D& rColumn : COLUMNS) {
+        const std::uint64_t nValue = rWord.*rColumn.pVALUE;
+        sRow += Right(nValue == 0 ? "-" : std::to_string(nValue), NUMBER_WIDTH);
+    }
+    return sRow + "\n";
+}
+
+std::string Member(std::string_view sName, std::uint64_t nValue) {
+    return JsonText(sName) + ":" + std::to_string(nValue);
+}
+
+template <class LIST, class WRITE>
+std::string Array(const LIST& aList, WRITE write) {
+    std::string sText = "[";
+    for (const auto& rItem : aList) {
+        if (sText.size() > 1) sText += ",";
+        sText += write(rItem);
+    }
+    return sText + "]";
+}
+
+std::string WordObject(const T_WORD_D& rWord) {
+    std::string sText = "{\"keyword\":" + JsonText(rWord.sNAME);
+    for (const T_COLUMN_D& rColumn : COLUMNS) sText += "," + Member(rColumn.sNAME, rWord.*rColumn.pVALUE);
+    return sText + "}";
+}
+
+std::string PlaceObject(const T_PLACE_D& rPlace, const CAccount& rAccount) {
+    const T_ORIGIN_D origin = rAccount.GetOrigin(rPlace);
+    const auto iLast = static_cast<std::int64_t>(origin.iLINE) + (rPlace.iLAST - rPlace.iFIRST);
+    return "{\"file\":" + JsonText(origin.sFILE) + ",\"first\":" + std::to_string(origin.iLINE) +
+           ",\"last\":" + std::to_string(iLast) + "}";
+}
+
+std::string LossObject(const T_WORD_D& rWord, const T_NOTE_D& rNote, const CAccount& rAccount) {
+    return "{\"keyword\":" + JsonText(rWord.sNAME) + ",\"code\":" + JsonText(NoteCode(rNote.eNOTE)) +
+           ",\"text\":" + JsonText(NoteText(rNote)) + "," + Member("count", rNote.nCOUNT) + ",\"places\":" +
+           Array(rNote.aPLACES, [&](const T_PLACE_D& rPlace) { return PlaceObject(rPlace, rAccount); }) +
+           ",\"ids\":" + Array(rNote.aIDS, [](std::int32_t iID) { return std::to_string(iID); }) + "}";
+}
+
+std::string SectionObject(const T_SECTION_D& rSection) {
+    return "{\"section\":" + JsonText(rSection.sNAME) + "," + Member("blocks", rSection.nBLOCKS) + "," +
+           Member("lines", rSection.nLINES) + "}";
+}
+
+} // namespace
+
+std::vector<T_SECTION_D> CountSections(const std::string& sPath) {
+    CTextReader file;
+    std::string sCause;
+    if (!file.Open(sPath, sCause)) throw CFileException(sPath, sCause);
+    std::vector<T_SECTION_D> aSections;
+    auto pSection = aSections.end();
+    for (std::string_view sLine; file.Read(sLine);) {
+        if (sLine.starts_with('*')) {
+            const std::string_view sName = sLine.substr(0, sLine.find_first_of(" ,;\n"));
+            pSection = std::find_if(aSections.begin(), aSections.end(),
+                                    [&](const T_SECTION_D& rSection) { return rSection.sNAME == sName; });
+            if (pSection == aSections.end()) pSection = aSections.insert(pSection, {std::string(sName), 0, 0});
+            ++pSection->nBLOCKS;
+        }
+        if (pSection != aSections.end() && sLine.ends_with('\n')) ++pSection->nLINES;
+    }
+    if (file.HasFailed()) throw CFileException(sPath, "can't be read to its end");
+    return aSections;
+}
+
+std::string_view NoteCode(E_NOTE eNote) {
+    return TEXTS[eNote].sCODE;
+}
+
+std::string NoteText(const T_NOTE_D& rNote) {
+    return std::string(TEXTS[rNote.eNOTE].sTEXT) + rNote.sTEXT;
+}
+
+std::string AccountTable(const T_RESULT_D& rResult, const CAccount& rAccount) {
+    const std::vector<const T_WORD_D*> aWords = rAccount.GetWords();
+    std::string sText = "\nAccount of " + PlainText(rResult.sDECK) + "\n\n  " + Left("keyword", NAME_WIDTH);
+    for (const T_COLUMN_D& rColumn : COLUMNS) {
+        std::string sTitle(rColumn.sNAME);
+        std::replace(sTitle.begin(), sTitle.end(), '_', ' ');
+        sText += Right(sTitle, NUMBER_WIDTH);
+    }
+    sText += "\n";
+    T_WORD_D total;
+    for (const T_WORD_D* pWord : aWords) {
+        if (pWord->HasCounts()) sText += Row(pWord->sNAME, *pWord);
+        for (const T_COLUMN_D& rColumn : COLUMNS) total.*rColumn.pVALUE += pWord->*rColumn.pVALUE;
+    }
+    sText += Row("total", total);
+
+    const std::uint64_t nLosses = rAccount.GetLossCount();
+    sText += nLosses == 0 ? "\nNothing was lost.\n" : "\nWhat was lost, with lines of the deck or ids:\n\n";
+    for (const T_WORD_D* pWord : aWords) {
+        for (const T_NOTE_D& rNote : pWord->aNOTES) {
+            sText += NameColumn(pWord->sNAME) + Right(std::to_string(rNote.nCOUNT), NUMBER_WIDTH) + "  " +
+                     NoteText(rNote) + PlainText(PlacesText(rNote, rAccount)) + "\n";
+        }
+    }
+
+    if (rResult.aSECTIONS.empty()) return sText;
+    constexpr std::size_t SECTION_WIDTH = 16;
+    sText += "\nSections of " + PlainText(rResult.sTARGET) + "\n\n  " + Left("section", SECTION_WIDTH) +
+             Right("blocks", NUMBER_WIDTH) + Right("lines", NUMBER_WIDTH) + "\n";
+    for (const T_SECTION_D& rSection : rResult.aSECTIONS) {
+        sText += "  " + Left(rSection.sNAME, SECTION_WIDTH) + Right(std::to_string(rSection.nBLOCKS), NUMBER_WIDTH) +
+                 Right(std::to_string(rSection.nLINES), NUMBER_WIDTH) + "\n";
+    }
+    return sText;
+}
+
+std::string AccountJson(const T_RESULT_D& rResult, const CAccount& rAccount) {
+    std::string sText = "{\"deck\":" + JsonText(rResult.sDECK) + ",\"target\":" + JsonText(rResult.sTARGET) +
+                        ",\"error\":" + (rResult.sERROR.empty() ? "null" : JsonText(rResult.sERROR)) +
+                        ",\"log\":" + Array(rResult.aLOG, [](const std::string& sLine) { return JsonText(sLine); });
+    if (!rResult.bACCOUNT) return sText + ",\"account\":null}";
+    const std::vector<const T_WORD_D*> aWords = rAccount.GetWords();
+    std::vector<const T_WORD_D*> aCounted = aWords;
+    std::erase_if(aCounted, [](const T_WORD_D* pWord) { return !pWord->HasCounts(); });
+    sText += ",\"account\":{" + Member("losses", rAccount.GetLossCount()) +
+             ",\"keywords\":" + Array(aCounted, [](const T_WORD_D* pWord) { return WordObject(*pWord); }) +
+             ",\"lost\":[";
+    const char* pBetween = "";
+    for (const T_WORD_D* pWord : aWords) {
+        for (const T_NOTE_D& rNote : pWord->aNOTES) {
+            sText += pBetween + LossObject(*pWord, rNote, rAccount);
+            pBetween = ",";
+        }
+    }
+    return sText + "],\"sections\":" + Array(rResult.aSECTIONS, &SectionObject) + "}}";
+}

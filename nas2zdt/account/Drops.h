@@ -1,0 +1,41 @@
+#pragma once
+// Finds what is lost of a card that is stored.
+
+#include "cards/FieldNames.h"
+#include "reader/Card.h"
+#include "reader/FieldUse.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What a card loses. Field names are separated by commas; a list names those of its first lost entry.
+struct T_DROPPED_D {
+    std::string sFIELDS;   // skipped by the handler, or stored and not written
+    std::string sPASTREAD; // never reached
+    bool bTHRU = false;    // a THRU that isn't understood, and the field behind it
+};
+
+/// Finds what the cards of a keyword lose: fields that their handler doesn't take or that no section writes.
+class CDrops {
+  public:
+    explicit CDrops(std::string_view sKeyword);
+
+    T_DROPPED_D Find(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse) const;
+
+  private:
+    bool MayLose(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse) const;
+    bool IsUnwritten(const T_NAME_D& rName, std::string_view sField) const;
+
+    /// A field that is stored and not written.
+    struct T_UNWRITTEN_D {
+        std::string_view sNAME;
+        double dNEUTRAL;
+        std::size_t iFIELD; // its place, NOWHERE if it varies from card to card
+    };
+    static constexpr std::size_t NOWHERE = static_cast<std::size_t>(-1);
+
+    CFieldNames m_names;
+    std::vector<T_UNWRITTEN_D> m_aUnwritten;
+};

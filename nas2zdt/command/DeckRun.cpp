@@ -1,0 +1,192 @@
+// Runs one deck of the command line.
+
+#include "nas2zdt/command/DeckRun.h"
+
+#include "driver/CConvertNastran.h"
+#include "nas2zdt/command/Terminal.h"
+#include "nas2zdt/picture/Picture.h"
+#include "platform/Paths.h"
+#include "platform/TempPath.h"
+#include "platform/console/ConsoleDialogs.h"
+
+#include <iostream>
+#include <system_error>
+#include <utility>
+
+namespace {
+
+/// Asks nothing. Shows the log on standard output if wanted, and keeps the failure of the output file.
+class CCommandDialogs : public CConsoleDialogs {
+  public:
+    CCommandDialogs(CProgressLine& rProgress, bool bShowLog) : m_rProgress(rProgress), m_bShowLog(bShowLog) {}
+    void ShowFileError(const CFileException& rError) override { m_sFileError = rError.GetText(); }
+    void ShowMessages(const std::vector<std::string>& aLines) override {
+        m_rProgress.Clear();
+        if (m_bShowLog) WriteLines(aLines); // without waiting for anybody to close them
+    }
+    std::string m_sFileError;
+
+  private:
+    CProgressLine& m_rProgress;
+    bool m_bShowLog;
+};
+
+/// Passes the events of a run on to the account and the progress line.
+class CRunWatch : public CDeckObserver {
+  public:
+    /// pAccount may be null; pLines is null unless the deck was joined. sDeck is the main deck as the user named it.
+    CRunWatch(CAccount* pAccount, const CLineMap* pLines, const std::string& sDeck, CProgressLine& rProgress)
+        : m_pAccount(pAccount), m_pLines(pLines), m_sDeck(sDeck), m_rProgress(rProgress) {}
+
+    /// Whether the run has to be observed at all.
+    bool IsNeeded() const { return m_pAccount || m_pLines || m_rProgress.IsShown(); }
+
+    void OnDeckBegin(const std::string& sPath) override {
+        const bool bMain = std::exchange(m_bMain, false); // a joined deck has a temporary path
+        const std::string& sName = bMain ? m_sDeck : sPath;
+        if (m_pAccount) m_pAccount->OnDeckBegin(sName);
+        if (!m_rProgress.IsShown()) return;
+        std::error_code error;
+        const std::uintmax_t nBytes = std::filesystem::file_size(ToPath(sPath), error);
+        m_rProgress.Begin(sName, error ? 0 : nBytes);
+    }
+    void OnDeckEnd(bool bBulk) override {
+        if (m_pAccount) m_pAccount->OnDeckEnd(bBulk);
+    }
+    void OnCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t iFirst, std::int32_t iLast) override {
+        if (m_pAccount) m_pAccount->OnCard(rCard, rUse, iFirst, iLast);
+    }
+    void OnLoss(const T_LOSS_D& rLoss) override {
+        if (m_pAccount) m_pAccount->OnLoss(rLoss);
+    }
+    void OnFieldsDeleted(std::size_t nFields, std::int32_t iLine) override {
+        if (m_pAccount) m_pAccount->OnFieldsDeleted(nFields, iLine);
+    }
+    void OnBytesRead(std::uint64_t nBytes) override { m_rProgress.Update(nBytes); }
+    std::string LineText(std::int32_t iLine) const override {
+        if (!m_pLines) return CDeckObserver::LineText(iLine);
+        const T_ORIGIN_D origin = m_pLines->Find(iLine);
+        return origin.sFILE + ":" + std::to_string(origin.iLINE);
+    }
+
+  private:
+    CAccount* m_pAccount;
+    const CLineMap* m_pLines;
+    const std::string& m_sDeck;
+    CProgressLine& m_rProgress;
+    bool m_bMain = true; // whether the next deck is the main one
+};
+
+bool IsIncludeFailure(E_FAILURE eFailure) {
+    return eFailure == FAILURE_INCLUDE_NOT_OPENED || eFailure == FAILURE_INCLUDE_CYCLE;
+}
+
+} // namespace
+
+void CDeckRun::Fail(const std::string& sWhy) {
+    m_result.sERROR = sWhy;
+    TellFailure(sWhy);
+}
+
+void CDeckRun::Run() {
+    m_result.sDECK = m_rJob.sDECK;
+    m_result.sTARGET = m_rJob.sTARGET;
+    if (m_rOptions.eACCOUNT != ACCOUNT_NONE || m_rOptions.bSTRICT) m_pAccount = std::make_unique<CAccount>();
+    if (!m_rJob.sREFUSED.empty()) return Fail(m_rJob.sDECK + ": " + m_rJob.sREFUSED);
+    try {
+        if (!m_rOptions.bFLATTEN) return Convert(m_rJob.sDECK, nullptr);
+        CTempPath folder;
+        folder.MakeFolder();
+        CTempPath deck;
+        CFile file;
+        deck.MakeFile(file, FindTarget(folder.GetPath() + "/deck"), folder.GetPath());
+        m_joined = FlattenDeck(m_rJob.sDECK, file, m_rOptions.limits.nDECKS);
+        m_rInputs.insert(m_joined.files.begin(), m_joined.files.end());
+        Convert(deck.GetPath(), &m_joined.lines);
+    } catch (const CFileException& rError) {
+        Fail(rError.GetText());
+    } catch (const std::exception& rError) {
+        Fail(m_rJob.sDECK +
+             (IsOutOfMemory(rError) ? ": not enough memory" : std::string(": internal error: ") + rError.what()));
+    }
+}
+
+/// Called once all decks are read, which no output may overwrite. Gives the file to write to.
+CFile& CDeckRun::Open(const T_INPUTS& rDecks) {
+    if (!m_rOptions.bFLATTEN) m_rInputs.insert(rDecks.begin(), rDecks.end()); // those of a joined deck are in it
+    m_bRefused = true;
+    for (const std::string* pOutput : {&m_rJob.sTARGET, &m_rOptions.sVIEW, &m_rOptions.sVTU, &m_rOptions.sLOG}) {
+        if (!pOutput->empty()) RefuseInput(*pOutput, m_rInputs);
+    }
+    m_bRefused = false;
+    std::cout << std::flush; // the target file may go there too
+    m_pTarget = std::make_unique<CWholeFile>(m_rJob.sTARGET, m_rInputs);
+    return m_pTarget->GetFile();
+}
+
+/// Converts sDeck, which is the job's deck or, with pLines, the file it was joined into.
+void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
+    CProgressLine progress;
+    CCommandDialogs dialogs(progress, !m_rOptions.bQUIET && m_rOptions.eACCOUNT != ACCOUNT_JSON);
+    CRunWatch watch(m_pAccount.get(), pLines, m_rJob.sDECK, progress);
+    if (m_pAccount) m_pAccount->SetLines(pLines);
+    CConvertNastran run(dialogs);
+    if (watch.IsNeeded()) run.SetObserver(&watch);
+    run.SetOutput(this);
+    run.SetDeckName(m_rJob.sDECK);
+    run.SetLimits(m_rOptions.limits);
+    const bool bEnded = run.Convert(sDeck) != 0;
+    progress.Clear();
+    m_result.aLOG = run.GetMsgMgr().GetMessages();
+    if (!bEnded) return FailRun(run.GetFailure(), pLines);
+    if (m_pAccount) {
+        m_pAccount->AddModel(run.GetDataPool());
+        m_result.bACCOUNT = true;
+    }
+    if (dialogs.m_sFileError.empty()) {
+        FinishTarget();
+    } else {
+        Fail(dialogs.m_sFileError);
+    }
+    if (!m_bRefused) DrawModel(run.GetDataPool());
+}
+
+/// Gives the target file its name. Sections are counted before, while no other program can change the file.
+void CDeckRun::FinishTarget() {
+    const std::string& sWritten = m_pTarget->GetTemporaryPath();
+    std::vector<T_SECTION_D> aSections;
+    try {
+        if (m_pAccount && !sWritten.empty()) aSections = CountSections(sWritten);
+    } catch (const CFileException& rError) { // the file is whole nevertheless
+        Fail(m_rJob.sTARGET + ": can't be read for the account: " + rError.GetCause());
+    }
+    m_pTarget->Finish();
+    m_result.aSECTIONS = std::move(aSections);
+}
+
+/// Writes the pictures that the options ask for.
+void CDeckRun::DrawModel(const CDataPool& rPool) {
+    if (!m_rOptions.sVIEW.empty()) WriteSvg(rPool, m_rJob.sDECK, m_rOptions.sVIEW, m_rInputs);
+    if (m_rOptions.sVTU.empty()) return;
+    const std::size_t nLeftOut = WriteVtu(rPool, m_rOptions.sVTU, m_rInputs);
+    if (nLeftOut > 0) {
+        TellHint(m_rOptions.sVTU + ": " + std::to_string(nLeftOut) + (nLeftOut == 1 ? " element" : " elements") +
+                 " without nodes left out");
+    }
+}
+
+/// Reports why the run failed, with lines of a joined deck traced back to the user's files.
+void CDeckRun::FailRun(T_FAIL_D failure, const CLineMap* pLines) {
+    if (pLines) {
+        const T_ORIGIN_D origin = failure.iLINE > 0 ? pLines->Find(failure.iLINE) : T_ORIGIN_D{m_rJob.sDECK, 0};
+        failure.sFILE = origin.sFILE;
+        failure.iLINE = origin.iLINE;
+    }
+    if (failure.sFILE.empty()) failure.sFILE = m_rJob.sDECK; // the failure is no particular deck's
+    Fail(failure.GetText());
+    if (const std::string_view sLimit = NameOfLimit(failure.eFAILURE); !sLimit.empty()) {
+        TellHint(m_rJob.sDECK + ": the option --limit " + std::string(sLimit) + "=N sets this limit");
+    }
+    if (!IsIncludeFailure(failure.eFAILURE)) return;
+    TellHint(m_rJob.sDECK + ": the option --flatten reads includes as NASTRAN does");
+}

@@ -1,0 +1,47 @@
+#pragma once
+// Runs one deck of the command line.
+
+#include "driver/RunError.h"
+#include "nas2zdt/account/AccountOutput.h"
+#include "nas2zdt/command/Jobs.h"
+#include "nas2zdt/command/Options.h"
+#include "nas2zdt/flatten/Flatten.h"
+#include "platform/WholeFile.h"
+#include "writer/Output.h"
+
+#include <memory>
+#include <string>
+
+/// The run of one deck and its result.
+class CDeckRun : private COutput {
+  public:
+    /// rInputs are the files that no output may overwrite; the run adds those that it reads. All arguments must outlive
+    /// this object.
+    CDeckRun(const T_OPTIONS_D& rOptions, const T_JOB_D& rJob, T_INPUTS& rInputs)
+        : m_rOptions(rOptions), m_rJob(rJob), m_rInputs(rInputs) {}
+
+    /// Converts the deck and shows its log as the options say. Failures go to standard error at once.
+    void Run();
+
+    const T_RESULT_D& GetResult() const { return m_result; }
+
+    /// Null unless the options ask for an account or for strictness.
+    const CAccount* GetAccount() const { return m_pAccount.get(); }
+
+  private:
+    CFile& Open(const T_INPUTS& rDecks) override;
+    void Convert(const std::string& sDeck, const CLineMap* pLines);
+    void FinishTarget();
+    void DrawModel(const CDataPool& rPool);
+    void FailRun(T_FAIL_D failure, const CLineMap* pLines);
+    void Fail(const std::string& sWhy);
+
+    const T_OPTIONS_D& m_rOptions;
+    const T_JOB_D& m_rJob;
+    T_INPUTS& m_rInputs;
+    std::unique_ptr<CWholeFile> m_pTarget; // null until the model is written
+    bool m_bRefused = false;               // whether an output is a file that the run has read
+    T_JOINED_D m_joined;                   // the account refers to its lines
+    std::unique_ptr<CAccount> m_pAccount;
+    T_RESULT_D m_result;
+};

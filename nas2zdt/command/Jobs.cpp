@@ -1,0 +1,115 @@
+// Plans the conversions of a command line.
+
+#include "nas2zdt/command/Jobs.h"
+
+#include "driver/CConvertNastran.h"
+#include "platform/Paths.h"
+
+#include <map>
+#include <system_error>
+#include <utility>
+
+namespace {
+
+bool IsFolder(const std::string& sPath) {
+    std::error_code error;
+    return std::filesystem::is_directory(ToPath(sPath), error);
+}
+
+/// The path of the result beside a deck. The extension is what follows the last "." of the full path, so a deck without
+/// one needs the full path.
+std::string TargetBeside(const std::string& sDeck) {
+    if (ToText(ToPath(sDeck).filename()).find('.') != std::string::npos) return CConvertNastran::TargetPath(sDeck);
+    const std::string sFull = FullPath(sDeck);
+    return sFull.find('.') == std::string::npos ? sDeck + ".zdt" : CConvertNastran::TargetPath(sFull);
+}
+
+std::string Target(const std::string& sDeck, const std::string& sOutput, bool bFolder) {
+    if (sOutput.empty()) return TargetBeside(sDeck);
+    if (!bFolder) return sOutput;
+    return ToText(ToPath(sOutput) / ToPath(CConvertNastran::TargetPath(ToText(ToPath(sDeck).filename()))));
+}
+
+/// An error if the folder of sFile doesn't exist, else empty.
+std::string TestFolderOf(const std::string& sFile) {
+    const std::string sFolder = ToText(ToPath(sFile).parent_path());
+    if (sFolder.empty() || IsFolder(sFolder)) return {};
+    return sFolder + ": no such folder";
+}
+
+/// The outputs of a command line.
+class COutputs {
+  public:
+    explicit COutputs(const T_INPUTS& rInputs) : m_rInputs(rInputs) {}
+
+    /// Adds an output. Returns the deck or earlier output that it would overwrite, or an empty text.
+    std::string Add(const std::string& sPath, const std::string& sWhat) {
+        const T_TARGET_D target = FindTarget(sPath);
+        if (target.eTARGET == TARGET_STREAM || target.folder == T_FILEID_D()) return {}; // nothing to overwrite
+        if (target.eTARGET == TARGET_FILE) {
+            if (const auto pInput = m_rInputs.find(target.id); pInput != m_rInputs.end()) return pInput->second;
+            if (const auto [pFile, bNew] = m_mapFiles.emplace(target.id, sWhat); !bNew) return pFile->second;
+        }
+        const auto [pPlace, bNew] = m_mapPlaces.emplace(std::pair(target.folder, target.sNAME), sWhat);
+        return bNew ? std::string() : pPlace->second;
+    }
+
+  private:
+    const T_INPUTS& m_rInputs;
+    std::map<T_FILEID_D, std::string> m_mapFiles; // existing ones
+    std::map<std::pair<T_FILEID_D, std::string>, std::string> m_mapPlaces;
+};
+
+/// An error if sFile can't take the picture, grid or log, else empty.
+std::string TestOutput(const std::string& sFile, const std::string& sWhat, COutputs& rOutputs) {
+    if (IsFolder(sFile)) return sFile + ": is a folder";
+    std::string sWrong = TestFolderOf(sFile);
+    if (!sWrong.empty()) return sWrong;
+    const std::string sLost = rOutputs.Add(sFile, sWhat + " " + sFile);
+    return sLost.empty() ? sLost : sFile + ": " + sWhat + " would overwrite " + sLost;
+}
+
+/// An error if the options don't fit the number of decks, else empty.
+std::string TestUsage(const T_OPTIONS_D& rOptions, bool bFolder) {
+    if (rOptions.aDECKS.size() == 1) return {};
+    if (!rOptions.sOUTPUT.empty() && !bFolder) return "-o must name a folder for several decks: " + rOptions.sOUTPUT;
+    if (!rOptions.sVIEW.empty() || !rOptions.sVTU.empty()) return "--view and --vtu take one deck";
+    return {};
+}
+
+} // namespace
+
+T_JOBS_D PlanJobs(const T_OPTIONS_D& rOptions) {
+    T_JOBS_D jobs;
+    const std::string& sOutput = rOptions.sOUTPUT;
+    const bool bNamesFolder =
+        sOutput.ends_with('/') || sOutput.ends_with(static_cast<char>(std::filesystem::path::preferred_separator));
+    const bool bFolder = bNamesFolder || IsFolder(sOutput);
+    jobs.sUSAGE = TestUsage(rOptions, bFolder);
+    if (!jobs.sUSAGE.empty()) return jobs;
+    if (bNamesFolder && !IsFolder(sOutput)) jobs.sFAILURE = sOutput + ": no such folder";
+    if (!sOutput.empty() && !bFolder) jobs.sFAILURE = TestFolderOf(sOutput);
+
+    for (const std::string& sDeck : rOptions.aDECKS) {
+        T_JOB_D job{sDeck, Target(sDeck, sOutput, bFolder), {}};
+        CDeckFile file;
+        std::string sCause; // reported when the deck is run
+        const bool bThere = file.Open(sDeck, sCause) != 0;
+        if (bThere && !jobs.decks.emplace(file.GetId(), "the deck " + sDeck).second) {
+            job.sREFUSED = "this deck is given twice";
+        }
+        jobs.aJOBS.push_back(job);
+    }
+    COutputs outputs(jobs.decks);
+    for (T_JOB_D& rJob : jobs.aJOBS) {
+        if (!rJob.sREFUSED.empty()) continue;
+        const std::string sLost = outputs.Add(rJob.sTARGET, "the result of " + rJob.sDECK);
+        if (!sLost.empty()) rJob.sREFUSED = "its result " + rJob.sTARGET + " would overwrite " + sLost;
+    }
+    const std::pair<const std::string*, const char*> aOthers[] = {
+        {&rOptions.sVIEW, "the picture"}, {&rOptions.sVTU, "the grid"}, {&rOptions.sLOG, "the log"}};
+    for (const auto& [pFile, sWhat] : aOthers) {
+        if (!pFile->empty() && jobs.sFAILURE.empty()) jobs.sFAILURE = TestOutput(*pFile, sWhat, outputs);
+    }
+    return jobs;
+}

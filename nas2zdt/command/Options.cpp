@@ -1,0 +1,202 @@
+// The table of options, which reads the arguments and makes the help.
+
+#include "nas2zdt/command/Options.h"
+
+#include <algorithm>
+#include <charconv>
+#include <iterator>
+#include <system_error>
+
+namespace {
+
+/// Whether an option is followed by a value.
+enum E_VALUE { VALUE_NONE, VALUE_NEEDED, VALUE_ALLOWED };
+
+/// A row of the table. A needed value is the next argument or follows "="; an allowed one only follows "=".
+struct T_OPTION_D {
+    std::string_view sNAME; // a short form comes first: "-q, --quiet"
+    E_VALUE eVALUE;
+    std::string_view sVALUE; // its name in the help
+    std::string_view sHELP;
+    bool (*pfnSet)(T_OPTIONS_D& rOptions, const std::string& sValue); // false for a wrong value
+};
+
+/// Sets a flag.
+template <bool T_OPTIONS_D::*FLAG>
+bool Set(T_OPTIONS_D& rOptions, const std::string&) {
+    rOptions.*FLAG = true;
+    return true;
+}
+
+/// Keeps a path, which mustn't be empty.
+template <std::string T_OPTIONS_D::*PATH>
+bool Keep(T_OPTIONS_D& rOptions, const std::string& sValue) {
+    rOptions.*PATH = sValue;
+    return !sValue.empty();
+}
+
+bool SetAccount(T_OPTIONS_D& rOptions, const std::string& sValue) {
+    rOptions.eACCOUNT = sValue.empty() ? ACCOUNT_TABLE : ACCOUNT_JSON;
+    return sValue.empty() || sValue == "json";
+}
+
+/// A limit of a run, by its name for --limit.
+struct T_LIMITNAME_D {
+    std::string_view sNAME;
+    std::int64_t T_LIMITS_D::*pLIMIT;
+    E_FAILURE eFAILURE; // when a run exceeds it
+};
+
+constexpr T_LIMITNAME_D LIMITS[] = {
+    {"ranges", &T_LIMITS_D::nRANGES, FAILURE_LIMIT_RANGES},
+    {"decks", &T_LIMITS_D::nDECKS, FAILURE_LIMIT_DECKS},
+    {"output", &T_LIMITS_D::nOUTPUT, FAILURE_LIMIT_OUTPUT},
+    {"frames", &T_LIMITS_D::nFRAMES, FAILURE_LIMIT_FRAMES},
+};
+
+constexpr std::string_view LIFTED = "none";
+
+bool ReadNumber(std::string_view sText, std::int64_t& rNumber) {
+    const char* const pEnd = sText.data() + sText.size();
+    const auto [pRead, error] = std::from_chars(sText.data(), pEnd, rNumber);
+    return error == std::errc() && pRead == pEnd && rNumber > 0;
+}
+
+/// "NAME=N" or "NAME=none" sets one limit, "none" all. N is a whole number above 0.
+bool SetLimit(T_OPTIONS_D& rOptions, const std::string& sText) {
+    const bool bAll = sText == LIFTED;
+    const std::size_t iEquals = sText.find('=');
+    if (!bAll && iEquals == std::string::npos) return false;
+    const std::string sName = sText.substr(0, iEquals);
+    const std::string sValue = bAll ? sText : sText.substr(iEquals + 1);
+    std::int64_t nLimit = T_LIMITS_D::NONE;
+    if (sValue != LIFTED && !ReadNumber(sValue, nLimit)) return false;
+    bool bKnown = false;
+    for (const T_LIMITNAME_D& rLimit : LIMITS) {
+        if (!bAll && rLimit.sNAME != sName) continue;
+        rOptions.limits.*rLimit.pLIMIT = nLimit;
+        bKnown = true;
+    }
+    return bKnown;
+}
+
+// clang-format off
+constexpr T_OPTION_D OPTIONS[] = {
+    {"-o",             VALUE_NEEDED,  "PATH", "the result goes to the file PATH, or into the folder PATH", &Keep<&T_OPTIONS_D::sOUTPUT>},
+    {"--account",      VALUE_ALLOWED, "json", "tells what became of every keyword, as a table or as JSON", &SetAccount},
+    {"--strict",       VALUE_NONE,    "",     "exit status 3 if the account shows any loss",              &Set<&T_OPTIONS_D::bSTRICT>},
+    {"--flatten",      VALUE_NONE,    "",     "joins the deck with its includes first, as NASTRAN means",  &Set<&T_OPTIONS_D::bFLATTEN>},
+    {"--view",         VALUE_NEEDED,  "FILE", "draws the resolved model as an SVG picture",                &Keep<&T_OPTIONS_D::sVIEW>},
+    {"--vtu",          VALUE_NEEDED,  "FILE", "writes the resolved model as a VTK unstructured grid",      &Keep<&T_OPTIONS_D::sVTU>},
+    {"--limit",        VALUE_NEEDED,  "NAME=N", "sets the limit on ranges, decks, output or frames; none lifts it", &SetLimit},
+    {"--log",          VALUE_NEEDED,  "FILE", "saves the log of all decks",                                &Keep<&T_OPTIONS_D::sLOG>},
+    {"-q, --quiet",    VALUE_NONE,    "",     "prints errors, and the account if asked for, but no log",   &Set<&T_OPTIONS_D::bQUIET>},
+    {"-h, --help",     VALUE_NONE,    "",     "this text",                                                 &Set<&T_OPTIONS_D::bHELP>},
+    {"-V, --version",  VALUE_NONE,    "",     "the version",                                               &Set<&T_OPTIONS_D::bVERSION>},
+};
+// clang-format on
+
+/// The long form of an option, or its only one.
+constexpr std::string_view LastForm(std::string_view sName) {
+    const std::size_t iSpace = sName.rfind(' ');
+    return iSpace == std::string_view::npos ? sName : sName.substr(iSpace + 1);
+}
+
+const T_OPTION_D* FindOption(std::string_view sForm) {
+    for (const T_OPTION_D& rOption : OPTIONS) {
+        const std::string_view sFirst = rOption.sNAME.substr(0, rOption.sNAME.find(','));
+        if (sForm == sFirst || sForm == LastForm(rOption.sNAME)) return &rOption;
+    }
+    return nullptr;
+}
+
+/// An option for a picture and the extension of its format.
+struct T_PICTURE_D {
+    std::string_view sOPTION;
+    std::string T_OPTIONS_D::*pFILE;
+    std::string_view sEXTENSION;
+};
+constexpr T_PICTURE_D PICTURES[] = {{"--view", &T_OPTIONS_D::sVIEW, ".svg"}, {"--vtu", &T_OPTIONS_D::sVTU, ".vtu"}};
+
+/// Extensions of decks, results, accounts and pictures.
+constexpr std::string_view EXTENSIONS[] = {".dat", ".bdf", ".nas", ".blk", ".zdt", ".json", ".svg", ".vtu"};
+
+/// Whether sFile has one of these extensions other than sOwn, which suggests a mixed up command line.
+bool HasForeignExtension(std::string sFile, std::string_view sOwn) {
+    for (char& c : sFile) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    return std::any_of(std::begin(EXTENSIONS), std::end(EXTENSIONS),
+                       [&](std::string_view sExtension) { return sExtension != sOwn && sFile.ends_with(sExtension); });
+}
+
+} // namespace
+
+int ReadOptions(const std::vector<std::string>& aArgs, T_OPTIONS_D& rOptions, std::string& rWhy) {
+    bool bOptions = true; // until "--"
+    for (std::size_t i = 0; i < aArgs.size(); ++i) {
+        const std::string& sArg = aArgs[i];
+        if (bOptions && sArg == "--") {
+            bOptions = false;
+            continue;
+        }
+        if (!bOptions || sArg.size() < 2 || sArg[0] != '-') {
+            rOptions.aDECKS.push_back(sArg);
+            continue;
+        }
+        const std::size_t iEquals = sArg.find('=');
+        const bool bGiven = iEquals != std::string::npos;
+        const T_OPTION_D* pOption = FindOption(std::string_view(sArg).substr(0, iEquals));
+        if (!pOption) {
+            rWhy = "unknown option " + sArg;
+            return 0;
+        }
+        std::string sValue = bGiven ? sArg.substr(iEquals + 1) : std::string();
+        if (pOption->eVALUE == VALUE_NEEDED && !bGiven) {
+            if (i + 1 == aArgs.size()) {
+                rWhy = sArg + " needs a value";
+                return 0;
+            }
+            sValue = aArgs[++i];
+        }
+        const bool bTaken = bGiven ? pOption->eVALUE != VALUE_NONE && !sValue.empty() : true;
+        if (!bTaken || !pOption->pfnSet(rOptions, sValue)) {
+            rWhy = std::string(LastForm(pOption->sNAME)) + ": \"" + sValue + "\" isn't a value of this option";
+            return 0;
+        }
+    }
+    for (const T_PICTURE_D& rPicture : PICTURES) {
+        if (HasForeignExtension(rOptions.*rPicture.pFILE, rPicture.sEXTENSION)) {
+            rWhy = std::string(rPicture.sOPTION) + ": " + rOptions.*rPicture.pFILE + " is called like another format";
+            return 0;
+        }
+    }
+    if (rOptions.bHELP || rOptions.bVERSION || !rOptions.aDECKS.empty()) return 1;
+    rWhy = "no deck given";
+    return 0;
+}
+
+std::string HelpText() {
+    std::string sText = "usage: nas2zdt [OPTION]... DECK...\n"
+                        "\n"
+                        "Converts NASTRAN bulk data decks, each with all that it includes, into ZDT text files,\n"
+                        "which are written beside the decks under their names with the extension .zdt.\n"
+                        "The log of a run goes to standard output, failures to standard error.\n"
+                        "\n";
+    for (const T_OPTION_D& rOption : OPTIONS) {
+        std::string sLeft = "  " + std::string(rOption.sNAME);
+        if (rOption.eVALUE == VALUE_NEEDED) sLeft += " " + std::string(rOption.sVALUE);
+        if (rOption.eVALUE == VALUE_ALLOWED) sLeft += "[=" + std::string(rOption.sVALUE) + "]";
+        constexpr std::size_t COLUMN = 20;
+        sLeft.resize(std::max(sLeft.size() + 1, COLUMN), ' ');
+        sText += sLeft + std::string(rOption.sHELP) + "\n";
+    }
+    return sText + "\n"
+                   "Several decks convert one after the other; -o then names a folder.\n"
+                   "exit status: 0 success, 1 a run failed, 2 wrong usage, 3 a loss (--strict)\n";
+}
+
+std::string_view NameOfLimit(E_FAILURE eFailure) {
+    for (const T_LIMITNAME_D& rName : LIMITS) {
+        if (rName.eFAILURE == eFailure) return rName.sNAME;
+    }
+    return {};
+}
