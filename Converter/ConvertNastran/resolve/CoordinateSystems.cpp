@@ -30,6 +30,7 @@ void PlaceByGrids(CMap<RECORD>& rTable, const CMap<T_NODS_D>& rNodes) {
         TakePoint(rNodes, rSystem.iG2, rSystem.dB);
         TakePoint(rNodes, rSystem.iG3, rSystem.dC);
         rSystem.frame.SetByThreePoints(rSystem.dA, rSystem.dB, rSystem.dC);
+        rSystem.frame.MeasureChain();
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include "resolve/UcsBase.h"
 
+#include <unordered_set>
 #include <vector>
 
 namespace {
@@ -28,32 +29,9 @@ void CUCSBase::SetMatrix(const double (&dMatrix)[16]) {
 
 /// Number of frames from this one outward, each counted once.
 std::size_t CUCSBase::CountFrames() const {
-    std::size_t nFrames = 1;
-    // A frame to compare with that moves up at powers of two: on a circle it is met again after at most a few rounds.
-    const CUCSBase* pMark = this;
-    std::size_t nMark = 1; // frames up to and with the mark
-    std::size_t nNextMark = 2;
-    for (const CUCSBase* pFrame = m_pParent; pFrame; pFrame = pFrame->m_pParent) {
-        if (pFrame == pMark) {
-            // The circle has nFrames + 1 - nMark frames. Two walkers that far apart meet where it is entered.
-            const std::size_t nCircle = nFrames + 1 - nMark;
-            const CUCSBase* pAhead = this;
-            for (std::size_t i = 0; i < nCircle; ++i) pAhead = pAhead->m_pParent;
-            std::size_t nBefore = 0;
-            for (const CUCSBase* pBehind = this; pBehind != pAhead; pBehind = pBehind->m_pParent) {
-                pAhead = pAhead->m_pParent;
-                ++nBefore;
-            }
-            return nBefore + nCircle;
-        }
-        ++nFrames;
-        if (nFrames == nNextMark) {
-            pMark = pFrame;
-            nMark = nFrames;
-            nNextMark *= 2;
-        }
-    }
-    return nFrames;
+    std::unordered_set<const CUCSBase*> frames;
+    for (const CUCSBase* pFrame = this; pFrame && frames.insert(pFrame).second;) pFrame = pFrame->m_pParent;
+    return frames.size();
 }
 
 void CUCSBase::MeasureChain() {
