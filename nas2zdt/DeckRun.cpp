@@ -2,7 +2,7 @@
 
 #include "nas2zdt/DeckRun.h"
 
-#include "driver/CConvertNastran.h"
+#include "messages/ZdtMsgMgr.h"
 #include "nas2zdt/LimitNames.h"
 #include "nas2zdt/RunWatch.h"
 #include "nas2zdt/picture/SvgWriter.h"
@@ -87,11 +87,8 @@ void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
     CRunWatch watch(m_pAccount.get(), pLines, m_rJob.sDECK, progress);
     if (m_pAccount) m_pAccount->SetLines(pLines);
     CConvertNastran run(dialogs);
-    if (watch.IsNeeded()) run.SetObserver(&watch);
-    run.SetOutput(this);
-    run.SetDeckName(m_rJob.sDECK);
-    run.SetLimits(m_rOptions.limits);
-    const bool bEnded = run.Convert(sDeck) != 0;
+    const T_CONVERT_D wanted{watch.IsNeeded() ? &watch : nullptr, this, m_rJob.sDECK, m_rOptions.limits};
+    const bool bEnded = run.Convert(sDeck, wanted) != 0;
     progress.Clear();
     m_result.aLOG = run.GetMsgMgr().GetMessages();
     if (!bEnded) return FailRun(run.GetFailure(), pLines);

@@ -1,13 +1,12 @@
 #pragma once
 // One deck from the command line to its result.
 
-#include "driver/RunError.h"
+#include "driver/CConvertNastran.h"
 #include "nas2zdt/AccountOutput.h"
 #include "nas2zdt/Flatten.h"
 #include "nas2zdt/Jobs.h"
 #include "nas2zdt/Options.h"
 #include "platform/WholeFile.h"
-#include "writer/Output.h"
 
 #include <memory>
 #include <string>

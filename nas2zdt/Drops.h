@@ -3,7 +3,6 @@
 
 #include "cards/FieldNames.h"
 #include "reader/Card.h"
-#include "reader/FieldUse.h"
 
 #include <cstddef>
 #include <string>

@@ -51,8 +51,7 @@ CAccount Account(const std::string& sDeck) {
     CProgressLine progress;
     CRunWatch watch(&account, nullptr, "deck.dat", progress);
     CConvertNastran run(dialogs);
-    run.SetObserver(&watch);
-    EXPECT_EQ(run.Convert(folder.Path("deck.dat")), 1);
+    EXPECT_EQ(run.Convert(folder.Path("deck.dat"), {.pOBSERVER = &watch}), 1);
     EXPECT_EQ(ReadText(folder.Path("deck.zdt")), RunDeck(sDeck).sZDT);
     return account;
 }

@@ -46,8 +46,7 @@ CDropsObserver Observe(const std::string& sCards) {
     CNoDialogs dialogs;
     CDropsObserver observer;
     CConvertNastran run(dialogs);
-    run.SetObserver(&observer);
-    EXPECT_EQ(run.Convert(folder.Path("deck.dat")), 1);
+    EXPECT_EQ(run.Convert(folder.Path("deck.dat"), {.pOBSERVER = &observer}), 1);
     return observer;
 }
 

@@ -4,6 +4,7 @@
 #include "cards/PropertyFields.h"
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
+#include "store/DataPool.h"
 
 #include <cmath>
 #include <cstddef>

@@ -2,6 +2,7 @@
 
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
+#include "store/DataPool.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -14,6 +14,6 @@ T_RANGE_D CConvertNastran::TakeRange(const T_DATA_D& rCard, std::int32_t iBefore
     const std::int32_t iLine = rCard.aLINES.front();
     if (nIds > LONGEST_RANGE) throw CRunError(FAILURE_RANGE_TOO_LONG, iLine, LONGEST_RANGE);
     m_nRanged += nIds;
-    if (m_nRanged > m_limits.nRANGES) throw CRunError(FAILURE_LIMIT_RANGES, iLine, m_limits.nRANGES);
+    if (m_nRanged > m_options.limits.nRANGES) throw CRunError(FAILURE_LIMIT_RANGES, iLine, m_options.limits.nRANGES);
     return range;
 }

@@ -4,6 +4,7 @@
 #include "cards/NodeLayout.h"
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
+#include "store/DataPool.h"
 
 #include <cstdint>
 #include <utility>

@@ -1,6 +1,7 @@
 // How a load set comes into being.
 
 #include "driver/CConvertNastran.h"
+#include "store/DataPool.h"
 
 #include <cstdint>
 

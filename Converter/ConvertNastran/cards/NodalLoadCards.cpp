@@ -2,54 +2,63 @@
 
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
+#include "store/DataPool.h"
 
 #include <cstddef>
 #include <cstdint>
 
-/// Adds a force or moment. Forms 1 and 2 keep the magnitude alone; their direction is worked out once all grids are
-/// known.
-int CConvertNastran::AddNodalLoad(const T_DATA_D& rCard, E_LOAD_KIND eKind, E_LOAD_FORM eForm) {
-    CFieldCursor fields(rCard);
-    const std::int32_t iSID = fields.Int();
+namespace {
+
+/// Adds a force or moment, whose grid is the next field, to a set. Forms 1 and 2 keep the magnitude alone; their
+/// direction is worked out once all grids are known.
+int AddNodalLoad(CFieldCursor& rFields, T_LOAD_D& rSet, E_LOAD_KIND eKind, E_LOAD_FORM eForm) {
     T_MBLD_D entry;
     entry.iKIND = eKind;
     entry.iFORM = eForm;
-    entry.iID = fields.Int();
+    entry.iID = rFields.Int();
     if (eForm == FORM_PLAIN) {
-        entry.iCID = fields.Int();
-        const double dF = fields.Real();
-        for (std::size_t i = 0; i < 3; ++i) entry.dV[i] = dF * fields.Real(); // N1 to N3, of any length
+        entry.iCID = rFields.Int();
+        const double dF = rFields.Real();
+        for (std::size_t i = 0; i < 3; ++i) entry.dV[i] = dF * rFields.Real(); // N1 to N3, of any length
     } else {
-        entry.dV[0] = fields.Real();
+        entry.dV[0] = rFields.Real();
         const std::size_t nGrids = eForm == FORM_CROSS ? 4 : 2;
-        for (std::size_t i = 0; i < nGrids; ++i) entry.iG[i] = fields.Int();
+        for (std::size_t i = 0; i < nGrids; ++i) entry.iG[i] = rFields.Int();
     }
-    EnsureLoadSet(iSID).aMBLD.Add(entry);
+    rSet.aMBLD.Add(entry);
     return 1;
 }
 
+} // namespace
+
 int CConvertNastran::ParseFORCE(const T_DATA_D& rCard) {
-    return AddNodalLoad(rCard, LOAD_FORCE, FORM_PLAIN);
+    CFieldCursor fields(rCard);
+    return AddNodalLoad(fields, EnsureLoadSet(fields.Int()), LOAD_FORCE, FORM_PLAIN);
 }
 
 int CConvertNastran::ParseFORCE1(const T_DATA_D& rCard) {
-    return AddNodalLoad(rCard, LOAD_FORCE, FORM_TWO_GRIDS);
+    CFieldCursor fields(rCard);
+    return AddNodalLoad(fields, EnsureLoadSet(fields.Int()), LOAD_FORCE, FORM_TWO_GRIDS);
 }
 
 int CConvertNastran::ParseFORCE2(const T_DATA_D& rCard) {
-    return AddNodalLoad(rCard, LOAD_FORCE, FORM_CROSS);
+    CFieldCursor fields(rCard);
+    return AddNodalLoad(fields, EnsureLoadSet(fields.Int()), LOAD_FORCE, FORM_CROSS);
 }
 
 int CConvertNastran::ParseMOMENT(const T_DATA_D& rCard) {
-    return AddNodalLoad(rCard, LOAD_MOMENT, FORM_PLAIN);
+    CFieldCursor fields(rCard);
+    return AddNodalLoad(fields, EnsureLoadSet(fields.Int()), LOAD_MOMENT, FORM_PLAIN);
 }
 
 int CConvertNastran::ParseMOMENT1(const T_DATA_D& rCard) {
-    return AddNodalLoad(rCard, LOAD_MOMENT, FORM_TWO_GRIDS);
+    CFieldCursor fields(rCard);
+    return AddNodalLoad(fields, EnsureLoadSet(fields.Int()), LOAD_MOMENT, FORM_TWO_GRIDS);
 }
 
 int CConvertNastran::ParseMOMENT2(const T_DATA_D& rCard) {
-    return AddNodalLoad(rCard, LOAD_MOMENT, FORM_CROSS);
+    CFieldCursor fields(rCard);
+    return AddNodalLoad(fields, EnsureLoadSet(fields.Int()), LOAD_MOMENT, FORM_CROSS);
 }
 
 /// Gravity lives in the set itself: a second card overwrites the first.

@@ -3,6 +3,7 @@
 #include "cards/PropertyFields.h"
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
+#include "store/DataPool.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -3,6 +3,7 @@
 #include "cards/NodeLayout.h"
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
+#include "store/DataPool.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -2,6 +2,7 @@
 
 #include "cards/NodeLayout.h"
 #include "driver/CConvertNastran.h"
+#include "store/DataPool.h"
 
 #include <cstddef>
 

@@ -2,6 +2,7 @@
 
 #include "cards/PropertyFields.h"
 #include "driver/CConvertNastran.h"
+#include "store/DataPool.h"
 
 #include <cstdint>
 #include <utility>

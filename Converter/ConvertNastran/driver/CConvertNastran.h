@@ -4,30 +4,51 @@
 #include "cards/IdRange.h"
 #include "driver/Limits.h"
 #include "driver/RunError.h"
-#include "messages/ZdtMsgMgr.h"
+#include "messages/FormatText.h"
 #include "platform/File.h"
 #include "reader/Card.h"
-#include "reader/DeckObserver.h"
+#include "reader/DeckList.h"
 #include "reader/FieldParser.h"
+#include "reader/LineGroup.h"
 #include "reader/LineReader.h"
-#include "store/DataPool.h"
-#include "writer/Format.h"
 
 #include <cstdint>
 #include <memory>
-#include <set>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <type_traits>
 #include <vector>
 
+class CDataPool;
+class CDeckObserver;
 class CDialogs;
-class COutput;
+class CZdtMsgMgr;
+enum E_LOSS : std::int32_t;
 struct T_KEYW_D;
-struct T_LEFT_D;
+struct T_LOAD_D;
 struct T_LOADCASE_ROW;
 struct T_SHAPESECTION_ROW;
 struct T_TAPEREDSECTION_ROW;
+template <class... ARGS>
+class T_FORMAT_D;
+
+/// Where a run's model goes, for a host that doesn't want it beside the deck.
+class COutput {
+  public:
+    virtual ~COutput() = default;
+
+    /// The model is complete. Gives the file that it is written to, which is closed at the end. rDecks are those that
+    /// the run read. A CFileException counts as a target file that can't be created.
+    virtual CFile& Open(const T_INPUTS& rDecks) = 0;
+};
+
+/// What a host may ask of a run. All that is pointed to must outlive the run.
+struct T_CONVERT_D {
+    CDeckObserver* pOBSERVER = nullptr; // is told what becomes of each group of lines
+    COutput* pOUTPUT = nullptr;         // takes the model, instead of a file beside the deck
+    std::string sDECKNAME = {};         // what the log calls the deck, instead of its path
+    T_LIMITS_D limits = {};
+};
 
 /// Converts one deck; made anew for each run.
 class CConvertNastran {
@@ -41,20 +62,7 @@ class CConvertNastran {
     /// Reads the deck sPath and all that it includes, resolves the model, writes the target file beside the deck and
     /// shows the log. Returns 1, or 0 for a failed run, whose reason is in GetFailure. An output file that fails is
     /// told through the dialogs and counts as success. Doesn't throw.
-    int Convert(const std::string& sPath);
-
-    /// Before a run: tells pObserver what becomes of each group of lines. It must outlive the run; null for none.
-    void SetObserver(CDeckObserver* pObserver) { m_pObserver = pObserver; }
-
-    /// Before a run: the model goes to pOutput instead of a file beside the deck. It must outlive the run; null for
-    /// none.
-    void SetOutput(COutput* pOutput) { m_pOutput = pOutput; }
-
-    /// Before a run: the name that the log gives to the deck, instead of its path.
-    void SetDeckName(std::string sName) { m_sDeckName = std::move(sName); }
-
-    /// Before a run: other limits than the usual ones.
-    void SetLimits(const T_LIMITS_D& rLimits) { m_limits = rLimits; }
+    int Convert(const std::string& sPath, const T_CONVERT_D& rOptions = {});
 
     /// Why the last run failed.
     const T_FAIL_D& GetFailure() const { return m_failure; }
@@ -67,51 +75,37 @@ class CConvertNastran {
     /// Path of the target file: the path up to its last ".", wherever that stands, and ".zdt".
     static std::string TargetPath(const std::string& sPath);
 
-    /// The field as an integer: the default if it is empty, else atoi of it.
+    /// The values of a field, see reader/FieldParser.h.
     static std::int32_t FieldToInt(std::string_view sField, std::int32_t iDefault) {
-        return sField.empty() ? iDefault : TextToInt(sField);
+        return ::FieldToInt(sField, iDefault);
     }
-
-    /// The field as a real: the default if it is empty, else its value with the exponent forms of the card format.
-    static double FieldToReal(std::string_view sField, double dDefault) {
-        return sField.empty() ? dDefault : TextToReal(sField);
-    }
-
-    /// The field as a text: the default if it is empty.
+    static double FieldToReal(std::string_view sField, double dDefault) { return ::FieldToReal(sField, dDefault); }
     static std::string_view FieldToText(std::string_view sField, std::string_view sDefault = {}) {
-        return sField.empty() ? sDefault : sField;
+        return ::FieldToText(sField, sDefault);
     }
 
     /// Id of a keyword that is written exactly so. Returns 1, or 0 if there is none.
     static int KeywordToId(std::string_view sKeyword, std::int32_t& rId);
 
-    /// The lines of a card for a message: "(Line:%d)", or "(Line:%d~%d)" with more than one number. An observer names
-    /// the lines in its own way.
-    static std::string LineInfoText(const std::vector<std::int32_t>& aLines, const CDeckObserver* pObserver = nullptr);
-
     /// The one way to the output file, see writer/Format.h.
     template <class... ARGS>
     static int WriteLine(CFile& rFile, T_FORMAT_D<std::type_identity_t<ARGS>...> format, const ARGS&... args) {
-        return ::WriteLine(rFile, format, args...);
+        FormatTo(rFile, format, args...);
+        return 1;
     }
 
   private:
     friend struct T_KEYW_D;
 
     // driver/Convert.cpp
-    void KeepFailure() noexcept;
-    void RunConversion(const std::string& sPath);
-    void ReadDeck();
-    void TestIncludeCycle();
-    void LogBanner(const std::string& sPath);
-    template <class... ARGS>
-    int LogMessage(std::string_view sFormat, const ARGS&... args) {
-        m_pMsgMgr->AddMessageF(sFormat, {CTextArg(args)...});
-        return 0;
-    }
+    void ReadDecks(const std::string& sPath);
+    int LogMessage(std::string_view sFormat, TEXT_ARGS aArgs = {});
 
     // driver/Summary.cpp
     void WriteSummary();
+    std::size_t CountElements(std::int32_t iType, std::int32_t iSubtype) const;
+    std::size_t CountProperties(std::int32_t iPropType) const;
+    std::size_t CountLoads(std::int32_t iKind) const;
 
     // reader/DeckReader.cpp
     int ReadDeckFile();
@@ -119,26 +113,21 @@ class CConvertNastran {
     int PeekNextLine();
     int SwitchSection(std::string_view sText);
     T_LINE_D* FetchLine(std::int32_t nLongest);
-    void TestLength(std::size_t nText, std::int32_t nLongest, std::int32_t iLine) const;
 
     // reader/DeckObserver.cpp
-    void TakeObservedGroup();
-    void TellLoss(E_LOSS eLoss);
-    void TellAssembled(E_LOSS eLoss);
-    void TellDeletedFields(std::int32_t iLine);
+    void TakeGroup();
+    void LoseGroup(E_LOSS eLoss);
     std::string LineText(std::int32_t iLine) const;
+    std::string LineInfoText(const std::vector<std::int32_t>& aLines) const;
 
     // reader/CardAssembly.cpp
     int AssembleCard();
-    int SplitLine(T_LINE_D& rLine, std::string_view& rFirst);
     int SplitSmallLine(T_LINE_D& rLine, std::string_view& rFirst);
     int SplitLargeLine(T_LINE_D& rLine);
     int SplitFreeLine(T_LINE_D& rLine);
 
     // reader/Dispatch.cpp
     int DispatchCard(const T_DATA_D& rCard);
-    void ReportCard(const T_DATA_D& rCard);
-    void TakeInclude(const T_DATA_D& rCard);
 
     // The card handlers. Each stores what its card says, logs nothing and returns 1.
 
@@ -210,7 +199,6 @@ class CConvertNastran {
     int ParseMAT8(const T_DATA_D& rCard);
 
     // cards/NodalLoadCards.cpp
-    int AddNodalLoad(const T_DATA_D& rCard, E_LOAD_KIND eKind, E_LOAD_FORM eForm);
     int ParseFORCE(const T_DATA_D& rCard);
     int ParseFORCE1(const T_DATA_D& rCard);
     int ParseFORCE2(const T_DATA_D& rCard);
@@ -254,13 +242,7 @@ class CConvertNastran {
 
     // writer/ZdtFile.cpp
     int WriteZdtFile(const std::string& sPath);
-    CFile& OpenTarget(CFile& rFile, const std::string& sPath);
     int WriteModel(CFile& rFile);
-    int WriteFileVersion(CFile& rFile);
-
-    // writer/LeftMessages.cpp: what is left out, as far as the log tells it
-    int LogLeft(const T_LEFT_D& rLeft);
-    int LogShape(std::int32_t iPID, std::int32_t iShape);
 
     // writer/ElementSections.cpp
     int WriteNodeSection(CFile& rFile);
@@ -281,8 +263,6 @@ class CConvertNastran {
     int WriteMpcLinks(CFile& rFile);
 
     // writer/LinkSections.cpp: springs, then bushes and gaps, then springs between coincident nodes
-    template <class SPRING>
-    int WriteElasticLinks(CFile& rFile, const CMap<SPRING>& rSprings);
     int WriteCelas1Links(CFile& rFile);
     int WriteCelas2Links(CFile& rFile);
     int WriteBushGapProperties(CFile& rFile);
@@ -305,43 +285,23 @@ class CConvertNastran {
     int WriteTemperatureGradients(CFile& rFile, const T_LOAD_D& rSet);
     int WriteSpecifiedDisplacements(CFile& rFile, const T_LOAD_D& rSet);
 
-    /// A deck that a run read or has yet to read.
-    struct T_DECK_D {
-        std::string sPATH;
-        std::size_t iORIGIN = 0; // the deck that includes it; the main deck is its own
-        T_FILEID_D id;           // once it was opened
-    };
-
     CDialogs& m_rDialogs;
     std::unique_ptr<CDataPool> m_pDataPool;
     std::unique_ptr<CZdtMsgMgr> m_pMsgMgr;
+    T_CONVERT_D m_options;
     T_FAIL_D m_failure;
-    T_LIMITS_D m_limits;
-    std::int64_t m_nRanged = 0;    // entries made by ranges
-    std::int64_t m_nBytesRead = 0; // of all decks
-    CDeckObserver* m_pObserver = nullptr;
-    COutput* m_pOutput = nullptr;
-    std::string m_sDeckName;        // empty for its path
-    std::uint64_t m_nBytesTold = 0; // to the observer
 
-    std::vector<T_DECK_D> m_aIncludeFiles; // the main deck, then those of INCLUDE cards in the order met
-    std::size_t m_iCurDeck = 0;            // the one being read
-    std::set<T_FILEID_D> m_setIncluding;   // decks that include others
-    std::set<T_FILEID_D> m_setTested;      // those whose road was walked for the cards of m_iTestedOrigin
-    std::size_t m_iTestedOrigin = 0;
-    CLineReader m_reader;
+    CDeckList m_aIncludeFiles;     // the main deck, too
+    CLineReader m_reader;          // of the current deck
     std::int32_t m_iSection = 0;   // 0 before CEND, 1 case control, 2 bulk data
     std::int32_t m_iLineNo = 0;    // lines read of the current deck
     std::int64_t m_nFileLines = 0; // lines that count; a Ctrl-Z ends them
-    std::vector<std::unique_ptr<T_LINE_D>>
-        m_aLines;                            // lines of the card in hand, then the one looked ahead to; never shrinks
-    std::size_t m_nLines = 0;                // of the card in hand
-    bool m_bPeeked = false;                  // whether m_aLines[m_nLines] is the next line
-    std::vector<std::string_view> m_aPieces; // of one line
-    T_DATA_D m_card;                         // the assembled card
-    T_FIELDUSE_D m_fieldUse;                 // of its fields, for the observer
+    CLineGroup m_aLines;           // of the card in hand
+    T_DATA_D m_card;               // made of them
+    T_FIELDUSE_D m_fieldUse;       // of its fields, for the observer
 
     std::int32_t m_iCurLoadSet = 0;    // set of the last load card
     T_LOAD_D* m_pCurLoadSet = nullptr; // its record
+    std::int64_t m_nRanged = 0;        // entries made by ranges
     std::int32_t m_nPSHELL = 0;        // PSHELL cards read
 };

@@ -1,9 +1,43 @@
-// The reason of a failed run in words.
+// The reason of a failed run.
 
 #include "driver/RunError.h"
 
 #include <new>
 #include <stdexcept>
+
+namespace {
+
+void Keep(std::string& rText, std::string_view sText) noexcept {
+    try {
+        rText = sText;
+    } catch (const std::bad_alloc&) { // the kind of the failure says enough
+        rText.clear();
+    }
+}
+
+} // namespace
+
+void T_FAIL_D::TakeException(std::string_view sFile, std::int32_t iLine) noexcept {
+    try {
+        throw;
+    } catch (const CRunError& rError) {
+        eFAILURE = rError.m_eFailure;
+        iLINE = rError.m_iLine;
+        nLIMIT = rError.m_nLimit;
+    } catch (const std::exception& rError) {
+        const bool bExhausted = IsOutOfMemory(rError);
+        eFAILURE = bExhausted ? FAILURE_EXHAUSTED : FAILURE_INTERNAL;
+        if (bExhausted && !sFile.empty()) iLINE = iLine;
+        if (!bExhausted) Keep(sCAUSE, rError.what());
+    } catch (...) { // what a host's dialogs may throw
+        eFAILURE = FAILURE_INTERNAL;
+    }
+    SetFile(sFile);
+}
+
+void T_FAIL_D::SetFile(std::string_view sFile) noexcept {
+    Keep(sFILE, sFile);
+}
 
 std::string T_FAIL_D::GetText() const {
     std::string sPlace = sFILE; // none once the decks are read

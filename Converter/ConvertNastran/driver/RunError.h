@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <exception>
 #include <string>
+#include <string_view>
 
 /// Causes of a failed run.
 enum E_FAILURE {
@@ -34,6 +35,11 @@ struct T_FAIL_D {
 
     /// One line for a person.
     std::string GetText() const;
+
+    /// Makes the reason of the exception in hand, which came while line iLine of the deck sFile was read; no text for
+    /// none. Memory may be what is missing, so each text stays empty if there is no room for it.
+    void TakeException(std::string_view sFile, std::int32_t iLine) noexcept;
+    void SetFile(std::string_view sFile) noexcept;
 };
 
 /// Whether an exception says that memory ran out, or that more was asked for than any memory holds.

@@ -9,74 +9,69 @@ namespace {
 /// What a group begins with, seen before its fields are cut, which changes the text.
 enum E_GROUP { GROUP_CARD, GROUP_CONTINUATION, GROUP_EMPTY };
 
-E_GROUP ClassifyGroup(std::string_view sFirst, std::size_t nLines) {
+E_GROUP ClassifyGroup(const CLineGroup& rLines) {
+    const std::string_view sFirst = rLines.First().Text();
     const char c = sFirst[0];
     if (c == '*' || c == '+' || c == ' ' || c == ',') return GROUP_CONTINUATION;
     if (c > ' ') return GROUP_CARD;
     // a carriage return alone is an empty line of a deck with CR LF, and yet may have lines that continue it
     if (sFirst.find_first_not_of(" \t\r") != std::string_view::npos) return GROUP_CARD;
-    return nLines > 1 ? GROUP_CONTINUATION : GROUP_EMPTY;
+    return rLines.GetCount() > 1 ? GROUP_CONTINUATION : GROUP_EMPTY;
+}
+
+/// rCard is the group as far as it could be assembled.
+void TellLoss(CDeckObserver& rObserver, E_LOSS eLoss, E_GROUP eGroup, const CLineGroup& rLines, const T_DATA_D& rCard) {
+    if (eGroup == GROUP_EMPTY) return;
+    if (eGroup == GROUP_CONTINUATION) eLoss = LOSS_CUT_OFF;
+    rObserver.OnLoss({eLoss, rCard.iKEYWORD, rCard.sWORD, rLines.First().iLINE, rLines.Last().iLINE});
 }
 
 } // namespace
 
-/// Assembles and dispatches the group in hand, and tells which of the two came of it.
-void CConvertNastran::TakeObservedGroup() {
-    if (m_reader.GetBytesRead() != m_nBytesTold) {
-        m_nBytesTold = m_reader.GetBytesRead();
-        m_pObserver->OnBytesRead(m_nBytesTold);
+void TellDeletedFields(CDeckObserver& rObserver, std::span<const std::string_view> aFields, std::int32_t iLine) {
+    std::size_t nDeleted = 0;
+    for (std::size_t i = 0; i < aFields.size(); ++i) {
+        const bool bMark = i + 1 == aFields.size() && aFields[i].starts_with('+');
+        if (!bMark && aFields[i].find('+') != std::string_view::npos) ++nDeleted;
     }
-    const E_GROUP eGroup = ClassifyGroup(m_aLines[0]->Text(), m_nLines);
+    if (nDeleted > 0) rObserver.OnFieldsDeleted(nDeleted, iLine);
+}
+
+/// Assembles and dispatches the group in hand, and tells what came of it.
+void CConvertNastran::TakeGroup() {
+    CDeckObserver* const pObserver = m_options.pOBSERVER;
+    if (!pObserver) {
+        if (AssembleCard()) DispatchCard(m_card);
+        return;
+    }
+    if (m_reader.HasReadMore()) pObserver->OnBytesRead(m_reader.GetBytesRead());
+    const E_GROUP eGroup = ClassifyGroup(m_aLines);
     if (AssembleCard() && m_card.iKEYWORD >= 0) {
         m_fieldUse.Clear();
         m_card.pUSE = &m_fieldUse;
         DispatchCard(m_card);
-        m_pObserver->OnCard(m_card, m_fieldUse, m_aLines[0]->iLINE, m_aLines[m_nLines - 1]->iLINE);
-    } else if (eGroup != GROUP_EMPTY) {
-        TellAssembled(eGroup == GROUP_CARD ? LOSS_UNKNOWN_WORD : LOSS_CUT_OFF);
+        pObserver->OnCard(m_card, m_fieldUse, m_aLines.First().iLINE, m_aLines.Last().iLINE);
+    } else {
+        TellLoss(*pObserver, LOSS_UNKNOWN_WORD, eGroup, m_aLines, m_card);
     }
 }
 
-/// Tells that the group in hand makes no card though it might. Cutting it into fields for its first word does no harm:
+/// The group in hand, if there are lines in it, makes no card. Cutting it into fields for its first word does no harm:
 /// it is lost.
-void CConvertNastran::TellLoss(E_LOSS eLoss) {
-    const E_GROUP eGroup = ClassifyGroup(m_aLines[0]->Text(), m_nLines);
-    if (eGroup == GROUP_EMPTY) return;
+void CConvertNastran::LoseGroup(E_LOSS eLoss) {
+    if (!m_options.pOBSERVER || m_aLines.IsEmpty()) return;
+    const E_GROUP eGroup = ClassifyGroup(m_aLines);
     AssembleCard();
-    TellAssembled(eGroup == GROUP_CARD ? eLoss : LOSS_CUT_OFF);
-}
-
-/// Tells of a loss whose first word stands in m_card.
-void CConvertNastran::TellAssembled(E_LOSS eLoss) {
-    T_LOSS_D loss;
-    loss.eLOSS = eLoss;
-    loss.iFIRST = m_aLines[0]->iLINE;
-    loss.iLAST = m_aLines[m_nLines - 1]->iLINE;
-    loss.iKEYWORD = m_card.iKEYWORD;
-    loss.sWORD = m_card.sWORD;
-    m_pObserver->OnLoss(loss);
-}
-
-/// Tells of the fields in m_aPieces that a "+" is about to delete. The last field is a continuation mark if it begins
-/// with one.
-void CConvertNastran::TellDeletedFields(std::int32_t iLine) {
-    std::size_t nDeleted = 0;
-    for (std::size_t i = 1; i < m_aPieces.size(); ++i) {
-        const bool bMark = i + 1 == m_aPieces.size() && m_aPieces[i].starts_with('+');
-        if (!bMark && m_aPieces[i].find('+') != std::string_view::npos) ++nDeleted;
-    }
-    if (nDeleted > 0) m_pObserver->OnFieldsDeleted(nDeleted, iLine);
+    TellLoss(*m_options.pOBSERVER, eLoss, eGroup, m_aLines, m_card);
 }
 
 std::string CConvertNastran::LineText(std::int32_t iLine) const {
-    return m_pObserver ? m_pObserver->LineText(iLine) : std::to_string(iLine);
+    return m_options.pOBSERVER ? m_options.pOBSERVER->LineText(iLine) : std::to_string(iLine);
 }
 
-std::string CConvertNastran::LineInfoText(const std::vector<std::int32_t>& aLines, const CDeckObserver* pObserver) {
+/// The lines of a card for a message.
+std::string CConvertNastran::LineInfoText(const std::vector<std::int32_t>& aLines) const {
     if (aLines.empty()) return "(Line:There is no Line Number Info.)";
-    const auto name = [&](std::int32_t iLine) {
-        return pObserver ? pObserver->LineText(iLine) : std::to_string(iLine);
-    };
-    if (aLines.size() == 1) return FormatText("(Line:%s)", {name(aLines[0])});
-    return FormatText("(Line:%s~%s)", {name(aLines.front()), name(aLines.back())});
+    if (aLines.size() == 1) return "(Line:" + LineText(aLines[0]) + ")";
+    return "(Line:" + LineText(aLines.front()) + "~" + LineText(aLines.back()) + ")";
 }

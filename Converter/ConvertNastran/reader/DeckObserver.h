@@ -2,10 +2,10 @@
 // What a host can learn while a deck is read: what became of each group of lines in the bulk section.
 
 #include "reader/Card.h"
-#include "reader/FieldUse.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -57,3 +57,7 @@ class CDeckObserver {
     /// How the log names a line of the deck being read. The run itself gives the number alone.
     virtual std::string LineText(std::int32_t iLine) const { return std::to_string(iLine); }
 };
+
+/// Tells of those among the fields behind the first of a line that a "+" is about to delete. The last field is a
+/// continuation mark if it begins with one.
+void TellDeletedFields(CDeckObserver& rObserver, std::span<const std::string_view> aFields, std::int32_t iLine);

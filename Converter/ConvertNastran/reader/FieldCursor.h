@@ -1,9 +1,8 @@
 #pragma once
 // Reads the fields of a card in order.
 
-#include "driver/CConvertNastran.h"
 #include "reader/Card.h"
-#include "reader/FieldUse.h"
+#include "reader/FieldParser.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -22,9 +21,9 @@ class CFieldCursor {
     CFieldCursor(const CFieldCursor&) = delete;
     CFieldCursor& operator=(const CFieldCursor&) = delete;
 
-    std::int32_t Int(std::int32_t iDefault = 0) { return CConvertNastran::FieldToInt(Next(), iDefault); }
-    double Real(double dDefault = 0.0) { return CConvertNastran::FieldToReal(Next(), dDefault); }
-    std::string_view Text() { return CConvertNastran::FieldToText(Next()); }
+    std::int32_t Int(std::int32_t iDefault = 0) { return FieldToInt(Next(), iDefault); }
+    double Real(double dDefault = 0.0) { return FieldToReal(Next(), dDefault); }
+    std::string_view Text() { return FieldToText(Next()); }
 
     /// Passes over as many fields as there are names: those that the format gives them, "-" for a place that it leaves
     /// blank, BY_PLACE where the name follows from the fields before.

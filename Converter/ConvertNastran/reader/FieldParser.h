@@ -11,3 +11,18 @@ std::int32_t TextToInt(std::string_view sText);
 /// Value of a real field: atof in the C locale, where the first sign behind the first character begins an exponent
 /// unless the field has an "E". Decimal notation alone: neither hexadecimal, nor infinity and not-a-number by name.
 double TextToReal(std::string_view sField);
+
+/// The field as an integer: the default if it is empty, else atoi of it.
+inline std::int32_t FieldToInt(std::string_view sField, std::int32_t iDefault) {
+    return sField.empty() ? iDefault : TextToInt(sField);
+}
+
+/// The field as a real: the default if it is empty, else its value with the exponent forms of the card format.
+inline double FieldToReal(std::string_view sField, double dDefault) {
+    return sField.empty() ? dDefault : TextToReal(sField);
+}
+
+/// The field as a text: the default if it is empty.
+inline std::string_view FieldToText(std::string_view sField, std::string_view sDefault = {}) {
+    return sField.empty() ? sDefault : sField;
+}

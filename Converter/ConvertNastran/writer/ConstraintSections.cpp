@@ -1,6 +1,7 @@
 // *CONSTRAINT, *LOCALAXIS and *RIGIDLINK.
 
 #include "driver/CConvertNastran.h"
+#include "store/DataPool.h"
 #include "writer/Section.h"
 #include "writer/rows/ConstraintRows.h"
 #include "writer/rows/RigidLinkRows.h"
@@ -34,7 +35,7 @@ std::string_view ComponentText(std::int32_t iComponent) {
 
 /// Grids with constraints of their own don't make the section.
 int CConvertNastran::WriteConstraintSection(CFile& rFile) {
-    if (m_pDataPool->CNST.IsEmpty()) return 1;
+    if (GetDataPool().CNST.IsEmpty()) return 1;
     WriteLine(rFile, "*CONSTRAINT\n");
     const CRowVisitor visitor{
         [&](const T_CONSTRAINT_ROW& r) { WriteLine(rFile, "%5d, %s\n", r.iNODE, TextOf(DofText(r.bDOF))); },
@@ -45,7 +46,7 @@ int CConvertNastran::WriteConstraintSection(CFile& rFile) {
 }
 
 int CConvertNastran::WriteLocalAxisSection(CFile& rFile) {
-    if (m_pDataPool->m_aLocalAxis.empty()) return 1;
+    if (GetDataPool().m_aLocalAxis.empty()) return 1;
     WriteLine(rFile, "*LOCALAXIS    ; Node Local Axis\n");
     WriteLine(rFile, "; NODE_LIST, iMETHOD, ANGLE-x, ANGLE-y, ANGLE-z                    ; iMETHOD=1\n");
     WriteLine(rFile, "; NODE_LIST, iMETHOD, P0X, P0Y, P0Z, P1X, P1Y, P1Z, P2X, P2Y, P2Z  ; iMETHOD=2\n");
@@ -75,11 +76,11 @@ int CConvertNastran::WriteLocalAxisSection(CFile& rFile) {
 }
 
 int CConvertNastran::WriteRbe2Links(CFile& rFile) {
-    if (m_pDataPool->RBE2.IsEmpty()) return 1;
-    WriteLine(rFile, "%s", RIGIDLINK_HEAD);
+    if (GetDataPool().RBE2.IsEmpty()) return 1;
+    rFile.Write(RIGIDLINK_HEAD);
     const CRowVisitor visitor{
         [&](const T_RIGIDLINK_ROW& r) { WriteRigidLink(rFile, r); },
-        [&](const T_LEFT_D& rLeft) { LogLeft(rLeft); },
+        CLeftLog(*m_pMsgMgr, GetDataPool()),
     };
     ForEachRigidLink(GetDataPool(), visitor);
     return WriteLine(rFile, "\n");
@@ -89,7 +90,7 @@ int CConvertNastran::WriteMpcLinks(CFile& rFile) {
     CSection section(rFile, RIGIDLINK_HEAD);
     const CRowVisitor visitor{
         [&](const T_EQUATION_ROW& r) { section.Line(" %d, %s, %d,\n", r.iMASTER, ComponentText(r.iCOMP), r.iSLAVE); },
-        [&](const T_LEFT_D& rLeft) { LogLeft(rLeft); },
+        CLeftLog(*m_pMsgMgr, GetDataPool()),
     };
     ForEachEquation(GetDataPool(), visitor);
     return section.End();

@@ -1,6 +1,7 @@
 // *NODE, *ELEMENT and *NODALMASS.
 
 #include "driver/CConvertNastran.h"
+#include "store/DataPool.h"
 #include "writer/Section.h"
 #include "writer/rows/ElementRows.h"
 #include "writer/rows/MassRows.h"
@@ -24,7 +25,7 @@ void WritePlate(CFile& rFile, const T_PLATE_ROW& r) {
 } // namespace
 
 int CConvertNastran::WriteNodeSection(CFile& rFile) {
-    if (m_pDataPool->NODS.IsEmpty()) return 1;
+    if (GetDataPool().NODS.IsEmpty()) return 1;
     WriteLine(rFile, "*NODE\n");
     const CRowVisitor visitor{
         [&](const T_NODE_ROW& r) { WriteLine(rFile, "  %d, %g, %g, %g\n", r.iNODE, r.dX, r.dY, r.dZ); },
@@ -36,7 +37,7 @@ int CConvertNastran::WriteNodeSection(CFile& rFile) {
 
 /// The keyword stands also in a model of masses alone.
 int CConvertNastran::WriteElementSection(CFile& rFile) {
-    if (m_pDataPool->ELEM.IsEmpty()) return 1;
+    if (GetDataPool().ELEM.IsEmpty()) return 1;
     WriteLine(rFile, "*ELEMENT\n");
     const CRowVisitor visitor{
         [&](const T_TRUSS_ROW& r) { WriteTruss(rFile, r); },
@@ -60,7 +61,7 @@ int CConvertNastran::WriteElementSection(CFile& rFile) {
 }
 
 int CConvertNastran::WriteConrodSection(CFile& rFile) {
-    if (m_pDataPool->CNRD.IsEmpty()) return 1;
+    if (GetDataPool().CNRD.IsEmpty()) return 1;
     WriteLine(rFile, "*ELEMENT\n");
     ForEachConrod(GetDataPool(), [&](const T_TRUSS_ROW& r) { WriteTruss(rFile, r); });
     return WriteLine(rFile, "\n");
@@ -68,7 +69,7 @@ int CConvertNastran::WriteConrodSection(CFile& rFile) {
 
 /// The keyword comes with a mass that is left out, too, and the empty line with any element.
 int CConvertNastran::WriteNodalMassSection(CFile& rFile) {
-    if (m_pDataPool->ELEM.IsEmpty()) return 1;
+    if (GetDataPool().ELEM.IsEmpty()) return 1;
     CSection section(rFile, "*NODALMASS    ; Nodal Masses\n"
                             "; NODE_LIST, mX, mY, mZ, rmX, rmY, rmZ\n");
     const CRowVisitor visitor{

@@ -1,6 +1,7 @@
 // *ELASTICLINK, *SPRING, *NL-PROP and *NL-LINK. The last two stand at a format level of their own.
 
 #include "driver/CConvertNastran.h"
+#include "store/DataPool.h"
 #include "writer/Section.h"
 #include "writer/rows/SpringRows.h"
 
@@ -72,11 +73,9 @@ std::string AngleText(double dAngle) {
     return {aText, PutReal(aText, dAngle)};
 }
 
-} // namespace
-
 /// Springs to ground wait until the links are written.
 template <class SPRING>
-int CConvertNastran::WriteElasticLinks(CFile& rFile, const CMap<SPRING>& rSprings) {
+int WriteElasticLinks(CFile& rFile, const CDataPool& rPool, const CMap<SPRING>& rSprings, const CLeftLog& rLog) {
     if (rSprings.IsEmpty()) return 1;
     CSection section(rFile, "*ELASTICLINK\n");
     std::vector<T_GROUNDSPRING_ROW> aGrounded;
@@ -87,9 +86,9 @@ int CConvertNastran::WriteElasticLinks(CFile& rFile, const CMap<SPRING>& rSpring
                          k[2], k[3], k[4], k[5]);
         },
         [&](const T_GROUNDSPRING_ROW& r) { aGrounded.push_back(r); },
-        [&](const T_LEFT_D& rLeft) { LogLeft(rLeft); },
+        rLog,
     };
-    ForEachElasticLink(GetDataPool(), rSprings, visitor);
+    ForEachElasticLink(rPool, rSprings, visitor);
     if (!aGrounded.empty()) WriteLine(rFile, "*SPRING\n");
     for (const T_GROUNDSPRING_ROW& r : aGrounded) {
         const auto& k = r.dK;
@@ -98,17 +97,19 @@ int CConvertNastran::WriteElasticLinks(CFile& rFile, const CMap<SPRING>& rSpring
     return WriteLine(rFile, "\n");
 }
 
+} // namespace
+
 int CConvertNastran::WriteCelas1Links(CFile& rFile) {
-    return WriteElasticLinks(rFile, GetDataPool().CEL1);
+    return WriteElasticLinks(rFile, GetDataPool(), GetDataPool().CEL1, CLeftLog(*m_pMsgMgr, GetDataPool()));
 }
 
 int CConvertNastran::WriteCelas2Links(CFile& rFile) {
-    return WriteElasticLinks(rFile, GetDataPool().CEL2);
+    return WriteElasticLinks(rFile, GetDataPool(), GetDataPool().CEL2, CLeftLog(*m_pMsgMgr, GetDataPool()));
 }
 
 /// Any property makes the empty line, and only then comes the switch back.
 int CConvertNastran::WriteBushGapProperties(CFile& rFile) {
-    if (m_pDataPool->PROP.IsEmpty()) return 1;
+    if (GetDataPool().PROP.IsEmpty()) return 1;
     CSection section(rFile, PROPERTY_HEAD);
     const CRowVisitor visitor{
         [&](const T_BUSHPROPERTY_ROW& r) {
@@ -127,7 +128,7 @@ int CConvertNastran::WriteBushGapProperties(CFile& rFile) {
 
 /// Any element makes the empty line, and only then comes the switch back.
 int CConvertNastran::WriteBushGapLinks(CFile& rFile) {
-    if (m_pDataPool->ELEM.IsEmpty()) return 1;
+    if (GetDataPool().ELEM.IsEmpty()) return 1;
     CSection section(rFile, LINK_HEAD);
     const CRowVisitor visitor{
         [&](const T_POINTLINK_ROW& r) {
@@ -153,7 +154,7 @@ int CConvertNastran::WriteScalarProperties(CFile& rFile) {
             section.Line(" GPROP%d, ELEMENT, SPG,  0, NO, 0,  NO, 0.5, 0.5, \n", r.iGPROP);
             WriteComponents(rFile, r.dK, r.dDAMP);
         },
-        [&](const T_LEFT_D& rLeft) { LogLeft(rLeft); },
+        CLeftLog(*m_pMsgMgr, GetDataPool()),
     };
     ForEachScalarLink(GetDataPool(), visitor);
     if (!section.IsBegun()) return 1;
@@ -171,7 +172,7 @@ int CConvertNastran::WriteScalarLinks(CFile& rFile) {
             section.Begin();
             WritePointLink(rFile, r);
         },
-        [&](const T_LEFT_D& rLeft) { LogLeft(rLeft); },
+        CLeftLog(*m_pMsgMgr, GetDataPool()),
     };
     ForEachScalarLink(GetDataPool(), visitor);
     if (!section.IsBegun()) return 1;

@@ -1,12 +1,13 @@
 // *STLDCASE, the frames of the static load cases, *LOADCOMB and *EIGEN-CTRL.
 
 #include "driver/CConvertNastran.h"
+#include "store/DataPool.h"
 #include "writer/Section.h"
 #include "writer/rows/CombinationRows.h"
 #include "writer/rows/LoadRows.h"
 
 int CConvertNastran::WriteStaticLoadCases(CFile& rFile) {
-    if (m_pDataPool->LOAD.IsEmpty()) return 1;
+    if (GetDataPool().LOAD.IsEmpty()) return 1;
     WriteLine(rFile, "*STLDCASE\n");
     ForEachLoadCase(GetDataPool(), [&](const T_LOADCASE_ROW& r) { WriteLine(rFile, "STLD%d,  USER,  \n", r.iSID); });
     WriteLine(rFile, "\n");
@@ -29,7 +30,7 @@ int CConvertNastran::WriteStaticLoadCases(CFile& rFile) {
 }
 
 int CConvertNastran::WriteLoadCombinations(CFile& rFile) {
-    if (m_pDataPool->LDCB.IsEmpty()) return 1;
+    if (GetDataPool().LDCB.IsEmpty()) return 1;
     WriteLine(rFile, "*LOADCOMB    ; Combinations\n");
     const CRowVisitor visitor{
         [&](const T_COMBINATION_ROW& r) {

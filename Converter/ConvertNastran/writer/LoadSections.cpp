@@ -48,6 +48,7 @@ int CConvertNastran::WriteNodalMoments(CFile& rFile, const T_LOAD_D& rSet) {
 
 int CConvertNastran::WriteBeamLoads(CFile& rFile, const T_LOAD_D& rSet) {
     CSection section(rFile, "*BEAMLOAD\n");
+    const CLeftLog log(*m_pMsgMgr, GetDataPool());
     const CRowVisitor visitor{
         [&](const T_BEAMLOAD_ROW& r) {
             section.Line("%5d, BEAM, %10s, %5s, %5s,   %5g, %5g, %5g, %5g,     0,     0,     0,     0\n", r.iEID,
@@ -55,7 +56,7 @@ int CConvertNastran::WriteBeamLoads(CFile& rFile, const T_LOAD_D& rSet) {
         },
         [&](const T_LEFT_D& rLeft) {
             if (rLeft.eREASON != LEFT_PLOAD1_TYPE) section.Begin();
-            LogLeft(rLeft);
+            log(rLeft);
         },
     };
     ForEachBeamLoad(GetDataPool(), rSet, visitor);

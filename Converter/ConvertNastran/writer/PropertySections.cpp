@@ -1,6 +1,7 @@
 // *MATERIAL, *SECTION and *THICKNESS.
 
 #include "driver/CConvertNastran.h"
+#include "store/DataPool.h"
 #include "writer/Section.h"
 #include "writer/rows/MaterialRows.h"
 #include "writer/rows/SectionRows.h"
@@ -40,7 +41,7 @@ void WriteThickness(CFile& rFile, const T_THICKNESS_ROW& r) {
 
 /// Lines without blanks. The 1e-05 stands whatever the card says.
 int CConvertNastran::WriteMaterialSection(CFile& rFile) {
-    if (m_pDataPool->MATL.IsEmpty()) return 1;
+    if (GetDataPool().MATL.IsEmpty()) return 1;
     WriteLine(rFile, "*MATERIAL\n");
     const CRowVisitor visitor{
         [&](const T_ISOTROPIC_ROW& r) {
@@ -61,10 +62,10 @@ int CConvertNastran::WriteMaterialSection(CFile& rFile) {
 /// Sections stand at a format level of their own. The version lines and the empty lines come with any property at all,
 /// the keyword also with a shape that is refused.
 int CConvertNastran::WriteSectionAndThickness(CFile& rFile) {
-    if (m_pDataPool->PROP.IsEmpty()) return 1;
-    WriteLine(rFile, "*VERSION\n");
-    WriteLine(rFile, "  6.3.1\n\n");
+    if (GetDataPool().PROP.IsEmpty()) return 1;
+    WriteLine(rFile, "*VERSION\n  6.3.1\n\n");
     CSection section(rFile, "*SECTION\n");
+    const CLeftLog log(*m_pMsgMgr, GetDataPool());
     const CRowVisitor sections{
         [&](const T_VALUESECTION_ROW& r) {
             section.Begin();
@@ -80,7 +81,7 @@ int CConvertNastran::WriteSectionAndThickness(CFile& rFile) {
         },
         [&](const T_LEFT_D& rLeft) {
             if (rLeft.eREASON == LEFT_PBARL_SHAPE) section.Begin();
-            LogLeft(rLeft);
+            log(rLeft);
         },
     };
     ForEachSection(GetDataPool(), sections);

@@ -2,8 +2,12 @@
 // What the sections share.
 
 #include "writer/Format.h"
+#include "writer/rows/Left.h"
 
 #include <array>
+
+class CDataPool;
+class CZdtMsgMgr;
 
 /// A section whose head, its keyword and comment lines, stands only if something asks for it. Every operation but
 /// IsBegun throws CFileException.
@@ -14,7 +18,7 @@ class CSection {
     /// Writes the head, the first time.
     void Begin() {
         if (m_bBegun) return;
-        WriteLine(m_rFile, "%s", m_sHead);
+        m_rFile.Write(m_sHead);
         m_bBegun = true;
     }
 
@@ -35,6 +39,23 @@ class CSection {
     std::string_view m_sHead;
     bool m_bBegun = false;
 };
+
+/// Takes what rows leave out and logs it, as far as the log tells it.
+class CLeftLog {
+  public:
+    /// Both must outlive this object.
+    CLeftLog(CZdtMsgMgr& rLog, const CDataPool& rPool) : m_rLog(rLog), m_rPool(rPool) {}
+    void operator()(const T_LEFT_D& rLeft) const;
+
+  private:
+    CZdtMsgMgr& m_rLog;
+    const CDataPool& m_rPool;
+};
+
+/// The format level of all sections that have no other.
+inline int WriteFileVersion(CFile& rFile) {
+    return WriteLine(rFile, "*VERSION\n  5.8.1\n\n");
+}
 
 /// Six digits, 1 for each component that is set.
 inline std::array<char, 6> DofText(const std::array<bool, 6>& bDOF) {

@@ -39,10 +39,8 @@ void ForEachConstraint(const CDataPool& rPool, const VISITOR& rVisitor) {
 template <class VISITOR>
 void ForEachLocalAxis(const CDataPool& rPool, const VISITOR& rVisitor) {
     for (const CLocalAxis& rAxis : rPool.m_aLocalAxis) rVisitor(rAxis);
-    std::size_t nWithAxes = 0;
-    rPool.NODS.ForEachTraits([&](std::uint16_t nTraits) { nWithAxes += (nTraits & NODE_WITH_AXES) != 0; });
-    if (nWithAxes == rPool.m_aLocalAxis.size()) return;
     const auto withAxes = [](std::uint16_t nTraits) { return (nTraits & NODE_WITH_AXES) != 0; };
+    if (rPool.NODS.Count(withAxes) == rPool.m_aLocalAxis.size()) return;
     for (const auto& [iID, rNode] : rPool.NODS.Sorted(withAxes)) {
         if (!rPool.FindFrame(rNode.iCD)) rVisitor(T_LEFT_D{LEFT_GRID_AXES, iID, rNode.iCD});
     }
