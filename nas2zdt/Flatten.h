@@ -1,7 +1,7 @@
 #pragma once
 // Joining a deck with its includes as NASTRAN means it.
 
-#include "driver/Limits.h"
+#include "messages/RunError.h"
 #include "nas2zdt/LineMap.h"
 #include "platform/File.h"
 

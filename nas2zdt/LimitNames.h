@@ -1,8 +1,7 @@
 #pragma once
 // The limits of a run by their names on the command line.
 
-#include "driver/Limits.h"
-#include "driver/RunError.h"
+#include "messages/RunError.h"
 
 #include <string_view>
 

@@ -1,7 +1,7 @@
 #pragma once
 // The command line.
 
-#include "driver/Limits.h"
+#include "messages/RunError.h"
 
 #include <string>
 #include <vector>

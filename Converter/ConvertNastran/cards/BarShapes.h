@@ -1,32 +1,9 @@
 #pragma once
-// The cross section shapes of a PBARL.
+// The words for the cross section shapes of a PBARL.
 
-#include <cstdint>
+#include "store/PropertyRecord.h"
+
 #include <string_view>
-
-/// Shapes, T_PROP_D::iSECTYPE.
-enum E_BAR_SHAPE : std::int32_t {
-    BAR_UNKNOWN = 0, // also every PBAR
-    BAR_BAR = 1,
-    BAR_BOX = 2,
-    BAR_ROD = 5,
-    BAR_TUBE = 6,
-    BAR_HEXA = 7,
-    BAR_I = 9,
-    BAR_CHAN = 10,
-    BAR_T = 12,
-    BAR_Z = 13,
-    BAR_HAT = 14,
-    BAR_CROSS = 16,
-    BAR_H = 17,
-    BAR_T1 = 18,
-    BAR_T2 = 19,
-    BAR_I1 = 20,
-    BAR_CHAN1 = 21,
-    BAR_CHAN2 = 22,
-    BAR_BOX1 = 23,
-    BAR_HAT1 = 24,
-};
 
 /// The TYPE of a PBARL and its shape.
 struct T_BSHP_D {

@@ -2,9 +2,8 @@
 // The one object of a run: it owns the store and the log; reader, card handlers and section writers are its members.
 
 #include "cards/IdRange.h"
-#include "driver/Limits.h"
-#include "driver/RunError.h"
 #include "messages/FormatText.h"
+#include "messages/RunError.h"
 #include "platform/File.h"
 #include "reader/Card.h"
 #include "reader/DeckList.h"

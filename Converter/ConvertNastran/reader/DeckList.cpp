@@ -2,7 +2,7 @@
 
 #include "reader/DeckList.h"
 
-#include "driver/RunError.h"
+#include "messages/RunError.h"
 
 /// A deck may be included again and again by different roads, but a road that leads back to where it came from would
 /// never end. The road is walked only for a deck that includes others, and once for all cards of a deck that name it.

@@ -1,7 +1,7 @@
 #pragma once
 // The physical lines of one deck.
 
-#include "driver/RunError.h"
+#include "messages/RunError.h"
 #include "platform/File.h"
 
 #include <cstddef>

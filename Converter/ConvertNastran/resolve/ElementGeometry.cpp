@@ -1,8 +1,7 @@
 // What writers ask of an element's geometry.
 
-#include "resolve/Constants.h"
-#include "resolve/MathFunc.h"
 #include "store/DataPool.h"
+#include "store/MathFunc.h"
 
 #include <cmath>
 

@@ -1,8 +1,8 @@
 // The third pass: the reference point of each line element.
 
 #include "messages/MsgDll.h"
-#include "resolve/MathFunc.h"
 #include "store/DataPool.h"
+#include "store/MathFunc.h"
 
 namespace {
 
@@ -60,13 +60,13 @@ void CDataPool::ResolveElementOrientations() {
     for (const auto& [iID, rElement] : ELEM.Walk(lacks)) {
         switch (FindOrientation(*this, rElement, dFrom, dTo, dR)) {
         case ORIENTATION_NO_FIRST_NODE:
-            LogMessage(g_pfnLoadStr("IDS_NASTRAN_From_Grid_of_CBAR_is_not_proper"), iID);
+            LogMessage(g_pfnLoadStr("IDS_NASTRAN_From_Grid_of_CBAR_is_not_proper"), {iID});
             break;
         case ORIENTATION_NO_SECOND_NODE:
-            LogMessage(g_pfnLoadStr("IDS_NASTRAN_To_Grid_of_CBAR_is_not_proper"), iID);
+            LogMessage(g_pfnLoadStr("IDS_NASTRAN_To_Grid_of_CBAR_is_not_proper"), {iID});
             break;
         default:
-            LogMessage(g_pfnLoadStr("IDS_NASTRAN_Reference_Grid_of_CBAR_is_not_proper"), iID, rElement.iG0);
+            LogMessage(g_pfnLoadStr("IDS_NASTRAN_Reference_Grid_of_CBAR_is_not_proper"), {iID, rElement.iG0});
             break;
         }
     }

@@ -1,7 +1,7 @@
 // The second pass: the position of each grid in the basic frame.
 
-#include "driver/RunError.h"
 #include "messages/MsgDll.h"
+#include "messages/RunError.h"
 #include "store/DataPool.h"
 
 #include <cmath>
@@ -75,6 +75,6 @@ void CDataPool::ResolveGridPositions() {
     // Grids don't depend on each other, so only the lines of the log need store order, and few decks have any.
     const auto isLost = [this](const T_NODS_D& rNode) { return rNode.iCP != 0 && !FindFrame(rNode.iCP); };
     for (const auto& [iID, rNode] : NODS.Walk(isLost)) {
-        LogMessage(g_pfnLoadStr("IDS_NASTRAN_UCS_in_GRID_is_not_exit"), iID, rNode.iCP);
+        LogMessage(g_pfnLoadStr("IDS_NASTRAN_UCS_in_GRID_is_not_exit"), {iID, rNode.iCP});
     }
 }

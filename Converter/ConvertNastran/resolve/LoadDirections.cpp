@@ -1,7 +1,7 @@
 // The fourth pass: the components of loads whose direction is given by grids.
 
-#include "resolve/MathFunc.h"
 #include "store/DataPool.h"
+#include "store/MathFunc.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
 // The order of the passes.
 
+#include "messages/ZdtMsgMgr.h"
 #include "store/DataPool.h"
 
 int CDataPool::ResolveModel() {
@@ -9,4 +10,9 @@ int CDataPool::ResolveModel() {
     ResolveLoadDirections();      // needs positions
     ResolveNodeLocalAxes();       // needs the frames
     return 1;
+}
+
+int CDataPool::LogMessage(std::string_view sFormat, TEXT_ARGS aArgs) const {
+    m_pMsgMgr->AddMessageF(sFormat, aArgs);
+    return 0;
 }

@@ -1,7 +1,7 @@
 #pragma once
 // Coordinate systems. Rectangular, cylindrical or spherical is told by the table alone.
 
-#include "resolve/UcsRect.h"
+#include "store/Frames.h"
 
 #include <cstdint>
 

@@ -1,12 +1,12 @@
 #pragma once
 // The whole finite element model in memory.
 
-#include "messages/ZdtMsgMgr.h"
-#include "resolve/LocalAxis.h"
+#include "messages/FormatText.h"
 #include "store/ConstraintRecords.h"
 #include "store/CoordinateRecords.h"
 #include "store/EigenRecords.h"
 #include "store/ElementRecords.h"
+#include "store/Frames.h"
 #include "store/LoadRecords.h"
 #include "store/Map.h"
 #include "store/MaterialRecord.h"
@@ -18,6 +18,8 @@
 #include <string_view>
 #include <utility>
 #include <vector>
+
+class CZdtMsgMgr;
 
 /// A plain bag of tables, filled by the card handlers, rewritten by the resolution passes, read by the writers. A
 /// record refers to another by id alone. The numbers are bucket counts: with the hash they decide the order of lines
@@ -128,11 +130,7 @@ class CDataPool {
   private:
     void CarryOut(const CUCSBase& rFrame, double (&rPoint)[3]);
 
-    template <class... ARGS>
-    int LogMessage(std::string_view sFormat, const ARGS&... args) const {
-        m_pMsgMgr->AddMessageF(sFormat, {CTextArg(args)...});
-        return 0;
-    }
+    int LogMessage(std::string_view sFormat, TEXT_ARGS aArgs) const;
 
     std::int64_t m_nCarried = 0; // frames that points went through
 };

@@ -1,6 +1,5 @@
 // What the log tells of what is left out. All else passes in silence.
 
-#include "cards/BarShapes.h"
 #include "messages/MsgDll.h"
 #include "messages/ZdtMsgMgr.h"
 #include "store/DataPool.h"

@@ -1,7 +1,6 @@
 #pragma once
 // Rows of *SECTION and *THICKNESS: what line elements and plates find under their property id.
 
-#include "cards/BarShapes.h"
 #include "store/DataPool.h"
 #include "store/PropertySlots.h"
 #include "writer/rows/Left.h"

@@ -1,6 +1,6 @@
 // The reason of a failed run.
 
-#include "driver/RunError.h"
+#include "messages/RunError.h"
 
 #include <new>
 #include <stdexcept>

@@ -1,7 +1,8 @@
 #pragma once
-// A frame that carries points between its local axes and the frame above it.
+// Frames, which carry points between their local axes and the frame above, and the axes of a node.
 
 #include <cstddef>
+#include <cstdint>
 
 /// Abstract base of frames. A frame owns nothing; copying one copies its parent link and both matrices.
 class CUCSBase {
@@ -52,4 +53,22 @@ class CUCSBase {
 
     const CUCSBase* m_pMeasured = nullptr; // this one if m_nFrames is of its chain: a copy has another
     std::size_t m_nFrames = 0;
+};
+
+/// The frame of every coordinate card: polar coordinates are turned into rectangular ones before they get here.
+class CUCSRect : public CUCSBase {
+  public:
+    int SetByThreePoints(const double (&dA)[3], const double (&dB)[3], const double (&dC)[3]) override;
+};
+
+/// One node local axis.
+class CLocalAxis {
+  public:
+    virtual ~CLocalAxis() = default;
+
+    std::int32_t iNODE = 0;
+    std::int32_t iMETHOD = 0;                     // 1 by angles, 2 by three points, 3 by two vectors
+    double dANGLE[3] = {};                        // method 1
+    double dP0[3] = {}, dP1[3] = {}, dP2[3] = {}; // method 2
+    double dV1[3] = {}, dV2[3] = {};              // method 3
 };

@@ -1,8 +1,6 @@
 // Vector operations.
 
-#include "resolve/MathFunc.h"
-
-#include "resolve/Constants.h"
+#include "store/MathFunc.h"
 
 namespace {
 

@@ -1,6 +1,8 @@
-// Carrying points through a chain of frames.
+// Frames from points, and points through a chain of frames.
 
-#include "resolve/UcsBase.h"
+#include "store/Frames.h"
+
+#include "store/MathFunc.h"
 
 #include <vector>
 
@@ -12,6 +14,12 @@ void Carry(const double (&dM)[4][4], double& rX, double& rY, double& rZ) {
     rX = dM[0][0] * dX + dM[0][1] * dY + dM[0][2] * dZ + dM[0][3];
     rY = dM[1][0] * dX + dM[1][1] * dY + dM[1][2] * dZ + dM[1][3];
     rZ = dM[2][0] * dX + dM[2][1] * dY + dM[2][2] * dZ + dM[2][3];
+}
+
+void MakeUnit(double (&dV)[3]) {
+    const double dLength = CMathFunc::Length(dV);
+    if (dLength == 0.0) return;
+    for (double& rValue : dV) rValue /= dLength;
 }
 
 } // namespace
@@ -96,4 +104,20 @@ void CUCSBase::ToLocal(double& rX, double& rY, double& rZ) const {
         pFrame = pFrame->m_pParent;
     }
     for (std::size_t i = aChain.size(); i-- > 0;) Carry(aChain[i]->m_dMat, rX, rY, rZ);
+}
+
+int CUCSRect::SetByThreePoints(const double (&dA)[3], const double (&dB)[3], const double (&dC)[3]) {
+    double dZ[3] = {dB[0] - dA[0], dB[1] - dA[1], dB[2] - dA[2]};
+    const double dAC[3] = {dC[0] - dA[0], dC[1] - dA[1], dC[2] - dA[2]};
+    double dX[3], dY[3];
+    CMathFunc::CrossProduct(dZ, dAC, dY);
+    CMathFunc::CrossProduct(dY, dZ, dX);
+    MakeUnit(dX);
+    MakeUnit(dY);
+    MakeUnit(dZ);
+    SetMatrix({dX[0], dX[1], dX[2], -dA[0], //
+               dY[0], dY[1], dY[2], -dA[1], //
+               dZ[0], dZ[1], dZ[2], -dA[2], //
+               0.0, 0.0, 0.0, 1.0});
+    return 1;
 }
