@@ -8,15 +8,15 @@
 
 #include <algorithm>
 
-static_assert(T_KEYW_D::TABLE.size() < 256); // a keyword's id fits into a byte
+static_assert(T_KEYWORD_D::TABLE.size() < 256); // a keyword's id fits into a byte
 static_assert(NOTE_UNKNOWN_WORD == static_cast<int>(LOSS_UNKNOWN_WORD));
 
 CAccount::CAccount() {
     m_aDrops.reserve(m_aKnown.size());
     for (std::size_t i = 0; i < m_aKnown.size(); ++i) {
-        m_aKnown[i].sNAME = T_KEYW_D::TABLE[i].sNAME;
-        m_aOwns[i] = FindOwnedIds(T_KEYW_D::TABLE[i].sNAME);
-        m_aDrops.emplace_back(T_KEYW_D::TABLE[i].sNAME);
+        m_aKnown[i].sNAME = T_KEYWORD_D::TABLE[i].sNAME;
+        m_aOwns[i] = FindOwnedIds(T_KEYWORD_D::TABLE[i].sNAME);
+        m_aDrops.emplace_back(T_KEYWORD_D::TABLE[i].sNAME);
     }
 }
 
@@ -61,7 +61,7 @@ void CAccount::AddCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int
     T_WORD_D& rWord = Known(rCard.iKEYWORD);
     m_pLast = &rWord;
     ++rWord.nREAD;
-    const E_CARD_ACTION eAction = T_KEYW_D::TABLE[static_cast<std::size_t>(rCard.iKEYWORD)].eACTION;
+    const E_CARD_ACTION eAction = T_KEYWORD_D::TABLE[static_cast<std::size_t>(rCard.iKEYWORD)].eACTION;
     const T_PLACE_D place = Place(iFirst, iLast);
     if (m_nDeletedFields > 0) Note(rWord, NOTE_PLUS_SIGN, place);
     m_nDeletedFields = 0;

@@ -110,8 +110,8 @@ class CAccount {
     void NoteUnwritten(const T_REASON_D& rReason, const T_NOTE_D& rFound);
     void TakeOwnership(const T_OWNS_D& rOwns, std::int32_t iKeyword, const T_DATA_D& rCard, const T_PLACE_D& rPlace);
 
-    std::array<T_WORD_D, T_KEYW_D::TABLE.size()> m_aKnown;
-    std::array<T_OWNS_D, T_KEYW_D::TABLE.size()> m_aOwns; // in step, as the next
+    std::array<T_WORD_D, T_KEYWORD_D::TABLE.size()> m_aKnown;
+    std::array<T_OWNS_D, T_KEYWORD_D::TABLE.size()> m_aOwns; // in step, as the next
     std::vector<CDrops> m_aDrops;
     std::map<std::string, T_WORD_D, std::less<>> m_mapUnknown;
     T_WORD_D* m_pUnknown = nullptr; // the last one of them

@@ -21,7 +21,7 @@ class CDropsObserver : public CDeckObserver {
     void OnFieldsDeleted(std::size_t, std::int32_t) override {}
     void OnBytesRead(std::uint64_t) override {}
     void OnCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t, std::int32_t) override {
-        const std::string_view sKeyword = T_KEYW_D::TABLE[static_cast<std::size_t>(rCard.iKEYWORD)].sNAME;
+        const std::string_view sKeyword = T_KEYWORD_D::TABLE[static_cast<std::size_t>(rCard.iKEYWORD)].sNAME;
         const T_DROPPED_D dropped = CDrops(sKeyword).Find(rCard, rUse);
         std::string& rText = m_aDropped.emplace_back(dropped.sFIELDS);
         if (!dropped.sPASTREAD.empty()) rText += "|" + dropped.sPASTREAD;
@@ -136,7 +136,7 @@ TEST(Drops, OfFullCards) {
         EXPECT_EQ(seen.m_aDropped[i], FULL_CARDS[i].sDROPPED) << FULL_CARDS[i].sKEYWORD;
         EXPECT_EQ(seen.m_aOtherNames[i], "") << FULL_CARDS[i].sKEYWORD;
     }
-    for (const T_KEYW_D& rKeyword : T_KEYW_D::TABLE) {
+    for (const T_KEYWORD_D& rKeyword : T_KEYWORD_D::TABLE) {
         const bool bCase = std::any_of(std::begin(FULL_CARDS), std::end(FULL_CARDS),
                                        [&](const auto& rCase) { return rCase.sKEYWORD == rKeyword.sNAME; });
         EXPECT_EQ(bCase, rKeyword.eACTION == CARD_PARSED) << rKeyword.sNAME;

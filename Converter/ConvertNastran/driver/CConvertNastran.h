@@ -21,9 +21,10 @@
 class CDataPool;
 class CDeckObserver;
 class CDialogs;
+class CKeywordMap;
 class CZdtMsgMgr;
 enum E_LOSS : std::int32_t;
-struct T_KEYW_D;
+struct T_KEYWORD_D;
 struct T_LOAD_D;
 struct T_LOADCASE_ROW;
 struct T_SHAPESECTION_ROW;
@@ -94,7 +95,8 @@ class CConvertNastran {
     }
 
   private:
-    friend struct T_KEYW_D;
+    friend struct T_KEYWORD_D;
+    static const CKeywordMap m_mapKeywords;
 
     // driver/Convert.cpp
     void ReadDecks(const std::string& sPath);
@@ -125,7 +127,8 @@ class CConvertNastran {
     int SplitLargeLine(T_LINE_D& rLine);
     int SplitFreeLine(T_LINE_D& rLine);
 
-    // reader/Dispatch.cpp
+    // reader/Keywords.cpp
+    static consteval CKeywordMap InitKeywordTable();
     int DispatchCard(const T_DATA_D& rCard);
 
     // The card handlers. Each stores what its card says, logs nothing and returns 1.
@@ -291,7 +294,7 @@ class CConvertNastran {
     T_FAIL_D m_failure;
 
     CDeckList m_aIncludeFiles;     // the main deck, too
-    CLineReader m_reader;          // of the current deck
+    CLineReader m_fp;          // of the current deck
     std::int32_t m_iSection = 0;   // 0 before CEND, 1 case control, 2 bulk data
     std::int32_t m_iLineNo = 0;    // lines read of the current deck
     std::int64_t m_nFileLines = 0; // lines that count; a Ctrl-Z ends them

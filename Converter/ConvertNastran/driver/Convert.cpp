@@ -47,24 +47,24 @@ int CConvertNastran::Convert(const std::string& sPath, const T_CONVERT_D& rOptio
         m_failure.TakeException(bReading ? m_aIncludeFiles.GetCurrent().sPATH : std::string_view(), m_iLineNo);
         if (!bReading && m_failure.nLIMIT > 0) m_failure.SetFile(sPath);
     }
-    m_reader.Close();
+    m_fp.Close();
     return m_failure.eFAILURE == FAILURE_NONE ? 1 : 0;
 }
 
 /// Reads the main deck and those that it includes, which INCLUDE cards add to the list while it is walked.
 void CConvertNastran::ReadDecks(const std::string& sPath) {
-    for (m_aIncludeFiles.Add(sPath); !m_aIncludeFiles.IsAtEnd(); m_aIncludeFiles.Next(m_reader.GetBytesRead())) {
+    for (m_aIncludeFiles.Add(sPath); !m_aIncludeFiles.IsAtEnd(); m_aIncludeFiles.Next(m_fp.GetBytesRead())) {
         const bool bMain = m_aIncludeFiles.IsMain();
         const std::string sDeck = m_aIncludeFiles.GetCurrent().sPATH;
-        if (!m_reader.Open(sDeck, m_failure.sCAUSE)) {
+        if (!m_fp.Open(sDeck, m_failure.sCAUSE)) {
             throw CRunError(bMain ? FAILURE_DECK_NOT_OPENED : FAILURE_INCLUDE_NOT_OPENED);
         }
-        m_aIncludeFiles.Open(m_reader.GetId());
+        m_aIncludeFiles.Open(m_fp.GetId());
         if (bMain) LogBanner(*m_pMsgMgr, m_options.sDECKNAME.empty() ? sDeck : m_options.sDECKNAME);
         if (m_options.pOBSERVER) m_options.pOBSERVER->OnDeckBegin(sDeck);
         ReadDeckFile();
         if (m_options.pOBSERVER) m_options.pOBSERVER->OnDeckEnd(m_iSection == 2);
-        m_reader.Close();
+        m_fp.Close();
     }
 }
 

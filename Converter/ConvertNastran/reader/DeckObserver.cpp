@@ -44,7 +44,7 @@ void CConvertNastran::TakeGroup() {
         if (AssembleCard()) DispatchCard(m_card);
         return;
     }
-    if (m_reader.HasReadMore()) pObserver->OnBytesRead(m_reader.GetBytesRead());
+    if (m_fp.HasReadMore()) pObserver->OnBytesRead(m_fp.GetBytesRead());
     const E_GROUP eGroup = ClassifyGroup(m_aLines);
     if (AssembleCard() && m_card.iKEYWORD >= 0) {
         m_fieldUse.Clear();

@@ -30,9 +30,9 @@ void TestLength(std::size_t nText, std::int32_t nLongest, std::int32_t iLine) {
 /// CRunError if its text is longer than nLongest.
 T_LINE_D* CConvertNastran::FetchLine(std::int32_t nLongest) {
     std::string_view sRaw;
-    if (!m_reader.Read(sRaw)) return nullptr;
+    if (!m_fp.Read(sRaw)) return nullptr;
     const std::int32_t iLine = NextLine(m_iLineNo);
-    if (m_reader.HasSpecialBytes()) {
+    if (m_fp.HasSpecialBytes()) {
         if (const std::size_t iCtrlZ = sRaw.find(CTRL_Z); iCtrlZ != std::string_view::npos) {
             m_nFileLines = std::min<std::int64_t>(m_nFileLines, iCtrlZ > 0 ? iLine : m_iLineNo);
         }
@@ -44,7 +44,7 @@ T_LINE_D* CConvertNastran::FetchLine(std::int32_t nLongest) {
     return &rLine;
 }
 
-/// Reads m_reader to its end. Returns 1.
+/// Reads m_fp to its end. Returns 1.
 int CConvertNastran::ReadDeckFile() {
     m_iSection = 0;
     m_iLineNo = 0;
@@ -57,7 +57,7 @@ int CConvertNastran::ReadDeckFile() {
         if (iResult == 0 || m_aLines.IsEmpty()) continue;
         if (m_iSection == 2) TakeGroup();
         // Lines count as in text mode, where a Ctrl-Z ends the file, and reading stops with the count.
-        if (m_nFileLines <= m_iLineNo || (!m_aLines.IsPeeked() && m_reader.PeekByte() == CTRL_Z)) return 1;
+        if (m_nFileLines <= m_iLineNo || (!m_aLines.IsPeeked() && m_fp.PeekByte() == CTRL_Z)) return 1;
     }
 }
 
