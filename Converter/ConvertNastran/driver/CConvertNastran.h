@@ -1,7 +1,6 @@
 #pragma once
 // The one object of a run: it owns the store and the log; reader, card handlers and section writers are its members.
 
-#include "cards/IdRange.h"
 #include "messages/FormatText.h"
 #include "messages/RunError.h"
 #include "platform/File.h"
@@ -133,26 +132,25 @@ class CConvertNastran {
 
     // The card handlers. Each stores what its card says, logs nothing and returns 1.
 
-    // cards/GridCard.cpp
+    // cards/GridCards.cpp
     int ParseGRID(const T_DATA_D& rCard);
-
-    // cards/CoordinateSystemCards.cpp
     int ParseCORD1R(const T_DATA_D& rCard);
     int ParseCORD1C(const T_DATA_D& rCard);
     int ParseCORD1S(const T_DATA_D& rCard);
     int ParseCORD2R(const T_DATA_D& rCard);
     int ParseCORD2C(const T_DATA_D& rCard);
     int ParseCORD2S(const T_DATA_D& rCard);
+    int ParseSPC(const T_DATA_D& rCard);
+    int ParseSPC1(const T_DATA_D& rCard);
+    int ParseMPC(const T_DATA_D& rCard);
 
-    // cards/LineElementCards.cpp
+    // cards/ElementCards.cpp
     int ParseCBAR(const T_DATA_D& rCard);
     int ParseCBEAM(const T_DATA_D& rCard);
     int ParseCBEND(const T_DATA_D& rCard);
     int ParseCROD(const T_DATA_D& rCard);
     int ParseCTUBE(const T_DATA_D& rCard);
     int ParseCONROD(const T_DATA_D& rCard);
-
-    // cards/ShellElementCards.cpp
     int ParseCTRIA3(const T_DATA_D& rCard);
     int ParseCTRIA6(const T_DATA_D& rCard);
     int ParseCTRIAR(const T_DATA_D& rCard);
@@ -160,47 +158,36 @@ class CConvertNastran {
     int ParseCQUAD8(const T_DATA_D& rCard);
     int ParseCQUADR(const T_DATA_D& rCard);
     int ParseCSHEAR(const T_DATA_D& rCard);
-
-    // cards/SolidElementCards.cpp
     int ParseCTETRA(const T_DATA_D& rCard);
     int ParseCPENTA(const T_DATA_D& rCard);
     int ParseCHEXA(const T_DATA_D& rCard);
-
-    // cards/LinkCards.cpp
     int ParseCELAS1(const T_DATA_D& rCard);
     int ParseCELAS2(const T_DATA_D& rCard);
     int ParseCBUSH(const T_DATA_D& rCard);
     int ParseCGAP(const T_DATA_D& rCard);
-
-    // cards/MassAndRigidCards.cpp
     int ParseCONM2(const T_DATA_D& rCard);
     int ParseRBE2(const T_DATA_D& rCard);
 
-    // cards/BeamPropertyCards.cpp
+    // cards/PropertyCards.cpp
     int ParsePBAR(const T_DATA_D& rCard);
     int ParsePBARL(const T_DATA_D& rCard);
     int ParsePBEAM(const T_DATA_D& rCard);
     int ParsePBEND(const T_DATA_D& rCard);
     int ParsePROD(const T_DATA_D& rCard);
     int ParsePTUBE(const T_DATA_D& rCard);
-
-    // cards/PlatePropertyCards.cpp
     int ParsePSHELL(const T_DATA_D& rCard);
     int ParsePCOMP(const T_DATA_D& rCard);
     int ParsePSHEAR(const T_DATA_D& rCard);
     int ParsePSOLID(const T_DATA_D& rCard);
-
-    // cards/SpringPropertyCards.cpp
     int ParsePELAS(const T_DATA_D& rCard);
     int ParsePBUSH(const T_DATA_D& rCard);
     int ParsePGAP(const T_DATA_D& rCard);
-
-    // cards/MaterialCards.cpp
     int ParseMAT1(const T_DATA_D& rCard);
     int ParseMAT4(const T_DATA_D& rCard);
     int ParseMAT8(const T_DATA_D& rCard);
 
-    // cards/NodalLoadCards.cpp
+    // cards/LoadCards.cpp
+    T_LOAD_D& EnsureLoadSet(std::int32_t iSID);
     int ParseFORCE(const T_DATA_D& rCard);
     int ParseFORCE1(const T_DATA_D& rCard);
     int ParseFORCE2(const T_DATA_D& rCard);
@@ -209,33 +196,14 @@ class CConvertNastran {
     int ParseMOMENT2(const T_DATA_D& rCard);
     int ParseGRAV(const T_DATA_D& rCard);
     int ParseLOAD(const T_DATA_D& rCard);
-
-    // cards/LoadSets.cpp
-    T_LOAD_D& EnsureLoadSet(std::int32_t iSID);
-
-    // cards/IdRange.cpp
-    T_RANGE_D TakeRange(const T_DATA_D& rCard, std::int32_t iBefore, std::int32_t iLast);
-
-    // cards/ElementLoadCards.cpp
     int ParsePLOAD1(const T_DATA_D& rCard);
     int ParsePLOAD2(const T_DATA_D& rCard);
     int ParsePLOAD4(const T_DATA_D& rCard);
-
-    // cards/TemperatureCards.cpp
+    int ParseSPCD(const T_DATA_D& rCard);
     int ParseTEMP(const T_DATA_D& rCard);
     int ParseTEMPD(const T_DATA_D& rCard);
     int ParseTEMPP1(const T_DATA_D& rCard);
     int ParseTEMPRB(const T_DATA_D& rCard);
-
-    // cards/ConstraintCards.cpp
-    int ParseSPC(const T_DATA_D& rCard);
-    int ParseSPC1(const T_DATA_D& rCard);
-    int ParseMPC(const T_DATA_D& rCard);
-
-    // cards/EnforcedDisplacementCard.cpp
-    int ParseSPCD(const T_DATA_D& rCard);
-
-    // cards/EigenvalueCards.cpp
     int ParseEIGB(const T_DATA_D& rCard);
     int ParseEIGRL(const T_DATA_D& rCard);
 
@@ -272,12 +240,8 @@ class CConvertNastran {
     int WriteScalarProperties(CFile& rFile);
     int WriteScalarLinks(CFile& rFile);
 
-    // writer/LoadCases.cpp
+    // writer/LoadSections.cpp: those of one load case in the order of the file
     int WriteStaticLoadCases(CFile& rFile);
-    int WriteLoadCombinations(CFile& rFile);
-    int WriteEigenControl(CFile& rFile);
-
-    // writer/LoadSections.cpp: the sections of one load case
     int WriteNodalForces(CFile& rFile, const T_LOAD_D& rSet);
     int WriteNodalMoments(CFile& rFile, const T_LOAD_D& rSet);
     int WriteBeamLoads(CFile& rFile, const T_LOAD_D& rSet);
@@ -286,6 +250,8 @@ class CConvertNastran {
     int WriteElementTemperatures(CFile& rFile, const T_LOAD_D& rSet);
     int WriteTemperatureGradients(CFile& rFile, const T_LOAD_D& rSet);
     int WriteSpecifiedDisplacements(CFile& rFile, const T_LOAD_D& rSet);
+    int WriteLoadCombinations(CFile& rFile);
+    int WriteEigenControl(CFile& rFile);
 
     CDialogs& m_rDialogs;
     std::unique_ptr<CDataPool> m_pDataPool;
@@ -294,7 +260,7 @@ class CConvertNastran {
     T_FAIL_D m_failure;
 
     CDeckList m_aIncludeFiles;     // the main deck, too
-    CLineReader m_fp;          // of the current deck
+    CLineReader m_fp;              // of the current deck
     std::int32_t m_iSection = 0;   // 0 before CEND, 1 case control, 2 bulk data
     std::int32_t m_iLineNo = 0;    // lines read of the current deck
     std::int64_t m_nFileLines = 0; // lines that count; a Ctrl-Z ends them

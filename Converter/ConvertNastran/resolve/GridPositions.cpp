@@ -1,4 +1,4 @@
-// The second pass: the position of each grid in the basic frame.
+// The second and the fifth pass: the position of each grid in the basic frame, and the output axes of grids.
 
 #include "messages/MsgDll.h"
 #include "messages/RunError.h"
@@ -76,5 +76,29 @@ void CDataPool::ResolveGridPositions() {
     const auto isLost = [this](const T_NODS_D& rNode) { return rNode.iCP != 0 && !FindFrame(rNode.iCP); };
     for (const auto& [iID, rNode] : NODS.Walk(isLost)) {
         LogMessage(g_pfnLoadStr("IDS_NASTRAN_UCS_in_GRID_is_not_exit"), {iID, rNode.iCP});
+    }
+}
+
+void CDataPool::ResolveNodeLocalAxes() {
+    CMap<CLocalAxis> axes{101}; // by CD: the points don't depend on the node
+    const auto withAxes = [](std::uint16_t nTraits) { return (nTraits & NODE_WITH_AXES) != 0; };
+    for (const auto& [iID, rNode] : NODS.Walk(withAxes)) {
+        const CLocalAxis* pKnown = axes.Find(rNode.iCD);
+        CLocalAxis axis;
+        if (pKnown) {
+            axis = *pKnown;
+        } else {
+            const CUCSBase* const pFrame = FindFrame(rNode.iCD);
+            if (!pFrame) continue;
+            axis.iMETHOD = 2;
+            // The first point stays at the basic origin while the others are carried out of the frame with its origin,
+            // and the axes of a cylinder or sphere are those of its rectangular frame. Both are what the target gets.
+            axis.dP1[0] = axis.dP2[0] = axis.dP2[1] = 1.0;
+            CarryOut(*pFrame, axis.dP1);
+            CarryOut(*pFrame, axis.dP2);
+            axes.SetAt(rNode.iCD, axis);
+        }
+        axis.iNODE = iID;
+        m_aLocalAxis.push_back(axis);
     }
 }

@@ -1,7 +1,38 @@
-// The order of the passes.
+// The order of the passes; and the fourth, the components of loads whose direction is given by grids.
 
 #include "messages/ZdtMsgMgr.h"
 #include "store/DataPool.h"
+#include "store/MathFunc.h"
+
+namespace {
+
+using VECTOR = double[3];
+
+/// From grid iFrom to grid iTo; a missing grid counts as the origin.
+void TakeVector(const CDataPool& rPool, std::int32_t iFrom, std::int32_t iTo, VECTOR& rVector) {
+    VECTOR dFrom;
+    rPool.GetNodePosition(iFrom, dFrom);
+    rPool.GetNodePosition(iTo, rVector);
+    for (int i = 0; i < 3; ++i) rVector[i] -= dFrom[i];
+}
+
+/// The direction of a force or moment, not yet of length 1. Returns 0 for one that has its components.
+int TakeDirection(const CDataPool& rPool, const T_MBLD_D& rLoad, VECTOR& rDirection) {
+    if (rLoad.iFORM == FORM_TWO_GRIDS) {
+        TakeVector(rPool, rLoad.iG[0], rLoad.iG[1], rDirection);
+        return 1;
+    }
+    if (rLoad.iFORM == FORM_CROSS) {
+        VECTOR d12, d34;
+        TakeVector(rPool, rLoad.iG[0], rLoad.iG[1], d12);
+        TakeVector(rPool, rLoad.iG[2], rLoad.iG[3], d34);
+        CMathFunc::CrossProduct(d12, d34, rDirection);
+        return 1;
+    }
+    return 0;
+}
+
+} // namespace
 
 int CDataPool::ResolveModel() {
     ResolveCoordinateSystems();   // from the cards alone
@@ -15,4 +46,27 @@ int CDataPool::ResolveModel() {
 int CDataPool::LogMessage(std::string_view sFormat, TEXT_ARGS aArgs) const {
     m_pMsgMgr->AddMessageF(sFormat, aArgs);
     return 0;
+}
+
+void CDataPool::ResolveLoadDirections() {
+    CArray<std::int32_t> aIds;
+    if (!GetSortedLoadIds(aIds)) return;
+    const auto isNodal = [](std::int8_t iKind) { return iKind == LOAD_FORCE || iKind == LOAD_MOMENT; };
+    VECTOR dUnit = {}; // lives over all sets: a direction without length takes the one before it
+    const auto resolve = [&](T_MBLD_D& rLoad) {
+        VECTOR dDirection;
+        if (!TakeDirection(*this, rLoad, dDirection)) return;
+        CMathFunc::Normalize(dDirection, dUnit);
+        const double dMagnitude = rLoad.dV[0];
+        for (std::size_t i = 0; i < 3; ++i) rLoad.dV[i] = dUnit[i] * dMagnitude;
+    };
+    for (const std::int32_t iID : aIds) {
+        LOAD.Update(iID, [&](T_LOAD_D& rSet) { rSet.aMBLD.UpdateEach(isNodal, resolve); });
+    }
+}
+
+int CDataPool::GetSortedLoadIds(CArray<std::int32_t>& rIds) const {
+    rIds.RemoveAll();
+    for (const auto& [iID, rSet] : LOAD.Sorted()) rIds.Add(iID);
+    return rIds.IsEmpty() ? 0 : 1;
 }

@@ -2,16 +2,12 @@
 // The whole finite element model in memory.
 
 #include "messages/FormatText.h"
-#include "store/ConstraintRecords.h"
-#include "store/CoordinateRecords.h"
-#include "store/EigenRecords.h"
 #include "store/ElementRecords.h"
 #include "store/Frames.h"
+#include "store/GridRecords.h"
 #include "store/LoadRecords.h"
 #include "store/Map.h"
-#include "store/MaterialRecord.h"
-#include "store/NodeRecord.h"
-#include "store/PropertyRecord.h"
+#include "store/PropertyRecords.h"
 
 #include <cstdint>
 #include <limits>
@@ -64,16 +60,6 @@ class CDataPool {
     int SetLDCB(std::int32_t iID, T_LDCB_D record) { return LDCB.SetAt(iID, std::move(record)); }
     int SetEIGB(std::int32_t iID, T_EIGB_D record) { return EIGB.SetAt(iID, std::move(record)); }
     int SetEIRL(std::int32_t iID, T_EIRL_D record) { return EIRL.SetAt(iID, std::move(record)); }
-    int SetCD1R(std::int32_t iID, T_CD1R_D record) { return CD1R.SetAt(iID, std::move(record)); }
-    int SetCD2R(std::int32_t iID, T_CD2R_D record) { return CD2R.SetAt(iID, std::move(record)); }
-    int SetCD1C(std::int32_t iID, T_CD1C_D record) { return CD1C.SetAt(iID, std::move(record)); }
-    int SetCD2C(std::int32_t iID, T_CD2C_D record) { return CD2C.SetAt(iID, std::move(record)); }
-    int SetCD1S(std::int32_t iID, T_CD1S_D record) { return CD1S.SetAt(iID, std::move(record)); }
-    int SetCD2S(std::int32_t iID, T_CD2S_D record) { return CD2S.SetAt(iID, std::move(record)); }
-    int SetRBE2(std::int32_t iID, T_RBE2_D record) { return RBE2.SetAt(iID, std::move(record)); }
-    int SetCEL1(std::int32_t iID, T_CEL1_D record) { return CEL1.SetAt(iID, std::move(record)); }
-    int SetCEL2(std::int32_t iID, T_CEL2_D record) { return CEL2.SetAt(iID, std::move(record)); }
-    int SetCNRD(std::int32_t iID, T_CNRD_D record) { return CNRD.SetAt(iID, std::move(record)); }
 
     /// Output id of a node: its renumbered id, or the id itself. Always 1.
     int MapNodeId(std::int32_t iID, std::int32_t& rOut) const {

@@ -4,7 +4,6 @@
 #include "store/DataPool.h"
 #include "writer/Section.h"
 #include "writer/rows/ConstraintRows.h"
-#include "writer/rows/RigidLinkRows.h"
 
 namespace {
 

@@ -4,8 +4,6 @@
 #include "store/DataPool.h"
 #include "writer/Section.h"
 #include "writer/rows/ElementRows.h"
-#include "writer/rows/MassRows.h"
-#include "writer/rows/NodeRows.h"
 
 namespace {
 

@@ -1,7 +1,8 @@
-// The sections of one load case. Where nothing else is said a keyword, and the empty line behind its section, come with
-// the first entry, also if that is left out.
+// *STLDCASE, the sections of each static load case, *LOADCOMB and *EIGEN-CTRL. In a load case, where nothing else is
+// said, a keyword, and the empty line behind its section, come with the first entry, also if that is left out.
 
 #include "driver/CConvertNastran.h"
+#include "store/DataPool.h"
 #include "writer/Section.h"
 #include "writer/rows/LoadRows.h"
 
@@ -25,6 +26,29 @@ void WriteCornerPressure(CFile& rFile, const T_CORNERPRESSURE_ROW& r) {
 }
 
 } // namespace
+
+int CConvertNastran::WriteStaticLoadCases(CFile& rFile) {
+    if (GetDataPool().LOAD.IsEmpty()) return 1;
+    WriteLine(rFile, "*STLDCASE\n");
+    ForEachLoadCase(GetDataPool(), [&](const T_LOADCASE_ROW& r) { WriteLine(rFile, "STLD%d,  USER,  \n", r.iSID); });
+    WriteLine(rFile, "\n");
+    ForEachLoadCase(GetDataPool(), [&](const T_LOADCASE_ROW& rCase) {
+        const T_LOAD_D& rSet = rCase.rSET;
+        WriteLine(rFile, "*USE-STLD, STLD%d\n\n", rCase.iSID);
+        ForEachGravity(
+            rSet, [&](const T_GRAVITY_ROW& r) { WriteLine(rFile, "*SELFWEIGHT, %g, %g, %g\n\n", r.dX, r.dY, r.dZ); });
+        WriteNodalForces(rFile, rSet);
+        WriteNodalMoments(rFile, rSet);
+        WriteBeamLoads(rFile, rSet);
+        WritePressureLoads(rFile, rSet);
+        WriteNodalTemperatures(rFile, rCase);
+        WriteElementTemperatures(rFile, rSet);
+        WriteTemperatureGradients(rFile, rSet);
+        WriteSpecifiedDisplacements(rFile, rSet);
+        WriteLine(rFile, "; End of data for load case [STLD%d] -------------------------\n\n", rCase.iSID);
+    });
+    return 1;
+}
 
 int CConvertNastran::WriteNodalForces(CFile& rFile, const T_LOAD_D& rSet) {
     CSection section(rFile, "*CONLOAD\n");
@@ -129,4 +153,37 @@ int CConvertNastran::WriteSpecifiedDisplacements(CFile& rFile, const T_LOAD_D& r
     };
     ForEachDisplacement(GetDataPool(), rSet, visitor);
     return section.End();
+}
+
+int CConvertNastran::WriteLoadCombinations(CFile& rFile) {
+    if (GetDataPool().LDCB.IsEmpty()) return 1;
+    WriteLine(rFile, "*LOADCOMB    ; Combinations\n");
+    const CRowVisitor visitor{
+        [&](const T_COMBINATION_ROW& r) {
+            WriteLine(rFile, "  NAME=LCB%d, GEN, ACTIVE, 0, \n", r.iSID);
+            WriteLine(rFile, " ST, STLD%d, %g", r.aSHARES[0].iSET, r.aSHARES[0].dFACTOR);
+            for (const auto& [iSet, dFactor] : r.aSHARES.subspan(1)) {
+                WriteLine(rFile, ", ST, STLD%d, %g", iSet, dFactor);
+            }
+            WriteLine(rFile, "\n");
+        },
+        IGNORE_LEFT,
+    };
+    ForEachCombination(GetDataPool(), visitor);
+    return WriteLine(rFile, "\n");
+}
+
+int CConvertNastran::WriteEigenControl(CFile& rFile) {
+    const CRowVisitor visitor{
+        [&](const T_EIGENCONTROL_ROW& r) {
+            WriteLine(rFile, "*EIGEN-CTRL    ; Eigenvalue Analysis Control\n");
+            WriteLine(rFile, "; TYPE, iFREQ, iITER, iDIM, TOL          ; TYPE=EIGEN\n");
+            WriteLine(rFile, "; TYPE, bINCNL, iGNUM                    ; TYPE=RITZ(line 1)\n");
+            WriteLine(rFile, ";       KIND1, CASE1/GROUND1, iNOG1, ... ; TYPE=RITZ(from line2)\n");
+            WriteLine(rFile, "  EIGEN, %d, 20, 0, 1e-010\n\n", r.nMODES);
+        },
+        IGNORE_LEFT,
+    };
+    ForEachEigenControl(GetDataPool(), visitor);
+    return 1;
 }

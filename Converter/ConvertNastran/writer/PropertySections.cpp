@@ -3,8 +3,7 @@
 #include "driver/CConvertNastran.h"
 #include "store/DataPool.h"
 #include "writer/Section.h"
-#include "writer/rows/MaterialRows.h"
-#include "writer/rows/SectionRows.h"
+#include "writer/rows/PropertyRows.h"
 
 namespace {
 

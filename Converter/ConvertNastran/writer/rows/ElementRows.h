@@ -1,10 +1,31 @@
 #pragma once
-// Rows of *ELEMENT: trusses, beams, plates and solids. Node ids are those of the file.
+// Rows of *NODE, *ELEMENT and *NODALMASS. Node ids are those of the file, but for masses.
 
 #include "store/DataPool.h"
+#include "store/PropertyRecords.h"
 #include "writer/rows/Left.h"
 
 #include <array>
+
+/// A grid at its position in the basic frame.
+struct T_NODE_ROW {
+    std::int32_t iNODE;
+    double dX, dY, dZ;
+};
+
+/// By ascending id of the deck.
+template <class VISITOR>
+void ForEachNode(const CDataPool& rPool, const VISITOR& rVisitor) {
+    for (const auto& [iID, rNode] : rPool.NODS.Sorted()) {
+        const std::int32_t iOut = rPool.MapNodeId(iID);
+        const T_NODS_D* pNode = iOut == iID ? &rNode : rPool.NODS.Find(iOut);
+        if (pNode) {
+            rVisitor(T_NODE_ROW{iOut, pNode->dGX, pNode->dGY, pNode->dGZ});
+        } else {
+            rVisitor(T_LEFT_D{LEFT_GRID_RENUMBERED, iID});
+        }
+    }
+}
 
 struct T_TRUSS_ROW {
     std::int32_t iEID, iMID, iPID;
@@ -97,5 +118,28 @@ template <class VISITOR>
 void ForEachConrod(const CDataPool& rPool, const VISITOR& rVisitor) {
     for (const auto& [iEID, rRod] : rPool.CNRD.Walk()) {
         rVisitor(T_TRUSS_ROW{iEID, rRod.iMID, 1, rPool.MapNodeId(rRod.iG1), rPool.MapNodeId(rRod.iG2)});
+    }
+}
+
+struct T_MASS_ROW {
+    std::int32_t iEID; // in no line
+    std::int32_t iNODE;
+    double dMX, dMY, dMZ;
+    double dRMX, dRMY, dRMZ;
+};
+
+/// CONM2s in store order.
+template <class VISITOR>
+void ForEachMass(const CDataPool& rPool, const VISITOR& rVisitor) {
+    const auto isMass = [](std::uint16_t nTraits) { return TypeOfTraits(nTraits) == TYPE_MASS; };
+    for (const auto& [iEID, rElement] : rPool.ELEM.Walk(isMass)) {
+        const T_PROP_D* pMass = rPool.PROP.Find(rElement.iPID); // a CONM2 stores it with its element
+        if (!pMass) {
+            rVisitor(T_LEFT_D{LEFT_CONM2, iEID});
+            continue;
+        }
+        const auto& d = pMass->dVAL;
+        rVisitor(T_MASS_ROW{iEID, rElement.iNODE[0], d[SLOT_MX], d[SLOT_MY], d[SLOT_MZ], d[SLOT_I11], d[SLOT_I22],
+                            d[SLOT_I33]});
     }
 }

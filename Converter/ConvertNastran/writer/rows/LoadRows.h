@@ -1,5 +1,6 @@
 #pragma once
-// Rows of the sections of a static load case. A case is a load set; its entries come in card order.
+// Rows of the sections of a static load case, *LOADCOMB and *EIGEN-CTRL. A case is a load set; its entries come in card
+// order.
 
 #include "store/DataPool.h"
 #include "writer/rows/Left.h"
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <span>
 #include <vector>
 
 /// Components of a load whose absolute values sum up to this or less count as no load.
@@ -249,5 +251,56 @@ void ForEachDisplacement(const CDataPool& rPool, const T_LOAD_D& rSet, const VIS
         } else {
             rVisitor(T_LEFT_D{LEFT_SPCD_ZERO, rEntry.iID});
         }
+    }
+}
+
+/// A load set and its factor in a combination.
+struct T_SHARE_D {
+    std::int32_t iSET;
+    double dFACTOR;
+};
+
+/// A combination; the overall scale of its LOAD card has no place in the file.
+struct T_COMBINATION_ROW {
+    std::int32_t iSID;
+    std::span<const T_SHARE_D> aSHARES; // at least one
+};
+
+/// A modal analysis.
+struct T_EIGENCONTROL_ROW {
+    std::int32_t nMODES;
+};
+
+/// By ascending id. Load sets that don't exist are left out, and combinations of which nothing is left.
+template <class VISITOR>
+void ForEachCombination(const CDataPool& rPool, const VISITOR& rVisitor) {
+    std::vector<T_SHARE_D> aShares;
+    for (const auto& [iSID, rCombination] : rPool.LDCB.Sorted()) {
+        aShares.clear();
+        auto pFactor = rCombination.aFACTORS.begin();
+        for (const std::int32_t iSet : rCombination.aLOADS) {
+            const double dFactor = *pFactor++;
+            if (rPool.LOAD.Find(iSet)) {
+                aShares.push_back({iSet, dFactor});
+            } else {
+                rVisitor(T_LEFT_D{LEFT_LOAD_SET, iSID, iSet});
+            }
+        }
+        if (!aShares.empty()) rVisitor(T_COMBINATION_ROW{iSID, aShares});
+    }
+}
+
+/// The first EIGRL of the store. Nothing comes of EIGB.
+template <class VISITOR>
+void ForEachEigenControl(const CDataPool& rPool, const VISITOR& rVisitor) {
+    for (const auto& [iSID, rRecord] : rPool.EIGB.Sorted()) rVisitor(T_LEFT_D{LEFT_EIGB, iSID});
+    bool bFirst = true;
+    for (const auto& [iSID, rRecord] : rPool.EIRL.Walk()) {
+        if (bFirst) {
+            rVisitor(T_EIGENCONTROL_ROW{rRecord.iND});
+        } else {
+            rVisitor(T_LEFT_D{LEFT_EIGRL, iSID});
+        }
+        bFirst = false;
     }
 }

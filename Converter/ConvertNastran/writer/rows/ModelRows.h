@@ -1,15 +1,10 @@
 #pragma once
 // The rows of all sections.
 
-#include "writer/rows/CombinationRows.h"
 #include "writer/rows/ConstraintRows.h"
 #include "writer/rows/ElementRows.h"
 #include "writer/rows/LoadRows.h"
-#include "writer/rows/MassRows.h"
-#include "writer/rows/MaterialRows.h"
-#include "writer/rows/NodeRows.h"
-#include "writer/rows/RigidLinkRows.h"
-#include "writer/rows/SectionRows.h"
+#include "writer/rows/PropertyRows.h"
 #include "writer/rows/SpringRows.h"
 
 /// Everything of the store once, in the order of the file; load cases by ascending id.

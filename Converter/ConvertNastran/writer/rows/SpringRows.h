@@ -3,7 +3,7 @@
 // nodes and ground make an elastic link or a spring, coincident nodes make a general link whatever the components are.
 
 #include "store/DataPool.h"
-#include "store/PropertySlots.h"
+#include "store/PropertyRecords.h"
 #include "writer/rows/Left.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // The values of sections.
 
-#include "writer/rows/SectionRows.h"
+#include "writer/rows/PropertyRows.h"
 
 #include <cmath>
 

@@ -1,11 +1,50 @@
 #pragma once
-// Rows of *SECTION and *THICKNESS: what line elements and plates find under their property id.
+// Rows of *MATERIAL, *SECTION and *THICKNESS.
 
 #include "store/DataPool.h"
-#include "store/PropertySlots.h"
+#include "store/PropertyRecords.h"
 #include "writer/rows/Left.h"
 
 #include <array>
+
+/// MAT1.
+struct T_ISOTROPIC_ROW {
+    std::int32_t iMID;
+    double dE, dNU, dALPHA;
+};
+
+/// MAT8.
+struct T_ORTHOTROPIC_ROW {
+    std::int32_t iMID;
+    double dE1, dE2;
+    double dALPHA1, dALPHA2;
+    double dG12, dG1Z, dG2Z;
+    double dNU;
+};
+
+/// MAT4.
+struct T_THERMAL_ROW {
+    std::int32_t iMID;
+    double dCP, dK;
+};
+
+/// In store order.
+template <class VISITOR>
+void ForEachMaterial(const CDataPool& rPool, const VISITOR& rVisitor) {
+    for (const auto& [iMID, r] : rPool.MATL.Walk()) {
+        switch (r.iMATTYPE) {
+        case MAT_ISOTROPIC:
+            rVisitor(T_ISOTROPIC_ROW{iMID, r.dE, r.dNU, r.dALPHA});
+            break;
+        case MAT_ORTHOTROPIC:
+            rVisitor(T_ORTHOTROPIC_ROW{iMID, r.dE, r.dE2, r.dALPHA, r.dALPHA2, r.dG, r.dG1Z, r.dG2Z, r.dNU});
+            break;
+        case MAT_THERMAL:
+            rVisitor(T_THERMAL_ROW{iMID, r.dCP, r.dK});
+            break;
+        }
+    }
+}
 
 /// Stiffness of a section, or of an end of one.
 struct T_STIF_D {

@@ -1,17 +1,8 @@
-// What the rows of links, springs, bushes and gaps hold.
+// What the rows of springs, bushes and gaps hold.
 
-#include "writer/rows/RigidLinkRows.h"
 #include "writer/rows/SpringRows.h"
 
 #include <cmath>
-
-std::array<bool, 6> RigidComponents(std::string_view sCM) {
-    std::array<bool, 6> bDOF = {};
-    for (const char c : sCM) {
-        if (c >= '1' && c <= '6') bDOF[static_cast<std::size_t>(c - '1')] = true;
-    }
-    return bDOF;
-}
 
 bool AreCoincident(const CDataPool& rPool, std::int32_t iNode1, std::int32_t iNode2) {
     double a[3], b[3];
