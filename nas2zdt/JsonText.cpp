@@ -2,7 +2,7 @@
 
 #include "nas2zdt/JsonText.h"
 
-#include "platform/Utf8.h"
+#include "platform/PlainText.h"
 
 #include <array>
 #include <cstdio>

@@ -119,7 +119,8 @@ class CFile {
     void Create(const std::string& sPath, const std::vector<T_FILEID_D>& aKeep = {});
 
     /// Creates sPath, which nothing may stand at, to take the place of rTarget later: with the rights that a file there
-    /// has. Failures name sShown. Returns 0 if the name is taken.
+    /// has.
+    /// Failures name sShown. Returns 0 if the name is taken.
     int CreateFor(const T_TARGET_D& rTarget, const std::string& sPath, const std::string& sShown);
 
     /// Goes on behind what the program's own standard output or standard error got so far, if rTarget is where that

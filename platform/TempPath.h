@@ -29,8 +29,8 @@ class CTempPath {
     /// Makes a folder that nobody else can look into, where the system has its temporary files. Throws CFileException.
     void MakeFolder();
 
-    /// Gives the file its final name, in place of what has that name, and is done with it. Throws CFileException, which
-    /// names sShown.
+    /// Gives the file its final name, in place of what has that name, and forgets the path. Throws CFileException,
+    /// which names sShown.
     void Rename(const std::string& sPath, const std::string& sShown);
 
     /// Removes what is there and is done with it. A folder must be empty.

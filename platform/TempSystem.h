@@ -14,6 +14,9 @@ class CUninterrupted {
     CUninterrupted& operator=(const CUninterrupted&) = delete;
 };
 
+/// A text that can't be guessed.
+std::string RandomText();
+
 /// The path in the form that the functions below take, at any length.
 std::filesystem::path SystemName(const std::string& sPath);
 

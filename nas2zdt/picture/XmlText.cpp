@@ -2,7 +2,7 @@
 
 #include "picture/XmlText.h"
 
-#include "platform/Utf8.h"
+#include "platform/PlainText.h"
 
 #include <vector>
 

@@ -2,7 +2,7 @@
 
 #include "platform/File.h"
 
-#include "platform/posix/HeldSignals.h"
+#include "platform/posix/Calls.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -16,10 +16,6 @@
 #include <unistd.h>
 
 namespace {
-
-std::string CauseText(int iError) {
-    return std::generic_category().message(iError);
-}
 
 // Never blocks: a pipe without a partner must not hang the host.
 int OpenToRead(const std::string& sPath) {

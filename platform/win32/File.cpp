@@ -3,7 +3,6 @@
 #include "platform/File.h"
 
 #include "platform/Paths.h"
-#include "platform/win32/SystemPath.h"
 #include "platform/win32/Text.h"
 
 #include <algorithm>

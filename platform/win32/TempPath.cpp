@@ -3,11 +3,8 @@
 #include "platform/TempPath.h"
 
 #include "platform/TempSystem.h"
-#include "platform/win32/SystemPath.h"
 #include "platform/win32/Text.h"
 
-#include <cstdio>
-#include <random>
 #include <windows.h>
 
 namespace {
@@ -39,11 +36,8 @@ std::filesystem::path SystemName(const std::string& sPath) {
 }
 
 int MakePrivateFolder(const std::string& sStart, std::string& rPath, std::string& rCause) {
-    std::random_device random;
     for (int i = 0; i < TRIES; ++i) {
-        char aName[20];
-        std::snprintf(aName, sizeof aName, "%08x%08x", random(), random());
-        rPath = sStart + aName;
+        rPath = sStart + RandomText();
         // The system's folder for temporary files is the user's own, and what is made in it is too.
         if (::CreateDirectoryW(SystemPath(rPath).c_str(), nullptr)) return 1;
         const DWORD nError = ::GetLastError();

@@ -9,10 +9,6 @@
 
 namespace {
 
-bool IsSpace(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
 std::string_view Trim(std::string_view sText) {
     while (!sText.empty() && IsSpace(sText.front())) sText.remove_prefix(1);
     while (!sText.empty() && IsSpace(sText.back())) sText.remove_suffix(1);

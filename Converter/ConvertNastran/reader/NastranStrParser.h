@@ -10,6 +10,10 @@
 #include <string_view>
 #include <vector>
 
+constexpr bool IsSpace(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
 class CNastranStrParser {
   public:
     virtual ~CNastranStrParser() = default;

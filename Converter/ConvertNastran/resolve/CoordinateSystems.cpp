@@ -15,20 +15,13 @@ bool LinkTo(CMap<RECORD>& rTable, std::int32_t iRID, CUCSRect& rFrame) {
     return rTable.Update(iRID, [&](RECORD& rOuter) { rFrame.SetParent(&rOuter.frame); }) != 0;
 }
 
-/// The point of a grid as its card gives it: no grid has its global position yet, so a CP has no effect.
-void TakePoint(const CMap<T_NODS_D>& rNodes, std::int32_t iGrid, double (&dPoint)[3]) {
-    const T_NODS_D* const pNode = rNodes.Find(iGrid);
-    dPoint[0] = pNode ? pNode->dX1 : 0.0;
-    dPoint[1] = pNode ? pNode->dX2 : 0.0;
-    dPoint[2] = pNode ? pNode->dX3 : 0.0;
-}
-
+/// Grids count as their cards give them: none has its global position yet, so a CP has no effect.
 template <class RECORD>
-void PlaceByGrids(CMap<RECORD>& rTable, const CMap<T_NODS_D>& rNodes) {
+void PlaceByGrids(CMap<RECORD>& rTable, const CDataPool& rPool) {
     rTable.UpdateEach([&](std::int32_t, T_CD1_D& rSystem) {
-        TakePoint(rNodes, rSystem.iG1, rSystem.dA);
-        TakePoint(rNodes, rSystem.iG2, rSystem.dB);
-        TakePoint(rNodes, rSystem.iG3, rSystem.dC);
+        rPool.GetCardPosition(rSystem.iG1, rSystem.dA);
+        rPool.GetCardPosition(rSystem.iG2, rSystem.dB);
+        rPool.GetCardPosition(rSystem.iG3, rSystem.dC);
         rSystem.frame.SetByThreePoints(rSystem.dA, rSystem.dB, rSystem.dC);
     });
 }
@@ -72,9 +65,9 @@ void CDataPool::ResolveCoordinateSystems() {
         LinkTo(CD1S, rSystem.iRID, rSystem.frame);
     });
 
-    PlaceByGrids(CD1R, NODS);
-    PlaceByGrids(CD1C, NODS);
-    PlaceByGrids(CD1S, NODS);
+    PlaceByGrids(CD1R, *this);
+    PlaceByGrids(CD1C, *this);
+    PlaceByGrids(CD1S, *this);
     PlaceByPoints(CD2R);
     PlaceByPoints(CD2C);
     PlaceByPoints(CD2S);

@@ -4,6 +4,7 @@
 #include "store/DataPool.h"
 #include "store/MathFunc.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -89,10 +90,9 @@ int CDataPool::ComputeBetaAngle(std::int32_t iNode1, std::int32_t iNode2, double
     rAngle = 0.0;
     const double dV[3] = {dVX, dVY, dVZ};
     if (IsZero(dV)) return 1;
-    const T_NODS_D* const pNode1 = NODS.Find(iNode1);
-    const T_NODS_D* const pNode2 = NODS.Find(iNode2);
-    const double dP1[3] = {pNode1 ? pNode1->dX1 : 0.0, pNode1 ? pNode1->dX2 : 0.0, pNode1 ? pNode1->dX3 : 0.0};
-    const double dP2[3] = {pNode2 ? pNode2->dX1 : dP1[0], pNode2 ? pNode2->dX2 : dP1[1], pNode2 ? pNode2->dX3 : dP1[2]};
+    double dP1[3], dP2[3];
+    GetCardPosition(iNode1, dP1);
+    if (!GetCardPosition(iNode2, dP2)) std::copy(dP1, dP1 + 3, dP2);
 
     const double dE[3] = {dP2[0] - dP1[0], dP2[1] - dP1[1], dP2[2] - dP1[2]};
     double dC[3], dD[3];
@@ -116,10 +116,8 @@ int CDataPool::ComputeBetaAngle(std::int32_t iNode1, std::int32_t iNode2, double
 
 int CDataPool::ComputeElementLength(std::int32_t iElement, double& rLength) const {
     const T_ELEM_D* const pElement = ELEM.Find(iElement);
-    double dFrom[3], dTo[3];
-    GetNodePosition(pElement ? pElement->iNODE[0] : 0, dFrom);
-    GetNodePosition(pElement ? pElement->iNODE[1] : 0, dTo);
-    const double dX = dTo[0] - dFrom[0], dY = dTo[1] - dFrom[1], dZ = dTo[2] - dFrom[2];
-    rLength = std::sqrt(dZ * dZ + (dX * dX + dY * dY));
+    double d[3];
+    GetNodeVector(pElement ? pElement->iNODE[0] : 0, pElement ? pElement->iNODE[1] : 0, d);
+    rLength = std::sqrt(d[2] * d[2] + (d[0] * d[0] + d[1] * d[1]));
     return 1;
 }

@@ -8,24 +8,16 @@ namespace {
 
 using VECTOR = double[3];
 
-/// From grid iFrom to grid iTo; a missing grid counts as the origin.
-void TakeVector(const CDataPool& rPool, std::int32_t iFrom, std::int32_t iTo, VECTOR& rVector) {
-    VECTOR dFrom;
-    rPool.GetNodePosition(iFrom, dFrom);
-    rPool.GetNodePosition(iTo, rVector);
-    for (int i = 0; i < 3; ++i) rVector[i] -= dFrom[i];
-}
-
 /// The direction of a force or moment, not yet of length 1. Returns 0 for one that has its components.
 int TakeDirection(const CDataPool& rPool, const T_MBLD_D& rLoad, VECTOR& rDirection) {
     if (rLoad.iFORM == FORM_TWO_GRIDS) {
-        TakeVector(rPool, rLoad.iG[0], rLoad.iG[1], rDirection);
+        rPool.GetNodeVector(rLoad.iG[0], rLoad.iG[1], rDirection);
         return 1;
     }
     if (rLoad.iFORM == FORM_CROSS) {
         VECTOR d12, d34;
-        TakeVector(rPool, rLoad.iG[0], rLoad.iG[1], d12);
-        TakeVector(rPool, rLoad.iG[2], rLoad.iG[3], d34);
+        rPool.GetNodeVector(rLoad.iG[0], rLoad.iG[1], d12);
+        rPool.GetNodeVector(rLoad.iG[2], rLoad.iG[3], d34);
         CMathFunc::CrossProduct(d12, d34, rDirection);
         return 1;
     }

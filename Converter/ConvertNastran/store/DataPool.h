@@ -81,6 +81,23 @@ class CDataPool {
         return pNode ? 1 : 0;
     }
 
+    /// From one node to another, in global terms; a missing node counts as the origin.
+    void GetNodeVector(std::int32_t iFrom, std::int32_t iTo, double (&rVector)[3]) const {
+        double dFrom[3];
+        GetNodePosition(iFrom, dFrom);
+        GetNodePosition(iTo, rVector);
+        for (int i = 0; i < 3; ++i) rVector[i] -= dFrom[i];
+    }
+
+    /// The coordinates of a node as its card gives them. Returns 1, or 0 and (0, 0, 0) if there is no such node.
+    int GetCardPosition(std::int32_t iID, double (&rPosition)[3]) const {
+        const T_NODS_D* pNode = NODS.Find(iID);
+        rPosition[0] = pNode ? pNode->dX1 : 0.0;
+        rPosition[1] = pNode ? pNode->dX2 : 0.0;
+        rPosition[2] = pNode ? pNode->dX3 : 0.0;
+        return pNode ? 1 : 0;
+    }
+
     /// Replaces rIds by the ids of all load sets, ascending. Returns 1, or 0 if there are none.
     int GetSortedLoadIds(CArray<std::int32_t>& rIds) const;
 

@@ -2,7 +2,6 @@
 
 #include "writer/Numbers.h"
 
-#include "platform/ExactPowers.h"
 #include "platform/TextWord.h"
 
 #include <bit>

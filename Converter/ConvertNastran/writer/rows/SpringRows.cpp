@@ -22,10 +22,7 @@ T_SIXVALUES ComponentValues(std::int32_t iC1, std::int32_t iC2, double dValue) {
 double LinkAngle(const CDataPool& rPool, const T_ELEM_D& rElement) {
     double dVector[3] = {rElement.dX1, rElement.dX2, rElement.dX3};
     if (rElement.iTYPE == TYPE_BUSH && rElement.iG0 != 0) {
-        double dFrom[3];
-        rPool.GetNodePosition(rElement.iNODE[0], dFrom);
-        rPool.GetNodePosition(rElement.iG0, dVector);
-        for (std::size_t i = 0; i < 3; ++i) dVector[i] -= dFrom[i];
+        rPool.GetNodeVector(rElement.iNODE[0], rElement.iG0, dVector);
     }
     double dAngle = 0.0;
     rPool.ComputeBetaAngle(rElement.iNODE[0], rElement.iNODE[1], dVector[0], dVector[1], dVector[2], dAngle);

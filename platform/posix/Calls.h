@@ -1,9 +1,16 @@
 #pragma once
-// Writing without the signals that failed writes raise.
+// What calls of POSIX systems need: words for errors, and writing without the signals that failed writes raise.
 
 #include <initializer_list>
+#include <string>
+#include <system_error>
 
 #include <signal.h>
+
+/// The system's words for an errno.
+inline std::string CauseText(int iError) {
+    return std::generic_category().message(iError);
+}
 
 /// While it lives, a write past the limit of a file's size or to a pipe without a reader fails by its result alone: the
 /// signals that would end the host wait, and go.
