@@ -19,6 +19,6 @@ constexpr bool IsControl(char32_t nCode) {
 std::string PlainText(std::string_view sText);
 
 /// The text in lines that a message box can hold, which grows with its text until its button leaves the screen: a word
-/// that is too long for a line goes on in the next, and "..." stands for what is too much. Bytes that aren't UTF-8
+/// that is too long for a line goes on in the next, and "..." replaces what is too much. Bytes that aren't UTF-8
 /// count as characters.
 std::string BoxText(std::string_view sText);

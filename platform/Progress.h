@@ -1,5 +1,5 @@
 #pragma once
-// What a progress window counts, whatever draws it.
+// What a progress window counts, on every platform.
 
 #include <string>
 

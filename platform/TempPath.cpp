@@ -1,4 +1,4 @@
-// The list of temporary paths, the same on every platform.
+// The list of temporary paths: the part that all platforms share.
 
 #include "platform/TempPath.h"
 

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-/// While it lives, nothing interrupts the program, so that the list of temporary paths and what stands at them change
+/// While it lives, nothing interrupts the program, so that the list of temporary paths and the files themselves change
 /// together. The first object arranges that an interruption removes them. Doesn't nest.
 class CUninterrupted {
   public:

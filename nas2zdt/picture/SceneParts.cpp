@@ -1,8 +1,8 @@
 // Nodes, elements, links and masses of a picture.
 
 #include "picture/Scene.h"
-#include "writer/rows/ElementRows.h"
 #include "writer/rows/ConstraintRows.h"
+#include "writer/rows/ElementRows.h"
 #include "writer/rows/SpringRows.h"
 
 namespace {

@@ -13,14 +13,15 @@ inline std::string CauseText(int iError) {
 }
 
 /// While it lives, a write past the limit of a file's size or to a pipe without a reader fails by its result alone: the
-/// signals that would end the host wait, and go.
+/// signals that would end the host are held and dropped.
 class CHeldSignals {
   public:
     CHeldSignals() {
         ::sigpending(&m_pending);
         ::sigemptyset(&m_held);
         for (const int iSignal : {SIGPIPE, SIGXFSZ}) {
-            if (::sigismember(&m_pending, iSignal) == 0) ::sigaddset(&m_held, iSignal); // others are the host's own
+            if (::sigismember(&m_pending, iSignal) == 0)
+                ::sigaddset(&m_held, iSignal); // one that is pending is the host's
         }
         ::pthread_sigmask(SIG_BLOCK, &m_held, &m_before);
     }

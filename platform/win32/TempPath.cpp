@@ -11,9 +11,9 @@ namespace {
 
 constexpr int TRIES = 100;
 
-SRWLOCK g_lock = SRWLOCK_INIT; // the system tells of Ctrl-C on a thread of its own
+SRWLOCK g_lock = SRWLOCK_INIT; // the system reports Ctrl-C on another thread
 
-/// Keeps the lock, so that the program, which ends next, makes nothing more.
+/// Keeps the lock, so that the program, which ends next, makes no more files.
 BOOL WINAPI RemoveAndEnd(DWORD) {
     ::AcquireSRWLockExclusive(&g_lock);
     RemoveTempPaths();

@@ -48,7 +48,7 @@ constexpr T_LAYOUT_D PENTA = {TYPE_SOLID, SHAPE_PENTA, PENTA_SLOTS};
 constexpr T_LAYOUT_D HEXA = {TYPE_SOLID, SHAPE_HEXA, HEXA_SLOTS};
 
 /// Reads PID and the nodes into an element of this layout. A node that isn't given leaves 0 in its slot.
-void ReadElement(CFieldCursor& rFields, T_ELEM_D& rElement, const T_LAYOUT_D& rLayout) {
+inline void ReadElement(CFieldCursor& rFields, T_ELEM_D& rElement, const T_LAYOUT_D& rLayout) {
     rElement.iTYPE = rLayout.eTYPE;
     rElement.iSUBTYPE = rLayout.eSHAPE;
     rElement.iPID = rFields.Int();
@@ -83,7 +83,7 @@ int StoreElement(CDataPool& rDataPool, const T_DATA_D& rCard, const T_LAYOUT_D& 
     return rDataPool.SetELEM(iEID, std::move(element));
 }
 
-/// The same with an orientation. Offsets, end releases and what else may follow aren't read.
+/// The same with an orientation. Offsets, end releases and further fields aren't read.
 int StoreBeam(CDataPool& rDataPool, const T_DATA_D& rCard, const T_LAYOUT_D& rLayout) {
     CFieldCursor fields(rCard);
     const std::int32_t iEID = fields.Int();
@@ -93,8 +93,8 @@ int StoreBeam(CDataPool& rDataPool, const T_DATA_D& rCard, const T_LAYOUT_D& rLa
     return rDataPool.SetELEM(iEID, std::move(element));
 }
 
-/// The same with THETA, if there is a "." in the field behind the nodes, which is sOther without one; what follows
-/// isn't read. Behind the nodes of a CQUAD8 the card has T1, not THETA: a T1 with a "." is taken for the angle.
+/// The same with THETA, if the field behind the nodes has a ".", else that field is sOther; what follows isn't read.
+/// Behind the nodes of a CQUAD8 the card has T1, not THETA: a T1 with a "." is taken for the angle.
 int StorePlate(CDataPool& rDataPool, const T_DATA_D& rCard, const T_LAYOUT_D& rLayout, const char* sOther = "MCID") {
     CFieldCursor fields(rCard);
     const std::int32_t iEID = fields.Int();
@@ -117,7 +117,7 @@ void ReadSpringEnds(CFieldCursor& rFields, SPRING& rSpring) {
     rSpring.iC2 = rFields.Int();
 }
 
-/// -i, and the lowest number for itself.
+/// -i; the lowest number, which has no negative, gives itself.
 std::int32_t Negative(std::int32_t i) {
     return static_cast<std::int32_t>(0u - static_cast<std::uint32_t>(i));
 }

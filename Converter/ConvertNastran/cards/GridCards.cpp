@@ -1,4 +1,4 @@
-// GRID, the coordinate systems CORD1R to CORD2S, and what holds grids: SPC, SPC1 and MPC.
+// GRID, the coordinate systems CORD1R to CORD2S, and the constraints SPC, SPC1 and MPC.
 
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
@@ -103,7 +103,7 @@ int CConvertNastran::ParseSPC(const T_DATA_D& rCard) {
     const std::int32_t iSID = fields.Int();
     m_pDataPool->m_iLastCNST = iSID;
     T_CNST_D& rSet = m_pDataPool->CNST[iSID];
-    rSet.aCNND.Add(ReadConstrainedGrid(fields, "D1")); // whatever its grid is
+    rSet.aCNND.Add(ReadConstrainedGrid(fields, "D1")); // with any grid
     const T_CNND_D second = ReadConstrainedGrid(fields, "D2");
     if (second.iNODE != 0) rSet.aCNND.Add(second);
     return 1;

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Most ids that a THRU range may stand for: a slip of the pen mustn't fill the memory.
+/// Most ids of a THRU range: a typing error mustn't fill the memory.
 constexpr std::int32_t LONGEST_RANGE = 10000000;
 
 /// Calls take for each id above 0 from iBefore + 1 to iLast, the THRU range of a card. rTotal counts those of the whole
@@ -83,7 +83,7 @@ E_LOAD_SCALE TextToScale(std::string_view sScale) {
     return SCALE_LE;
 }
 
-/// Reads three pairs of id and temperature. The first stands whatever its id is, the others with an id above 0.
+/// Reads three pairs of id and temperature. The first is taken with any id, the others with one above 0.
 template <class RECORD>
 void AddTemperaturePairs(CFieldCursor& rFields, CArray<RECORD>& rEntries) {
     for (int iPair = 0; iPair < 3; ++iPair) {
@@ -95,8 +95,8 @@ void AddTemperaturePairs(CFieldCursor& rFields, CArray<RECORD>& rEntries) {
 
 } // namespace
 
-/// The load set that a card names, made on first mention. It becomes the current one; runs of cards of one set take it
-/// without a search. A table's records keep their addresses, so the place stays good while other sets come.
+/// The load set that a card names, made on first mention. It becomes the current one, which the next cards of the set
+/// take without a search: records of a table keep their addresses.
 T_LOAD_D& CConvertNastran::EnsureLoadSet(std::int32_t iSID) {
     if (!m_pCurLoadSet || iSID != m_iCurLoadSet) {
         m_pCurLoadSet = &m_pDataPool->LOAD[iSID];
@@ -135,7 +135,7 @@ int CConvertNastran::ParseMOMENT2(const T_DATA_D& rCard) {
     return AddNodalLoad(fields, EnsureLoadSet(fields.Int()), LOAD_MOMENT, FORM_CROSS);
 }
 
-/// Gravity lives in the set itself: a second card overwrites the first.
+/// Gravity is part of the set: a second card overwrites the first.
 int CConvertNastran::ParseGRAV(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
     T_LOAD_D& rSet = EnsureLoadSet(fields.Int());
@@ -148,12 +148,12 @@ int CConvertNastran::ParseGRAV(const T_DATA_D& rCard) {
     return 1;
 }
 
-/// A combination, no load set. Cards of one SID add up.
+/// A combination, not a load set. Cards of one SID add their pairs.
 int CConvertNastran::ParseLOAD(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
     T_LDCB_D& rCombination = m_pDataPool->LDCB[fields.Int()];
     rCombination.dSCALE = fields.Real();
-    for (int iPair = 0; iPair < 4; ++iPair) { // a card gives four pairs; longer ones go on with another card
+    for (int iPair = 0; iPair < 4; ++iPair) { // S1, L1 to S4, L4; further pairs aren't read
         const double dFactor = fields.Real();
         const std::int32_t iSet = fields.Int();
         if (iSet == 0) continue;
@@ -212,7 +212,7 @@ int CConvertNastran::ParsePLOAD4(const T_DATA_D& rCard) {
     entry.dV[0] = fields.Real();
     for (std::size_t iCorner = 1; iCorner < 4; ++iCorner) {
         const double dP = fields.Real();
-        entry.dV[iCorner] = dP == 0.0 ? entry.dV[0] : dP; // a zero isn't told from a blank
+        entry.dV[iCorner] = dP == 0.0 ? entry.dV[0] : dP; // a zero counts as a blank
     }
     if (fields.Peek() == "THRU") {
         fields.Skip("THRU", "EID2"); // the first element alone takes the load
@@ -226,7 +226,7 @@ int CConvertNastran::ParsePLOAD4(const T_DATA_D& rCard) {
     return 1;
 }
 
-/// A load, not a constraint. The first pair stands whatever its grid is.
+/// A load, not a constraint. The first pair is taken with any grid.
 int CConvertNastran::ParseSPCD(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
     CLoadEntries& rEntries = EnsureLoadSet(fields.Int()).aMBLD;
@@ -248,8 +248,8 @@ int CConvertNastran::ParseTEMP(const T_DATA_D& rCard) {
     return 1;
 }
 
-/// Four pairs of set and default temperature. A blank set is set 0, which comes into being by its mention, and it takes
-/// no temperature field: the pairs behind it are read one field early.
+/// Four pairs of set and default temperature. A blank set is set 0, which is made by its mention, but its temperature
+/// isn't read: the pairs behind it start one field early.
 int CConvertNastran::ParseTEMPD(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
     for (int iPair = 0; iPair < 4; ++iPair) {
@@ -303,7 +303,7 @@ int CConvertNastran::ParseTEMPP1(const T_DATA_D& rCard) {
     return 1;
 }
 
-/// Read as three pairs like TEMP, whatever the card means by its later fields.
+/// Read as three pairs like TEMP, though the later fields of the card have another meaning.
 int CConvertNastran::ParseTEMPRB(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
     AddTemperaturePairs(fields, EnsureLoadSet(fields.Int()).aETLD);

@@ -1,4 +1,4 @@
-// Properties of elements, and materials. Nothing completes E, G and NU from one another.
+// Properties of elements, and materials. E, G and NU aren't computed from each other.
 
 #include "driver/CConvertNastran.h"
 #include "reader/FieldCursor.h"
@@ -101,8 +101,8 @@ int CConvertNastran::ParsePBAR(const T_DATA_D& rCard) {
     return m_pDataPool->SetPROP(iPID, std::move(property));
 }
 
-/// Dimensions are taken by position, whatever number of them the shape has: an NSM behind the last of a short shape
-/// stands in the next slot.
+/// Dimensions are taken by position, as if each shape had nine: the NSM behind the last one of a short shape is read as
+/// the next.
 int CConvertNastran::ParsePBARL(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
     const std::int32_t iPID = fields.Int();
@@ -191,7 +191,7 @@ int CConvertNastran::ParsePSHELL(const T_DATA_D& rCard) {
     return m_pDataPool->SetPROP(iPID, std::move(property));
 }
 
-/// Plies are kept as they stand: blank fields aren't taken over from the ply before, a symmetric laminate isn't
+/// Plies are kept as typed: blank fields aren't taken over from the ply before, a symmetric laminate isn't
 /// doubled, and the blank half of a line is a ply. Plies that have no slots are left out.
 int CConvertNastran::ParsePCOMP(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);

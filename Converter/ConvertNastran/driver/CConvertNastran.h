@@ -71,7 +71,7 @@ class CConvertNastran {
 
     const CZdtMsgMgr& GetMsgMgr() const { return *m_pMsgMgr; }
 
-    /// Path of the target file: the path up to its last ".", wherever that stands, and ".zdt".
+    /// Path of the target file: the path up to its last ".", even one in the name of a folder, and ".zdt".
     static std::string TargetPath(const std::string& sPath);
 
     /// The values of a field, see reader/FieldParser.h.
@@ -115,7 +115,7 @@ class CConvertNastran {
     T_LINE_D* FetchLine(std::int32_t nLongest);
 
     // reader/DeckObserver.cpp
-    void TakeGroup();
+    void TakeObservedGroup(CDeckObserver& rObserver);
     void LoseGroup(E_LOSS eLoss);
     std::string LineText(std::int32_t iLine) const;
     std::string LineInfoText(const std::vector<std::int32_t>& aLines) const;

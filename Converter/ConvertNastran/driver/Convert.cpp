@@ -53,7 +53,7 @@ int CConvertNastran::Convert(const std::string& sPath, const T_CONVERT_D& rOptio
 
 /// Reads the main deck and those that it includes, which INCLUDE cards add to the list while it is walked.
 void CConvertNastran::ReadDecks(const std::string& sPath) {
-    for (m_aIncludeFiles.Add(sPath); !m_aIncludeFiles.IsAtEnd(); m_aIncludeFiles.Next(m_fp.GetBytesRead())) {
+    for (m_aIncludeFiles.AddMain(sPath); !m_aIncludeFiles.IsAtEnd(); m_aIncludeFiles.Next(m_fp.GetBytesRead())) {
         const bool bMain = m_aIncludeFiles.IsMain();
         const std::string sDeck = m_aIncludeFiles.GetCurrent().sPATH;
         if (!m_fp.Open(sDeck, m_failure.sCAUSE)) {

@@ -1,5 +1,5 @@
 #pragma once
-// What a run may come to, and why it ended before its time.
+// The limits of a run, and why it failed.
 
 #include <algorithm>
 #include <cstdint>
@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-/// Small decks can ask for much: a run that passes one of these limits fails. They are far above what a model needs.
+/// A run that passes one of these limits fails, as small decks can ask for much. Models need far less.
 struct T_LIMITS_D {
     static constexpr std::int64_t NONE = std::numeric_limits<std::int64_t>::max();
 
@@ -32,7 +32,7 @@ enum E_FAILURE {
     FAILURE_DECK_NOT_READ,      // a deck stopped giving bytes before its end
     FAILURE_LINE_TOO_LONG,
     FAILURE_INCLUDE_CYCLE,  // a chain of includes that leads back to a deck that it came from
-    FAILURE_TOO_MANY_LINES, // a deck with more lines than there are numbers for them
+    FAILURE_TOO_MANY_LINES, // a deck with more lines than 32 bits can count
     FAILURE_RANGE_TOO_LONG, // a THRU range that can't be held
     FAILURE_LIMIT_RANGES,   // the limits of T_LIMITS_D
     FAILURE_LIMIT_DECKS,

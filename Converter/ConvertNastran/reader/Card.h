@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-/// Limits of a line's text in characters. The line loop takes every line up to the first; whatever looks into a bulk
-/// line, or ahead to the next one, takes the second.
+/// Limits of a line's text in characters: for every line, and for a line of the bulk section or the one looked ahead
+/// to.
 constexpr std::int32_t LONGEST_LINE = 199;
 constexpr std::int32_t LONGEST_BULK_LINE = 159;
 
@@ -30,10 +30,10 @@ struct T_LINE_D {
     E_FORMAT iFORMAT = FORMAT_SMALL;
     bool bCONT = false;    // whether it continues a card
     bool bCOMMENT = false; // whether it is a comment; then there is no text
-    bool bMARKED = false;  // whether a ",", "*" or "=" is in it: without one it is a small field line
-    bool bTABBED = false;  // whether a tab may be in it
-    bool bRETURN = false;  // whether a carriage return may be in it
-    bool bENDING = false;  // whether "ENDDATA" may be in it
+    bool bMARKED = false;  // whether it has a ",", "*" or "=": without one it is a small field line
+    bool bTABBED = false;  // whether it may have a tab
+    bool bRETURN = false;  // whether it may have a carriage return
+    bool bENDING = false;  // whether it may have "ENDDATA"
     std::uint32_t nTEXT = 0;
     char aTEXT[ROOM];
 

@@ -76,8 +76,8 @@ int CConvertNastran::SplitLargeLine(T_LINE_D& rLine) {
     return 1;
 }
 
-/// Pieces between commas or blanks, behind the fields of m_card. But for the first, whatever holds a "+" counts as a
-/// continuation mark and goes.
+/// Pieces between commas or blanks, behind the fields of m_card. All but the first are taken for a continuation mark if
+/// they hold a "+", and dropped.
 int CConvertNastran::SplitFreeLine(T_LINE_D& rLine) {
     std::vector<std::string_view>& rFields = m_card.aFIELDS;
     const std::size_t nBefore = rFields.size();

@@ -1,11 +1,20 @@
-// The test for decks that include each other in a circle.
+// Included decks, and the test for decks that include each other in a circle.
 
 #include "reader/DeckList.h"
 
 #include "messages/RunError.h"
 
-/// A deck may be included again and again by different roads, but a road that leads back to where it came from would
-/// never end. The road is walked only for a deck that includes others, and once for all cards of a deck that name it.
+#include <utility>
+
+void CDeckList::Include(std::string_view sPath, std::int32_t iLine, std::int64_t nMost) {
+    if (static_cast<std::int64_t>(m_aDecks.size()) >= nMost) throw CRunError(FAILURE_LIMIT_DECKS, iLine, nMost);
+    m_setIncluding.insert(GetCurrent().id);
+    m_aDecks.push_back({std::string(sPath), m_iCurrent, {}});
+    std::erase(m_aDecks.back().sPATH, '\'');
+}
+
+/// A deck may be included many times by different decks, but one that includes itself, directly or through others,
+/// would never end. Only a deck that includes others is tested, and once for all cards of a deck that name it.
 void CDeckList::Open(const T_FILEID_D& rId) {
     m_aDecks[m_iCurrent].id = rId;
     if (!m_setIncluding.contains(rId)) return;

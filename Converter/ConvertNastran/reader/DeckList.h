@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <set>
 #include <string>
-#include <utility>
+#include <string_view>
 #include <vector>
 
 /// A deck that a run has read or has yet to read.
@@ -20,11 +20,11 @@ struct T_DECK_D {
 /// The main deck, then the included ones in the order met. It grows while a run walks it.
 class CDeckList {
   public:
-    /// Adds a deck that the current one includes, or the main deck.
-    void Add(std::string sPath) {
-        if (!m_aDecks.empty()) m_setIncluding.insert(GetCurrent().id);
-        m_aDecks.push_back({std::move(sPath), m_iCurrent, {}});
-    }
+    void AddMain(const std::string& sPath) { m_aDecks.push_back({sPath, 0, {}}); }
+
+    /// Adds a deck that the current one includes in line iLine; apostrophes aren't part of its path. Throws CRunError
+    /// if there are nMost decks: all will be opened, and their names alone could fill the memory.
+    void Include(std::string_view sPath, std::int32_t iLine, std::int64_t nMost);
 
     const std::vector<T_DECK_D>& GetDecks() const { return m_aDecks; }
 
@@ -33,8 +33,7 @@ class CDeckList {
     bool IsMain() const { return m_iCurrent == 0; }
     bool IsAtEnd() const { return m_iCurrent == m_aDecks.size(); }
 
-    /// The current deck was opened: it has this identity. Throws CRunError if it leads back to a deck that it came
-    /// from.
+    /// The current deck was opened and has this identity. Throws CRunError if it is among the decks that led to it.
     void Open(const T_FILEID_D& rId);
 
     /// The current deck was read; goes on to the next one.
@@ -51,6 +50,6 @@ class CDeckList {
     std::size_t m_iCurrent = 0;
     std::int64_t m_nBytesRead = 0;
     std::set<T_FILEID_D> m_setIncluding; // decks that include others
-    std::set<T_FILEID_D> m_setTested;    // those whose road was walked for the cards of m_iTestedOrigin
+    std::set<T_FILEID_D> m_setTested;    // those that were tested for the cards of m_iTestedOrigin
     std::size_t m_iTestedOrigin = 0;
 };

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// What a group begins with, seen before its fields are cut, which changes the text.
+/// What a group begins with. It must be asked for before fields are cut, which changes the text.
 enum E_GROUP { GROUP_CARD, GROUP_CONTINUATION, GROUP_EMPTY };
 
 E_GROUP ClassifyGroup(const CLineGroup& rLines) {
@@ -14,7 +14,7 @@ E_GROUP ClassifyGroup(const CLineGroup& rLines) {
     const char c = sFirst[0];
     if (c == '*' || c == '+' || c == ' ' || c == ',') return GROUP_CONTINUATION;
     if (c > ' ') return GROUP_CARD;
-    // a carriage return alone is an empty line of a deck with CR LF, and yet may have lines that continue it
+    // In a deck with CR LF an empty line holds a carriage return, and lines may continue it all the same.
     if (sFirst.find_first_not_of(" \t\r") != std::string_view::npos) return GROUP_CARD;
     return rLines.GetCount() > 1 ? GROUP_CONTINUATION : GROUP_EMPTY;
 }
@@ -38,26 +38,20 @@ void TellDeletedFields(CDeckObserver& rObserver, std::span<const std::string_vie
 }
 
 /// Assembles and dispatches the group in hand, and tells what came of it.
-void CConvertNastran::TakeGroup() {
-    CDeckObserver* const pObserver = m_options.pOBSERVER;
-    if (!pObserver) {
-        if (AssembleCard()) DispatchCard(m_card);
-        return;
-    }
-    if (m_fp.HasReadMore()) pObserver->OnBytesRead(m_fp.GetBytesRead());
+void CConvertNastran::TakeObservedGroup(CDeckObserver& rObserver) {
+    if (m_fp.HasReadMore()) rObserver.OnBytesRead(m_fp.GetBytesRead());
     const E_GROUP eGroup = ClassifyGroup(m_aLines);
     if (AssembleCard() && m_card.iKEYWORD >= 0) {
         m_fieldUse.Clear();
         m_card.pUSE = &m_fieldUse;
         DispatchCard(m_card);
-        pObserver->OnCard(m_card, m_fieldUse, m_aLines.First().iLINE, m_aLines.Last().iLINE);
+        rObserver.OnCard(m_card, m_fieldUse, m_aLines.First().iLINE, m_aLines.Last().iLINE);
     } else {
-        TellLoss(*pObserver, LOSS_UNKNOWN_WORD, eGroup, m_aLines, m_card);
+        TellLoss(rObserver, LOSS_UNKNOWN_WORD, eGroup, m_aLines, m_card);
     }
 }
 
-/// The group in hand, if there are lines in it, makes no card. Cutting it into fields for its first word does no harm:
-/// it is lost.
+/// Tells that the group in hand, if it has lines, makes no card. It is cut into fields only for its first word.
 void CConvertNastran::LoseGroup(E_LOSS eLoss) {
     if (!m_options.pOBSERVER || m_aLines.IsEmpty()) return;
     const E_GROUP eGroup = ClassifyGroup(m_aLines);

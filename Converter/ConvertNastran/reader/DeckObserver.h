@@ -14,7 +14,7 @@ enum E_LOSS : std::int32_t {
     LOSS_END_OF_DECK,    // the deck ends before the group does, or right behind it
     LOSS_BLANK_LINE,     // a line of blanks behind it drops the group
     LOSS_TOO_MANY_LINES, // it grew over the limit
-    LOSS_CUT_OFF,        // continuation lines that stand alone: the card before them ended too early
+    LOSS_CUT_OFF,        // continuation lines without a card: the one before them ended too early
     LOSS_UNKNOWN_WORD,   // its first word isn't in the vocabulary
     LOSS_COUNT,
 };
@@ -37,7 +37,7 @@ class CDeckObserver {
     /// A deck, the main one or an included one, was opened.
     virtual void OnDeckBegin(const std::string& sPath) = 0;
 
-    /// The deck was read to its end, which stood in the bulk section or not.
+    /// The deck was read to its end; bBulk tells whether that was in the bulk section.
     virtual void OnDeckEnd(bool bBulk) = 0;
 
     /// A card of the vocabulary, from lines iFirst to iLast, was dispatched; rUse is what its handler made of its
@@ -47,8 +47,8 @@ class CDeckObserver {
     /// A group made no card.
     virtual void OnLoss(const T_LOSS_D& rLoss) = 0;
 
-    /// A "+" deleted nFields fields of a free field line that aren't its continuation mark. The card or the loss that
-    /// the line belongs to is told next.
+    /// A "+" deleted nFields fields of a free field line, its continuation mark not counted. The card or the loss that
+    /// the line belongs to comes next.
     virtual void OnFieldsDeleted(std::size_t nFields, std::int32_t iLine) = 0;
 
     /// So many bytes of the deck were read. Comes once in a while.

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t MOST_LINES = 1000; // tested before a line is added, so a card can have one more
 
-/// Each line of a card has a format of its own.
+/// The format of one line: the lines of a card may differ.
 E_FORMAT FindFormat(std::string_view sText) {
     if (CNastranStrParser::SliceColumns(1, 10, sText).find_first_of(",=") != std::string_view::npos) return FORMAT_FREE;
     const std::string_view sFirst = CNastranStrParser::SplitFirstField(sText);
@@ -55,14 +55,20 @@ int CConvertNastran::ReadDeckFile() {
         const int iResult = ReadCardGroup();
         if (iResult < 0) return 1;
         if (iResult == 0 || m_aLines.IsEmpty()) continue;
-        if (m_iSection == 2) TakeGroup();
+        if (m_iSection == 2) {
+            if (m_options.pOBSERVER) {
+                TakeObservedGroup(*m_options.pOBSERVER);
+            } else if (AssembleCard()) {
+                DispatchCard(m_card);
+            }
+        }
         // Lines count as in text mode, where a Ctrl-Z ends the file, and reading stops with the count.
         if (m_nFileLines <= m_iLineNo || (!m_aLines.IsPeeked() && m_fp.PeekByte() == CTRL_Z)) return 1;
     }
 }
 
 /// Reads a line and, in the bulk section, those that continue it. Returns 1 with the group in m_aLines, 0 if there is
-/// nothing to dispatch, -1 if the deck is not to be read on.
+/// nothing to dispatch, -1 if reading of the deck ends.
 int CConvertNastran::ReadCardGroup() {
     for (;;) {
         if (!m_aLines.TakePeeked() && !FetchLine(LONGEST_LINE)) return -1;
@@ -120,8 +126,8 @@ int CConvertNastran::PeekNextLine() {
     return 0;
 }
 
-/// Obeys a section marker, which counts in any section. Returns 1 if the line, which isn't empty, is one. Every line
-/// comes here, so the first letter decides for most.
+/// Obeys a section marker, which counts in any section. Returns 1 if the line, which isn't empty, is one. The first
+/// letter is tested first, as this is called for every line.
 int CConvertNastran::SwitchSection(std::string_view sText) {
     if (sText[0] == 'C' && sText.starts_with("CEND")) {
         m_iSection = 1;

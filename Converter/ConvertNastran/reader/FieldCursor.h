@@ -10,8 +10,8 @@
 #include <string_view>
 
 /// Each read takes the next field and moves on; past the end of the card a field is absent and the place stays. Absent
-/// and blank fields take the same default. A card of an observed run remembers what was skipped and how far it was
-/// read, so what isn't kept is skipped by its name, and what isn't read is left where it is. One cursor a card.
+/// and blank fields take the same default. In an observed run the card remembers which fields were skipped and how far
+/// it was read: a handler skips by name what it doesn't keep, and stops where it reads no further. One cursor a card.
 class CFieldCursor {
   public:
     explicit CFieldCursor(const T_DATA_D& rCard) : m_rCard(rCard) {}

@@ -88,7 +88,7 @@ struct T_DECIMAL_D {
     std::uint64_t nDigits = 0; // the first 19 significant digits
     std::int64_t nExponent = 0;
     bool bExact = true;             // whether nDigits holds all of them
-    std::string_view sMantissa;     // digits and point as they stand
+    std::string_view sMantissa;     // digits and point as typed
     std::int64_t nTextExponent = 0; // the exponent behind them
 };
 

@@ -1,6 +1,5 @@
 #pragma once
-// From the text of a field to a value. No field ever fails: what isn't a number becomes what the C library's
-// conversions make of it.
+// From the text of a field to a value. No field ever fails: other texts convert as by atoi and atof.
 
 #include <cstdint>
 #include <string_view>

@@ -9,8 +9,6 @@
 #include "reader/FieldCursor.h"
 
 #include <cstdint>
-#include <string>
-#include <utility>
 
 // clang-format off
 constexpr std::array<T_KEYWORD_D, 242> T_KEYWORD_D::TABLE = {{
@@ -328,18 +326,9 @@ int CConvertNastran::DispatchCard(const T_DATA_D& rCard) {
         LogMessage(g_pfnLoadStr("IDS_NASTRAN_Not_convert_in_this_version"),
                    {rKeyword.sNAME, LineInfoText(rCard.aLINES)});
         break;
-    case CARD_INCLUDED: {
-        // All decks that are named will be opened, and their names alone could fill the memory.
-        const std::int64_t nMost = m_options.limits.nDECKS;
-        const std::size_t nDecks = m_aIncludeFiles.GetDecks().size();
-        if (static_cast<std::int64_t>(nDecks) >= nMost) {
-            throw CRunError(FAILURE_LIMIT_DECKS, m_aLines.First().iLINE, nMost);
-        }
-        std::string sPath(CFieldCursor(rCard).Text()); // a card without a path gives an empty one
-        std::erase(sPath, '\'');
-        m_aIncludeFiles.Add(std::move(sPath));
+    case CARD_INCLUDED: // a card without a path gives an empty one
+        m_aIncludeFiles.Include(CFieldCursor(rCard).Text(), m_aLines.First().iLINE, m_options.limits.nDECKS);
         break;
-    }
     case CARD_END:
         return 0;
     case CARD_SKIPPED:

@@ -15,7 +15,7 @@ enum E_CARD_ACTION : std::int32_t {
     CARD_PARSED,   // its handler stores it
     CARD_REPORTED, // a line of the log says that it isn't converted
     CARD_INCLUDED, // names a deck to read
-    CARD_END,      // ends the deck; the reader stops before such a card is assembled
+    CARD_END,      // ends the deck; the reader stops earlier, at the line
 };
 
 /// A row of the vocabulary. Its place is the keyword's id.

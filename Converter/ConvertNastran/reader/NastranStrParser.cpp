@@ -56,7 +56,7 @@ int CNastranStrParser::NormalizeLine(std::string_view sRaw, T_LINE_D& rLine) {
         returns |= Mask(bytes == '\r');
         colons |= Mask(bytes == ':');
         std::memcpy(rLine.aTEXT + i, &bytes, sizeof bytes);
-        // two of the same letter in a row, here or where two blocks meet: rare enough to leave the rest to a search
+        // A double D is rare enough to leave the rest of the word to a search.
         endings |=
             Mask(bytes == 'D') & (Mask(Load(sRaw.data() + i + 1) == 'D') | Mask(Load(sRaw.data() + i + 1) == 'd'));
     }

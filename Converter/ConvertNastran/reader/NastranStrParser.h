@@ -18,7 +18,7 @@ class CNastranStrParser {
   public:
     virtual ~CNastranStrParser() = default;
 
-    /// How far behind the end of its text NormalizeLine may read.
+    /// Number of bytes behind its text that NormalizeLine may read.
     static constexpr std::size_t SLACK = 32;
 
     /// Fills rLine with sRaw, which is at most LONGEST_LINE long, in upper case and cut before a ":". Returns 0 and

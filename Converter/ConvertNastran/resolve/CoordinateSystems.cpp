@@ -9,7 +9,7 @@ bool NamesFrame(const T_CD2_D& rSystem) {
 }
 
 /// Links rFrame to the frame iRID of rTable and returns true, if the table holds it. The link leads to the record in
-/// its table, whatever becomes of it later in the pass.
+/// its table, which may change later in the pass.
 template <class RECORD>
 bool LinkTo(CMap<RECORD>& rTable, std::int32_t iRID, CUCSRect& rFrame) {
     return rTable.Update(iRID, [&](RECORD& rOuter) { rFrame.SetParent(&rOuter.frame); }) != 0;
@@ -39,7 +39,7 @@ void PlaceByPoints(CMap<RECORD>& rTable) {
 
 void CDataPool::ResolveCoordinateSystems() {
     // Every other table is tried, also after a hit: of several frames with one id the last gives the link. A frame's
-    // own table is not among them, so a RID of its own kind gives no link.
+    // own table is not among them, so a RID of the same kind gives no link.
     CD2R.UpdateInOrder(NamesFrame, [this](std::int32_t, T_CD2R_D& rSystem) {
         LinkTo(CD1R, rSystem.iRID, rSystem.frame);
         LinkTo(CD1C, rSystem.iRID, rSystem.frame);

@@ -9,10 +9,10 @@
 
 namespace {
 
-/// What an element's orientation lacks.
+/// What is missing for an element's orientation.
 enum E_ORIENTATION {
     ORIENTATION_GIVEN,
-    ORIENTATION_NONE, // no orientation grid where none is asked for
+    ORIENTATION_NONE, // no orientation grid, for a type that needs none
     ORIENTATION_NO_FIRST_NODE,
     ORIENTATION_NO_SECOND_NODE,
     ORIENTATION_NO_GRID,
@@ -57,7 +57,7 @@ void CDataPool::ResolveElementOrientations() {
         const E_ORIENTATION eOrientation = FindOrientation(*this, rElement, dFrom, dTo, dR);
         bReport |= IsReported(eOrientation);
         if (eOrientation != ORIENTATION_GIVEN) return;
-        // The card's vector lies in plane 1; the target's point stands a quarter turn from it.
+        // The card's vector lies in plane 1; the target wants a point a quarter turn from it.
         double dVX = dR[0] - dFrom[0], dVY = dR[1] - dFrom[1], dVZ = dR[2] - dFrom[2];
         CMathFunc::RotateAboutAxis(90.0, dTo[0] - dFrom[0], dTo[1] - dFrom[1], dTo[2] - dFrom[2], dVX, dVY, dVZ);
         rElement.dX1 = dFrom[0] + dVX;
@@ -66,7 +66,7 @@ void CDataPool::ResolveElementOrientations() {
         rElement.bVECTOR = 1;
     });
     if (!bReport) return;
-    // Only the lines of the log need store order. What was resolved above is not met again: it lacks nothing.
+    // Only the lines of the log need store order.
     const auto lacks = [&](const T_ELEM_D& rElement) {
         return rElement.iSUBTYPE == SHAPE_LINE && IsReported(FindOrientation(*this, rElement, dFrom, dTo, dR));
     };
@@ -101,7 +101,7 @@ int CDataPool::ComputeBetaAngle(std::int32_t iNode1, std::int32_t iNode2, double
     if (IsZero(dD) || IsZero(dC)) return 1;
 
     // The angle counts from the global X axis for a vertical element, from the global Z axis for a level one, and for
-    // the rest from the level direction across the element. Each branch keeps a range of its own: 90 to 270, 0 to 180,
+    // the rest from the level direction across the element. Each branch has its range: 90 to 270, 0 to 180,
     // -90 to 90.
     if (std::fabs(dP1[0] - dP2[0]) < 0.0001 && std::fabs(dP1[1] - dP2[1]) < 0.0001) {
         rAngle = DegreesOf(dD[0] / CMathFunc::Length(dD), 90.0);

@@ -8,7 +8,7 @@
 
 namespace {
 
-// Two values of pi, neither of them PI: output must match to the byte, and these are what it is made with.
+// Two values of pi, neither of them PI: the output depends on them to the byte.
 constexpr double CORD1C_PI = 3.141592;
 constexpr double POLAR_PI = 3.1415926535;
 
@@ -91,8 +91,8 @@ void CDataPool::ResolveNodeLocalAxes() {
             const CUCSBase* const pFrame = FindFrame(rNode.iCD);
             if (!pFrame) continue;
             axis.iMETHOD = 2;
-            // The first point stays at the basic origin while the others are carried out of the frame with its origin,
-            // and the axes of a cylinder or sphere are those of its rectangular frame. Both are what the target gets.
+            // The first point stays at the basic origin though the others get the frame's origin added, and the axes of
+            // a cylinder or sphere are those of its rectangular frame: the output depends on both.
             axis.dP1[0] = axis.dP2[0] = axis.dP2[1] = 1.0;
             CarryOut(*pFrame, axis.dP1);
             CarryOut(*pFrame, axis.dP2);

@@ -1,4 +1,4 @@
-// The order of the passes; and the fourth, the components of loads whose direction is given by grids.
+// The order of the passes, and the fourth pass: the components of loads whose direction is given by grids.
 
 #include "messages/ZdtMsgMgr.h"
 #include "store/DataPool.h"
@@ -44,7 +44,7 @@ void CDataPool::ResolveLoadDirections() {
     CArray<std::int32_t> aIds;
     if (!GetSortedLoadIds(aIds)) return;
     const auto isNodal = [](std::int8_t iKind) { return iKind == LOAD_FORCE || iKind == LOAD_MOMENT; };
-    VECTOR dUnit = {}; // lives over all sets: a direction without length takes the one before it
+    VECTOR dUnit = {}; // kept over all sets: a direction without length takes the one before it
     const auto resolve = [&](T_MBLD_D& rLoad) {
         VECTOR dDirection;
         if (!TakeDirection(*this, rLoad, dDirection)) return;

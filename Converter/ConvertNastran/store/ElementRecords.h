@@ -1,5 +1,5 @@
 #pragma once
-// Elements: the record that most share, and those with a table of their own.
+// Elements: the record that most share, and the others.
 
 #include "store/Array.h"
 
@@ -48,8 +48,8 @@ constexpr std::int32_t ShapeOfTraits(std::uint16_t nTraits) {
     return nTraits % 16;
 }
 
-/// The 20 node slots of an element, 0 in a slot without a node. Corners are kept in place, midside nodes apart and only
-/// where there are any: a model of flat or linear elements doesn't pay for them.
+/// The 20 node slots of an element, 0 in a slot without a node. Midside nodes take memory only where
+/// there are any.
 class CNodeSlots {
   public:
     CNodeSlots() = default;

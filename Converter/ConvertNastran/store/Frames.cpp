@@ -66,7 +66,7 @@ std::size_t CUCSBase::CountFrames() const {
 
 void CUCSBase::MeasureChain() {
     if (IsMeasured()) return;
-    if (!m_pParent || m_pParent->IsMeasured()) { // as in decks that tell the outer frame first
+    if (!m_pParent || m_pParent->IsMeasured()) { // as in decks that define the outer frame first
         m_nFrames = m_pParent ? m_pParent->m_nFrames + 1 : 1;
         m_pMeasured = this;
         return;

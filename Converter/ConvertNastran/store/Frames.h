@@ -21,8 +21,8 @@ class CUCSBase {
     /// Takes 16 values row by row, and makes the way back from them.
     virtual void SetMatrix(const double (&dMatrix)[16]);
 
-    /// From local to basic: through this frame and then outward through its parents. Parents that lead in a circle are
-    /// gone through once.
+    /// From local to basic: through this frame and then outward through its parents. Parents in a circle are
+    /// applied once.
     virtual void ToGlobal(double& rX, double& rY, double& rZ) const;
 
     /// From basic to local: through the parents inward and through this frame last.
@@ -32,9 +32,8 @@ class CUCSBase {
     /// directions become zeros.
     virtual int SetByThreePoints(const double (&dA)[3], const double (&dB)[3], const double (&dC)[3]) = 0;
 
-    /// Keeps the number of frames of this chain and of those that it leads through, so that points needn't count them
-    /// again. A frame that was measured is passed by: all frames of a model together take a step or two each. No link
-    /// of the chain may change afterwards.
+    /// Counts the frames of this chain once for all points. Frames on the way are counted, too, and not walked again,
+    /// so all frames of a model together take a step or two each. No link of the chain may change afterwards.
     void MeasureChain();
 
     /// Number of frames that ToGlobal takes a point through: from this one outward, each counted once.
@@ -42,7 +41,7 @@ class CUCSBase {
 
   protected:
     CUCSBase* m_pParent = nullptr; // the frame that this one is defined in, null for the basic frame
-    // The origin stands in the rows as it is and not turned into local axes, so ToLocal is the way back of ToGlobal
+    // The last column is the bare negated origin, not turned into local axes, so ToLocal is the way back of ToGlobal
     // only for a frame at the origin or along the axes of the outer frame.
     double m_dMat[4][4] = {}; // rows X, Y, Z, each with the negated origin behind
     double m_dInv[4][4] = {}; // the way back to the outer frame
@@ -55,7 +54,7 @@ class CUCSBase {
     std::size_t m_nFrames = 0;
 };
 
-/// The frame of every coordinate card: polar coordinates are turned into rectangular ones before they get here.
+/// The frame of every coordinate card: polar coordinates are made rectangular before.
 class CUCSRect : public CUCSBase {
   public:
     int SetByThreePoints(const double (&dA)[3], const double (&dB)[3], const double (&dC)[3]) override;

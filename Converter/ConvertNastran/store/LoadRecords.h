@@ -53,8 +53,8 @@ struct T_MBLD_D {
     std::array<double, 3> dN = {};          // PLOAD4: direction
 };
 
-/// The entries of a load set in card order. Their kinds are kept side by side besides: many go over the entries for
-/// those of some kind, and needn't touch the others. Entries are changed through UpdateEach alone.
+/// The entries of a load set in card order. Their kinds are also kept side by side, so that a walk over those of one
+/// kind doesn't touch the others. Entries are changed through UpdateEach alone.
 class CLoadEntries : private CArray<T_MBLD_D> {
   public:
     using CArray::GetSize;

@@ -34,8 +34,8 @@ constexpr std::uint32_t PlaceOfOrder(std::uint64_t nOrder) {
 /// The places of records in store order. aOrder has their ranks, by ascending place.
 std::vector<std::uint32_t> SortByBucket(std::vector<std::uint64_t> aOrder, std::uint32_t nBuckets);
 
-/// Records that tell in a number what walks choose them by. A table takes the number whenever such a record is stored
-/// or may have changed.
+/// Records with a number that walks choose them by. A table keeps the number and takes it anew whenever a record is
+/// stored or may have changed.
 template <class RECORD>
 concept HasTraits = requires(const RECORD& rRecord) {
     std::uint16_t{rRecord.Traits()};
@@ -150,7 +150,7 @@ class CMap {
         return nTaken;
     }
 
-    /// Some of the records, in an order of their own.
+    /// Some of the records, in a given order.
     class CWalk {
       public:
         CWalk(const CMap& rMap, std::vector<std::uint32_t> aPlaces) : m_pMap(&rMap), m_aPlaces(std::move(aPlaces)) {}
@@ -214,7 +214,7 @@ class CMap {
 
   private:
     // Records in a block: a power of two makes finding one a shift and a mask. Memory that isn't touched isn't taken,
-    // so a block may be large; and nothing is ever moved to a larger place.
+    // so a block may be large.
     static constexpr std::size_t BLOCK = std::bit_floor((std::size_t(1) << 20) / sizeof(RECORD));
 
     struct T_BLOCK_D {
@@ -274,7 +274,7 @@ class CMap {
         if (iPlace >= CKeyIndex::NONE) throw std::length_error("CMap: too many records");
         if (iPlace == m_aBlocks.size() * BLOCK) {
             m_aBlocks.push_back(std::make_unique_for_overwrite<T_BLOCK_D>());
-            if (iPlace > 0) TakePages(m_aBlocks.back().get(), sizeof(T_BLOCK_D)); // a table this long fills it
+            if (iPlace > 0) TakePages(m_aBlocks.back().get(), sizeof(T_BLOCK_D)); // a table this long will fill it
         }
         // Each step leaves the table whole if it throws: the index comes first, the count that everything goes by last.
         RECORD* pRecord = std::construct_at(Room(iPlace), std::forward<VALUE>(record));

@@ -1,5 +1,5 @@
 #pragma once
-// Vector operations. Each sums from left to right: results are printed to six digits, and zeros with their sign.
+// Vector operations. Sums go from left to right: the order decides the last digit and the sign of a zero.
 
 #include <cmath>
 #include <limits>

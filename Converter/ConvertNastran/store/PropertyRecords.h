@@ -82,7 +82,7 @@ enum E_LINE_SLOT : std::size_t {
 /// PTUBE: the outer and the inner diameter.
 enum E_TUBE_SLOT : std::size_t { SLOT_OD = 0, SLOT_ID = 1 };
 
-/// PBARL: nine dimensions of whatever shape, in card order, and the last value of the card.
+/// PBARL: nine dimensions, in card order for every shape, and the last value of the card.
 enum E_SHAPE_SLOT : std::size_t { SLOT_DIM1 = 0, SLOT_LAST = 10 };
 
 /// PSHELL, and PSHEAR with T alone.

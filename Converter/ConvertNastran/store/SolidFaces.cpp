@@ -22,17 +22,17 @@ constexpr T_FACE_D HEXA_FACES[] = {
 };
 
 /// A face named by one node.
-struct T_CORN_D {
+struct T_CORNER_D {
     std::size_t iSLOT;
     int iFACE;
 };
 
-constexpr T_CORN_D TETRA_CORNERS[] = {{0, 3}, {1, 4}, {2, 2}, {4, 1}}; // the face opposite to the corner
-constexpr T_CORN_D WEDGE_CORNERS[] = {{0, 1}, {1, 1}, {2, 1}, {3, 2}, {4, 2}, {5, 2}};
+constexpr T_CORNER_D TETRA_CORNERS[] = {{0, 3}, {1, 4}, {2, 2}, {4, 1}}; // the face opposite to the corner
+constexpr T_CORNER_D WEDGE_CORNERS[] = {{0, 1}, {1, 1}, {2, 1}, {3, 2}, {4, 2}, {5, 2}};
 
 template <std::size_t COUNT>
-int FaceOfNode(const CNodeSlots& rSlots, const T_CORN_D (&rCorners)[COUNT], std::int32_t iNode) {
-    for (const T_CORN_D& rCorner : rCorners) {
+int FaceOfNode(const CNodeSlots& rSlots, const T_CORNER_D (&rCorners)[COUNT], std::int32_t iNode) {
+    for (const T_CORNER_D& rCorner : rCorners) {
         if (rSlots[rCorner.iSLOT] == iNode) return rCorner.iFACE;
     }
     return 0;

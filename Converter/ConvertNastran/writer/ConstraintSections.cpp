@@ -32,7 +32,7 @@ std::string_view ComponentText(std::int32_t iComponent) {
 
 } // namespace
 
-/// Grids with constraints of their own don't make the section.
+/// The PS of grids alone doesn't make the section.
 int CConvertNastran::WriteConstraintSection(CFile& rFile) {
     if (GetDataPool().CNST.IsEmpty()) return 1;
     WriteLine(rFile, "*CONSTRAINT\n");

@@ -33,7 +33,7 @@ int CConvertNastran::WriteNodeSection(CFile& rFile) {
     return WriteLine(rFile, "\n");
 }
 
-/// The keyword stands also in a model of masses alone.
+/// A model of masses alone has the keyword, too.
 int CConvertNastran::WriteElementSection(CFile& rFile) {
     if (GetDataPool().ELEM.IsEmpty()) return 1;
     WriteLine(rFile, "*ELEMENT\n");
@@ -65,7 +65,7 @@ int CConvertNastran::WriteConrodSection(CFile& rFile) {
     return WriteLine(rFile, "\n");
 }
 
-/// The keyword comes with a mass that is left out, too, and the empty line with any element.
+/// A mass that is left out brings the keyword, too, and any element the empty line.
 int CConvertNastran::WriteNodalMassSection(CFile& rFile) {
     if (GetDataPool().ELEM.IsEmpty()) return 1;
     CSection section(rFile, "*NODALMASS    ; Nodal Masses\n"

@@ -1,4 +1,4 @@
-// What the log tells of what is left out. All else passes in silence.
+// The log lines for what is left out. Most reasons have none.
 
 #include "messages/MsgDll.h"
 #include "messages/ZdtMsgMgr.h"

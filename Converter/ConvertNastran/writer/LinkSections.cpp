@@ -1,4 +1,4 @@
-// *ELASTICLINK, *SPRING, *NL-PROP and *NL-LINK. The last two stand at a format level of their own.
+// *ELASTICLINK, *SPRING, *NL-PROP and *NL-LINK. The last two need another format level.
 
 #include "driver/CConvertNastran.h"
 #include "store/DataPool.h"
@@ -66,7 +66,7 @@ void WritePointLink(CFile& rFile, const T_POINTLINK_ROW& r) {
     WriteLine(rFile, "%d, %d, %d, GPROP%d, , 1, 0, 0, 0, 0, \n", r.iEID, r.iNODE1, r.iNODE2, r.iGPROP);
 }
 
-/// %g of an angle, which can be the one positive not-a-number of the file.
+/// %g of an angle, the only value of the file that can be a positive not-a-number.
 std::string AngleText(double dAngle) {
     if (std::isnan(dAngle) && !std::signbit(dAngle)) return "nan";
     char aText[LONGEST_REAL];
@@ -107,7 +107,7 @@ int CConvertNastran::WriteCelas2Links(CFile& rFile) {
     return WriteElasticLinks(rFile, GetDataPool(), GetDataPool().CEL2, CLeftLog(*m_pMsgMgr, GetDataPool()));
 }
 
-/// Any property makes the empty line, and only then comes the switch back.
+/// Any property brings the empty line, which precedes the switch back.
 int CConvertNastran::WriteBushGapProperties(CFile& rFile) {
     if (GetDataPool().PROP.IsEmpty()) return 1;
     CSection section(rFile, PROPERTY_HEAD);
@@ -126,7 +126,7 @@ int CConvertNastran::WriteBushGapProperties(CFile& rFile) {
     return section.IsBegun() ? WriteFileVersion(rFile) : 1;
 }
 
-/// Any element makes the empty line, and only then comes the switch back.
+/// Any element brings the empty line, which precedes the switch back.
 int CConvertNastran::WriteBushGapLinks(CFile& rFile) {
     if (GetDataPool().ELEM.IsEmpty()) return 1;
     CSection section(rFile, LINK_HEAD);
@@ -162,7 +162,7 @@ int CConvertNastran::WriteScalarProperties(CFile& rFile) {
     return WriteLine(rFile, "\n");
 }
 
-/// What the properties logged is logged again.
+/// Logs again what the properties logged.
 int CConvertNastran::WriteScalarLinks(CFile& rFile) {
     CSection section(rFile, "*VERSION\n"
                             "  6.4.1\n\n"

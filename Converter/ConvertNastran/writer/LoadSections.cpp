@@ -127,7 +127,7 @@ int CConvertNastran::WriteElementTemperatures(CFile& rFile, const T_LOAD_D& rSet
     return WriteLine(rFile, "\n");
 }
 
-/// The keyword comes with the first gradient, of whatever element, the empty line with any entry.
+/// The keyword comes with the first gradient, even on no plate, the empty line with any entry.
 int CConvertNastran::WriteTemperatureGradients(CFile& rFile, const T_LOAD_D& rSet) {
     if (rSet.aETLD.IsEmpty()) return 1;
     CSection section(rFile, "*THERGRAD    ; Temperature Gradient\n"

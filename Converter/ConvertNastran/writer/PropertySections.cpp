@@ -21,7 +21,7 @@ void WriteValueSection(CFile& rFile, const T_VALUESECTION_ROW& r) {
     WriteClosingLines(rFile);
 }
 
-void WriteTaperedEnd(CFile& rFile, const T_STIF_D& rEnd) {
+void WriteTaperedEnd(CFile& rFile, const T_STIFFNESS_D& rEnd) {
     const auto& [dSide, dA, dAS1, dAS2, dJ, dI1, dI2] = rEnd;
     WriteLine(rFile, "    %g, %g, 0, 0, 0, 0, 0, 0\n", dSide, dSide);
     WriteLine(rFile, "    %g, %g, %g, %g, %g, %g\n", dA, dAS1, dAS2, dJ, dI1, dI2);
@@ -38,7 +38,7 @@ void WriteThickness(CFile& rFile, const T_THICKNESS_ROW& r) {
 
 } // namespace
 
-/// Lines without blanks. The 1e-05 stands whatever the card says.
+/// Lines without blanks. The 1e-05 is a constant of the target format, not the card's value.
 int CConvertNastran::WriteMaterialSection(CFile& rFile) {
     if (GetDataPool().MATL.IsEmpty()) return 1;
     WriteLine(rFile, "*MATERIAL\n");
@@ -58,8 +58,8 @@ int CConvertNastran::WriteMaterialSection(CFile& rFile) {
     return WriteLine(rFile, "\n");
 }
 
-/// Sections stand at a format level of their own. The version lines and the empty lines come with any property at all,
-/// the keyword also with a shape that is refused.
+/// Sections need another format level. Any property brings the version lines and the empty
+/// lines, and a shape that is refused the keyword, too.
 int CConvertNastran::WriteSectionAndThickness(CFile& rFile) {
     if (GetDataPool().PROP.IsEmpty()) return 1;
     WriteLine(rFile, "*VERSION\n  6.3.1\n\n");

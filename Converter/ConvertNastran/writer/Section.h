@@ -9,7 +9,7 @@
 class CDataPool;
 class CZdtMsgMgr;
 
-/// A section whose head, its keyword and comment lines, stands only if something asks for it. Every operation but
+/// A section whose head, its keyword and comment lines, is written when the first line needs it. Every operation but
 /// IsBegun throws CFileException.
 class CSection {
   public:
@@ -40,7 +40,7 @@ class CSection {
     bool m_bBegun = false;
 };
 
-/// Takes what rows leave out and logs it, as far as the log tells it.
+/// A visitor's function that logs what is left out.
 class CLeftLog {
   public:
     /// Both must outlive this object.
@@ -52,7 +52,7 @@ class CLeftLog {
     const CDataPool& m_rPool;
 };
 
-/// The format level of all sections that have no other.
+/// Writes the format level of the file.
 inline int WriteFileVersion(CFile& rFile) {
     return WriteLine(rFile, "*VERSION\n  5.8.1\n\n");
 }

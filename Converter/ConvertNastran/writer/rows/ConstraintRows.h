@@ -15,8 +15,8 @@ struct T_CONSTRAINT_ROW {
     std::array<bool, 6> bDOF;
 };
 
-/// The grids of SPC and SPC1 in card order, then those that PS of their GRID holds, in store order. The first set of
-/// the store stands for all; without any set PS is lost, too.
+/// The grids of SPC and SPC1 in card order, then those that PS of their GRID holds, in store order. Only the first
+/// set of the store is taken; without any set PS is lost, too.
 template <class VISITOR>
 void ForEachConstraint(const CDataPool& rPool, const VISITOR& rVisitor) {
     const auto isHeld = [](std::uint16_t nTraits) { return (nTraits & NODE_HELD) != 0; };

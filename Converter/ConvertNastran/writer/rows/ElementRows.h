@@ -1,5 +1,5 @@
 #pragma once
-// Rows of *NODE, *ELEMENT and *NODALMASS. Node ids are those of the file, but for masses.
+// Rows of *NODE, *ELEMENT and *NODALMASS. Node ids are mapped, except those of masses.
 
 #include "store/DataPool.h"
 #include "store/PropertyRecords.h"
@@ -103,7 +103,7 @@ void VisitElement(const CDataPool& rPool, std::int32_t iEID, const T_ELEM_D& rEl
     }
 }
 
-/// By ascending id, all but the masses, bushes and gaps, which have sections of their own.
+/// By ascending id, all but the masses, bushes and gaps, which go to other sections.
 template <class VISITOR>
 void ForEachElement(const CDataPool& rPool, const VISITOR& rVisitor) {
     const auto isHere = [](std::uint16_t nTraits) {

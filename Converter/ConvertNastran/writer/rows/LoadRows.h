@@ -84,8 +84,7 @@ struct T_DISPLACEMENT_ROW {
     std::array<double, 6> dD;
 };
 
-/// Words and positions of a PLOAD1 that was found to be a load. A second position makes a load of a stretch out of one
-/// at a point.
+/// The row of a PLOAD1. With a second position it is a load on a stretch, else one at a point.
 T_BEAMLOAD_ROW BeamLoad(const T_MBLD_D& rEntry, double dX1, double dX2);
 
 /// The entry on a solid, or on a plate's corners.
@@ -117,7 +116,7 @@ void ForEachNodalLoad(const CDataPool& rPool, const T_LOAD_D& rSet, E_LOAD_KIND 
 }
 
 /// The file has positions in fractions of the element's length: an entry that gives lengths on an element without one
-/// is left out, whether or not it comes to anything.
+/// is left out, even if it is zero.
 template <class VISITOR>
 void ForEachBeamLoad(const CDataPool& rPool, const T_LOAD_D& rSet, const VISITOR& rVisitor) {
     const auto isHere = [](std::int8_t iKind) {
@@ -170,8 +169,7 @@ void VisitPressure(const CDataPool& rPool, const T_MBLD_D& rEntry, std::int32_t 
     }
 }
 
-/// Pressures on plates and solids. Elements lie anywhere: if many are asked for in a row, memory answers for all of
-/// them at once.
+/// Pressures on plates and solids. Elements are looked up in batches, so that their cache misses overlap.
 template <class VISITOR>
 void ForEachPressure(const CDataPool& rPool, const T_LOAD_D& rSet, const VISITOR& rVisitor) {
     constexpr std::size_t BATCH = 16;
@@ -290,7 +288,7 @@ void ForEachCombination(const CDataPool& rPool, const VISITOR& rVisitor) {
     }
 }
 
-/// The first EIGRL of the store. Nothing comes of EIGB.
+/// The first EIGRL of the store; EIGB has no section.
 template <class VISITOR>
 void ForEachEigenControl(const CDataPool& rPool, const VISITOR& rVisitor) {
     for (const auto& [iSID, rRecord] : rPool.EIGB.Sorted()) rVisitor(T_LEFT_D{LEFT_EIGB, iSID});

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-T_STIF_D RodStiffness(const T_PROP_D& rProperty) {
+T_STIFFNESS_D RodStiffness(const T_PROP_D& rProperty) {
     const double dA = rProperty.dVAL[SLOT_A];
     return {.dSIDE = std::sqrt(dA),
             .dA = dA,
@@ -15,7 +15,7 @@ T_STIF_D RodStiffness(const T_PROP_D& rProperty) {
             .dI2 = 0.0};
 }
 
-T_STIF_D EndStiffness(const T_PROP_D& rProperty, std::size_t iEnd) {
+T_STIFFNESS_D EndStiffness(const T_PROP_D& rProperty, std::size_t iEnd) {
     const auto& rValues = rProperty.dVAL;
     const double dA = rValues[iEnd + SLOT_A];
     return {.dSIDE = std::sqrt(dA),

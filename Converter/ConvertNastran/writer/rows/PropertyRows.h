@@ -47,7 +47,7 @@ void ForEachMaterial(const CDataPool& rPool, const VISITOR& rVisitor) {
 }
 
 /// Stiffness of a section, or of an end of one.
-struct T_STIF_D {
+struct T_STIFFNESS_D {
     double dSIDE; // of a square of its area
     double dA;
     double dAS1, dAS2; // shear areas
@@ -58,13 +58,13 @@ struct T_STIF_D {
 /// A section given by its stiffness.
 struct T_VALUESECTION_ROW {
     std::int32_t iPID;
-    T_STIF_D stiffness;
+    T_STIFFNESS_D stiffness;
 };
 
 /// A section whose ends differ.
 struct T_TAPEREDSECTION_ROW {
     std::int32_t iPID;
-    T_STIF_D endA, endB;
+    T_STIFFNESS_D endA, endB;
 };
 
 /// Shapes of the file.
@@ -95,10 +95,10 @@ struct T_THICKNESS_ROW {
 };
 
 /// Stiffness of a PROD: it has no shear areas and no moments of inertia.
-T_STIF_D RodStiffness(const T_PROP_D& rProperty);
+T_STIFFNESS_D RodStiffness(const T_PROP_D& rProperty);
 
 /// Stiffness of a PBAR or of the end of a PBEAM whose slots begin at iEnd.
-T_STIF_D EndStiffness(const T_PROP_D& rProperty, std::size_t iEnd = 0);
+T_STIFFNESS_D EndStiffness(const T_PROP_D& rProperty, std::size_t iEnd = 0);
 
 /// The pipe of a PTUBE.
 T_SHAPESECTION_ROW TubeSection(std::int32_t iPID, const T_PROP_D& rProperty);

@@ -45,7 +45,7 @@ T_GAPPROPERTY_ROW GapProperty(std::int32_t iPID, const T_PROP_D& rProperty) {
         if (row.dK[i] != 0.0) {
             row.dOPEN[i] = rValues[SLOT_U0];
         } else {
-            row.dK[i] = 0.0; // a zero of the card may carry a sign
+            row.dK[i] = 0.0; // the card's zero may have a sign
         }
     }
     return row;

@@ -1,6 +1,6 @@
 #pragma once
 // Rows of *ELASTICLINK, *SPRING, *NL-PROP and *NL-LINK: springs, bushes and gaps. Each spring is looked at twice: apart
-// nodes and ground make an elastic link or a spring, coincident nodes make a general link whatever the components are.
+// nodes and ground make an elastic link or a spring, coincident nodes make a general link with any components.
 
 #include "store/DataPool.h"
 #include "store/PropertyRecords.h"
@@ -78,7 +78,7 @@ constexpr E_LEFT SpringReason(E_LEFT eCelas1, E_LEFT eCelas2) {
 
 /// Stiffness and damping of a spring. LEFT_COUNT, or why it has none.
 inline E_LEFT GetSpringValues(const CDataPool& rPool, const T_CEL1_D& rSpring, double& rK, double& rGE) {
-    const T_PROP_D* pProperty = rPool.PROP.Find(rSpring.iPID); // whatever its kind
+    const T_PROP_D* pProperty = rPool.PROP.Find(rSpring.iPID); // of any kind
     if (!pProperty) return LEFT_CELAS1_PELAS;
     rK = pProperty->dVAL[SLOT_K];
     rGE = pProperty->dVAL[SLOT_GE];
@@ -97,15 +97,15 @@ inline std::int32_t PropertyOf(const T_CEL2_D&) {
     return 0;
 }
 
-/// Whether a spring is a general link: between grids that exist and coincide, whatever its components are.
+/// Whether a spring is a general link: between grids that exist and coincide, with any components.
 template <class SPRING>
 bool IsScalarLink(const CDataPool& rPool, const SPRING& rSpring) {
     return rPool.NODS.Find(rSpring.iG1) && rPool.NODS.Find(rSpring.iG2) &&
            AreCoincident(rPool, rSpring.iG1, rSpring.iG2);
 }
 
-/// Links and springs to ground among each other, in store order. What is said of a spring that is a scalar link, too,
-/// isn't the last word.
+/// Links and springs to ground among each other, in store order. A spring that is left out may still be
+/// a scalar link.
 template <class SPRING, class VISITOR>
 void ForEachElasticLink(const CDataPool& rPool, const CMap<SPRING>& rSprings, const VISITOR& rVisitor) {
     for (const auto& [iEID, rSpring] : rSprings.Walk()) {
