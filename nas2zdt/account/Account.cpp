@@ -4,7 +4,6 @@
 
 #include "driver/CConvertNastran.h"
 #include "reader/FieldParser.h"
-#include "writer/rows/ModelRows.h"
 
 #include <algorithm>
 
@@ -118,32 +117,23 @@ void CAccount::AddDeletedFields(std::size_t nFields, std::int32_t) {
     m_nDeletedFields += nFields;
 }
 
-void CAccount::AddModel(const CDataPool& rPool) {
-    std::array<T_NOTE_D, LEFT_COUNT> aNotes;
-    const CRowVisitor visitor{
-        [&](const T_LEFT_D& rLeft) {
-            if (rLeft.bELSEWHERE) return;
-            T_NOTE_D& rNote = aNotes[rLeft.eREASON];
-            rNote.nCOUNT += rLeft.nCOUNT;
-            if (rNote.aIDS.size() < T_NOTE_D::MOST_PLACES) rNote.aIDS.push_back(rLeft.iID);
-        },
-        [](const auto&) {}, // rows are no loss
-    };
-    ForEachRow(rPool, visitor);
-    for (std::size_t i = 0; i < aNotes.size(); ++i) {
-        if (aNotes[i].nCOUNT > 0) NoteUnwritten(ReasonOf(static_cast<E_LEFT>(i)), aNotes[i]);
+/// Reasons of one text make one note. One is often told many times in a row.
+void CAccount::AddLeft(const T_LEFT_D& rLeft) {
+    if (rLeft.eREASON != m_left.eREASON || rLeft.sKEYWORD != m_left.sKEYWORD) {
+        const T_REASON_D& rReason = ReasonOf(rLeft.eREASON);
+        std::int32_t iKeyword = 0;
+        CConvertNastran::KeywordToId(rLeft.sKEYWORD ? rLeft.sKEYWORD : rReason.sKEYWORD, iKeyword);
+        T_WORD_D& rWord = Known(iKeyword);
+        const E_NOTE eNote = rReason.bWRITTEN ? NOTE_ALTERED : NOTE_UNWRITTEN;
+        const T_NOTE_D& rFound = FindNote(rWord, eNote, rReason.sTEXT);
+        m_left = {rLeft.eREASON, rLeft.sKEYWORD, &rWord, static_cast<std::size_t>(&rFound - rWord.aNOTES.data())};
     }
-}
-
-/// Reasons of one text make one note.
-void CAccount::NoteUnwritten(const T_REASON_D& rReason, const T_NOTE_D& rFound) {
-    std::int32_t iKeyword = 0;
-    CConvertNastran::KeywordToId(rReason.sKEYWORD, iKeyword);
-    T_NOTE_D& rNote = FindNote(Known(iKeyword), NOTE_UNWRITTEN, rReason.sTEXT);
-    rNote.nCOUNT += rFound.nCOUNT;
-    rNote.aIDS.insert(rNote.aIDS.end(), rFound.aIDS.begin(), rFound.aIDS.end());
-    std::sort(rNote.aIDS.begin(), rNote.aIDS.end());
-    if (rNote.aIDS.size() > T_NOTE_D::MOST_PLACES) rNote.aIDS.resize(T_NOTE_D::MOST_PLACES);
+    T_NOTE_D& rNote = m_left.pWORD->aNOTES[m_left.iNOTE];
+    rNote.nCOUNT += rLeft.nCOUNT;
+    std::vector<std::int32_t>& rIds = rNote.aIDS;
+    if (rIds.size() == T_NOTE_D::MOST_PLACES && rLeft.iID >= rIds.back()) return;
+    rIds.insert(std::upper_bound(rIds.begin(), rIds.end(), rLeft.iID), rLeft.iID);
+    if (rIds.size() > T_NOTE_D::MOST_PLACES) rIds.pop_back();
 }
 
 std::vector<const T_WORD_D*> CAccount::GetWords() const {

@@ -7,8 +7,7 @@
 #include "nas2zdt/flatten/LineMap.h"
 #include "reader/DeckObserver.h"
 #include "reader/Keywords.h"
-#include "store/DataPool.h"
-#include "writer/rows/Left.h"
+#include "store/Left.h"
 
 #include <array>
 #include <cstdint>
@@ -31,8 +30,9 @@ enum E_NOTE {
     NOTE_FIELDS,
     NOTE_THRU,
     NOTE_PLUS_SIGN,
-    NOTE_NO_BULK,  // a deck without bulk section
-    NOTE_UNWRITTEN // stored, but not in the file; the text is the rule's own
+    NOTE_NO_BULK,   // a deck without bulk section
+    NOTE_UNWRITTEN, // stored, but not in the file; the text is the reason's, as of the next
+    NOTE_ALTERED,   // in the file, but otherwise than the deck means
 };
 
 /// Lines of a deck of the run.
@@ -49,7 +49,7 @@ struct T_NOTE_D {
     std::string sTEXT; // what of the card, where the kind alone doesn't tell
     std::uint64_t nCOUNT = 0;
     std::vector<T_PLACE_D> aPLACES;
-    std::vector<std::int32_t> aIDS; // of what is stored but not written, instead of places; ascending
+    std::vector<std::int32_t> aIDS; // of what is told by reasons, instead of places: the smallest, ascending
 };
 
 /// What became of the cards of one keyword or unknown word.
@@ -81,8 +81,8 @@ class CAccount {
     void AddLoss(const T_LOSS_D& rLoss);
     void AddDeletedFields(std::size_t nFields, std::int32_t iLine);
 
-    /// After the run: what the store holds and the file doesn't.
-    void AddModel(const CDataPool& rPool);
+    /// What the store holds and the file doesn't, or says otherwise.
+    void AddLeft(const T_LEFT_D& rLeft);
 
     /// Lines are those of a joined deck from now on, and told by their origins. pLines must outlive this object.
     void SetLines(const CLineMap* pLines) { m_pLines = pLines; }
@@ -107,7 +107,6 @@ class CAccount {
     }
     static T_NOTE_D& FindNote(T_WORD_D& rWord, E_NOTE eNote, std::string_view sText);
     static void Note(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace, std::string_view sText = {});
-    void NoteUnwritten(const T_REASON_D& rReason, const T_NOTE_D& rFound);
     void TakeOwnership(const T_OWNS_D& rOwns, std::int32_t iKeyword, const T_DATA_D& rCard, const T_PLACE_D& rPlace);
 
     std::array<T_WORD_D, T_KEYW_D::TABLE.size()> m_aKnown;
@@ -115,6 +114,13 @@ class CAccount {
     std::vector<CDrops> m_aDrops;
     std::map<std::string, T_WORD_D, std::less<>> m_mapUnknown;
     T_WORD_D* m_pUnknown = nullptr; // the last one of them
+    struct T_LAST_D {
+        E_LEFT eREASON = LEFT_COUNT;
+        const char* sKEYWORD = nullptr;
+        T_WORD_D* pWORD = nullptr;
+        std::size_t iNOTE = 0; // of the word's
+    };
+    T_LAST_D m_left; // the note of the last reason
     std::array<CIdOwners, OWNED_COUNT> m_aOwners;
     std::vector<std::string> m_aDecks;
     T_WORD_D* m_pLast = nullptr;      // of the last card or loss, which continuation lines that stand alone belong to

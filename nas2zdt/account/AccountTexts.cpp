@@ -26,6 +26,7 @@ constexpr T_TEXT_D TEXTS[] = {
     {NOTE_PLUS_SIGN,      "plus-sign",       "dropped: fields with a \"+\" in free field"},
     {NOTE_NO_BULK,        "no-bulk",         "no bulk data: a deck without BEGIN BULK, or that leaves it"},
     {NOTE_UNWRITTEN,      "unwritten",       "not written: "},
+    {NOTE_ALTERED,        "altered",         "altered: "},
 };
 // clang-format on
 
@@ -33,7 +34,7 @@ constexpr bool IsInOrder() {
     for (std::size_t i = 0; i < std::size(TEXTS); ++i) {
         if (TEXTS[i].eNOTE != static_cast<E_NOTE>(i)) return false;
     }
-    return std::size(TEXTS) == NOTE_UNWRITTEN + 1;
+    return std::size(TEXTS) == NOTE_ALTERED + 1;
 }
 static_assert(IsInOrder());
 

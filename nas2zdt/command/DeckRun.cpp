@@ -95,10 +95,7 @@ void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
     progress.Clear();
     m_result.aLOG = run.GetMsgMgr().GetMessages();
     if (!bEnded) return FailRun(run.GetFailure(), pLines);
-    if (m_pAccount) {
-        m_pAccount->AddModel(run.GetDataPool());
-        m_result.bACCOUNT = true;
-    }
+    m_result.bACCOUNT = m_pAccount != nullptr;
     if (dialogs.m_sFileError.empty()) {
         FinishTarget();
     } else {

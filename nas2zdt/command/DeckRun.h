@@ -12,6 +12,8 @@
 #include <memory>
 #include <string>
 
+class CDataPool;
+
 /// A run and what is told of it.
 class CDeckRun : private COutput {
   public:

@@ -31,6 +31,9 @@ class CRunWatch : public CDeckObserver {
     void OnFieldsDeleted(std::size_t nFields, std::int32_t iLine) override {
         if (m_pAccount) m_pAccount->AddDeletedFields(nFields, iLine);
     }
+    void OnLeft(const T_LEFT_D& rLeft) override {
+        if (m_pAccount) m_pAccount->AddLeft(rLeft);
+    }
     void OnBytesRead(std::uint64_t nBytes) override { m_rProgress.Update(nBytes); }
     std::string LineText(std::int32_t iLine) const override;
 

@@ -65,7 +65,7 @@ class CPartCollector {
     void operator()(const T_LEFT_D& rLeft) const {
         if (rLeft.eREASON == LEFT_RBE2_MASTER || rLeft.eREASON == LEFT_RBE2_SLAVE) {
             ++m_rScene.aCOUNTS[KIND_RIGID].nWITHOUTNODES;
-        } else if (!rLeft.bELSEWHERE && rLeft.eREASON != LEFT_MPC_COMPONENT) {
+        } else if (!rLeft.bELSEWHERE && !ReasonOf(rLeft.eREASON).bWRITTEN) {
             m_rScene.nFORMLESS += rLeft.nCOUNT;
         }
     }

@@ -88,8 +88,8 @@ const std::vector<T_CASE_D> CASES = {
     {"Replaced", "BEGIN BULK\nGRID,1\nGRID,2\nGRID,9\nGRID,1\nGRID,1\nGRID,5\nGRID,5\nENDDATA\n",
         "GRID 7: 7 3 0 0 0 0 0 replaced*3@5-5@6-6@8-8\n"},
     {"Fields", "BEGIN BULK\nGRID,1,,,,,,,9\nGRID,2,,,,,,,0\nGRID,3,,,,,,12,7,8\n$\n",
-        "GRID 3: 3 0 0 0 0 0 0 fields*2@2-2@4-4 fields-past-read*1@4-4\n"},
-    {"Thru", "BEGIN BULK\nSPC1,1,1,2,THRU,9\n$\n", "SPC1 1: 1 0 0 0 0 0 0 thru*1@2-2\n"},
+        "GRID 3: 3 0 0 0 0 0 0 fields*2@2-2@4-4 fields-past-read*1@4-4 unwritten*1\n"},
+    {"Thru", "BEGIN BULK\nSPC1,1,1,2,THRU,9\n$\n", "SPC1 1: 1 0 0 0 0 0 0 thru*1@2-2 altered*2\n"},
     {"PlusSign", "BEGIN BULK\nGRID,1,,1.0E+3,2.\nGRID,2,,1.,+A\n$\n", "GRID 2: 2 0 0 0 0 0 0 plus-sign*1@2-2\n"},
     {"NoBulk", "SOL 101\nGRID,1\n", " 0: 0 0 0 0 0 0 0 no-bulk*1@0-0\n"},
     {"ReturnsAreNoLoss", "BEGIN BULK\r\nGRID,1\r\n\r\n\r\nGRID,2\r\n  \r\nGRID,3,,\r\nENDDATA\r\n", "GRID 3: 3 0 0 0 0 0 0\n"},
@@ -115,11 +115,9 @@ TEST(Account, KeepsTheFirstHundredPlaces) {
     EXPECT_EQ(account.GetLossCount(), 250u);
 }
 
-TEST(Account, WhatIsNotWrittenByKeywordAndText) {
-    CStoredRun run("GRID,1\nCELAS2,1,1.,98,1\nCELAS2,2,1.,1,1,99,1\nCELAS2,3,0.,1,1,1,2\nCELAS2,4,1.,1,1,1,2\n"
-                   "SPC1,1,1,1,2,3\nSPC1,2,1,1\n");
-    CAccount account;
-    account.AddModel(run.GetDataPool());
+TEST(Account, WhatTheFileLacksByKeywordAndText) {
+    const CAccount account = Account("BEGIN BULK\nGRID,1\nCELAS2,1,1.,98,1\nCELAS2,2,1.,1,1,99,1\nCELAS2,3,0.,1,1,1,2\n"
+                                     "CELAS2,4,1.,1,1,1,1\nFORCE1,1,9,1.,1,9\nSPC1,1,1,1,1,1\nSPC1,2,1,1\nENDDATA\n");
     std::string sText;
     for (const T_WORD_D* pWord : account.GetWords()) {
         for (const T_NOTE_D& rNote : pWord->aNOTES) {

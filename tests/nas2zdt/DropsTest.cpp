@@ -1,10 +1,10 @@
 // Which fields of a card are told as lost.
 
 #include "nas2zdt/account/Drops.h"
-#include "reader/DeckObserver.h"
 #include "reader/Keywords.h"
 #include "support/Deck.h"
 #include "support/NoDialogs.h"
+#include "support/QuietObserver.h"
 
 #include <gtest/gtest.h>
 
@@ -13,13 +13,8 @@
 namespace {
 
 /// Notes what each card loses: fields, behind "|" those never reached, and whether a THRU isn't understood.
-class CDropsObserver : public CDeckObserver {
+class CDropsObserver : public CQuietObserver {
   public:
-    void OnDeckBegin(const std::string&) override {}
-    void OnDeckEnd(bool) override {}
-    void OnLoss(const T_LOSS_D&) override {}
-    void OnFieldsDeleted(std::size_t, std::int32_t) override {}
-    void OnBytesRead(std::uint64_t) override {}
     void OnCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t, std::int32_t) override {
         const std::string_view sKeyword = T_KEYW_D::TABLE[static_cast<std::size_t>(rCard.iKEYWORD)].sNAME;
         const T_DROPPED_D dropped = CDrops(sKeyword).Find(rCard, rUse);

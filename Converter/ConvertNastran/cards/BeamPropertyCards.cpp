@@ -69,6 +69,7 @@ int CConvertNastran::ParsePBARL(const T_DATA_D& rCard) {
     property.iPROPTYPE = PROP_BAR;
     property.iMID = fields.Int();
     fields.Skip("GROUP");
+    property.bSHAPE = true;
     property.iSECTYPE = FindBarShape(fields.Text());
     fields.Skip("-", "-", "-", "-");
     ReadSlotRow(fields, property, SLOT_DIM1, 9);

@@ -5,14 +5,20 @@
 #include "reader/FieldCursor.h"
 
 #include <cstdint>
+#include <string_view>
 
 namespace {
+
+void SetComponents(T_CNND_D& rGrid, std::string_view sComponents) {
+    rGrid.bDOF = ParseComponents(sComponents);
+    rGrid.bZERO = sComponents == "0";
+}
 
 /// G, C and D, whose name is sD; an enforced value isn't kept.
 T_CNND_D ReadConstrainedGrid(CFieldCursor& rFields, const char* sD) {
     T_CNND_D grid;
     grid.iNODE = rFields.Int();
-    grid.bDOF = ParseComponents(rFields.Text());
+    SetComponents(grid, rFields.Text());
     rFields.Skip(sD);
     return grid;
 }
@@ -22,7 +28,11 @@ void ReadTerm(CFieldCursor& rFields, T_CNEQ_D& rEquation) {
     term.iNODE = rFields.Int();
     term.iCOMP = rFields.Int();
     term.dCOEF = rFields.Real();
-    if (term.iNODE > 0) rEquation.aTERMS.Add(term);
+    if (term.iNODE > 0) {
+        rEquation.aTERMS.Add(term);
+    } else if (term.dCOEF != 0.0) {
+        rEquation.bLOST = true;
+    }
 }
 
 } // namespace
@@ -43,7 +53,8 @@ int CConvertNastran::ParseSPC1(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
     T_CNST_D& rSet = m_pDataPool->CNST[fields.Int()]; // m_iLastCNST doesn't follow this card
     T_CNND_D grid;
-    grid.bDOF = ParseComponents(fields.Text());
+    grid.bSPC1 = true;
+    SetComponents(grid, fields.Text());
     for (int i = 0; i < GRIDS; ++i) {
         grid.iNODE = fields.Int(); // THRU reads as 0
         if (grid.iNODE != 0) rSet.aCNND.Add(grid);

@@ -39,8 +39,8 @@ void SetBeamLoadType(T_MBLD_D& rEntry, std::string_view sType) {
 E_LOAD_SCALE TextToScale(std::string_view sScale) {
     if (sScale == "FR") return SCALE_FR;
     if (sScale == "LEPR") return SCALE_LEPR;
-    if (sScale == "FPPR") return SCALE_FPPR; // the usual FRPR isn't known
-    return SCALE_LE;
+    if (sScale == "FPPR") return SCALE_FPPR;
+    return sScale.empty() || sScale == "LE" ? SCALE_LE : SCALE_OTHER; // FRPR too, which is the usual word
 }
 
 } // namespace

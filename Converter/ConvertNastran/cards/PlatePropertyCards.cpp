@@ -22,7 +22,7 @@ int CConvertNastran::ParsePSHELL(const T_DATA_D& rCard) {
     T_PROP_D property;
     const std::int32_t iMID1 = fields.Int();
     property.dVAL.Set(SLOT_T, fields.Real());
-    const std::int32_t iMID2 = fields.Int();
+    const std::int32_t iMID2 = property.iMID2 = fields.Int();
     property.dVAL.Set(SLOT_BENDING, fields.Real(1.0));
     fields.Skip("MID3");
     property.dVAL.Set(SLOT_SHEAR, fields.Real(0.833333)); // not 5/6

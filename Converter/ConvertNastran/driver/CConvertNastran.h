@@ -24,7 +24,6 @@
 class CDialogs;
 class COutput;
 struct T_KEYW_D;
-struct T_LEFT_D;
 struct T_LOADCASE_ROW;
 struct T_SHAPESECTION_ROW;
 struct T_TAPEREDSECTION_ROW;
@@ -258,7 +257,8 @@ class CConvertNastran {
     int WriteModel(CFile& rFile);
     int WriteFileVersion(CFile& rFile);
 
-    // writer/LeftMessages.cpp: what is left out, as far as the log tells it
+    // writer/LeftMessages.cpp: what the file doesn't say goes to the observer and, as far as the log tells it, there
+    void TellLeft(const T_LEFT_D& rLeft);
     int LogLeft(const T_LEFT_D& rLeft);
     int LogShape(std::int32_t iPID, std::int32_t iShape);
 

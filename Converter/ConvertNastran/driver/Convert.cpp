@@ -64,6 +64,7 @@ void CConvertNastran::RunConversion(const std::string& sPath) {
     // INCLUDE cards add to the list as it is walked.
     for (m_iCurDeck = 0; m_iCurDeck < m_aIncludeFiles.size(); ++m_iCurDeck) ReadDeck();
     m_pDataPool->m_pMsgMgr = m_pMsgMgr.get();
+    m_pDataPool->m_pLeftSink = m_pObserver;
     m_pDataPool->m_nMostCarried = m_limits.nFRAMES;
     m_pDataPool->ResolveModel();
     if (!WriteZdtFile(sPath)) throw CRunError(FAILURE_NOT_WRITTEN);

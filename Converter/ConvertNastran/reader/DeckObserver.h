@@ -1,8 +1,9 @@
 #pragma once
-// What a host can learn while a deck is read: what became of each group of lines in the bulk section.
+// What a host can learn of a run: what became of each group of lines in the bulk section, and then of the model.
 
 #include "reader/Card.h"
 #include "reader/FieldUse.h"
+#include "store/Left.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -28,12 +29,11 @@ struct T_LOSS_D {
     std::int32_t iLAST = 0;
 };
 
-/// Told in the order of the deck, while the run goes on; what a call is given is valid during the call. An exception
-/// ends the run as one of the run's own does.
-class CDeckObserver {
+/// Told in the order of the deck, while the run goes on, and of what the target file doesn't say behind it, in the
+/// order of the passes and sections; what a call is given is valid during the call. An exception ends the run as one of
+/// the run's own does.
+class CDeckObserver : public CLeftSink {
   public:
-    virtual ~CDeckObserver() = default;
-
     /// A deck, the main one or an included one, was opened.
     virtual void OnDeckBegin(const std::string& sPath) = 0;
 

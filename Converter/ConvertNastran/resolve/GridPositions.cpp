@@ -76,5 +76,6 @@ void CDataPool::ResolveGridPositions() {
     const auto isLost = [this](const T_NODS_D& rNode) { return rNode.iCP != 0 && !FindFrame(rNode.iCP); };
     for (const auto& [iID, rNode] : NODS.Walk(isLost)) {
         LogMessage(g_pfnLoadStr("IDS_NASTRAN_UCS_in_GRID_is_not_exit"), iID, rNode.iCP);
+        TellLeft({LEFT_GRID_FRAME, iID, rNode.iCP});
     }
 }

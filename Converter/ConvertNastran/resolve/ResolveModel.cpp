@@ -3,8 +3,10 @@
 #include "store/DataPool.h"
 
 int CDataPool::ResolveModel() {
-    ResolveCoordinateSystems();   // from the cards alone
-    ResolveGridPositions();       // needs the frames
+    if (m_pLeftSink) MeasureStretches();
+    ResolveCoordinateSystems(); // from the cards alone
+    ResolveGridPositions();     // needs the frames
+    if (m_pLeftSink) TellFrames();
     ResolveElementOrientations(); // needs positions
     ResolveLoadDirections();      // needs positions
     ResolveNodeLocalAxes();       // needs the frames

@@ -60,6 +60,7 @@ void CUCSBase::MeasureChain() {
     if (IsMeasured()) return;
     if (!m_pParent || m_pParent->IsMeasured()) { // as in decks that tell the outer frame first
         m_nFrames = m_pParent ? m_pParent->m_nFrames + 1 : 1;
+        m_bCircle = m_pParent && m_pParent->m_bCircle;
         m_pMeasured = this;
         return;
     }
@@ -71,13 +72,21 @@ void CUCSBase::MeasureChain() {
         aPath.push_back(pFrame);
     }
     std::size_t nFrames = pFrame ? pFrame->m_nFrames : 0;
+    bool bCircle = pFrame && pFrame->m_bCircle;
     if (pFrame && nFrames < aPath.size() && aPath[nFrames] == pFrame) { // the path closes a circle
         const std::size_t iEntry = nFrames;
         nFrames = aPath.size() - iEntry;
-        for (std::size_t i = iEntry; i < aPath.size(); ++i) aPath[i]->m_nFrames = nFrames;
+        bCircle = true;
+        for (std::size_t i = iEntry; i < aPath.size(); ++i) {
+            aPath[i]->m_nFrames = nFrames;
+            aPath[i]->m_bCircle = true;
+        }
         aPath.resize(iEntry);
     }
-    for (; !aPath.empty(); aPath.pop_back()) aPath.back()->m_nFrames = ++nFrames;
+    for (; !aPath.empty(); aPath.pop_back()) {
+        aPath.back()->m_nFrames = ++nFrames;
+        aPath.back()->m_bCircle = bCircle;
+    }
 }
 
 void CUCSBase::ToGlobal(double& rX, double& rY, double& rZ) const {

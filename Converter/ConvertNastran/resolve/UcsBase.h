@@ -36,6 +36,9 @@ class CUCSBase {
     /// of the chain may change afterwards.
     void MeasureChain();
 
+    /// Whether the parents of a measured frame lead in a circle, which it may be part of or not.
+    bool LeadsInCircle() const { return IsMeasured() && m_bCircle; }
+
     /// Number of frames that ToGlobal takes a point through: from this one outward, each counted once.
     std::size_t GetFrameCount() const { return IsMeasured() ? m_nFrames : CountFrames(); }
 
@@ -52,4 +55,5 @@ class CUCSBase {
 
     const CUCSBase* m_pMeasured = nullptr; // this one if m_nFrames is of its chain: a copy has another
     std::size_t m_nFrames = 0;
+    bool m_bCircle = false;
 };

@@ -7,6 +7,8 @@
 #include "store/CoordinateRecords.h"
 #include "store/EigenRecords.h"
 #include "store/ElementRecords.h"
+#include "store/IdStretch.h"
+#include "store/Left.h"
 #include "store/LoadRecords.h"
 #include "store/Map.h"
 #include "store/MaterialRecord.h"
@@ -15,6 +17,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -26,7 +29,8 @@ class CDataPool {
   public:
     virtual ~CDataPool() = default;
 
-    CZdtMsgMgr* m_pMsgMgr = nullptr; // the run's log, not owned; set just before the passes
+    CZdtMsgMgr* m_pMsgMgr = nullptr;  // the run's log, not owned; set just before the passes
+    CLeftSink* m_pLeftSink = nullptr; // who is told what the file won't say, likewise; null for nobody
     std::int64_t m_nMostCarried = std::numeric_limits<std::int64_t>::max(); // limit on frames, likewise
     std::vector<CLocalAxis> m_aLocalAxis;
 
@@ -93,6 +97,23 @@ class CDataPool {
         return pNode ? 1 : 0;
     }
 
+    // Whether a record is missing, for those who tell it: while nobody is to be told, nothing is looked for.
+    bool IsGridMissing(std::int32_t iID) const { return m_pLeftSink && !m_grids.Has(iID) && !NODS.Find(iID); }
+    bool IsElementMissing(std::int32_t iID) const { return m_pLeftSink && !m_elements.Has(iID) && !ELEM.Find(iID); }
+    bool IsPropertyMissing(std::int32_t iID) const { return m_pLeftSink && !PROP.Find(iID); }
+    bool IsMaterialMissing(std::int32_t iID) const { return m_pLeftSink && !MATL.Find(iID); }
+
+    /// Finds the first of some grids that is missing. False for none, also while nobody is to be told.
+    bool FindMissingGrid(std::span<const std::int32_t> aGrids, std::int32_t& rMissing) const {
+        if (!m_pLeftSink) return false;
+        for (const std::int32_t iGrid : aGrids) {
+            if (!IsGridMissing(iGrid)) continue;
+            rMissing = iGrid;
+            return true;
+        }
+        return false;
+    }
+
     /// Replaces rIds by the ids of all load sets, ascending. Returns 1, or 0 if there are none.
     int GetSortedLoadIds(CArray<std::int32_t>& rIds) const;
 
@@ -114,6 +135,12 @@ class CDataPool {
     /// The frame of a coordinate system of any kind, null if there is none. Of several with one id, the first by kind.
     const CUCSBase* FindFrame(std::int32_t iCID) const;
 
+    /// Whether a coordinate system is a cylindrical or spherical one.
+    bool IsPolarFrame(std::int32_t iCID) const;
+    /// Whether a vector in the axes of a coordinate system that exists has other components in the basic ones. A long
+    /// way to the basic frame counts as a turn.
+    bool TurnsVectors(std::int32_t iCID) const;
+
     /// Angle in degrees by which the orientation (dVX, dVY, dVZ), in global axes, turns a link about the line between
     /// two nodes; 0 if it lies along that line. Goes by the card's coordinates; a missing first node counts as the
     /// origin, a missing second one as the first. An angle that the arithmetic can't give is a not-a-number: positive
@@ -126,6 +153,17 @@ class CDataPool {
     int ComputeElementLength(std::int32_t iElement, double& rLength) const;
 
   private:
+    void MeasureStretches();
+    void TellFrames() const;
+    void TellParents() const;
+    void TellFramesOnGrids() const;
+    void TellSharedFrameIds() const;
+    E_LEFT FindAxesLoss(std::int32_t iCD, const CUCSBase& rFrame) const;
+    void TellVectorAxes(std::int32_t iID, const T_ELEM_D& rElement, std::int32_t iCD) const;
+    bool IsCopiedSphere(std::int32_t iCID) const;
+    void TellLeft(const T_LEFT_D& rLeft) const {
+        if (m_pLeftSink) m_pLeftSink->OnLeft(rLeft);
+    }
     void CarryOut(const CUCSBase& rFrame, double (&rPoint)[3]);
 
     template <class... ARGS>
@@ -134,5 +172,6 @@ class CDataPool {
         return 0;
     }
 
-    std::int64_t m_nCarried = 0; // frames that points went through
+    CIdStretch m_grids, m_elements; // measured before the passes if anybody is to be told
+    std::int64_t m_nCarried = 0;    // frames that points went through
 };

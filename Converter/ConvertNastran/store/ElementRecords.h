@@ -48,6 +48,12 @@ constexpr std::int32_t ShapeOfTraits(std::uint16_t nTraits) {
     return nTraits % 16;
 }
 
+struct T_ELEM_D;
+
+/// Keyword of the card that an element comes from, as far as its family and shape tell it: CQUADR and CTRIAR are kept
+/// as CQUAD4 and CTRIA3.
+const char* KeywordOf(const T_ELEM_D& rElement);
+
 /// The 20 node slots of an element, 0 in a slot without a node. Corners are kept in place, midside nodes apart and only
 /// where there are any: a model of flat or linear elements doesn't pay for them.
 class CNodeSlots {
@@ -111,6 +117,10 @@ struct T_ELEM_D {
     /// Number of the first face of the solid of which exactly two corners compare equal to iNode1 or iNode2; 0 for
     /// none. A wedge with iNode2 0 is searched by iNode1 alone.
     int FindSolidFaceByNodes(std::int32_t iNode1, std::int32_t iNode2) const;
+
+    /// Number of the wedge's face that two grids of a load mean: opposite corners of a side, or a corner of a triangle
+    /// and 0; 0 for none.
+    int FindWedgeFace(std::int32_t iNode1, std::int32_t iNode2) const;
 };
 
 /// CONROD. Key: the EID.

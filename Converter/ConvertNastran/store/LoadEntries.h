@@ -29,10 +29,11 @@ enum E_LOAD_FORM : std::int8_t {
 
 /// Codes of PLOAD1's SCALE, T_MBLD_D::iSCALE.
 enum E_LOAD_SCALE : std::int8_t {
-    SCALE_LE = 0,   // positions are lengths
-    SCALE_FR = 1,   // positions are fractions of the element's length
-    SCALE_LEPR = 2, // lengths, and the load is projected
-    SCALE_FPPR = 3, // fractions, and the load is projected
+    SCALE_LE = 0,    // positions are lengths
+    SCALE_FR = 1,    // positions are fractions of the element's length
+    SCALE_LEPR = 2,  // lengths, and the load is projected
+    SCALE_FPPR = 3,  // fractions, and the load is projected
+    SCALE_OTHER = 4, // a text that isn't known: positions count as lengths
 };
 
 /// Where a PLOAD1 points, T_MBLD_D::iDIR: along an axis of the basic frame or of the element.
@@ -52,6 +53,14 @@ struct T_MBLD_D {
     std::array<double, 6> dV = {};          // dV1 to dV6: the values
     std::array<double, 3> dN = {};          // PLOAD4: direction
 };
+
+/// Keyword of the card that a force or moment comes from.
+inline const char* KeywordOf(const T_MBLD_D& rLoad) {
+    const bool bForce = rLoad.iKIND == LOAD_FORCE;
+    if (rLoad.iFORM == FORM_TWO_GRIDS) return bForce ? "FORCE1" : "MOMENT1";
+    if (rLoad.iFORM == FORM_CROSS) return bForce ? "FORCE2" : "MOMENT2";
+    return bForce ? "FORCE" : "MOMENT";
+}
 
 /// The entries of a load set in card order. Their kinds are kept side by side besides: many go over the entries for
 /// those of some kind, and needn't touch the others. Entries are changed through UpdateEach alone.

@@ -31,7 +31,13 @@ struct T_PROP_D {
     std::int32_t iPROPTYPE = 0;              // E_PROPERTY_TYPE
     std::int32_t bTAPERED = 0;               // PBEAM: 1 if its ends differ
     std::int32_t iSECTYPE = 0;               // PBARL: shape code, 0 for a TYPE that isn't known
+    std::int32_t iMID2 = 0;                  // PSHELL: material of bending
+    bool bSHAPE = false;                     // whether it is a PBARL
     std::int32_t iNPLY = 90;                 // PCOMP: number of plies; meaningless in any other kind
     CSlotArray<std::int32_t, SLOTS> iPLYMID; // PCOMP: material of each ply
     CSlotArray<double, SLOTS> dVAL;          // the values; what a slot holds depends on the kind
 };
+
+/// Keyword of the card that a property with a material and a section or thickness of its own comes from, or of a
+/// PSOLID; null for any other. A PSHEAR is kept as a PSHELL.
+const char* KeywordOf(const T_PROP_D& rProperty);

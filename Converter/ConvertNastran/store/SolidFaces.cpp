@@ -67,3 +67,10 @@ int T_ELEM_D::FindSolidFaceByNodes(std::int32_t iNode1, std::int32_t iNode2) con
     if (iNode2 == 0) return FindSolidFaceByNode(iNode1);
     return FaceOfNodes(iNODE, WEDGE_SIDES, iNode1, iNode2);
 }
+
+int T_ELEM_D::FindWedgeFace(std::int32_t iNode1, std::int32_t iNode2) const {
+    constexpr std::size_t CORNER_SLOTS[] = {0, 1, 2, 4, 5, 6};
+    CNodeSlots corners; // in slots 0 to 5, where the tables want them
+    for (std::size_t i = 0; i < 6; ++i) corners.Set(i, iNODE[CORNER_SLOTS[i]]);
+    return iNode2 == 0 ? FaceOfNode(corners, WEDGE_CORNERS, iNode1) : FaceOfNodes(corners, WEDGE_SIDES, iNode1, iNode2);
+}

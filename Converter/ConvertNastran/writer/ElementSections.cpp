@@ -28,7 +28,7 @@ int CConvertNastran::WriteNodeSection(CFile& rFile) {
     WriteLine(rFile, "*NODE\n");
     const CRowVisitor visitor{
         [&](const T_NODE_ROW& r) { WriteLine(rFile, "  %d, %g, %g, %g\n", r.iNODE, r.dX, r.dY, r.dZ); },
-        IGNORE_LEFT,
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
     };
     ForEachNode(GetDataPool(), visitor);
     return WriteLine(rFile, "\n");
@@ -53,7 +53,7 @@ int CConvertNastran::WriteElementSection(CFile& rFile) {
             WriteLine(rFile, "%d, SOLID, %d, 0, %d, %d, %d, %d, %d, %d, %d, %d\n", r.iEID, r.iMID, n[0], n[1], n[2],
                       n[3], n[4], n[5], n[6], n[7]);
         },
-        IGNORE_LEFT,
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
     };
     ForEachElement(GetDataPool(), visitor);
     return WriteLine(rFile, "\n");
@@ -62,7 +62,11 @@ int CConvertNastran::WriteElementSection(CFile& rFile) {
 int CConvertNastran::WriteConrodSection(CFile& rFile) {
     if (m_pDataPool->CNRD.IsEmpty()) return 1;
     WriteLine(rFile, "*ELEMENT\n");
-    ForEachConrod(GetDataPool(), [&](const T_TRUSS_ROW& r) { WriteTruss(rFile, r); });
+    const CRowVisitor visitor{
+        [&](const T_TRUSS_ROW& r) { WriteTruss(rFile, r); },
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
+    };
+    ForEachConrod(GetDataPool(), visitor);
     return WriteLine(rFile, "\n");
 }
 
@@ -75,7 +79,10 @@ int CConvertNastran::WriteNodalMassSection(CFile& rFile) {
         [&](const T_MASS_ROW& r) {
             section.Line("  %d, %g, %g, %g, %g, %g, %g\n", r.iNODE, r.dMX, r.dMY, r.dMZ, r.dRMX, r.dRMY, r.dRMZ);
         },
-        [&](const T_LEFT_D&) { section.Begin(); },
+        [&](const T_LEFT_D& rLeft) {
+            section.Begin();
+            TellLeft(rLeft);
+        },
     };
     ForEachMass(GetDataPool(), visitor);
     return WriteLine(rFile, "\n");

@@ -1,9 +1,14 @@
-// What the log tells of what is left out. All else passes in silence.
+// Telling what the file doesn't say: the observer learns all of it, the log some.
 
 #include "cards/BarShapes.h"
 #include "driver/CConvertNastran.h"
 #include "messages/MsgDll.h"
-#include "writer/rows/Left.h"
+#include "store/Left.h"
+
+void CConvertNastran::TellLeft(const T_LEFT_D& rLeft) {
+    if (m_pObserver && !rLeft.bELSEWHERE) m_pObserver->OnLeft(rLeft);
+    LogLeft(rLeft);
+}
 
 // clang-format off
 int CConvertNastran::LogLeft(const T_LEFT_D& rLeft) {

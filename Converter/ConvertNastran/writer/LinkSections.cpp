@@ -87,7 +87,7 @@ int CConvertNastran::WriteElasticLinks(CFile& rFile, const CMap<SPRING>& rSpring
                          k[2], k[3], k[4], k[5]);
         },
         [&](const T_GROUNDSPRING_ROW& r) { aGrounded.push_back(r); },
-        [&](const T_LEFT_D& rLeft) { LogLeft(rLeft); },
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
     };
     ForEachElasticLink(GetDataPool(), rSprings, visitor);
     if (!aGrounded.empty()) WriteLine(rFile, "*SPRING\n");
@@ -138,6 +138,7 @@ int CConvertNastran::WriteBushGapLinks(CFile& rFile) {
             section.Line(" %d, %d, %d, GPROP%d, , 0, %s, \n", r.iEID, r.iNODE1, r.iNODE2, r.iGPROP,
                          AngleText(r.dANGLE));
         },
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
     };
     ForEachGeneralLink(GetDataPool(), visitor);
     WriteLine(rFile, "\n");
@@ -153,7 +154,7 @@ int CConvertNastran::WriteScalarProperties(CFile& rFile) {
             section.Line(" GPROP%d, ELEMENT, SPG,  0, NO, 0,  NO, 0.5, 0.5, \n", r.iGPROP);
             WriteComponents(rFile, r.dK, r.dDAMP);
         },
-        [&](const T_LEFT_D& rLeft) { LogLeft(rLeft); },
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
     };
     ForEachScalarLink(GetDataPool(), visitor);
     if (!section.IsBegun()) return 1;
@@ -161,7 +162,7 @@ int CConvertNastran::WriteScalarProperties(CFile& rFile) {
     return WriteLine(rFile, "\n");
 }
 
-/// What the properties logged is logged again.
+/// What the properties logged is logged again, but told once.
 int CConvertNastran::WriteScalarLinks(CFile& rFile) {
     CSection section(rFile, "*VERSION\n"
                             "  6.4.1\n\n"

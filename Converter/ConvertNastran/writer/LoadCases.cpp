@@ -8,7 +8,10 @@
 int CConvertNastran::WriteStaticLoadCases(CFile& rFile) {
     if (m_pDataPool->LOAD.IsEmpty()) return 1;
     WriteLine(rFile, "*STLDCASE\n");
-    ForEachLoadCase(GetDataPool(), [&](const T_LOADCASE_ROW& r) { WriteLine(rFile, "STLD%d,  USER,  \n", r.iSID); });
+    ForEachLoadCase(GetDataPool(), [&](const T_LOADCASE_ROW& r) {
+        WriteLine(rFile, "STLD%d,  USER,  \n", r.iSID);
+        if (r.iSID == 0) TellLeft({LEFT_LOADCASE_ZERO});
+    });
     WriteLine(rFile, "\n");
     ForEachLoadCase(GetDataPool(), [&](const T_LOADCASE_ROW& rCase) {
         WriteLine(rFile, "*USE-STLD, STLD%d\n\n", rCase.iSID);
@@ -40,7 +43,7 @@ int CConvertNastran::WriteLoadCombinations(CFile& rFile) {
             }
             WriteLine(rFile, "\n");
         },
-        IGNORE_LEFT,
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
     };
     ForEachCombination(GetDataPool(), visitor);
     return WriteLine(rFile, "\n");
@@ -55,7 +58,7 @@ int CConvertNastran::WriteEigenControl(CFile& rFile) {
             WriteLine(rFile, ";       KIND1, CASE1/GROUND1, iNOG1, ... ; TYPE=RITZ(from line2)\n");
             WriteLine(rFile, "  EIGEN, %d, 20, 0, 1e-010\n\n", r.nMODES);
         },
-        IGNORE_LEFT,
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
     };
     ForEachEigenControl(GetDataPool(), visitor);
     return 1;

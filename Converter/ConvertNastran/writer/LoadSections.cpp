@@ -30,7 +30,10 @@ int CConvertNastran::WriteNodalForces(CFile& rFile, const T_LOAD_D& rSet) {
     CSection section(rFile, "*CONLOAD\n");
     const CRowVisitor visitor{
         [&](const T_NODALLOAD_ROW& r) { section.Line("%5d,  %g, %g, %g, 0, 0, 0\n", r.iNODE, r.dX, r.dY, r.dZ); },
-        [&](const T_LEFT_D&) { section.Begin(); },
+        [&](const T_LEFT_D& rLeft) {
+            section.Begin();
+            TellLeft(rLeft);
+        },
     };
     ForEachNodalLoad(GetDataPool(), rSet, LOAD_FORCE, visitor);
     return section.End();
@@ -40,7 +43,10 @@ int CConvertNastran::WriteNodalMoments(CFile& rFile, const T_LOAD_D& rSet) {
     CSection section(rFile, "*CONLOAD\n");
     const CRowVisitor visitor{
         [&](const T_NODALLOAD_ROW& r) { section.Line("%5d,  0, 0, 0, %g, %g, %g\n", r.iNODE, r.dX, r.dY, r.dZ); },
-        [&](const T_LEFT_D&) { section.Begin(); },
+        [&](const T_LEFT_D& rLeft) {
+            section.Begin();
+            TellLeft(rLeft);
+        },
     };
     ForEachNodalLoad(GetDataPool(), rSet, LOAD_MOMENT, visitor);
     return section.End();
@@ -55,7 +61,7 @@ int CConvertNastran::WriteBeamLoads(CFile& rFile, const T_LOAD_D& rSet) {
         },
         [&](const T_LEFT_D& rLeft) {
             if (rLeft.eREASON != LEFT_PLOAD1_TYPE) section.Begin();
-            LogLeft(rLeft);
+            TellLeft(rLeft);
         },
     };
     ForEachBeamLoad(GetDataPool(), rSet, visitor);
@@ -72,7 +78,10 @@ int CConvertNastran::WritePressureLoads(CFile& rFile, const T_LOAD_D& rSet) {
             section.Begin();
             WriteCornerPressure(rFile, r);
         },
-        [&](const T_LEFT_D&) { section.Begin(); },
+        [&](const T_LEFT_D& rLeft) {
+            section.Begin();
+            TellLeft(rLeft);
+        },
     };
     ForEachPressure(GetDataPool(), rSet, visitor);
     return section.End();
@@ -83,7 +92,10 @@ int CConvertNastran::WriteNodalTemperatures(CFile& rFile, const T_LOADCASE_ROW& 
     CSection section(rFile, "*NDTEMPER    ; Nodal Temperatures\n");
     const CRowVisitor visitor{
         [&](const T_NODETEMPERATURE_ROW& r) { section.Line("%5d,  %g,\n", r.iNODE, r.dT); },
-        [&](const T_LEFT_D&) { section.Begin(); },
+        [&](const T_LEFT_D& rLeft) {
+            section.Begin();
+            TellLeft(rLeft);
+        },
     };
     ForEachNodeTemperature(GetDataPool(), rCase, visitor);
     return section.End();
@@ -96,9 +108,9 @@ int CConvertNastran::WriteElementTemperatures(CFile& rFile, const T_LOAD_D& rSet
                             "; ELEM_LIST, TEMPER, GROUP\n");
     const CRowVisitor visitor{
         [&](const T_ELEMENTTEMPERATURE_ROW& r) { section.Line("%5d,  %g,\n", r.iEID, r.dT); },
-        IGNORE_LEFT,
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
     };
-    ForEachElementTemperature(rSet, visitor);
+    ForEachElementTemperature(GetDataPool(), rSet, visitor);
     return WriteLine(rFile, "\n");
 }
 
@@ -110,7 +122,10 @@ int CConvertNastran::WriteTemperatureGradients(CFile& rFile, const T_LOAD_D& rSe
                             "; ELEM_LIST, iETYP, TZ, bUSEHZ, HZ, GROUP\n");
     const CRowVisitor visitor{
         [&](const T_GRADIENT_ROW& r) { section.Line("%5d, 2, %g, YES, 0,\n", r.iEID, r.dTZ); },
-        [&](const T_LEFT_D&) { section.Begin(); },
+        [&](const T_LEFT_D& rLeft) {
+            section.Begin();
+            TellLeft(rLeft);
+        },
     };
     ForEachGradient(GetDataPool(), rSet, visitor);
     return WriteLine(rFile, "\n");
@@ -124,7 +139,10 @@ int CConvertNastran::WriteSpecifiedDisplacements(CFile& rFile, const T_LOAD_D& r
             section.Line("%5d,  %s, %g, %g, %g, %g, %g, %g\n", r.iNODE, TextOf(r.aMOVED), d[0], d[1], d[2], d[3], d[4],
                          d[5]);
         },
-        [&](const T_LEFT_D&) { section.Begin(); },
+        [&](const T_LEFT_D& rLeft) {
+            section.Begin();
+            TellLeft(rLeft);
+        },
     };
     ForEachDisplacement(GetDataPool(), rSet, visitor);
     return section.End();

@@ -38,10 +38,12 @@ void WriteThickness(CFile& rFile, const T_THICKNESS_ROW& r) {
 
 } // namespace
 
-/// Lines without blanks. The 1e-05 stands whatever the card says.
+/// Lines without blanks. The 1e-05 stands whatever the card says. Without materials the walk tells which properties
+/// lack theirs.
 int CConvertNastran::WriteMaterialSection(CFile& rFile) {
-    if (m_pDataPool->MATL.IsEmpty()) return 1;
-    WriteLine(rFile, "*MATERIAL\n");
+    const bool bMaterials = !m_pDataPool->MATL.IsEmpty();
+    if (!bMaterials && !m_pObserver) return 1;
+    if (bMaterials) WriteLine(rFile, "*MATERIAL\n");
     const CRowVisitor visitor{
         [&](const T_ISOTROPIC_ROW& r) {
             WriteLine(rFile, "%d,USER,MAT%d,0,0,2,%g,%g,%g,0\n", r.iMID, r.iMID, r.dE, r.dNU, r.dALPHA);
@@ -53,9 +55,10 @@ int CConvertNastran::WriteMaterialSection(CFile& rFile) {
         [&](const T_THERMAL_ROW& r) {
             WriteLine(rFile, "%d,USER,MAT%d,%g,%g,2,1e-05,0,0,0\n", r.iMID, r.iMID, r.dCP, r.dK);
         },
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
     };
     ForEachMaterial(GetDataPool(), visitor);
-    return WriteLine(rFile, "\n");
+    return bMaterials ? WriteLine(rFile, "\n") : 1;
 }
 
 /// Sections stand at a format level of their own. The version lines and the empty lines come with any property at all,
@@ -80,7 +83,7 @@ int CConvertNastran::WriteSectionAndThickness(CFile& rFile) {
         },
         [&](const T_LEFT_D& rLeft) {
             if (rLeft.eREASON == LEFT_PBARL_SHAPE) section.Begin();
-            LogLeft(rLeft);
+            TellLeft(rLeft);
         },
     };
     ForEachSection(GetDataPool(), sections);
@@ -93,7 +96,7 @@ int CConvertNastran::WriteSectionAndThickness(CFile& rFile) {
             thickness.Begin();
             WriteThickness(rFile, r);
         },
-        IGNORE_LEFT,
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
     };
     ForEachThickness(GetDataPool(), thicknesses);
     return WriteLine(rFile, "\n");

@@ -2,7 +2,7 @@
 // Rows of *LOADCOMB and *EIGEN-CTRL.
 
 #include "store/DataPool.h"
-#include "writer/rows/Left.h"
+#include "writer/rows/RowVisitor.h"
 
 #include <span>
 #include <vector>
@@ -36,7 +36,7 @@ void ForEachCombination(const CDataPool& rPool, const VISITOR& rVisitor) {
             if (rPool.LOAD.Find(iSet)) {
                 aShares.push_back({iSet, dFactor});
             } else {
-                rVisitor(T_LEFT_D{LEFT_LOAD_SET, iSID, iSet});
+                rVisitor(T_LEFT_D{rPool.LDCB.Find(iSet) ? LEFT_LOAD_LOAD : LEFT_LOAD_SET, iSID, iSet});
             }
         }
         if (!aShares.empty()) rVisitor(T_COMBINATION_ROW{iSID, aShares});

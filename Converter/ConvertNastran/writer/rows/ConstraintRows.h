@@ -2,7 +2,7 @@
 // Rows of *CONSTRAINT and *LOCALAXIS.
 
 #include "store/DataPool.h"
-#include "writer/rows/Left.h"
+#include "writer/rows/RowVisitor.h"
 
 #include <array>
 
@@ -24,7 +24,19 @@ void ForEachConstraint(const CDataPool& rPool, const VISITOR& rVisitor) {
     bool bFirst = true;
     for (const auto& [iSID, rSet] : rPool.CNST.Walk()) {
         if (bFirst) {
-            for (const T_CNND_D& r : rSet.aCNND) rVisitor(T_CONSTRAINT_ROW{rPool.MapNodeId(r.iNODE), r.bDOF});
+            for (const T_CNND_D& r : rSet.aCNND) {
+                const T_CONSTRAINT_ROW row{rPool.MapNodeId(r.iNODE), r.bDOF};
+                rVisitor(row);
+                const auto Tell = [&](E_LEFT eReason) {
+                    rVisitor(T_LEFT_D{.eREASON = eReason, .iID = r.iNODE, .sKEYWORD = r.bSPC1 ? "SPC1" : "SPC"});
+                };
+                if (rPool.IsGridMissing(row.iNODE)) Tell(LEFT_SPC_GRID);
+                if (r.bZERO) {
+                    Tell(LEFT_SPC_ZERO);
+                } else if (r.bDOF == std::array<bool, 6>{}) {
+                    Tell(LEFT_SPC_NOTHING);
+                }
+            }
         } else if (!rSet.aCNND.IsEmpty()) {
             rVisitor(T_LEFT_D{.eREASON = LEFT_SPC_SET, .iID = iSID, .nCOUNT = rSet.aCNND.GetSize()});
         }
@@ -39,11 +51,4 @@ void ForEachConstraint(const CDataPool& rPool, const VISITOR& rVisitor) {
 template <class VISITOR>
 void ForEachLocalAxis(const CDataPool& rPool, const VISITOR& rVisitor) {
     for (const CLocalAxis& rAxis : rPool.m_aLocalAxis) rVisitor(rAxis);
-    std::size_t nWithAxes = 0;
-    rPool.NODS.ForEachTraits([&](std::uint16_t nTraits) { nWithAxes += (nTraits & NODE_WITH_AXES) != 0; });
-    if (nWithAxes == rPool.m_aLocalAxis.size()) return;
-    const auto withAxes = [](std::uint16_t nTraits) { return (nTraits & NODE_WITH_AXES) != 0; };
-    for (const auto& [iID, rNode] : rPool.NODS.Sorted(withAxes)) {
-        if (!rPool.FindFrame(rNode.iCD)) rVisitor(T_LEFT_D{LEFT_GRID_AXES, iID, rNode.iCD});
-    }
 }

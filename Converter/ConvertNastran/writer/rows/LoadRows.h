@@ -2,7 +2,7 @@
 // Rows of the sections of a static load case. A case is a load set; its entries come in card order.
 
 #include "store/DataPool.h"
-#include "writer/rows/Left.h"
+#include "writer/rows/RowVisitor.h"
 
 #include <algorithm>
 #include <array>
@@ -90,6 +90,9 @@ T_BEAMLOAD_ROW BeamLoad(const T_MBLD_D& rEntry, double dX1, double dX2);
 T_CORNERPRESSURE_ROW SolidPressure(const T_MBLD_D& rEntry, const T_ELEM_D& rSolid);
 T_CORNERPRESSURE_ROW PlatePressure(const T_MBLD_D& rEntry);
 
+/// What is wrong with the face that an entry on a solid is written on, LEFT_COUNT if nothing is.
+E_LEFT FaceLoss(const T_MBLD_D& rEntry, const T_ELEM_D& rSolid, std::int32_t iFace);
+
 /// In store order.
 template <class VISITOR>
 void ForEachLoadCase(const CDataPool& rPool, const VISITOR& rVisitor) {
@@ -106,10 +109,16 @@ template <class VISITOR>
 void ForEachNodalLoad(const CDataPool& rPool, const T_LOAD_D& rSet, E_LOAD_KIND eKind, const VISITOR& rVisitor) {
     for (const T_MBLD_D& rEntry : rSet.aMBLD.Walk(eKind)) {
         const auto& d = rEntry.dV;
+        const auto Tell = [&](E_LEFT eForce, E_LEFT eMoment) {
+            const E_LEFT eReason = eKind == LOAD_FORCE ? eForce : eMoment;
+            rVisitor(T_LEFT_D{.eREASON = eReason, .iID = rEntry.iID, .sKEYWORD = KeywordOf(rEntry)});
+        };
         if (std::abs(d[0]) + std::abs(d[1]) + std::abs(d[2]) > NO_LOAD) {
-            rVisitor(T_NODALLOAD_ROW{rPool.MapNodeId(rEntry.iID), d[0], d[1], d[2]});
+            const T_NODALLOAD_ROW row{rPool.MapNodeId(rEntry.iID), d[0], d[1], d[2]};
+            rVisitor(row);
+            if (rPool.IsGridMissing(row.iNODE)) Tell(LEFT_FORCE_GRID, LEFT_MOMENT_GRID);
         } else {
-            rVisitor(T_LEFT_D{eKind == LOAD_FORCE ? LEFT_FORCE_ZERO : LEFT_MOMENT_ZERO, rEntry.iID});
+            Tell(LEFT_FORCE_ZERO, LEFT_MOMENT_ZERO);
         }
     }
 }
@@ -129,7 +138,7 @@ void ForEachBeamLoad(const CDataPool& rPool, const T_LOAD_D& rSet, const VISITOR
         }
         double dX1 = rEntry.dV[0];
         double dX2 = rEntry.dV[2];
-        if (rEntry.iSCALE == SCALE_LE || rEntry.iSCALE == SCALE_LEPR) {
+        if (rEntry.iSCALE != SCALE_FR && rEntry.iSCALE != SCALE_FPPR) {
             double dLength = 0.0;
             if (!rPool.ComputeElementLength(iEID, dLength)) {
                 rVisitor(T_LEFT_D{LEFT_PLOAD1_ERROR, iEID});
@@ -146,6 +155,9 @@ void ForEachBeamLoad(const CDataPool& rPool, const T_LOAD_D& rSet, const VISITOR
             rVisitor(T_LEFT_D{LEFT_PLOAD1_ZERO, iEID});
         } else {
             rVisitor(BeamLoad(rEntry, dX1, dX2));
+            if (rPool.IsElementMissing(iEID)) rVisitor(T_LEFT_D{LEFT_PLOAD1_NO_ELEMENT, iEID});
+            if (rEntry.iSCALE == SCALE_OTHER) rVisitor(T_LEFT_D{LEFT_PLOAD1_SCALE, iEID});
+            if (rEntry.dV[2] != 0.0 && rEntry.dV[0] == rEntry.dV[2]) rVisitor(T_LEFT_D{LEFT_PLOAD1_POINT, iEID});
         }
     }
 }
@@ -158,7 +170,11 @@ void VisitPressure(const CDataPool& rPool, const T_MBLD_D& rEntry, std::int32_t 
     if (std::abs(d[0]) + std::abs(d[1]) + std::abs(d[2]) + std::abs(d[3]) <= NO_LOAD) {
         rVisitor(T_LEFT_D{bCorners ? LEFT_PLOAD4_ZERO : LEFT_PLOAD2_ZERO, rEntry.iID});
     } else if (iType == TYPE_SOLID) {
-        rVisitor(SolidPressure(rEntry, *rPool.ELEM.Find(rEntry.iID)));
+        const T_ELEM_D& rSolid = *rPool.ELEM.Find(rEntry.iID);
+        const T_CORNERPRESSURE_ROW row = SolidPressure(rEntry, rSolid);
+        rVisitor(row);
+        const E_LEFT eLoss = FaceLoss(rEntry, rSolid, row.iFACE);
+        if (eLoss != LEFT_COUNT) rVisitor(T_LEFT_D{eLoss, rEntry.iID, row.iFACE});
     } else if (!IsPlateType(iType)) {
         rVisitor(T_LEFT_D{bCorners ? LEFT_PLOAD4_ELEMENT : LEFT_PLOAD2_ELEMENT, rEntry.iID});
     } else if (bCorners) {
@@ -195,6 +211,7 @@ void ForEachNodeTemperature(const CDataPool& rPool, const T_LOADCASE_ROW& rCase,
     for (const T_NTLD_D& rEntry : rSet.aNTLD) {
         const std::int32_t iNode = rPool.MapNodeId(rEntry.iNODE);
         rVisitor(T_NODETEMPERATURE_ROW{iNode, rEntry.dTEMP});
+        if (rPool.IsGridMissing(iNode)) rVisitor(T_LEFT_D{LEFT_TEMP_GRID, rEntry.iNODE});
         if (rSet.bTEMPD) aGiven.push_back(iNode);
     }
     if (!rSet.bTEMPD) return;
@@ -211,10 +228,11 @@ void ForEachNodeTemperature(const CDataPool& rPool, const T_LOADCASE_ROW& rCase,
 
 /// Mean temperatures above 0.
 template <class VISITOR>
-void ForEachElementTemperature(const T_LOAD_D& rSet, const VISITOR& rVisitor) {
+void ForEachElementTemperature(const CDataPool& rPool, const T_LOAD_D& rSet, const VISITOR& rVisitor) {
     for (const T_ETLD_D& rEntry : rSet.aETLD) {
         if (rEntry.dTBAR > 0.0) {
             rVisitor(T_ELEMENTTEMPERATURE_ROW{rEntry.iELEM, rEntry.dTBAR});
+            if (rPool.IsElementMissing(rEntry.iELEM)) rVisitor(T_LEFT_D{LEFT_TEMPP1_ELEMENT, rEntry.iELEM});
         } else {
             rVisitor(T_LEFT_D{LEFT_TEMPP1_MEAN, rEntry.iELEM});
         }
@@ -246,6 +264,7 @@ void ForEachDisplacement(const CDataPool& rPool, const T_LOAD_D& rSet, const VIS
         }
         if (dSum > NO_LOAD) {
             rVisitor(row);
+            if (rPool.IsGridMissing(row.iNODE)) rVisitor(T_LEFT_D{LEFT_SPCD_GRID, rEntry.iID});
         } else {
             rVisitor(T_LEFT_D{LEFT_SPCD_ZERO, rEntry.iID});
         }

@@ -3,7 +3,9 @@
 
 #include "store/DataPool.h"
 #include "store/PropertySlots.h"
-#include "writer/rows/Left.h"
+#include "writer/rows/ElementLosses.h"
+
+#include <array>
 
 struct T_MASS_ROW {
     std::int32_t iEID; // in no line
@@ -22,6 +24,7 @@ void ForEachMass(const CDataPool& rPool, const VISITOR& rVisitor) {
             rVisitor(T_LEFT_D{LEFT_CONM2, iEID});
             continue;
         }
+        TellMissingGrid(rPool, iEID, rElement, std::array{rElement.iNODE[0]}, rVisitor);
         const auto& d = pMass->dVAL;
         rVisitor(T_MASS_ROW{iEID, rElement.iNODE[0], d[SLOT_MX], d[SLOT_MY], d[SLOT_MZ], d[SLOT_I11], d[SLOT_I22],
                             d[SLOT_I33]});

@@ -2,7 +2,7 @@
 // Rows of *MATERIAL.
 
 #include "store/DataPool.h"
-#include "writer/rows/Left.h"
+#include "writer/rows/RowVisitor.h"
 
 /// MAT1.
 struct T_ISOTROPIC_ROW {
@@ -25,9 +25,19 @@ struct T_THERMAL_ROW {
     double dCP, dK;
 };
 
+/// Tells the properties whose material isn't among those that are written.
+template <class VISITOR>
+void TellPropertiesWithoutMaterial(const CDataPool& rPool, const VISITOR& rVisitor) {
+    const auto lacksMaterial = [&](const T_PROP_D& r) { return KeywordOf(r) && rPool.IsMaterialMissing(r.iMID); };
+    for (const auto& [iPID, r] : rPool.PROP.Sorted(lacksMaterial)) {
+        rVisitor(T_LEFT_D{.eREASON = LEFT_PROPERTY_MATERIAL, .iID = iPID, .iOTHER = r.iMID, .sKEYWORD = KeywordOf(r)});
+    }
+}
+
 /// In store order.
 template <class VISITOR>
 void ForEachMaterial(const CDataPool& rPool, const VISITOR& rVisitor) {
+    if (rPool.m_pLeftSink) TellPropertiesWithoutMaterial(rPool, rVisitor);
     for (const auto& [iMID, r] : rPool.MATL.Walk()) {
         switch (r.iMATTYPE) {
         case MAT_ISOTROPIC:

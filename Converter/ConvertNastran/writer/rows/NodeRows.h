@@ -2,7 +2,7 @@
 // Rows of *NODE.
 
 #include "store/DataPool.h"
-#include "writer/rows/Left.h"
+#include "writer/rows/RowVisitor.h"
 
 /// A grid at its position in the basic frame.
 struct T_NODE_ROW {

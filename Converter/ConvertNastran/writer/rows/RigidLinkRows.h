@@ -2,7 +2,7 @@
 // Rows of *RIGIDLINK, which is written twice: from RBE2, and from the equations of MPC that are such links.
 
 #include "store/DataPool.h"
-#include "writer/rows/Left.h"
+#include "writer/rows/RowVisitor.h"
 
 #include <array>
 #include <span>
@@ -59,13 +59,22 @@ void ForEachEquation(const CDataPool& rPool, const VISITOR& rVisitor) {
         }
         for (const T_CNEQ_D& rEquation : rSet.aCNEQ) {
             const auto& rTerms = rEquation.aTERMS;
+            if (rEquation.bLOST) rVisitor(T_LEFT_D{LEFT_MPC_ZERO_GRID, rEquation.iEQ});
             if (rTerms.GetSize() != 2) {
                 rVisitor(T_LEFT_D{LEFT_MPC_TERMS, rEquation.iEQ});
             } else if (rTerms[0].dCOEF != -1.0 || rTerms[1].dCOEF != 1.0) {
                 rVisitor(T_LEFT_D{LEFT_MPC_FACTORS, rEquation.iEQ});
             } else {
                 rVisitor(T_EQUATION_ROW{rTerms[1].iNODE, rTerms[0].iCOMP, rTerms[0].iNODE});
-                if (rTerms[0].iCOMP != rTerms[1].iCOMP) rVisitor(T_LEFT_D{LEFT_MPC_COMPONENT, rEquation.iEQ});
+                std::int32_t iMissing = 0;
+                if (rPool.FindMissingGrid(std::array{rTerms[0].iNODE, rTerms[1].iNODE}, iMissing)) {
+                    rVisitor(T_LEFT_D{LEFT_MPC_GRID, rEquation.iEQ, iMissing});
+                }
+                if (rTerms[0].iCOMP < 1 || rTerms[0].iCOMP > 6) {
+                    rVisitor(T_LEFT_D{LEFT_MPC_NO_COMPONENT, rEquation.iEQ});
+                } else if (rTerms[0].iCOMP != rTerms[1].iCOMP) {
+                    rVisitor(T_LEFT_D{LEFT_MPC_COMPONENT, rEquation.iEQ});
+                }
             }
         }
     }

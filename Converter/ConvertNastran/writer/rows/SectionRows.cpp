@@ -32,6 +32,19 @@ T_SHAPESECTION_ROW TubeSection(std::int32_t iPID, const T_PROP_D& rProperty) {
     return {iPID, SECTION_PIPE, {dOD, 0.5 * (dOD - rProperty.dVAL[SLOT_ID])}};
 }
 
+E_LEFT ShapeLoss(const T_PROP_D& rProperty) {
+    switch (rProperty.iSECTYPE) {
+    case BAR_I1: // its four dimensions are others than the first four of an I
+        return LEFT_PBARL_DIMENSIONS;
+    case BAR_H: // these stand upright where the file's lie
+    case BAR_CHAN2:
+    case BAR_T1:
+        return LEFT_PBARL_TURNED;
+    default:
+        return LEFT_COUNT;
+    }
+}
+
 bool FindShapeSection(const T_PROP_D& rProperty, T_SHAPESECTION_ROW& rRow) {
     const auto Dim = [&](std::size_t i) { return rProperty.dVAL[SLOT_DIM1 + i - 1]; };
     const double d1 = Dim(1), d2 = Dim(2), d3 = Dim(3), d4 = Dim(4), d5 = Dim(5), d6 = Dim(6);

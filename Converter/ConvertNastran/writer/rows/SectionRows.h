@@ -4,7 +4,7 @@
 #include "cards/BarShapes.h"
 #include "store/DataPool.h"
 #include "store/PropertySlots.h"
-#include "writer/rows/Left.h"
+#include "writer/rows/RowVisitor.h"
 
 #include <array>
 
@@ -68,6 +68,9 @@ T_SHAPESECTION_ROW TubeSection(std::int32_t iPID, const T_PROP_D& rProperty);
 /// The shape of a PBARL. False for one that the file doesn't know.
 bool FindShapeSection(const T_PROP_D& rProperty, T_SHAPESECTION_ROW& rRow);
 
+/// What is wrong with a section of that shape, LEFT_COUNT if nothing is.
+E_LEFT ShapeLoss(const T_PROP_D& rProperty);
+
 /// In store order. Without a shape, also by a TYPE that isn't known, a PBARL is a section of values.
 template <class VISITOR>
 void ForEachSection(const CDataPool& rPool, const VISITOR& rVisitor) {
@@ -92,8 +95,10 @@ void ForEachSection(const CDataPool& rPool, const VISITOR& rVisitor) {
                 rVisitor(T_TAPEREDSECTION_ROW{iPID, EndStiffness(rProperty), EndStiffness(rProperty, SLOT_END_B)});
             } else if (rProperty.iSECTYPE == BAR_UNKNOWN) {
                 rVisitor(T_VALUESECTION_ROW{iPID, EndStiffness(rProperty)});
+                if (rProperty.bSHAPE) rVisitor(T_LEFT_D{LEFT_PBARL_TYPE, iPID});
             } else if (FindShapeSection(rProperty, shape)) {
                 rVisitor(shape);
+                if (const E_LEFT eLoss = ShapeLoss(rProperty); eLoss != LEFT_COUNT) rVisitor(T_LEFT_D{eLoss, iPID});
             } else {
                 rVisitor(T_LEFT_D{LEFT_PBARL_SHAPE, iPID, rProperty.iSECTYPE});
             }
@@ -118,6 +123,7 @@ void ForEachThickness(const CDataPool& rPool, const VISITOR& rVisitor) {
             rVisitor(T_THICKNESS_ROW{iPID, dT, false, 0.0});
         } else {
             rVisitor(T_THICKNESS_ROW{iPID, rProperty.iPROPTYPE == PROP_BENDING ? dT / 1000.0 : dT, true, dT});
+            if (rProperty.iMID2 != rProperty.iMID) rVisitor(T_LEFT_D{LEFT_PLATE_BENDING, iPID, rProperty.iMID2});
         }
     }
 }
