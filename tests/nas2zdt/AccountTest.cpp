@@ -128,6 +128,9 @@ TEST(Account, WhatTheFileLacksByKeywordAndText) {
     }
     EXPECT_EQ(sText, "CELAS2 2 not written: springs on a grid that doesn't exist (ids: elements): 1 2\n"
                      "CELAS2 1 not written: springs without stiffness (ids: elements): 3\n"
+                     "FORCE1 1 altered: forces whose direction is given by grids that don't exist, which count as the "
+                     "origin (ids: loaded grids): 9\n"
+                     "FORCE1 1 not written: forces of zero (ids: grids): 9\n"
                      "SPC 3 not written: grids of constraint sets that don't reach the file (ids: sets): 1\n");
 }
 
