@@ -47,11 +47,11 @@ void VisitElement(const CDataPool& rPool, std::int32_t iEID, const T_ELEM_D& rEl
     const auto Node = [&](std::size_t iSlot) { return rPool.MapNodeId(rElement.iNODE[iSlot]); };
     const auto Line = [&](const auto& r) {
         rVisitor(r);
-        TellMissingGrid(rPool, iEID, rElement, std::array{r.iNODE1, r.iNODE2}, rVisitor);
+        if (rPool.m_pLeftSink) TellMissingGrid(rPool, iEID, rElement, std::array{r.iNODE1, r.iNODE2}, rVisitor);
     };
     const auto Face = [&](const auto& r) {
         rVisitor(r);
-        TellMissingGrid(rPool, iEID, rElement, {r.aNODES.data(), r.nCORNERS}, rVisitor);
+        if (rPool.m_pLeftSink) TellMissingGrid(rPool, iEID, rElement, {r.aNODES.data(), r.nCORNERS}, rVisitor);
     };
     switch (rElement.iTYPE) {
     case TYPE_ROD:
