@@ -48,7 +48,7 @@ class CBatch {
 
     int Run() {
         const bool bJson = m_rOptions.eACCOUNT == ACCOUNT_JSON;
-        if (bJson) std::cout << "{\"version\":1,\"decks\":[";
+        if (bJson) std::cout << "{\"version\":2,\"decks\":[";
         for (std::size_t i = 0; i < m_rJobs.aJOBS.size(); ++i) {
             if (bJson && i > 0) std::cout << ',';
             RunJob(m_rJobs.aJOBS[i]);
@@ -61,7 +61,7 @@ class CBatch {
             Fail("the account can't be written to standard output");
         }
         if (m_bFailed) return EXIT_FAILED;
-        return m_rOptions.bSTRICT && m_bLoss ? EXIT_LOSS : EXIT_DONE;
+        return m_bLoss ? EXIT_LOSS : EXIT_DONE;
     }
 
   private:
@@ -74,18 +74,31 @@ class CBatch {
         for (const std::string& sLine : rResult.aLOG) m_log.AppendMessageF("%s", {PlainText(sLine)});
         if (m_rOptions.eACCOUNT == ACCOUNT_JSON) std::cout << AccountJson(rResult, *pAccount) << std::flush;
         if (m_rOptions.eACCOUNT == ACCOUNT_TABLE && rResult.bACCOUNT) std::cout << AccountTable(rResult, *pAccount);
-        if (m_rOptions.bSTRICT && rResult.bACCOUNT && pAccount->GetLossCount() > 0) {
-            m_bLoss = true;
-            const std::uint64_t nLosses = pAccount->GetLossCount();
-            TellHint(rJob.sDECK + ": " + std::to_string(nLosses) + (nLosses == 1 ? " loss" : " losses") +
-                     (m_rOptions.eACCOUNT == ACCOUNT_NONE ? ", which --account tells" : ""));
-        }
+        if (rResult.bACCOUNT) TellLosses(rJob.sDECK, *pAccount);
         const bool bTold = m_rJobs.aJOBS.size() > 1 && !m_rOptions.bQUIET && m_rOptions.eACCOUNT != ACCOUNT_JSON;
         if (bTold && rResult.sERROR.empty()) {
             std::cout << PlainText(rJob.sDECK) << ": " << Paint(stdout, COLOUR_GREEN, "converted") << " into "
                       << PlainText(rJob.sTARGET) << '\n';
         }
         std::cout << std::flush;
+    }
+
+    /// Warns of losses, and fails a run that has those that --strict names.
+    void TellLosses(const std::string& sDeck, const CAccount& rAccount) {
+        const char* const sWhere = m_rOptions.eACCOUNT == ACCOUNT_NONE ? "; see --account" : "";
+        if (!m_rOptions.bNOWARNINGS) {
+            for (const std::string& sLine : MakeWarnings(rAccount, m_rOptions.allowed)) {
+                TellHint(sDeck + ": warning: " + sLine + sWhere);
+            }
+        }
+        if (m_rOptions.eSTRICT == STRICT_NONE) return;
+        const CAccount::CLASS_COUNTS aCounts = CountLosses(rAccount, m_rOptions.allowed);
+        std::uint64_t nLosses = aCounts[CLASS_MODEL] + aCounts[CLASS_MASS];
+        if (m_rOptions.eSTRICT == STRICT_ANY) nLosses += aCounts[CLASS_CONTROL] + aCounts[CLASS_NOTE];
+        if (nLosses == 0) return;
+        m_bLoss = true;
+        TellHint(sDeck + ": " + std::to_string(nLosses) + (nLosses == 1 ? " loss" : " losses") + " fail --strict" +
+                 sWhere);
     }
 
     void SaveLog() {

@@ -10,14 +10,15 @@
 /// The arguments of the program without its name, from those that main was given.
 std::vector<std::string> ReadArguments(int nArgs, char** aArgs);
 
-/// For a program: a limit of file sizes and a pipe without a reader make writes fail from now on, and nothing else.
+/// For a program: from now on a write past a limit of file sizes, or to a pipe without a reader, fails without a
+/// signal.
 void IgnoreWriteSignals();
 
 /// Whether a standard stream is a terminal, where a person is.
 bool IsTerminal(std::FILE* pStream);
 
-/// Writes sText, made plain, to a standard stream of the process and sends it out. No signal comes of it. Returns 1, or
-/// 0 if it can't be written, as the stream's own state then tells.
+/// Writes sText, made plain, to a standard stream of the process and flushes it, without a signal if that fails.
+/// Returns 1, or 0 if it can't be written, which the stream's state tells, too.
 int WritePlain(std::ostream& rStream, std::string_view sText);
 
 /// While it lives, what the program writes to its terminal counts as UTF-8.

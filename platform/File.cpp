@@ -1,4 +1,4 @@
-// The buffer of the output file, the same on every platform.
+// The buffer of the output file: the part that all platforms share.
 
 #include "platform/File.h"
 

@@ -13,25 +13,25 @@
 #include <string_view>
 #include <vector>
 
-/// What makes a file this file, whatever name it was reached by: volume and number on the volume.
+/// Identity of a file under all its names: volume and number on the volume.
 struct T_FILEID_D {
     std::uint64_t nVOLUME = 0;
     std::uint64_t nNUMBER = 0;
     auto operator<=>(const T_FILEID_D&) const = default;
 };
 
-/// Files that are read and may not be written over, and what each of them is: "the deck wing.dat".
+/// Files that are read and may not be overwritten, each with its description: "the deck wing.dat".
 using T_INPUTS = std::map<T_FILEID_D, std::string>;
 
 /// The path from the root of the file system without "." and "..", whether the file exists or not. It leads to the same
 /// file as sPath; a symbolic link keeps its name but before a "..".
 std::string FullPath(const std::string& sPath);
 
-/// What stands where a file is to be written.
+/// What is found at the path of an output file.
 enum E_TARGET {
     TARGET_NEW,   // nothing
     TARGET_FILE,  // a file
-    TARGET_STREAM // what can only be written straight, if at all: a device, a pipe, standard output, a folder
+    TARGET_STREAM // what can't be replaced: a device, a pipe, standard output, a folder
 };
 
 /// A path to write to, behind all symbolic links.
@@ -39,11 +39,11 @@ struct T_TARGET_D {
     E_TARGET eTARGET = TARGET_NEW;
     std::string sPATH;
     T_FILEID_D id;     // of what is there
-    T_FILEID_D folder; // with the name tells files apart that aren't there yet
+    T_FILEID_D folder; // with sNAME identifies a file that doesn't exist yet
     std::string sNAME; // in the folder, in one case where the system doesn't tell case apart
 };
 
-/// Looks where sPath leads to. Folders that don't exist stay without identity.
+/// Follows sPath. Folders that don't exist get no identity.
 T_TARGET_D FindTarget(const std::string& sPath);
 
 /// A deck opened for reading. Only regular files open.
@@ -54,7 +54,7 @@ class CDeckFile {
     CDeckFile& operator=(const CDeckFile&) = delete;
     ~CDeckFile() { Close(); }
 
-    /// Opens sPath as it stands or, where the file system tells case apart and the path isn't there, without regard to
+    /// Opens sPath exactly or, where the file system tells case apart and the path isn't there, without regard to
     /// case, folder by folder; a folder is listed once in the life of the object. Returns 1, or 0 with the cause in
     /// rCause.
     int Open(const std::string& sPath, std::string& rCause);
@@ -75,7 +75,7 @@ class CDeckFile {
     std::intptr_t m_iHandle = -1;
     T_FILEID_D m_id;
     std::uint64_t m_nUnread = 0;                                  // of the bytes that the deck had when it was opened
-    std::map<std::string, std::vector<std::string>> m_mapFolders; // names in the folders that were searched
+    std::map<std::string, std::vector<std::string>> m_mapFolders; // names in folders that were searched
 };
 
 /// Failure of an output file: which file, and why in the system's words.
@@ -101,7 +101,7 @@ class CFileTooLong : public CFileException {
     explicit CFileTooLong(std::string sFile) : CFileException(std::move(sFile), "The file grows over its limit") {}
 };
 
-/// The output file: bytes go out as they stand, through a buffer, in the order written. Every operation but Abort
+/// The output file: bytes go out unchanged, through a buffer, in the order written. Every operation but Abort
 /// throws CFileException when the file fails.
 class CFile {
   public:
@@ -118,12 +118,12 @@ class CFile {
     /// counts as one that can't be created.
     void Create(const std::string& sPath, const std::vector<T_FILEID_D>& aKeep = {});
 
-    /// Creates sPath, which nothing may stand at, to take the place of rTarget later: with the rights that a file there
-    /// has. Failures name sShown. Returns 0 if the name is taken.
+    /// Creates sPath for a file that will replace rTarget, with the rights of that if it exists. Failures name sShown.
+    /// Returns 0 if the name is taken.
     int CreateFor(const T_TARGET_D& rTarget, const std::string& sPath, const std::string& sShown);
 
-    /// Goes on behind what the program's own standard output or standard error got so far, if rTarget is where that
-    /// goes. Returns 0 if it isn't.
+    /// Writes on to the program's standard output or standard error if rTarget is where that goes. Returns 0 if it
+    /// isn't.
     int JoinStandardStream(const T_TARGET_D& rTarget, const std::string& sShown);
 
     /// Room for nSize bytes at the end of what was written; Commit takes those that were filled.
@@ -148,7 +148,7 @@ class CFile {
 
     std::intptr_t m_iHandle = -1;
     std::string m_sPath;               // as failures name it
-    std::unique_ptr<char[]> m_pBuffer; // not filled with anything: a small file touches little of it
+    std::unique_ptr<char[]> m_pBuffer; // not initialized: a small file touches little of it
     std::size_t m_nBuffer = 0;
     std::size_t m_nUsed = 0;
     std::uint64_t m_nMost = std::numeric_limits<std::uint64_t>::max();

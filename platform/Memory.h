@@ -1,8 +1,8 @@
 #pragma once
-// Memory as the system gives it out.
+// Pages of memory.
 
 #include <cstddef>
 
-/// Asks for all pages of a piece of memory that is about to be filled. The system gives out many at once for less than
-/// one by one as they are touched. Where it can't, nothing happens.
+/// Asks for all pages of memory that is about to be filled: at once they cost less than one by one as they are touched.
+/// Where the system can't, nothing happens.
 void TakePages(void* pBegin, std::size_t nSize) noexcept;

@@ -1,4 +1,4 @@
-// The list of temporary paths, the same on every platform.
+// The list of temporary paths: the part that all platforms share.
 
 #include "platform/TempPath.h"
 
@@ -17,14 +17,14 @@ constexpr int TRIES = 100;
 
 T_TEMP_D* g_pFirst = nullptr; // changes while nothing interrupts
 
-std::string RandomName() {
+} // namespace
+
+std::string RandomText() {
     std::random_device random;
     std::array<char, 32> aText{};
-    std::snprintf(aText.data(), aText.size(), ".nas2zdt-%08x%08x", random(), random());
+    std::snprintf(aText.data(), aText.size(), "%08x%08x", random(), random());
     return aText.data();
 }
-
-} // namespace
 
 void RemoveTempPaths() noexcept {
     for (const T_TEMP_D* p = g_pFirst; p; p = p->pNEXT) RemoveNow(p->pNAME, p->bFOLDER);
@@ -46,7 +46,7 @@ void CTempPath::Unlink() noexcept {
 void CTempPath::MakeFile(CFile& rFile, const T_TARGET_D& rTarget, const std::string& sShown) {
     Remove();
     for (int i = 0; i < TRIES; ++i) {
-        std::string sPath = ToText(ToPath(rTarget.sPATH).replace_filename(RandomName()));
+        std::string sPath = ToText(ToPath(rTarget.sPATH).replace_filename(".nas2zdt-" + RandomText()));
         m_name = SystemName(sPath);
         const CUninterrupted uninterrupted;
         if (!rFile.CreateFor(rTarget, sPath, sShown)) continue;

@@ -1,13 +1,13 @@
 #pragma once
-// Files and folders that exist for a while. They go with their object, and with the program if a signal ends it, or
-// Ctrl-C on Windows.
+// Temporary files and folders. They are removed with their object, and when a signal, or Ctrl-C on Windows, ends the
+// program.
 
 #include "platform/File.h"
 
 #include <filesystem>
 #include <string>
 
-/// An entry of the list of what an interrupted program removes: bare data, since a signal may come at any time.
+/// An entry of the list that an interrupted program removes: plain data, since a signal may come at any time.
 struct T_TEMP_D {
     const std::filesystem::path::value_type* pNAME = nullptr; // null outside of the list
     bool bFOLDER = false;
@@ -22,21 +22,21 @@ class CTempPath {
     CTempPath(const CTempPath&) = delete;
     CTempPath& operator=(const CTempPath&) = delete;
 
-    /// Makes a file under a name that can't be guessed, in the folder of rTarget, whose place it is to take, and opens
+    /// Makes a file under a name that can't be guessed, in the folder of rTarget, which it will replace, and opens
     /// rFile on it. Throws CFileException, which names sShown.
     void MakeFile(CFile& rFile, const T_TARGET_D& rTarget, const std::string& sShown);
 
     /// Makes a folder that nobody else can look into, where the system has its temporary files. Throws CFileException.
     void MakeFolder();
 
-    /// Gives the file its final name, in place of what has that name, and is done with it. Throws CFileException, which
-    /// names sShown.
+    /// Gives the file its final name, over what has that name, and forgets the path. Throws CFileException, which names
+    /// sShown.
     void Rename(const std::string& sPath, const std::string& sShown);
 
-    /// Removes what is there and is done with it. A folder must be empty.
+    /// Removes it and forgets the path. A folder must be empty.
     void Remove() noexcept;
 
-    /// Empty if there is nothing in charge.
+    /// Empty if there is nothing to remove.
     const std::string& GetPath() const { return m_sPath; }
 
   private:
@@ -44,7 +44,7 @@ class CTempPath {
     void Unlink() noexcept;
 
     std::string m_sPath;
-    std::filesystem::path m_name; // the same as the system takes it
+    std::filesystem::path m_name; // m_sPath in the system's form
     T_TEMP_D m_entry;
 };
 

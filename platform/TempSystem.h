@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-/// While it lives, nothing interrupts the program, so that the list of temporary paths and what stands at them change
+/// While it lives, nothing interrupts the program, so that the list of temporary paths and the files themselves change
 /// together. The first object arranges that an interruption removes them. Doesn't nest.
 class CUninterrupted {
   public:
@@ -13,6 +13,9 @@ class CUninterrupted {
     CUninterrupted(const CUninterrupted&) = delete;
     CUninterrupted& operator=(const CUninterrupted&) = delete;
 };
+
+/// A text that can't be guessed.
+std::string RandomText();
 
 /// The path in the form that the functions below take, at any length.
 std::filesystem::path SystemName(const std::string& sPath);

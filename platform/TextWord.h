@@ -1,7 +1,8 @@
 #pragma once
-// Up to eight characters as one number, the first in its lowest byte on every platform: text is searched and numbers
-// are made of digits by arithmetic on all eight at once.
+// Between texts and numbers. Up to eight characters are taken as one number, the first in its lowest byte on every
+// platform: text is searched and numbers are made of digits by arithmetic on all eight at once.
 
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -49,3 +50,9 @@ inline void StoreWord(char* p, TEXTWORD nWord) {
     nWord = OrderWord(nWord);
     std::memcpy(p, &nWord, WORD_LENGTH);
 }
+
+/// The powers of ten that are exact as doubles.
+constexpr int MOST_EXACT_POWER = 22;
+constexpr std::array<double, MOST_EXACT_POWER + 1> EXACT_POWERS = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                                   1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                                   1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};

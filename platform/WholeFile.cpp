@@ -1,4 +1,4 @@
-// Under a temporary name until it is whole.
+// The output file has a temporary name until it is finished.
 
 #include "platform/WholeFile.h"
 

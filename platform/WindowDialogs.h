@@ -1,6 +1,6 @@
 #pragma once
-// The dialogs as windows of a desktop. What can't be shown, for want of a desktop or because it has gone, goes to the
-// terminal.
+// The dialogs as windows of a desktop. What can't be shown, since there is no desktop or no longer one, goes to
+// the terminal.
 
 #include "platform/console/ConsoleDialogs.h"
 

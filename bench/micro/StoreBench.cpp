@@ -1,7 +1,7 @@
 // The keyed table, at the sizes and with the ids of decks.
 
 #include "store/Map.h"
-#include "store/NodeRecord.h"
+#include "store/GridRecords.h"
 
 #include "deckgen/IdOrder.h"
 #include "deckgen/Random.h"

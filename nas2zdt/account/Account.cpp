@@ -4,19 +4,23 @@
 
 #include "driver/CConvertNastran.h"
 #include "reader/FieldParser.h"
-#include "writer/rows/ModelRows.h"
+#include "store/DataPool.h"
+#include "writer/Numbers.h"
 
 #include <algorithm>
+#include <cmath>
 
-static_assert(T_KEYW_D::TABLE.size() < 256); // a keyword's id fits into a byte
+static_assert(T_KEYWORD_D::TABLE.size() < 256); // a keyword's id fits into a byte
 static_assert(NOTE_UNKNOWN_WORD == static_cast<int>(LOSS_UNKNOWN_WORD));
 
 CAccount::CAccount() {
     m_aDrops.reserve(m_aKnown.size());
     for (std::size_t i = 0; i < m_aKnown.size(); ++i) {
-        m_aKnown[i].sNAME = T_KEYW_D::TABLE[i].sNAME;
-        m_aOwns[i] = FindOwnedIds(T_KEYW_D::TABLE[i].sNAME);
-        m_aDrops.emplace_back(T_KEYW_D::TABLE[i].sNAME);
+        m_aKnown[i].sNAME = T_KEYWORD_D::TABLE[i].sNAME;
+        m_aDrops.emplace_back(T_KEYWORD_D::TABLE[i].sNAME);
+        if (T_KEYWORD_D::TABLE[i].eACTION != CARD_PARSED) continue;
+        m_quiet.aWATCHED[i] = 0;
+        m_aDrops[i].GetWatched(m_quiet.aWATCHED[i], m_quiet.aVALUES[i]);
     }
 }
 
@@ -31,115 +35,177 @@ T_WORD_D& CAccount::Unknown(std::string_view sWord) {
     return *m_pUnknown;
 }
 
-T_NOTE_D& CAccount::FindNote(T_WORD_D& rWord, E_NOTE eNote, std::string_view sText) {
+T_NOTE_D& CAccount::FindNote(T_WORD_D& rWord, E_NOTE eNote, E_LOSS_CLASS eClass, std::string_view sText) {
     const auto find = [&] {
-        return std::find_if(rWord.aNOTES.begin(), rWord.aNOTES.end(),
-                            [&](const T_NOTE_D& rNote) { return rNote.eNOTE == eNote && rNote.sTEXT == sText; });
+        return std::find_if(rWord.aNOTES.begin(), rWord.aNOTES.end(), [&](const T_NOTE_D& rNote) {
+            return rNote.eNOTE == eNote && rNote.eCLASS == eClass && rNote.sTEXT == sText;
+        });
     };
     auto pNote = find();
-    const bool bFields = eNote == NOTE_FIELDS || eNote == NOTE_PAST_READ;
+    const bool bFields = eNote == NOTE_FIELDS || eNote == NOTE_PAST_READ || eNote == NOTE_NOT_A_NUMBER;
     if (pNote == rWord.aNOTES.end() && bFields && rWord.aNOTES.size() >= T_WORD_D::MOST_NOTES) {
         sText = "other fields";
         pNote = find();
     }
-    if (pNote == rWord.aNOTES.end()) pNote = rWord.aNOTES.insert(pNote, {eNote, std::string(sText), 0, {}, {}});
+    if (pNote == rWord.aNOTES.end()) {
+        pNote = rWord.aNOTES.insert(pNote, {eNote, eClass, std::string(sText), {}, 0, {}, {}});
+    }
     return *pNote;
 }
 
-void CAccount::Note(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace, std::string_view sText) {
-    T_NOTE_D& rNote = FindNote(rWord, eNote, sText);
-    ++rNote.nCOUNT;
+void CAccount::Note(T_WORD_D& rWord, E_NOTE eNote, E_LOSS_CLASS eClass, const T_PLACE_D& rPlace, std::string_view sText,
+                    std::uint64_t nCount) {
+    T_NOTE_D& rNote = FindNote(rWord, eNote, eClass, sText);
+    rNote.nCOUNT += nCount;
     if (rNote.aPLACES.size() < T_NOTE_D::MOST_PLACES) rNote.aPLACES.push_back(rPlace);
 }
 
 void CAccount::OnDeckEnd(bool bBulk) {
-    if (!bBulk) Note(Unknown(""), NOTE_NO_BULK, Place(0, 0));
-    m_pLast = nullptr;
+    if (!bBulk) Note(Unknown(""), NOTE_NO_BULK, CLASS_MODEL, Place(0, 0));
+    for (std::size_t i = 0; i < m_aKnown.size(); ++i) {
+        m_aKnown[i].nREAD += m_quiet.aCOUNTS[i];
+        m_aKnown[i].nSTORED += m_quiet.aCOUNTS[i];
+    }
+    m_quiet.aCOUNTS = {};
+    SetLast(nullptr);
+}
+
+/// The next card or loss comes behind one of pWord.
+void CAccount::SetLast(T_WORD_D* pWord) {
+    m_pLast = pWord;
+    m_quiet.iLAST = -1;
+    m_quiet.bTELLALL = m_bPart;
 }
 
 void CAccount::OnCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t iFirst, std::int32_t iLast) {
     T_WORD_D& rWord = Known(rCard.iKEYWORD);
-    m_pLast = &rWord;
-    ++rWord.nREAD;
-    const E_CARD_ACTION eAction = T_KEYW_D::TABLE[static_cast<std::size_t>(rCard.iKEYWORD)].eACTION;
     const T_PLACE_D place = Place(iFirst, iLast);
-    if (m_nDeletedFields > 0) Note(rWord, NOTE_PLUS_SIGN, place);
+    if (m_textLosses.HasText(iFirst)) {
+        NoteText(m_textLosses.FindInCard(rCard, rUse, iFirst, m_nDeletedFields > 0), rWord, LastWord(), place);
+    }
+    if (m_bPart || m_iSaidIgnored == iFirst) NoteOutsider(rWord, rCard.iKEYWORD, place);
+    SetLast(&rWord);
+    ++rWord.nREAD;
+    const E_CARD_ACTION eAction = T_KEYWORD_D::TABLE[static_cast<std::size_t>(rCard.iKEYWORD)].eACTION;
+    if (m_nDeletedFields > 0) Note(rWord, NOTE_PLUS_SIGN, CLASS_MODEL, place);
     m_nDeletedFields = 0;
     if (eAction == CARD_REPORTED) {
         ++rWord.nREPORTED;
-        return Note(rWord, NOTE_REPORTED, place);
+        return NoteCard(rWord, NOTE_REPORTED, place);
     }
     if (eAction == CARD_SKIPPED) {
         ++rWord.nSKIPPED;
-        return Note(rWord, NOTE_SKIPPED, place);
+        m_caseControl.AddCard(rCard);
+        return NoteCard(rWord, NOTE_SKIPPED, place);
     }
     ++rWord.nSTORED;
+    if (eAction == CARD_INCLUDED) m_aIncludesPart.push_back(m_bPart);
     if (eAction != CARD_PARSED) return;
-    const T_OWNS_D& rOwns = m_aOwns[static_cast<std::size_t>(rCard.iKEYWORD)];
-    if (rOwns.eTABLE != OWNED_COUNT) TakeOwnership(rOwns, rCard.iKEYWORD, rCard, place);
-    const T_DROPPED_D dropped = m_aDrops[static_cast<std::size_t>(rCard.iKEYWORD)].Find(rCard, rUse);
-    if (!dropped.sPASTREAD.empty()) Note(rWord, NOTE_PAST_READ, place, dropped.sPASTREAD);
-    if (!dropped.sFIELDS.empty()) Note(rWord, NOTE_FIELDS, place, dropped.sFIELDS);
-    if (dropped.bTHRU) Note(rWord, NOTE_THRU, place);
+    NoteReplaced(place);
+    m_aDropped.clear();
+    m_aThrus.clear();
+    m_aDrops[static_cast<std::size_t>(rCard.iKEYWORD)].Find(rCard, rUse, m_aDropped, m_aThrus);
+    for (const T_DROPPED_D& rDropped : m_aDropped) {
+        Note(rWord, rDropped.eNOTE, rDropped.eCLASS, place, rDropped.sTEXT);
+    }
+    for (const T_THRU_D& rThru : m_aThrus) m_aRanges.push_back({&rWord, place, rThru});
 }
 
-/// Makes the card's keyword the owner of its records. Earlier records of the same ids were replaced.
-void CAccount::TakeOwnership(const T_OWNS_D& rOwns, std::int32_t iKeyword, const T_DATA_D& rCard,
-                             const T_PLACE_D& rPlace) {
-    CIdOwners& rOwners = m_aOwners[rOwns.eTABLE];
-    for (std::size_t i = 0; i < rOwns.nFIELDS; i += rOwns.nSTEP) {
-        const std::int32_t iID = i < rCard.aFIELDS.size() ? TextToInt(rCard.aFIELDS[i]) : 0;
-        if (i > 0 && iID == 0) return;
-        const std::int32_t iEarlier = rOwners.Take(iID, static_cast<std::uint8_t>(iKeyword));
-        if (iEarlier != CIdOwners::NONE) {
-            ++Known(iEarlier).nREPLACED;
-            Note(Known(iEarlier), NOTE_REPLACED, rPlace);
+/// Notes the records that the card in hand replaced, by the keywords of their cards.
+void CAccount::NoteReplaced(const T_PLACE_D& rPlace) {
+    for (const T_REPLACED_D& rReplaced : m_aReplaced) {
+        std::int32_t iEarlier = 0;
+        if (!rReplaced.sKEYWORD || !CConvertNastran::KeywordToId(rReplaced.sKEYWORD, iEarlier)) continue;
+        T_WORD_D& rWord = Known(iEarlier);
+        ++rWord.nREPLACED;
+        if (rReplaced.bSAME) {
+            Note(rWord, NOTE_DUPLICATE, CLASS_NOTE, rPlace);
+        } else {
+            NoteCard(rWord, NOTE_REPLACED, rPlace);
         }
-        if (rOwns.nSTEP == 0) return;
     }
+    m_aReplaced.clear();
 }
 
 void CAccount::OnLoss(const T_LOSS_D& rLoss) {
     m_nDeletedFields = 0;
     const T_PLACE_D place = Place(rLoss.iFIRST, rLoss.iLAST);
+    const std::vector<T_TEXTLOSS_D>& aTextLosses = m_textLosses.FindInLoss(rLoss);
     if (rLoss.eLOSS == LOSS_CUT_OFF) {
-        T_WORD_D& rWord = m_pLast ? *m_pLast : Unknown("");
+        T_WORD_D& rWord = LastWord() ? *LastWord() : Unknown("");
         ++rWord.nCUTOFF;
-        return Note(rWord, NOTE_CUT_OFF, place);
+        return NoteCard(rWord, NOTE_CUT_OFF, place);
     }
     T_WORD_D& rWord = rLoss.iKEYWORD >= 0 ? Known(rLoss.iKEYWORD) : Unknown(rLoss.sWORD);
-    m_pLast = &rWord;
+    if (m_textLosses.BeginsPart()) m_bPart = true;
+    NoteText(aTextLosses, rWord, LastWord(), place);
+    SetLast(&rWord);
     ++rWord.nREAD;
     ++(rLoss.eLOSS == LOSS_UNKNOWN_WORD ? rWord.nUNKNOWN : rWord.nLOST);
-    Note(rWord, static_cast<E_NOTE>(rLoss.eLOSS), place);
+    NoteCard(rWord, static_cast<E_NOTE>(rLoss.eLOSS), place);
 }
 
-void CAccount::AddModel(const CDataPool& rPool) {
-    std::array<T_NOTE_D, LEFT_COUNT> aNotes;
-    const CRowVisitor visitor{
-        [&](const T_LEFT_D& rLeft) {
-            if (rLeft.bELSEWHERE) return;
-            T_NOTE_D& rNote = aNotes[rLeft.eREASON];
-            rNote.nCOUNT += rLeft.nCOUNT;
-            if (rNote.aIDS.size() < T_NOTE_D::MOST_PLACES) rNote.aIDS.push_back(rLeft.iID);
-        },
-        [](const auto&) {}, // what has a row is written
-    };
-    ForEachRow(rPool, visitor);
-    for (std::size_t i = 0; i < aNotes.size(); ++i) {
-        if (aNotes[i].nCOUNT > 0) NoteUnwritten(ReasonOf(static_cast<E_LEFT>(i)), aNotes[i]);
+void CAccount::EndRun(const CDataPool& rPool) {
+    NoteRanges(rPool, false);
+    NoteRanges(rPool, true);
+    NoteDeck(rPool);
+}
+
+/// Notes the ids of THRUs that the deck has, of its elements or its grids.
+void CAccount::NoteRanges(const CDataPool& rPool, bool bElements) {
+    std::vector<std::int32_t> aIds;
+    const auto keep = [&](std::int32_t iID, const auto&) { aIds.push_back(iID); };
+    for (const T_RANGE_D& rRange : m_aRanges) {
+        if (rRange.thru.bELEMENTS != bElements) continue;
+        if (aIds.empty()) {
+            bElements ? rPool.ELEM.ForEach(keep) : rPool.NODS.ForEach(keep);
+            std::sort(aIds.begin(), aIds.end());
+        }
+        const auto pFirst = std::upper_bound(aIds.begin(), aIds.end(), rRange.thru.iAFTER);
+        const auto pEnd = std::upper_bound(pFirst, aIds.end(), rRange.thru.iLAST);
+        const E_NOTE eNote = bElements ? NOTE_THRU_ELEMENTS : NOTE_THRU_GRIDS;
+        const auto nCount = static_cast<std::uint64_t>(pEnd - pFirst);
+        if (nCount > 0) Note(*rRange.pWORD, eNote, CLASS_MODEL, rRange.place, {}, nCount);
     }
 }
 
-/// Reasons with the same text share a note.
-void CAccount::NoteUnwritten(const T_REASON_D& rReason, const T_NOTE_D& rFound) {
+void CAccount::AddRounding(const CDataPool& rPool) {
+    std::uint64_t nRounded = 0;
+    double dLargest = 0.0;
+    rPool.NODS.ForEach([&](std::int32_t, const T_NODS_D& rNode) {
+        for (const double d : {rNode.dGX, rNode.dGY, rNode.dGZ}) {
+            const double dError = std::fabs(RoundReal(d) - d);
+            if (!(dError > 0.0)) continue;
+            ++nRounded;
+            dLargest = std::max(dLargest, dError);
+        }
+    });
+    if (nRounded == 0) return;
     std::int32_t iKeyword = 0;
-    CConvertNastran::KeywordToId(rReason.sKEYWORD, iKeyword);
-    T_NOTE_D& rNote = FindNote(Known(iKeyword), NOTE_UNWRITTEN, rReason.sTEXT);
-    rNote.nCOUNT += rFound.nCOUNT;
-    rNote.aIDS.insert(rNote.aIDS.end(), rFound.aIDS.begin(), rFound.aIDS.end());
-    std::sort(rNote.aIDS.begin(), rNote.aIDS.end());
-    if (rNote.aIDS.size() > T_NOTE_D::MOST_PLACES) rNote.aIDS.resize(T_NOTE_D::MOST_PLACES);
+    CConvertNastran::KeywordToId("GRID", iKeyword);
+    char aLargest[LONGEST_REAL];
+    const std::string sLargest(aLargest, PutReal(aLargest, dLargest));
+    FindNote(Known(iKeyword), NOTE_ROUNDED, CLASS_NOTE, "by at most " + sLargest).nCOUNT = nRounded;
+}
+
+/// Reasons of one text make one note. One is often told many times in a row.
+void CAccount::OnLeft(const T_LEFT_D& rLeft) {
+    if (rLeft.eREASON != m_left.eREASON || rLeft.sKEYWORD != m_left.sKEYWORD) {
+        const T_REASON_D& rReason = ReasonOf(rLeft.eREASON);
+        std::int32_t iKeyword = 0;
+        CConvertNastran::KeywordToId(rLeft.sKEYWORD ? rLeft.sKEYWORD : rReason.sKEYWORD, iKeyword);
+        T_WORD_D& rWord = Known(iKeyword);
+        const E_NOTE eNote = rReason.bWRITTEN ? NOTE_ALTERED : NOTE_UNWRITTEN;
+        T_NOTE_D& rFound = FindNote(rWord, eNote, rReason.eCLASS, rReason.sTEXT);
+        rFound.sREASON = rReason.sCODE;
+        m_left = {rLeft.eREASON, rLeft.sKEYWORD, &rWord, static_cast<std::size_t>(&rFound - rWord.aNOTES.data())};
+    }
+    T_NOTE_D& rNote = m_left.pWORD->aNOTES[m_left.iNOTE];
+    rNote.nCOUNT += rLeft.nCOUNT;
+    std::vector<std::int32_t>& rIds = rNote.aIDS;
+    if (rIds.size() == T_NOTE_D::MOST_PLACES && rLeft.iID >= rIds.back()) return;
+    rIds.insert(std::upper_bound(rIds.begin(), rIds.end(), rLeft.iID), rLeft.iID);
+    if (rIds.size() > T_NOTE_D::MOST_PLACES) rIds.pop_back();
 }
 
 std::vector<const T_WORD_D*> CAccount::GetWords() const {
@@ -154,12 +220,12 @@ std::vector<const T_WORD_D*> CAccount::GetWords() const {
     return aWords;
 }
 
-std::uint64_t CAccount::GetLossCount() const {
-    std::uint64_t nLosses = 0;
+CAccount::CLASS_COUNTS CAccount::GetLossCounts() const {
+    CLASS_COUNTS aCounts = {};
     for (const T_WORD_D* pWord : GetWords()) {
-        for (const T_NOTE_D& rNote : pWord->aNOTES) nLosses += rNote.nCOUNT;
+        for (const T_NOTE_D& rNote : pWord->aNOTES) aCounts[rNote.eCLASS] += rNote.nCOUNT;
     }
-    return nLosses;
+    return aCounts;
 }
 
 T_ORIGIN_D CAccount::GetOrigin(const T_PLACE_D& rPlace) const {

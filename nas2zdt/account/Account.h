@@ -1,38 +1,24 @@
 #pragma once
 // What became of every card of a deck.
 
+#include "nas2zdt/account/CaseControl.h"
 #include "nas2zdt/account/Drops.h"
-#include "nas2zdt/account/IdOwners.h"
+#include "nas2zdt/account/Losses.h"
+#include "nas2zdt/account/TextLosses.h"
 #include "nas2zdt/flatten/LineMap.h"
 #include "reader/DeckObserver.h"
 #include "reader/Keywords.h"
-#include "store/DataPool.h"
-#include "writer/rows/Left.h"
+#include "store/Left.h"
 
 #include <array>
 #include <cstdint>
 #include <map>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-/// Kinds of loss; AccountOutput.cpp has their codes and texts.
-enum E_NOTE {
-    NOTE_END_OF_DECK, // the first five are those of E_LOSS
-    NOTE_BLANK_LINE,
-    NOTE_TOO_MANY_LINES,
-    NOTE_CUT_OFF,
-    NOTE_UNKNOWN_WORD,
-    NOTE_REPORTED,
-    NOTE_SKIPPED,
-    NOTE_REPLACED,
-    NOTE_PAST_READ, // this and the next two come from CDrops
-    NOTE_FIELDS,
-    NOTE_THRU,
-    NOTE_PLUS_SIGN,
-    NOTE_NO_BULK,  // a deck without bulk section
-    NOTE_UNWRITTEN // stored, but not in the file; the text says why
-};
+class CDataPool;
 
 /// A range of lines in one of the decks of the run.
 struct T_PLACE_D {
@@ -45,10 +31,12 @@ struct T_NOTE_D {
     static constexpr std::size_t MOST_PLACES = 100;
 
     E_NOTE eNOTE = NOTE_UNWRITTEN;
-    std::string sTEXT; // what of the card is lost, where the kind doesn't say it
+    E_LOSS_CLASS eCLASS = CLASS_MODEL;
+    std::string sTEXT;             // what of the card, where the kind alone doesn't tell
+    std::string_view sREASON = {}; // its code, of what reasons tell
     std::uint64_t nCOUNT = 0;
     std::vector<T_PLACE_D> aPLACES;
-    std::vector<std::int32_t> aIDS; // instead of places for what is stored but not written; ascending
+    std::vector<std::int32_t> aIDS; // instead of places for what reasons tell: the smallest, ascending
 };
 
 /// What became of the cards of one keyword or unknown word.
@@ -74,24 +62,40 @@ class CAccount : public CDeckObserver {
   public:
     CAccount();
 
-    void OnDeckBegin(const std::string& sName) override { m_aDecks.push_back(sName); }
+    void OnDeckBegin(const std::string& sName) override;
     void OnDeckEnd(bool bBulk) override;
     void OnCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t iFirst, std::int32_t iLast) override;
     void OnLoss(const T_LOSS_D& rLoss) override;
     void OnFieldsDeleted(std::size_t nFields, std::int32_t) override { m_nDeletedFields += nFields; }
+    void OnControlLine(std::string_view sText, std::int32_t iLine) override;
+    void OnText(std::span<const T_RAWLINE_D> aLines, std::int32_t iFirst) override {
+        m_textLosses.TakeText(aLines, iFirst);
+    }
+    void OnSaidIgnored(std::int32_t iLine) override {
+        m_iSaidIgnored = iLine;
+        m_quiet.bTELLALL = true;
+    }
+    T_QUIET_D* GetQuiet() override { return &m_quiet; }
     void OnBytesRead(std::uint64_t) override {}
 
-    /// After the run: adds what the store holds and the file doesn't.
-    void AddModel(const CDataPool& rPool);
+    void OnLeft(const T_LEFT_D& rLeft) override;
+    void OnReplaced(const char* sKeyword, bool bSame) override { m_aReplaced.push_back({sKeyword, bSame}); }
 
-    /// From now on lines are those of a joined deck, shown by their origins. pLines must outlive this object.
+    /// After the run: adds what the deck's end tells.
+    void EndRun(const CDataPool& rPool);
+
+    /// After the run: the digits that the file hasn't.
+    void AddRounding(const CDataPool& rPool);
+
+    /// Lines are those of a joined deck from now on, and told by their origins. pLines must outlive this object.
     void SetLines(const CLineMap* pLines) { m_pLines = pLines; }
 
     /// Every word met, in alphabetical order. The one with an empty name takes losses of no particular card.
     std::vector<const T_WORD_D*> GetWords() const;
 
-    /// Number of losses of any kind.
-    std::uint64_t GetLossCount() const;
+    /// Number of losses by class.
+    using CLASS_COUNTS = std::array<std::uint64_t, CLASS_COUNT>;
+    CLASS_COUNTS GetLossCounts() const;
 
     /// File and first line of a place. Its last line is as far behind as in the place.
     T_ORIGIN_D GetOrigin(const T_PLACE_D& rPlace) const;
@@ -105,19 +109,53 @@ class CAccount : public CDeckObserver {
     T_PLACE_D Place(std::int32_t iFirst, std::int32_t iLast) const {
         return {static_cast<std::uint32_t>(m_aDecks.size() - 1), iFirst, iLast};
     }
-    static T_NOTE_D& FindNote(T_WORD_D& rWord, E_NOTE eNote, std::string_view sText);
-    static void Note(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace, std::string_view sText = {});
-    void NoteUnwritten(const T_REASON_D& rReason, const T_NOTE_D& rFound);
-    void TakeOwnership(const T_OWNS_D& rOwns, std::int32_t iKeyword, const T_DATA_D& rCard, const T_PLACE_D& rPlace);
+    static T_NOTE_D& FindNote(T_WORD_D& rWord, E_NOTE eNote, E_LOSS_CLASS eClass, std::string_view sText);
+    static void Note(T_WORD_D& rWord, E_NOTE eNote, E_LOSS_CLASS eClass, const T_PLACE_D& rPlace,
+                     std::string_view sText = {}, std::uint64_t nCount = 1);
+    static void NoteCard(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace) {
+        Note(rWord, eNote, ClassOfCard(rWord.sNAME), rPlace);
+    }
+    void NoteRanges(const CDataPool& rPool, bool bElements);
+    void NoteText(const std::vector<T_TEXTLOSS_D>& aLosses, T_WORD_D& rWord, T_WORD_D* pBefore,
+                  const T_PLACE_D& rPlace);
+    void NoteOutsider(T_WORD_D& rWord, std::int32_t iKeyword, const T_PLACE_D& rPlace);
+    void NoteDeck(const CDataPool& rPool);
+    void NoteReplaced(const T_PLACE_D& rPlace);
+    T_WORD_D* LastWord() { return m_quiet.iLAST >= 0 ? &Known(m_quiet.iLAST) : m_pLast; }
+    void SetLast(T_WORD_D* pWord);
 
-    std::array<T_WORD_D, T_KEYW_D::TABLE.size()> m_aKnown;
-    std::array<T_OWNS_D, T_KEYW_D::TABLE.size()> m_aOwns; // by keyword, as m_aDrops
-    std::vector<CDrops> m_aDrops;
+    std::array<T_WORD_D, T_KEYWORD_D::TABLE.size()> m_aKnown;
+    std::vector<CDrops> m_aDrops; // by keyword
+    T_QUIET_D m_quiet;
     std::map<std::string, T_WORD_D, std::less<>> m_mapUnknown;
     T_WORD_D* m_pUnknown = nullptr; // the last one used
-    std::array<CIdOwners, OWNED_COUNT> m_aOwners;
+    struct T_LAST_D {
+        E_LEFT eREASON = LEFT_COUNT;
+        const char* sKEYWORD = nullptr;
+        T_WORD_D* pWORD = nullptr;
+        std::size_t iNOTE = 0; // of the word's
+    };
+    T_LAST_D m_left; // the note of the last reason
     std::vector<std::string> m_aDecks;
-    T_WORD_D* m_pLast = nullptr;      // of the last card or loss, which cut off continuation lines count to
-    std::size_t m_nDeletedFields = 0; // of the next card
+    T_WORD_D* m_pLast = nullptr;      // of the last card or loss that was told
+    std::size_t m_nDeletedFields = 0; // of the card to come
+    struct T_REPLACED_D {
+        const char* sKEYWORD;
+        bool bSAME;
+    };
+    std::vector<T_REPLACED_D> m_aReplaced; // by the card in hand
+    std::vector<T_DROPPED_D> m_aDropped;   // of the card in hand, as the next
+    std::vector<T_THRU_D> m_aThrus;
+    struct T_RANGE_D {
+        T_WORD_D* pWORD;
+        T_PLACE_D place;
+        T_THRU_D thru;
+    };
+    std::vector<T_RANGE_D> m_aRanges; // of all cards
+    CTextLosses m_textLosses;
+    CCaseControl m_caseControl;
+    std::int32_t m_iSaidIgnored = 0;   // the line that the log calls ignored
+    bool m_bPart = false;              // whether cards are those of a part
+    std::vector<bool> m_aIncludesPart; // of each INCLUDE card
     const CLineMap* m_pLines = nullptr;
 };

@@ -7,43 +7,11 @@
 #include "platform/PlainText.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
-struct T_TEXT_D {
-    E_NOTE eNOTE;
-    std::string_view sCODE;
-    std::string_view sTEXT;
-};
-
-// clang-format off
-constexpr T_TEXT_D TEXTS[] = {
-    {NOTE_END_OF_DECK,    "end-of-deck",     "lost: abandoned at the end of the deck"},
-    {NOTE_BLANK_LINE,     "blank-line",      "lost: dropped before a line of blanks"},
-    {NOTE_TOO_MANY_LINES, "too-many-lines",  "lost: too many lines"},
-    {NOTE_CUT_OFF,        "cut-off",         "lost: continuation lines, cut off from their card"},
-    {NOTE_UNKNOWN_WORD,   "unknown-word",    "unknown"},
-    {NOTE_REPORTED,       "reported",        "reported: not converted"},
-    {NOTE_SKIPPED,        "skipped",         "skipped"},
-    {NOTE_REPLACED,       "replaced",        "replaced by a later one of the same id (lines of the later one)"},
-    {NOTE_PAST_READ,      "fields-past-read", "dropped: "},
-    {NOTE_FIELDS,         "fields",          "dropped: "},
-    {NOTE_THRU,           "thru",            "dropped: what a THRU stands for"},
-    {NOTE_PLUS_SIGN,      "plus-sign",       "dropped: fields with a \"+\" in free field"},
-    {NOTE_NO_BULK,        "no-bulk",         "no bulk data: a deck without BEGIN BULK, or that leaves it"},
-    {NOTE_UNWRITTEN,      "unwritten",       "not written: "},
-};
-// clang-format on
-
-constexpr bool IsInOrder() {
-    for (std::size_t i = 0; i < std::size(TEXTS); ++i) {
-        if (TEXTS[i].eNOTE != static_cast<E_NOTE>(i)) return false;
-    }
-    return std::size(TEXTS) == NOTE_UNWRITTEN + 1;
-}
-static_assert(IsInOrder());
-
-/// The counts of a word by their JSON names; titles of the table have blanks for "_".
+/// The numbers of a word, by their names in JSON.
 struct T_COLUMN_D {
     std::string_view sNAME;
     std::uint64_t T_WORD_D::*pVALUE;
@@ -130,7 +98,8 @@ std::string PlaceObject(const T_PLACE_D& rPlace, const CAccount& rAccount) {
 }
 
 std::string LossObject(const T_WORD_D& rWord, const T_NOTE_D& rNote, const CAccount& rAccount) {
-    return "{\"keyword\":" + JsonText(rWord.sNAME) + ",\"code\":" + JsonText(NoteCode(rNote.eNOTE)) +
+    return "{\"class\":" + JsonText(ClassName(rNote.eCLASS)) + ",\"kind\":" + JsonText(NoteKind(rNote)) +
+           ",\"keyword\":" + JsonText(rWord.sNAME) + ",\"code\":" + JsonText(NoteCode(rNote.eNOTE)) +
            ",\"text\":" + JsonText(NoteText(rNote)) + "," + Member("count", rNote.nCOUNT) + ",\"places\":" +
            Array(rNote.aPLACES, [&](const T_PLACE_D& rPlace) { return PlaceObject(rPlace, rAccount); }) +
            ",\"ids\":" + Array(rNote.aIDS, [](std::int32_t iID) { return std::to_string(iID); }) + "}";
@@ -139,6 +108,26 @@ std::string LossObject(const T_WORD_D& rWord, const T_NOTE_D& rNote, const CAcco
 std::string SectionObject(const T_SECTION_D& rSection) {
     return "{\"section\":" + JsonText(rSection.sNAME) + "," + Member("blocks", rSection.nBLOCKS) + "," +
            Member("lines", rSection.nLINES) + "}";
+}
+
+/// The losses of a class, each a line.
+std::string ClassTable(const CAccount& rAccount, E_LOSS_CLASS eClass) {
+    constexpr std::string_view TITLES[] = {
+        "Lost or changed in the model, with lines of the deck or ids:",
+        "Lost of its mass:",
+        "Lost of what controls the analysis:",
+        "Changed without consequences for results:",
+    };
+    static_assert(std::size(TITLES) == CLASS_COUNT);
+    std::string sText;
+    for (const T_WORD_D* pWord : rAccount.GetWords()) {
+        for (const T_NOTE_D& rNote : pWord->aNOTES) {
+            if (rNote.eCLASS != eClass) continue;
+            sText += NameColumn(pWord->sNAME) + Right(std::to_string(rNote.nCOUNT), NUMBER_WIDTH) + "  " +
+                     NoteText(rNote) + PlainText(PlacesText(rNote, rAccount)) + "\n";
+        }
+    }
+    return sText.empty() ? sText : "\n" + std::string(TITLES[eClass]) + "\n\n" + sText;
 }
 
 } // namespace
@@ -163,12 +152,12 @@ std::vector<T_SECTION_D> CountSections(const std::string& sPath) {
     return aSections;
 }
 
-std::string_view NoteCode(E_NOTE eNote) {
-    return TEXTS[eNote].sCODE;
+std::string_view NoteKind(const T_NOTE_D& rNote) {
+    return rNote.sREASON.empty() ? NoteCode(rNote.eNOTE) : rNote.sREASON;
 }
 
 std::string NoteText(const T_NOTE_D& rNote) {
-    return std::string(TEXTS[rNote.eNOTE].sTEXT) + rNote.sTEXT;
+    return std::string(NoteLead(rNote.eNOTE)) + rNote.sTEXT;
 }
 
 std::string AccountTable(const T_RESULT_D& rResult, const CAccount& rAccount) {
@@ -187,14 +176,9 @@ std::string AccountTable(const T_RESULT_D& rResult, const CAccount& rAccount) {
     }
     sText += Row("total", total);
 
-    const std::uint64_t nLosses = rAccount.GetLossCount();
-    sText += nLosses == 0 ? "\nNothing was lost.\n" : "\nWhat was lost, with lines of the deck or ids:\n\n";
-    for (const T_WORD_D* pWord : aWords) {
-        for (const T_NOTE_D& rNote : pWord->aNOTES) {
-            sText += NameColumn(pWord->sNAME) + Right(std::to_string(rNote.nCOUNT), NUMBER_WIDTH) + "  " +
-                     NoteText(rNote) + PlainText(PlacesText(rNote, rAccount)) + "\n";
-        }
-    }
+    std::string sLosses;
+    for (std::size_t i = 0; i < CLASS_COUNT; ++i) sLosses += ClassTable(rAccount, static_cast<E_LOSS_CLASS>(i));
+    sText += sLosses.empty() ? "\nNothing was lost.\n" : sLosses;
 
     if (rResult.aSECTIONS.empty()) return sText;
     constexpr std::size_t SECTION_WIDTH = 16;
@@ -215,15 +199,20 @@ std::string AccountJson(const T_RESULT_D& rResult, const CAccount& rAccount) {
     const std::vector<const T_WORD_D*> aWords = rAccount.GetWords();
     std::vector<const T_WORD_D*> aCounted = aWords;
     std::erase_if(aCounted, [](const T_WORD_D* pWord) { return !pWord->HasCounts(); });
-    sText += ",\"account\":{" + Member("losses", rAccount.GetLossCount()) +
-             ",\"keywords\":" + Array(aCounted, [](const T_WORD_D* pWord) { return WordObject(*pWord); }) +
-             ",\"lost\":[";
-    const char* pBetween = "";
-    for (const T_WORD_D* pWord : aWords) {
-        for (const T_NOTE_D& rNote : pWord->aNOTES) {
-            sText += pBetween + LossObject(*pWord, rNote, rAccount);
-            pBetween = ",";
+    const CAccount::CLASS_COUNTS aCounts = rAccount.GetLossCounts();
+    std::string sClasses;
+    std::string sLost;
+    for (std::size_t i = 0; i < CLASS_COUNT; ++i) {
+        const auto eClass = static_cast<E_LOSS_CLASS>(i);
+        sClasses += (i > 0 ? "," : "") + Member(ClassName(eClass), aCounts[i]);
+        for (const T_WORD_D* pWord : aWords) {
+            for (const T_NOTE_D& rNote : pWord->aNOTES) {
+                if (rNote.eCLASS == eClass) sLost += (sLost.empty() ? "" : ",") + LossObject(*pWord, rNote, rAccount);
+            }
         }
     }
-    return sText + "],\"sections\":" + Array(rResult.aSECTIONS, &SectionObject) + "}}";
+    return sText + ",\"account\":{" +
+           Member("losses", std::accumulate(aCounts.begin(), aCounts.end(), std::uint64_t(0))) + ",\"classes\":{" +
+           sClasses + "},\"keywords\":" + Array(aCounted, [](const T_WORD_D* pWord) { return WordObject(*pWord); }) +
+           ",\"lost\":[" + sLost + "],\"sections\":" + Array(rResult.aSECTIONS, &SectionObject) + "}}";
 }

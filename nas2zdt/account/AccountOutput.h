@@ -28,8 +28,8 @@ struct T_RESULT_D {
 /// Counts the sections of a target file, in the order of their first blocks. Throws CFileException if it can't be read.
 std::vector<T_SECTION_D> CountSections(const std::string& sPath);
 
-/// Code of a kind of loss, for programs, and its text for people.
-std::string_view NoteCode(E_NOTE eNote);
+/// The kind of a loss, for programs, and the words for people.
+std::string_view NoteKind(const T_NOTE_D& rNote);
 std::string NoteText(const T_NOTE_D& rNote);
 
 /// A deck's account as plain text tables.

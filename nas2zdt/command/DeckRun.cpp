@@ -2,7 +2,7 @@
 
 #include "nas2zdt/command/DeckRun.h"
 
-#include "driver/CConvertNastran.h"
+#include "messages/ZdtMsgMgr.h"
 #include "nas2zdt/command/Terminal.h"
 #include "nas2zdt/picture/Picture.h"
 #include "platform/Paths.h"
@@ -62,6 +62,22 @@ class CRunWatch : public CDeckObserver {
     void OnFieldsDeleted(std::size_t nFields, std::int32_t iLine) override {
         if (m_pAccount) m_pAccount->OnFieldsDeleted(nFields, iLine);
     }
+    void OnControlLine(std::string_view sText, std::int32_t iLine) override {
+        if (m_pAccount) m_pAccount->OnControlLine(sText, iLine);
+    }
+    void OnText(std::span<const T_RAWLINE_D> aLines, std::int32_t iFirst) override {
+        if (m_pAccount) m_pAccount->OnText(aLines, iFirst);
+    }
+    void OnSaidIgnored(std::int32_t iLine) override {
+        if (m_pAccount) m_pAccount->OnSaidIgnored(iLine);
+    }
+    T_QUIET_D* GetQuiet() override { return m_pAccount ? m_pAccount->GetQuiet() : nullptr; }
+    void OnReplaced(const char* sKeyword, bool bSame) override {
+        if (m_pAccount) m_pAccount->OnReplaced(sKeyword, bSame);
+    }
+    void OnLeft(const T_LEFT_D& rLeft) override {
+        if (m_pAccount) m_pAccount->OnLeft(rLeft);
+    }
     void OnBytesRead(std::uint64_t nBytes) override { m_rProgress.Update(nBytes); }
     std::string LineText(std::int32_t iLine) const override {
         if (!m_pLines) return CDeckObserver::LineText(iLine);
@@ -91,7 +107,7 @@ void CDeckRun::Fail(const std::string& sWhy) {
 void CDeckRun::Run() {
     m_result.sDECK = m_rJob.sDECK;
     m_result.sTARGET = m_rJob.sTARGET;
-    if (m_rOptions.eACCOUNT != ACCOUNT_NONE || m_rOptions.bSTRICT) m_pAccount = std::make_unique<CAccount>();
+    if (m_rOptions.NeedsAccount()) m_pAccount = std::make_unique<CAccount>();
     if (!m_rJob.sREFUSED.empty()) return Fail(m_rJob.sDECK + ": " + m_rJob.sREFUSED);
     try {
         if (!m_rOptions.bFLATTEN) return Convert(m_rJob.sDECK, nullptr);
@@ -131,16 +147,14 @@ void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
     CRunWatch watch(m_pAccount.get(), pLines, m_rJob.sDECK, progress);
     if (m_pAccount) m_pAccount->SetLines(pLines);
     CConvertNastran run(dialogs);
-    if (watch.IsNeeded()) run.SetObserver(&watch);
-    run.SetOutput(this);
-    run.SetDeckName(m_rJob.sDECK);
-    run.SetLimits(m_rOptions.limits);
-    const bool bEnded = run.Convert(sDeck) != 0;
+    const T_CONVERT_D wanted{watch.IsNeeded() ? &watch : nullptr, this, m_rJob.sDECK, m_rOptions.limits};
+    const bool bEnded = run.Convert(sDeck, wanted) != 0;
     progress.Clear();
     m_result.aLOG = run.GetMsgMgr().GetMessages();
     if (!bEnded) return FailRun(run.GetFailure(), pLines);
     if (m_pAccount) {
-        m_pAccount->AddModel(run.GetDataPool());
+        m_pAccount->EndRun(run.GetDataPool());
+        if (m_rOptions.NeedsNotes()) m_pAccount->AddRounding(run.GetDataPool());
         m_result.bACCOUNT = true;
     }
     if (dialogs.m_sFileError.empty()) {
@@ -156,8 +170,8 @@ void CDeckRun::FinishTarget() {
     const std::string& sWritten = m_pTarget->GetTemporaryPath();
     std::vector<T_SECTION_D> aSections;
     try {
-        if (m_pAccount && !sWritten.empty()) aSections = CountSections(sWritten);
-    } catch (const CFileException& rError) { // the file is whole nevertheless
+        if (m_rOptions.eACCOUNT != ACCOUNT_NONE && !sWritten.empty()) aSections = CountSections(sWritten);
+    } catch (const CFileException& rError) { // the file is whole all the same
         Fail(m_rJob.sTARGET + ": can't be read for the account: " + rError.GetCause());
     }
     m_pTarget->Finish();

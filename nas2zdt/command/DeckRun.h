@@ -1,16 +1,17 @@
 #pragma once
 // Runs one deck of the command line.
 
-#include "driver/RunError.h"
+#include "driver/CConvertNastran.h"
 #include "nas2zdt/account/AccountOutput.h"
 #include "nas2zdt/command/Jobs.h"
 #include "nas2zdt/command/Options.h"
 #include "nas2zdt/flatten/Flatten.h"
 #include "platform/WholeFile.h"
-#include "writer/Output.h"
 
 #include <memory>
 #include <string>
+
+class CDataPool;
 
 /// The run of one deck and its result.
 class CDeckRun : private COutput {

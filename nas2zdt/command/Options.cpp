@@ -40,7 +40,17 @@ bool SetAccount(T_OPTIONS_D& rOptions, const std::string& sValue) {
     return sValue.empty() || sValue == "json";
 }
 
-/// A limit of a run, by its name for --limit.
+bool SetStrict(T_OPTIONS_D& rOptions, const std::string& sValue) {
+    rOptions.eSTRICT = sValue.empty() ? STRICT_RESULTS : STRICT_ANY;
+    return sValue.empty() || sValue == "any";
+}
+
+bool TakeAllowed(T_OPTIONS_D& rOptions, const std::string& sValue) {
+    rOptions.allowed.insert(sValue);
+    return !sValue.empty();
+}
+
+/// A limit of a run by its name on the command line.
 struct T_LIMITNAME_D {
     std::string_view sNAME;
     std::int64_t T_LIMITS_D::*pLIMIT;
@@ -84,13 +94,15 @@ bool SetLimit(T_OPTIONS_D& rOptions, const std::string& sText) {
 constexpr T_OPTION_D OPTIONS[] = {
     {"-o",             VALUE_NEEDED,  "PATH", "the result goes to the file PATH, or into the folder PATH", &Keep<&T_OPTIONS_D::sOUTPUT>},
     {"--account",      VALUE_ALLOWED, "json", "tells what became of every keyword, as a table or as JSON", &SetAccount},
-    {"--strict",       VALUE_NONE,    "",     "exit status 3 if the account shows any loss",              &Set<&T_OPTIONS_D::bSTRICT>},
+    {"--strict",       VALUE_ALLOWED, "any",  "exit status 3 for a loss of model or mass, or for any",     &SetStrict},
+    {"--allow",        VALUE_NEEDED,  "KIND", "--strict and the warnings pass over this kind, keyword or KEYWORD:KIND", &TakeAllowed},
+    {"--no-warnings",  VALUE_NONE,    "",     "says nothing of losses on standard error",                  &Set<&T_OPTIONS_D::bNOWARNINGS>},
     {"--flatten",      VALUE_NONE,    "",     "joins the deck with its includes first, as NASTRAN means",  &Set<&T_OPTIONS_D::bFLATTEN>},
     {"--view",         VALUE_NEEDED,  "FILE", "draws the resolved model as an SVG picture",                &Keep<&T_OPTIONS_D::sVIEW>},
     {"--vtu",          VALUE_NEEDED,  "FILE", "writes the resolved model as a VTK unstructured grid",      &Keep<&T_OPTIONS_D::sVTU>},
     {"--limit",        VALUE_NEEDED,  "NAME=N", "sets the limit on ranges, decks, output or frames; none lifts it", &SetLimit},
     {"--log",          VALUE_NEEDED,  "FILE", "saves the log of all decks",                                &Keep<&T_OPTIONS_D::sLOG>},
-    {"-q, --quiet",    VALUE_NONE,    "",     "prints errors, and the account if asked for, but no log",   &Set<&T_OPTIONS_D::bQUIET>},
+    {"-q, --quiet",    VALUE_NONE,    "",     "prints errors and warnings, and the account if asked for, but no log",   &Set<&T_OPTIONS_D::bQUIET>},
     {"-h, --help",     VALUE_NONE,    "",     "this text",                                                 &Set<&T_OPTIONS_D::bHELP>},
     {"-V, --version",  VALUE_NONE,    "",     "the version",                                               &Set<&T_OPTIONS_D::bVERSION>},
 };

@@ -1,8 +1,8 @@
 #pragma once
 // The command line.
 
-#include "driver/Limits.h"
-#include "driver/RunError.h"
+#include "messages/RunError.h"
+#include "nas2zdt/account/Warnings.h"
 
 #include <string>
 #include <string_view>
@@ -11,13 +11,18 @@
 /// The form of the account.
 enum E_ACCOUNT_FORM { ACCOUNT_NONE, ACCOUNT_TABLE, ACCOUNT_JSON };
 
-/// The command line.
+/// Which losses fail a run.
+enum E_STRICT { STRICT_NONE, STRICT_RESULTS, STRICT_ANY };
+
+/// What the command line says.
 struct T_OPTIONS_D {
     bool bHELP = false;
     bool bVERSION = false;
-    bool bSTRICT = false;
     bool bQUIET = false;
+    bool bNOWARNINGS = false;
     bool bFLATTEN = false;
+    E_STRICT eSTRICT = STRICT_NONE;
+    T_ALLOWED allowed; // kinds of loss that neither fail a run nor are warned of
     E_ACCOUNT_FORM eACCOUNT = ACCOUNT_NONE;
     std::string sLOG;    // empty for none
     std::string sOUTPUT; // file or folder; empty for the deck's folder
@@ -25,6 +30,10 @@ struct T_OPTIONS_D {
     std::string sVTU;    // grid of the model; empty for none
     T_LIMITS_D limits;
     std::vector<std::string> aDECKS;
+
+    /// Whether losses are counted, and whether those that change no result are, too.
+    bool NeedsAccount() const { return NeedsNotes() || eSTRICT != STRICT_NONE || !bNOWARNINGS; }
+    bool NeedsNotes() const { return eACCOUNT != ACCOUNT_NONE || eSTRICT == STRICT_ANY; }
 };
 
 /// Reads the arguments without the program's name. Returns 1, or 0 with the error in rWhy.

@@ -1,7 +1,7 @@
 #pragma once
 // Joins a deck with its includes as NASTRAN does.
 
-#include "driver/Limits.h"
+#include "messages/RunError.h"
 #include "nas2zdt/flatten/LineMap.h"
 #include "platform/File.h"
 

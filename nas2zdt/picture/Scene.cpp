@@ -3,10 +3,8 @@
 #include "nas2zdt/picture/Scene.h"
 
 #include "writer/rows/ConstraintRows.h"
+#include "writer/rows/ElementRows.h"
 #include "writer/rows/LoadRows.h"
-#include "writer/rows/MassRows.h"
-#include "writer/rows/NodeRows.h"
-#include "writer/rows/RigidLinkRows.h"
 #include "writer/rows/SpringRows.h"
 
 #include <algorithm>
@@ -18,7 +16,8 @@ namespace {
 template <class NODES>
 bool FindCorners(const T_SCEN_D& rScene, const NODES& rNodes, T_PART_D& rPart) {
     bool bAll = true;
-    for (std::size_t i = 0; i < CELL_CORNERS[rPart.iCELL]; ++i) {
+    const std::size_t nCorners = std::min<std::size_t>(CELL_CORNERS[rPart.iCELL], rNodes.size());
+    for (std::size_t i = 0; i < nCorners; ++i) {
         rPart.aNODES[i] = rScene.index.Find(rNodes[i]);
         bAll = bAll && rPart.aNODES[i] != CKeyIndex::NONE;
     }
@@ -75,7 +74,7 @@ class CPartCollector {
     void operator()(const T_LEFT_D& rLeft) const {
         if (rLeft.eREASON == LEFT_RBE2_MASTER || rLeft.eREASON == LEFT_RBE2_SLAVE) {
             ++m_rScene.aCOUNTS[KIND_RIGID].nWITHOUTNODES;
-        } else if (!rLeft.bELSEWHERE && rLeft.eREASON != LEFT_MPC_COMPONENT) {
+        } else if (!rLeft.bELSEWHERE && !ReasonOf(rLeft.eREASON).bWRITTEN) {
             m_rScene.nFORMLESS += rLeft.nCOUNT;
         }
     }

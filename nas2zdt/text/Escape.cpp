@@ -2,7 +2,7 @@
 
 #include "nas2zdt/text/Escape.h"
 
-#include "platform/Utf8.h"
+#include "platform/PlainText.h"
 
 #include <algorithm>
 #include <array>

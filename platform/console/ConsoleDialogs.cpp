@@ -37,7 +37,7 @@ void CConsoleDialogs::ShowNotice(const std::string& sText) {
     WaitForEnter();
 }
 
-/// Input needn't come from a person: lines without end, and a line without one, count as cancelled.
+/// Input may come from a program: too many tries, or too long a line, count as cancelled.
 int CConsoleDialogs::ChooseDeck(std::string& rPath) {
     for (int i = 0; i < MOST_TRIES; ++i) {
         WritePlain(std::cout, "NASTRAN deck: ");

@@ -1,6 +1,6 @@
 #pragma once
-// The dialogs on a terminal: texts on standard output, errors on standard error, the deck asked for at a prompt. What
-// can't be written isn't shown, which fails no run.
+// The dialogs on a terminal: texts on standard output, errors on standard error, the deck asked for at a prompt. A
+// failed write doesn't fail the run.
 
 #include "platform/Dialogs.h"
 

@@ -2,7 +2,6 @@
 
 #include "platform/gtk/MsgDlg.h"
 
-#include "platform/gtk/Texts.h"
 #include "platform/gtk/Windows.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include "platform/gtk/PrgsDlg.h"
 
-#include "platform/gtk/Texts.h"
+#include "platform/gtk/Windows.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include <gtk/gtk.h>
 
-/// The window stands from construction until it is stopped or the object goes.
+/// The window is open from construction until it is stopped or the object is destroyed.
 class CPrgsDlg {
   public:
     CPrgsDlg();

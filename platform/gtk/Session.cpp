@@ -1,4 +1,4 @@
-// What lets windows be shown from any thread of any host.
+// Showing windows from any thread of any host.
 
 #include "platform/gtk/Session.h"
 
@@ -42,7 +42,7 @@ int OnConnectionLost(Display* pConnection) {
 
 void StayAlive(Display*, void*) {}
 
-/// The toolkit ends the process when its X server goes away. A host without windows of its own shall survive that.
+/// The toolkit ends the process when its X server goes away. A host that doesn't use the toolkit shall survive that.
 void GuardConnection(XIOErrorHandler pfnHostHandler) {
     GdkDisplay* pDisplay = gdk_display_get_default();
     g_pOwnConnection = nullptr;
@@ -143,8 +143,7 @@ gboolean DoWork(gpointer pData) {
     return G_SOURCE_REMOVE;
 }
 
-/// Leaves the work to the thread of the main loop. When that gives the loop up with the work undone, this thread runs
-/// the loop.
+/// Leaves the work to the thread of the main loop. If that thread stops the loop before, this one runs it.
 void HandOver(T_WORK_D& rWork) {
     g_idle_add_full(G_PRIORITY_DEFAULT, &DoWork, &rWork, nullptr);
     std::unique_lock lock(rWork.mutex);

@@ -1,5 +1,5 @@
 #pragma once
-// What lets windows be shown from any thread of any host, whether it uses the toolkit itself or not.
+// Showing windows from any thread of any host, whether it uses the toolkit itself or not.
 
 #include <functional>
 

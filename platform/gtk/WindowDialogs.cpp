@@ -4,7 +4,6 @@
 
 #include "platform/gtk/MsgDlg.h"
 #include "platform/gtk/Session.h"
-#include "platform/gtk/Texts.h"
 #include "platform/gtk/Windows.h"
 
 namespace {

@@ -1,23 +1,50 @@
-// Small things that all windows need.
+// Texts and boxes.
 
 #include "platform/gtk/Windows.h"
 
-#include "platform/BoxText.h"
-#include "platform/gtk/Texts.h"
+#include "platform/PlainText.h"
 
-std::string ShowableText(const std::string& sText) {
+#include <algorithm>
+
+namespace {
+
+// clang-format off
+constexpr T_TEXTS_D TEXTS[] = {
+    {"en", "Message Window", "_Close", "Conversion Progress Window", "Total Line", "Reading Line", "_Stop",
+     "Open", "_Open", "_Cancel", "_OK"},
+    {"de", "Meldungen", "_Schließen", "Fortschritt der Umwandlung", "Zeilen gesamt", "Gelesene Zeile", "_Anhalten",
+     "Öffnen", "_Öffnen", "_Abbrechen", "_OK"},
+    {"fr", "Messages", "_Fermer", "Progression de la conversion", "Total des lignes", "Ligne lue", "_Arrêter",
+     "Ouvrir", "_Ouvrir", "_Annuler", "_Valider"},
+    {"ja", "メッセージ", "閉じる(_C)", "変換の進行状況", "総行数", "読み込み中の行", "中止(_S)",
+     "開く", "開く(_O)", "キャンセル(_C)", "OK"},
+};
+// clang-format on
+
+} // namespace
+
+const T_TEXTS_D& Texts() {
+    // Read from the environment, like the user's other programs: the host may not have set a locale.
+    for (const char* const* pName = g_get_language_names(); *pName; ++pName) {
+        for (const T_TEXTS_D& rTexts : TEXTS) {
+            if (std::string_view(*pName) == rTexts.sLANGUAGE) return rTexts;
+        }
+    }
+    return TEXTS[0];
+}
+
+std::string ShowableText(std::string_view sText) {
     std::string sShown;
-    const char* pText = sText.data();
-    const char* const pEnd = pText + sText.size();
-    while (pText < pEnd) {
-        const char* pBad = nullptr;
-        const gboolean bValid = g_utf8_validate(pText, pEnd - pText, &pBad);
-        sShown.append(pText, pBad);
-        if (bValid) break;
+    while (!sText.empty()) {
+        char32_t nCode = 0;
+        const std::size_t nLength = ReadCharacter(sText, nCode);
         char aLetter[6];
-        const int nLetter = g_unichar_to_utf8(static_cast<unsigned char>(*pBad), aLetter);
-        if (*pBad != '\0') sShown.append(aLetter, static_cast<std::size_t>(nLetter));
-        pText = pBad + 1;
+        if (nLength == 0) {
+            sShown.append(aLetter, static_cast<std::size_t>(g_unichar_to_utf8(nCode, aLetter)));
+        } else if (nCode != 0) { // the toolkit's texts end at a NUL
+            sShown += sText.substr(0, nLength);
+        }
+        sText.remove_prefix(std::max<std::size_t>(nLength, 1));
     }
     return sShown;
 }

@@ -3,7 +3,7 @@
 #include "platform/Console.h"
 
 #include "platform/PlainText.h"
-#include "platform/posix/HeldSignals.h"
+#include "platform/posix/Calls.h"
 
 #include <ostream>
 

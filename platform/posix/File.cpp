@@ -2,7 +2,7 @@
 
 #include "platform/File.h"
 
-#include "platform/posix/HeldSignals.h"
+#include "platform/posix/Calls.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -16,10 +16,6 @@
 #include <unistd.h>
 
 namespace {
-
-std::string CauseText(int iError) {
-    return std::generic_category().message(iError);
-}
 
 // Never blocks: a pipe without a partner must not hang the host.
 int OpenToRead(const std::string& sPath) {
@@ -43,7 +39,7 @@ char ToLower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-/// Order without regard to case, whatever letters are to the locale of the host.
+/// Order without regard to the case of a to z; the host's locale doesn't matter.
 bool IsBefore(const std::string& sA, const std::string& sB) {
     return std::lexicographical_compare(sA.begin(), sA.end(), sB.begin(), sB.end(),
                                         [](char cA, char cB) { return ToLower(cA) < ToLower(cB); });
@@ -71,7 +67,7 @@ std::string FullPath(const std::string& sPath) {
             full /= rName;
             continue;
         }
-        if (std::filesystem::is_symlink(full, error)) { // its ".." isn't the folder that it stands in
+        if (std::filesystem::is_symlink(full, error)) { // its ".." isn't the folder that holds it
             const std::filesystem::path real = std::filesystem::canonical(full, error);
             if (!error) full = real;
         }
@@ -93,7 +89,8 @@ T_TARGET_D FindTarget(const std::string& sPath) {
     } else if (errno != ENOENT) { // opening it tells why
         target.eTARGET = TARGET_STREAM;
     } else {
-        while (std::filesystem::is_symlink(path, error)) { // to nothing yet, so there is an end of links
+        while (
+            std::filesystem::is_symlink(path, error)) { // ends: the target doesn't exist, so the links aren't a circle
             path = path.parent_path() / std::filesystem::read_symlink(path, error);
         }
     }
@@ -112,7 +109,7 @@ std::string CDeckFile::FindWithoutCase(const std::string& sFolder, const std::st
     return pName != rNames.end() && !IsBefore(sName, *pName) ? *pName : std::string();
 }
 
-/// Walks sPath folder by folder, taking each name as it stands where it exists and without regard to case where not.
+/// Walks sPath folder by folder, taking each name exactly where it exists and without regard to case where not.
 /// Both separators part names. Empty if a name isn't found.
 std::string CDeckFile::ResolveWithoutCase(std::string sPath) {
     std::replace(sPath.begin(), sPath.end(), '\\', '/');
@@ -210,7 +207,7 @@ int CFile::CreateFor(const T_TARGET_D& rTarget, const std::string& sPath, const 
     if (iFile < 0) throw CFileException(sShown, CauseText(errno));
     m_iHandle = iFile;
     if (!bReplaces) return 1;
-    // as far as this user may and the file system can: no user but root gives files away, a group of one's own goes
+    // as far as possible: only root gives files away, but a user may give them a group that he is in
     const bool bOwned = ::fchown(iFile, replaced.st_uid, replaced.st_gid) == 0;
     [[maybe_unused]] const bool bShared = bOwned || ::fchown(iFile, static_cast<uid_t>(-1), replaced.st_gid) == 0;
     ::fchmod(iFile, replaced.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO));

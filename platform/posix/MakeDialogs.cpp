@@ -1,4 +1,4 @@
-// A desktop where the plug-in with its windows is installed and there is a display, the terminal otherwise.
+// Windows where their plug-in is installed and there is a display, the terminal otherwise.
 
 #include "platform/Library.h"
 #include "platform/console/ConsoleDialogs.h"

@@ -2,12 +2,12 @@
 
 #include "platform/TempPath.h"
 #include "platform/TempSystem.h"
+#include "platform/posix/Calls.h"
 
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <signal.h>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -53,10 +53,6 @@ int CatchSignals() {
     for (int iSignal = SIGRTMIN; iSignal <= SIGRTMAX; ++iSignal) CatchIfDefault(iSignal);
 #endif
     return 1;
-}
-
-std::string CauseText(int iError) {
-    return std::generic_category().message(iError);
 }
 
 } // namespace

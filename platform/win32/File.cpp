@@ -3,7 +3,6 @@
 #include "platform/File.h"
 
 #include "platform/Paths.h"
-#include "platform/win32/SystemPath.h"
 #include "platform/win32/Text.h"
 
 #include <algorithm>
@@ -38,7 +37,7 @@ bool HasAttribute(const std::wstring& sPath, DWORD nAttribute) {
     return nAttributes != INVALID_FILE_ATTRIBUTES && (nAttributes & nAttribute) != 0;
 }
 
-/// Opens what stands at the path, a folder too, to look at it.
+/// Opens a file or folder for its attributes alone.
 HANDLE OpenToLook(const std::string& sPath) {
     return ::CreateFileW(SystemPath(sPath).c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                          OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
@@ -52,7 +51,7 @@ std::string PathBehind(HANDLE hFile) {
     return Narrow(sPath);
 }
 
-/// Upper case as file names have it, whatever language the user has.
+/// Upper case as file names have it, in every language of the user.
 std::string ToUpper(const std::string& sName) {
     std::wstring sWide = Widen(sName);
     const int nWide = static_cast<int>(sWide.size());

@@ -1,4 +1,4 @@
-// Windows: windows, or the terminal for a service, which has no desktop that a person sees.
+// Windows, or the terminal for a service, which has no desktop that a person sees.
 
 #include "platform/WindowDialogs.h"
 

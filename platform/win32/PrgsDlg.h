@@ -4,7 +4,7 @@
 #include "platform/Progress.h"
 #include "platform/win32/TemplateDialog.h"
 
-/// The window stands from construction until it is stopped or the object goes.
+/// The window is open from construction until it is stopped or the object is destroyed.
 class CPrgsDlg : public CTemplateDialog {
   public:
     CPrgsDlg();

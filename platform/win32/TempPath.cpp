@@ -3,20 +3,17 @@
 #include "platform/TempPath.h"
 
 #include "platform/TempSystem.h"
-#include "platform/win32/SystemPath.h"
 #include "platform/win32/Text.h"
 
-#include <cstdio>
-#include <random>
 #include <windows.h>
 
 namespace {
 
 constexpr int TRIES = 100;
 
-SRWLOCK g_lock = SRWLOCK_INIT; // the system tells of Ctrl-C on a thread of its own
+SRWLOCK g_lock = SRWLOCK_INIT; // the system reports Ctrl-C on another thread
 
-/// Keeps the lock, so that the program, which ends next, makes nothing more.
+/// Keeps the lock, so that the program, which ends next, makes no more files.
 BOOL WINAPI RemoveAndEnd(DWORD) {
     ::AcquireSRWLockExclusive(&g_lock);
     RemoveTempPaths();
@@ -39,11 +36,8 @@ std::filesystem::path SystemName(const std::string& sPath) {
 }
 
 int MakePrivateFolder(const std::string& sStart, std::string& rPath, std::string& rCause) {
-    std::random_device random;
     for (int i = 0; i < TRIES; ++i) {
-        char aName[20];
-        std::snprintf(aName, sizeof aName, "%08x%08x", random(), random());
-        rPath = sStart + aName;
+        rPath = sStart + RandomText();
         // The system's folder for temporary files is the user's own, and what is made in it is too.
         if (::CreateDirectoryW(SystemPath(rPath).c_str(), nullptr)) return 1;
         const DWORD nError = ::GetLastError();

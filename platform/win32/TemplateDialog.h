@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-/// Its messages arrive at this object while the window is there; no exception may leave an override.
+/// Its messages arrive at this object while the window exists; no exception may leave an override.
 class CTemplateDialog {
   public:
     CTemplateDialog(const CTemplateDialog&) = delete;
@@ -16,16 +16,16 @@ class CTemplateDialog {
     /// Shows the dialog without a parent and returns when it was closed: 1, or 0 if there can be no window.
     int RunModal();
 
-    /// Makes the window and leaves it standing. Returns 1, or 0 if there can be no window.
+    /// Makes the window and leaves it open. Returns 1, or 0 if there can be no window.
     int Create();
 
-    /// Takes the window of Create away, if it is there.
+    /// Closes the window of Create, if it is open.
     void Destroy();
 
     HWND GetWindow() const { return m_hWindow; }
     HWND GetControl(int iId) const { return ::GetDlgItem(m_hWindow, iId); }
 
-    /// The window and its controls are there, and nothing is shown yet.
+    /// The window and its controls were made and aren't shown yet.
     virtual void OnOpen() = 0;
 
     /// A button was pressed; Escape and the box that closes the window are IDCANCEL.

@@ -1,5 +1,5 @@
 #pragma once
-// Between the converter's UTF-8 and the system's UTF-16.
+// Between the converter's UTF-8 and the system's UTF-16, and paths as its calls take them.
 
 #include <string>
 #include <string_view>
@@ -10,6 +10,9 @@ std::wstring Widen(std::string_view sText);
 
 /// UTF-16 as UTF-8.
 std::string Narrow(std::wstring_view sText);
+
+/// The path in the form that the system takes at any length.
+std::wstring SystemPath(const std::string& sPath);
 
 /// The system's words for one of its error codes, without a line end.
 std::string CauseText(unsigned long nError);

@@ -2,7 +2,7 @@
 
 #include "platform/WindowDialogs.h"
 
-#include "platform/BoxText.h"
+#include "platform/PlainText.h"
 #include "platform/win32/MsgDlg.h"
 #include "platform/win32/Text.h"
 

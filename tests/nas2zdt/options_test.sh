@@ -24,7 +24,7 @@ cp good.dat other/good.dat
 expect "help fits a screen" 0 --help
 [ "$(wc -l <out)" -le 24 ] || fail "help has more lines than a screen"
 [ "$(wc -L <out)" -le 96 ] || fail "help has lines that are too long"
-for args in "--log" "--log= good.dat" "--account=xml good.dat" "--quiet=1 good.dat" "-o" \
+for args in "--log" "--log= good.dat" "--strict=all good.dat" "--allow" "--allow= good.dat" "--account=xml good.dat" "--quiet=1 good.dat" "-o" \
     "--limit" "--limit ranges good.dat" "--limit ranges=0 good.dat" "--limit ranges=5x good.dat" "--limit lines=5 good.dat" \
     "--limit decks=99999999999999999999 good.dat" "--limit =5 good.dat" "-o good.zdt good.dat lossy.dat"; do
     # shellcheck disable=SC2086 # several arguments
@@ -43,7 +43,9 @@ mv lossy.zdt plain.zdt
 expect "all" 0 --account lossy.dat
 head -n "$(wc -l <plain.log)" out | cmp - plain.log || fail "the log with the account behind it"
 cmp plain.zdt lossy.zdt || fail "the target file with an account"
-silent "no progress without a terminal" err
+warning="nas2zdt: lossy.dat: warning: model: 1 RBAR (reported: not converted)"
+says "no progress without a terminal, but a warning" err "$warning"
+[ "$(wc -l <err)" -eq 1 ] || fail "one line a class"
 expect "flattened" 0 --flatten lossy.dat
 cmp plain.zdt lossy.zdt || fail "the target file of a joined deck"
 sed 's/(Line:3)/(Line:lossy.dat:3)/' plain.log | cmp - out || fail "the log of a joined deck"
@@ -54,10 +56,22 @@ says "a stored row" out "  GRID            1        1        -        -        -
 says "a reported row" out "  RBAR            1        -        -        1        -        -        -        -"
 says "a loss" out "  RBAR            1  reported: not converted: 3"
 says "a section" out "  *NODE                   1        3"
-expect "strict without a loss" 0 --quiet --strict good.dat
+expect "strict without a loss" 0 --quiet --strict=any good.dat
 silent "strict without a loss" out err
 expect "strict with a loss" 3 --quiet --strict good.dat lossy.dat
-says "strict with a loss" err "nas2zdt: lossy.dat: 1 loss, which --account tells"
+says "strict with a loss" err "nas2zdt: lossy.dat: 1 loss fail --strict; see --account"
+printf 'BEGIN BULK\nGRID,1,,1.2345678\nPARAM,POST,0\nMAT1,1,1.,,.3,7.\nENDDATA\n' >light.dat
+expect "strict with a loss of mass" 3 --quiet --strict light.dat
+says "a warning of mass" err "nas2zdt: light.dat: warning: mass: 1 MAT1 (dropped: RHO); see --account"
+says "a warning of control" err "nas2zdt: light.dat: warning: control: 1 PARAM (unknown); see --account"
+expect "what is allowed" 0 --quiet --strict --allow MAT1 --allow PARAM:unknown-word light.dat
+silent "what is allowed" err
+expect "strict about notes" 3 --quiet --strict=any --allow=fields --allow=unknown-word --no-warnings light.dat
+says "strict about notes" err "nas2zdt: light.dat: 1 loss fail --strict; see --account"
+expect "without warnings" 0 --no-warnings lossy.dat
+silent "without warnings" err
+expect "a rounded coordinate" 0 --quiet --account light.dat
+says "a rounded coordinate" out "  GRID            1  rounded: coordinates to six digits, by at most 2.2e-06"
 expect "a failure stands above a loss" 1 --strict lossy.dat bad.dat
 expect "json" 0 --account=json lossy.dat good.dat
 [ "$(wc -l <out)" -eq 1 ] || fail "json on one line"
@@ -66,7 +80,7 @@ if command -v python3 >/dev/null; then
 import json, sys
 with open(sys.argv[1], encoding="utf-8") as file: data = json.load(file)
 lossy, good = data["decks"]
-assert data["version"] == 1
+assert data["version"] == 2
 assert lossy["deck"] == "lossy.dat" and lossy["target"] == "lossy.zdt" and lossy["error"] is None
 assert "RBAR isn't converted in this version. (Line:3)" in lossy["log"]
 account = lossy["account"]
@@ -74,7 +88,8 @@ assert account["losses"] == 1
 assert account["keywords"] == [
     {"keyword": "GRID", "read": 1, "stored": 1, "replaced": 0, "reported": 0, "skipped": 0, "unknown": 0, "lost": 0, "cut_off": 0},
     {"keyword": "RBAR", "read": 1, "stored": 0, "replaced": 0, "reported": 1, "skipped": 0, "unknown": 0, "lost": 0, "cut_off": 0}]
-assert account["lost"] == [{"keyword": "RBAR", "code": "reported", "text": "reported: not converted", "count": 1,
+assert account["classes"] == {"model": 1, "mass": 0, "control": 0, "note": 0}
+assert account["lost"] == [{"class": "model", "kind": "reported", "keyword": "RBAR", "code": "reported", "text": "reported: not converted", "count": 1,
                             "places": [{"file": "lossy.dat", "first": 3, "last": 3}], "ids": []}]
 assert account["sections"][:2] == [{"section": "*VERSION", "blocks": 1, "lines": 3}, {"section": "*NODE", "blocks": 1, "lines": 3}]
 assert good["account"]["losses"] == 0
@@ -94,7 +109,8 @@ says "the decks behind a bad one" out "lossy.dat: converted into results/lossy.z
 grep -q '^nas2zdt: none.dat: ' err || fail "a line for a bad deck"
 [ ! -e results/bad.zdt ] || fail "nothing of a bad deck"
 expect "quiet" 0 --quiet good.dat lossy.dat
-silent "quiet" out err
+silent "quiet" out
+says "quiet keeps warnings" err "$warning; see --account"
 for output in missing/ missing/x.zdt; do
     expect "a missing folder" 1 -o $output good.dat
     grep -Eq '^nas2zdt: missing/?: no such folder$' err || fail "a missing folder"

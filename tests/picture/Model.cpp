@@ -1,5 +1,5 @@
 #include "picture/Model.h"
-#include "store/PropertySlots.h"
+#include "store/PropertyRecords.h"
 
 #include <initializer_list>
 

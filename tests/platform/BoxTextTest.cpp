@@ -1,6 +1,6 @@
 // What a message box can hold, and how a progress bar counts.
 
-#include "platform/BoxText.h"
+#include "platform/PlainText.h"
 #include "platform/Progress.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,6 @@
 // Reference points of line elements, angles of links, lengths.
 
+#include "messages/ZdtMsgMgr.h"
 #include "store/DataPool.h"
 #include "support/NoDialogs.h"
 #include "support/Text.h"

@@ -1,7 +1,7 @@
 // Frames, chains of frames, and the vector operations under them.
 
-#include "resolve/MathFunc.h"
-#include "resolve/UcsRect.h"
+#include "store/Frames.h"
+#include "store/MathFunc.h"
 #include "support/Text.h"
 
 #include <gtest/gtest.h>

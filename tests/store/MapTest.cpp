@@ -3,8 +3,7 @@
 #include "store/Map.h"
 
 #include "store/Array.h"
-#include "store/LoadEntries.h"
-#include "store/SlotArray.h"
+#include "store/LoadRecords.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
 #include "support/Deck.h"
 
 #include "driver/ConvertNastranApp.h"
+#include "messages/ZdtMsgMgr.h"
 #include "support/NoDialogs.h"
 
 #include <algorithm>
@@ -67,8 +68,7 @@ T_RUN_D RunFile(const std::string& sPath, const T_LIMITS_D& rLimits) {
     T_RUN_D result;
     CSilentDialogs dialogs(result);
     CConvertNastran run(dialogs);
-    run.SetLimits(rLimits);
-    result.iRESULT = run.Convert(sPath);
+    result.iRESULT = run.Convert(sPath, {.limits = rLimits});
     result.failure = run.GetFailure();
     result.sZDT = ReadText(CConvertNastran::TargetPath(sPath));
     const std::vector<std::string>& rLog = run.GetMsgMgr().GetMessages();

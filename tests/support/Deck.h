@@ -2,6 +2,7 @@
 // Runs decks given as text and hands back what came of them.
 
 #include "driver/CConvertNastran.h"
+#include "store/DataPool.h"
 
 #include <filesystem>
 #include <memory>

@@ -1,13 +1,28 @@
 // One run from the deck to the target file.
 
 #include "driver/CConvertNastran.h"
-
 #include "messages/MsgDll.h"
-#include "platform/Dialogs.h"
+#include "messages/ZdtMsgMgr.h"
+#include "reader/DeckObserver.h"
+#include "store/DataPool.h"
 
-#include <exception>
-#include <new>
-#include <utility>
+namespace {
+
+void LogBanner(CZdtMsgMgr& rLog, const std::string& sDeck) {
+    rLog.AddMessage("");
+    rLog.AddMessage(
+        "================================== [ Conversion Information ] =======================================");
+    rLog.AddMessage("");
+    rLog.AddMessage("** Original File   : " + sDeck);
+    rLog.AddMessage("** Conversed By    : ZENTA Nastran 5.5.0 Convertor");
+    rLog.AddMessage("** Limitation");
+    rLog.AddMessageF("  - %s", {g_pfnLoadStr("IDS_NASTRAN_Input_file_maked_by_FEAMAP_is_required")});
+    rLog.AddMessage("");
+    rLog.AddMessage(std::string(100, '='));
+    rLog.AddMessage("");
+}
+
+} // namespace
 
 CConvertNastran::CConvertNastran(CDialogs& rDialogs)
     : m_rDialogs(rDialogs), m_pDataPool(std::make_unique<CDataPool>()),
@@ -15,103 +30,47 @@ CConvertNastran::CConvertNastran(CDialogs& rDialogs)
 
 CConvertNastran::~CConvertNastran() = default;
 
-int CConvertNastran::Convert(const std::string& sPath) {
+int CConvertNastran::Convert(const std::string& sPath, const T_CONVERT_D& rOptions) {
     try {
+        m_options = rOptions;
         m_failure = {};
-        RunConversion(sPath);
+        m_nPSHELL = 0;
+        m_pQuiet = m_options.pOBSERVER ? m_options.pOBSERVER->GetQuiet() : nullptr;
+        m_pDataPool->m_pLeftSink = m_options.pOBSERVER;
+        ReadDecks(sPath);
+        m_pDataPool->m_pMsgMgr = m_pMsgMgr.get();
+        m_pDataPool->m_nMostCarried = m_options.limits.nFRAMES;
+        m_pDataPool->ResolveModel();
+        if (!WriteZdtFile(sPath)) throw CRunError(FAILURE_NOT_WRITTEN);
+        WriteSummary();
+        m_pMsgMgr->ShowMessages();
     } catch (...) {
-        KeepFailure();
+        const bool bReading = !m_aIncludeFiles.IsAtEnd();
+        m_failure.TakeException(bReading ? m_aIncludeFiles.GetCurrent().sPATH : std::string_view(), m_iLineNo);
+        if (!bReading && m_failure.nLIMIT > 0) m_failure.SetFile(sPath);
     }
-    m_reader.Close();
+    m_fp.Close();
     return m_failure.eFAILURE == FAILURE_NONE ? 1 : 0;
 }
 
-/// Makes the reason of the exception in hand. Memory may be what is missing, so each text stays empty if there is no
-/// room for it.
-void CConvertNastran::KeepFailure() noexcept {
-    const auto keep = [](std::string& rText, const auto& value) {
-        try {
-            rText = value;
-        } catch (const std::bad_alloc&) { // the kind of the failure says enough
-            rText.clear();
+/// Reads the main deck and those that it includes, which INCLUDE cards add to the list while it is walked.
+void CConvertNastran::ReadDecks(const std::string& sPath) {
+    for (m_aIncludeFiles.AddMain(sPath); !m_aIncludeFiles.IsAtEnd(); m_aIncludeFiles.Next(m_fp.GetBytesRead())) {
+        const bool bMain = m_aIncludeFiles.IsMain();
+        const std::string sDeck = m_aIncludeFiles.GetCurrent().sPATH;
+        if (!m_fp.Open(sDeck, m_failure.sCAUSE)) {
+            throw CRunError(bMain ? FAILURE_DECK_NOT_OPENED : FAILURE_INCLUDE_NOT_OPENED);
         }
-    };
-    const bool bReading = m_iCurDeck < m_aIncludeFiles.size();
-    try {
-        throw;
-    } catch (const CRunError& rError) {
-        m_failure.eFAILURE = rError.m_eFailure;
-        m_failure.iLINE = rError.m_iLine;
-        m_failure.nLIMIT = rError.m_nLimit;
-    } catch (const std::exception& rError) {
-        const bool bExhausted = IsOutOfMemory(rError);
-        m_failure.eFAILURE = bExhausted ? FAILURE_EXHAUSTED : FAILURE_INTERNAL;
-        if (bExhausted && bReading) m_failure.iLINE = m_iLineNo;
-        if (!bExhausted) keep(m_failure.sCAUSE, rError.what());
-    } catch (...) { // what a host's dialogs may throw
-        m_failure.eFAILURE = FAILURE_INTERNAL;
-    }
-    if (bReading) {
-        keep(m_failure.sFILE, m_aIncludeFiles[m_iCurDeck].sPATH);
-    } else if (m_failure.nLIMIT > 0) {
-        keep(m_failure.sFILE, m_aIncludeFiles.front().sPATH);
+        m_aIncludeFiles.Open(m_fp.GetId());
+        if (bMain) LogBanner(*m_pMsgMgr, m_options.sDECKNAME.empty() ? sDeck : m_options.sDECKNAME);
+        if (m_options.pOBSERVER) m_options.pOBSERVER->OnDeckBegin(sDeck);
+        ReadDeckFile();
+        if (m_options.pOBSERVER) m_options.pOBSERVER->OnDeckEnd(m_iSection == 2);
+        m_fp.Close();
     }
 }
 
-void CConvertNastran::RunConversion(const std::string& sPath) {
-    m_nPSHELL = 0;
-    m_aIncludeFiles.push_back({sPath, 0, {}});
-    // INCLUDE cards add to the list as it is walked.
-    for (m_iCurDeck = 0; m_iCurDeck < m_aIncludeFiles.size(); ++m_iCurDeck) ReadDeck();
-    m_pDataPool->m_pMsgMgr = m_pMsgMgr.get();
-    m_pDataPool->m_nMostCarried = m_limits.nFRAMES;
-    m_pDataPool->ResolveModel();
-    if (!WriteZdtFile(sPath)) throw CRunError(FAILURE_NOT_WRITTEN);
-    WriteSummary();
-    m_pMsgMgr->ShowMessages();
-}
-
-/// Reads the deck at m_iCurDeck. Throws CRunError if it can't be opened or includes itself.
-void CConvertNastran::ReadDeck() {
-    const bool bMain = m_iCurDeck == 0;
-    if (!m_reader.Open(m_aIncludeFiles[m_iCurDeck].sPATH, m_failure.sCAUSE)) {
-        throw CRunError(bMain ? FAILURE_DECK_NOT_OPENED : FAILURE_INCLUDE_NOT_OPENED);
-    }
-    m_aIncludeFiles[m_iCurDeck].id = m_reader.GetId();
-    TestIncludeCycle();
-    if (bMain) LogBanner(m_sDeckName.empty() ? m_aIncludeFiles[0].sPATH : m_sDeckName);
-    if (m_pObserver) m_pObserver->OnDeckBegin(m_aIncludeFiles[m_iCurDeck].sPATH);
-    const std::size_t nBefore = m_aIncludeFiles.size();
-    ReadDeckFile();
-    if (m_aIncludeFiles.size() > nBefore) m_setIncluding.insert(m_aIncludeFiles[m_iCurDeck].id);
-    m_nBytesRead += static_cast<std::int64_t>(m_reader.GetBytesRead());
-    if (m_pObserver) m_pObserver->OnDeckEnd(m_iSection == 2);
-    m_reader.Close();
-}
-
-/// A deck may be included again and again by different roads, but a road that leads back to where it came from would
-/// never end. The road is walked only for a deck that includes others, and once for all cards that name it in a deck.
-void CConvertNastran::TestIncludeCycle() {
-    const T_FILEID_D id = m_aIncludeFiles[m_iCurDeck].id;
-    if (!m_setIncluding.contains(id)) return;
-    const std::size_t iOrigin = m_aIncludeFiles[m_iCurDeck].iORIGIN;
-    if (std::exchange(m_iTestedOrigin, iOrigin) != iOrigin) m_setTested.clear();
-    if (!m_setTested.insert(id).second) return;
-    for (std::size_t iDeck = m_iCurDeck; iDeck != 0;) {
-        iDeck = m_aIncludeFiles[iDeck].iORIGIN;
-        if (m_aIncludeFiles[iDeck].id == id) throw CRunError(FAILURE_INCLUDE_CYCLE);
-    }
-}
-
-void CConvertNastran::LogBanner(const std::string& sPath) {
-    LogMessage("");
-    LogMessage("================================== [ Conversion Information ] =======================================");
-    LogMessage("");
-    LogMessage("** Original File   : %s", sPath);
-    LogMessage("** Conversed By    : ZENTA Nastran 5.5.0 Convertor");
-    LogMessage("** Limitation");
-    LogMessage("  - %s", g_pfnLoadStr("IDS_NASTRAN_Input_file_maked_by_FEAMAP_is_required"));
-    LogMessage("");
-    LogMessage(std::string(100, '='));
-    LogMessage("");
+int CConvertNastran::LogMessage(std::string_view sFormat, TEXT_ARGS aArgs) {
+    m_pMsgMgr->AddMessageF(sFormat, aArgs);
+    return 0;
 }

@@ -5,6 +5,7 @@
 #include "driver/ConvertNastranApp.h"
 #include "messages/MsgDll.h"
 #include "platform/Dialogs.h"
+#include "store/DataPool.h"
 
 #include <cstring>
 #include <exception>

@@ -25,7 +25,7 @@ class CTextArg {
 
 using TEXT_ARGS = std::initializer_list<CTextArg>;
 
-/// Fills the placeholders of sFormat in order. %d, %i, %u and %s with their flags and width stand for the next
+/// Fills the placeholders of sFormat in order. %d, %i, %u and %s, with a "-" and a width, take the next
 /// argument, which prints as what it is; %% is a percent sign. A placeholder without an argument, or one of another
-/// kind, stays in the text as it stands; arguments without a placeholder are left out.
+/// kind, stays in the text unchanged; arguments without a placeholder are left out.
 std::string FormatText(std::string_view sFormat, TEXT_ARGS aArgs);

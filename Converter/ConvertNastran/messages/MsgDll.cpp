@@ -13,7 +13,7 @@ const char* LoadStrFallback(const char*) {
 T_MODULE g_pMsgDll = nullptr;
 LOADSTR g_pfnExport = nullptr;
 
-/// A library that has no text for a key may answer with nothing at all.
+/// The key itself if the library has no text for it.
 const char* LoadStrFromDll(const char* sKey) {
     const char* sText = g_pfnExport(sKey);
     return sText ? sText : sKey;

@@ -30,16 +30,16 @@ class CZdtMsgMgr : public CZdtMsgMgrBase {
 
     void ClearMessages() override { m_aMessages.clear(); }
 
-    /// Formats a line and puts it in front of all others, whatever the limit.
+    /// Formats a line and puts it in front of all others, without regard to the limit.
     void InsertMessageF(std::string_view sFormat, TEXT_ARGS aArgs) override;
 
-    /// Formats a line and puts it behind all others, whatever the limit.
+    /// Formats a line and puts it behind all others, without regard to the limit.
     void AppendMessageF(std::string_view sFormat, TEXT_ARGS aArgs) override;
 
     /// Formats a line and adds it within the limit.
     void AddMessageF(std::string_view sFormat, TEXT_ARGS aArgs) override;
 
-    /// Adds a line if there are fewer than the limit; drops it without a sign otherwise.
+    /// Adds a line if there are fewer than the limit; drops it silently otherwise.
     void AddMessage(std::string sText) override;
 
     /// Shows the list and returns when it was closed. An empty list isn't shown.

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-/// Limits of a line's text in characters. The line loop takes every line up to the first; whatever looks into a bulk
-/// line, or ahead to the next one, takes the second.
+/// Limits of a line's text in characters: for every line, and for a line of the bulk section or the one looked ahead
+/// to.
 constexpr std::int32_t LONGEST_LINE = 199;
 constexpr std::int32_t LONGEST_BULK_LINE = 159;
 
@@ -29,17 +29,42 @@ struct T_LINE_D {
     E_FORMAT iFORMAT = FORMAT_SMALL;
     bool bCONT = false;    // whether it continues a card
     bool bCOMMENT = false; // whether it is a comment; then there is no text
-    bool bMARKED = false;  // whether a ",", "*" or "=" is in it: without one it is a small field line
-    bool bTABBED = false;  // whether a tab may be in it
-    bool bRETURN = false;  // whether a carriage return may be in it
-    bool bENDING = false;  // whether "ENDDATA" may be in it
+    bool bMARKED = false;  // whether it may have a ",", "*", "=" or "$": without one it is a small field line
+    bool bTABBED = false;  // whether it may have a tab
+    bool bRETURN = false;  // whether it may have a carriage return
+    bool bENDING = false;  // whether it may have "ENDDATA"
+    bool bJOINED = false;  // whether blanks inside a field were taken out
+    bool bCUT = false;     // whether there was a ":", where the text ends now
     std::uint32_t nTEXT = 0;
     char aTEXT[ROOM];
 
     std::string_view Text() const { return {aTEXT, nTEXT}; }
 };
 
-struct T_FIELDUSE_D;
+/// A line of a group before it is cut into fields, in upper case.
+struct T_RAWLINE_D {
+    std::string_view sTEXT;
+    bool bCUT = false; // whether a ":" and what is behind it were taken off
+};
+
+/// What became of the fields of a card of an observed run, as far as its handler took them. Places count from 0.
+struct T_FIELDUSE_D {
+    struct T_SKIP_D {
+        std::size_t iFIELD;
+        const char* sNAME; // as the handler gives it; null for the one that the format gives to the place
+    };
+    std::vector<T_SKIP_D> aSKIPPED;    // fields that were passed over and aren't blank, in card order
+    std::vector<std::size_t> aMISREAD; // fields taken as numbers that they aren't to their end
+    std::size_t nREACHED = 0;          // fields from this one on were never reached
+
+    bool HasNotes() const { return !aSKIPPED.empty() || !aMISREAD.empty(); }
+
+    void Clear() {
+        aSKIPPED.clear();
+        aMISREAD.clear();
+        nREACHED = 0;
+    }
+};
 
 /// An assembled card. Fields point into the lines that it was made of.
 struct T_DATA_D {

@@ -3,80 +3,126 @@
 #include "reader/DeckObserver.h"
 
 #include "driver/CConvertNastran.h"
+#include "reader/PlainFields.h"
+#include "store/DataPool.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
 
 namespace {
 
-/// What a group begins with, seen before its fields are cut, which changes the text.
+/// What a group begins with. It must be asked for before fields are cut, which changes the text.
 enum E_GROUP { GROUP_CARD, GROUP_CONTINUATION, GROUP_EMPTY };
 
-E_GROUP ClassifyGroup(std::string_view sFirst, std::size_t nLines) {
+E_GROUP ClassifyGroup(const CLineGroup& rLines) {
+    const std::string_view sFirst = rLines.First().Text();
     const char c = sFirst[0];
     if (c == '*' || c == '+' || c == ' ' || c == ',') return GROUP_CONTINUATION;
     if (c > ' ') return GROUP_CARD;
-    // a carriage return alone is an empty line of a deck with CR LF, and yet may have lines that continue it
+    // In a deck with CR LF an empty line holds a carriage return, and lines may continue it all the same.
     if (sFirst.find_first_not_of(" \t\r") != std::string_view::npos) return GROUP_CARD;
-    return nLines > 1 ? GROUP_CONTINUATION : GROUP_EMPTY;
+    return rLines.GetCount() > 1 ? GROUP_CONTINUATION : GROUP_EMPTY;
+}
+
+/// rCard is the group as far as it could be assembled.
+void TellLoss(CDeckObserver& rObserver, E_LOSS eLoss, E_GROUP eGroup, const CLineGroup& rLines, const T_DATA_D& rCard) {
+    if (eGroup == GROUP_EMPTY) return;
+    if (eGroup == GROUP_CONTINUATION) eLoss = LOSS_CUT_OFF;
+    rObserver.OnLoss({eLoss, rCard.iKEYWORD, rCard.sWORD, rLines.First().iLINE, rLines.Last().iLINE});
+}
+
+/// Whether all fields of a card were read that aren't blank, and none of them is watched.
+bool IsQuiet(const T_QUIET_D& rQuiet, const T_DATA_D& rCard) {
+    const std::uint32_t nWatched = rQuiet.aWATCHED[static_cast<std::size_t>(rCard.iKEYWORD)];
+    const T_FIELDUSE_D& rUse = *rCard.pUSE;
+    if (nWatched == T_QUIET_D::EVERY_CARD || rQuiet.bTELLALL || rUse.HasNotes()) return false;
+    const std::vector<std::string_view>& rFields = rCard.aFIELDS;
+    for (std::size_t i = rUse.nREACHED; i < rFields.size(); ++i) {
+        if (!rFields[i].empty()) return false;
+    }
+    const auto anyField = [&](std::uint32_t nFields, auto holds) {
+        for (; nFields != 0; nFields &= nFields - 1) {
+            const auto iField = static_cast<std::size_t>(std::countr_zero(nFields));
+            if (iField < rFields.size() && holds(rFields[iField])) return true;
+        }
+        return false;
+    };
+    const auto isFilled = [](std::string_view s) { return !s.empty(); };
+    const auto hasValue = [](std::string_view s) { return s.find_first_not_of("0.") != std::string_view::npos; };
+    return !anyField(nWatched, isFilled) &&
+           !anyField(rQuiet.aVALUES[static_cast<std::size_t>(rCard.iKEYWORD)], hasValue);
 }
 
 } // namespace
 
-/// Assembles and dispatches the group in hand, and tells which of the two came of it.
-void CConvertNastran::TakeObservedGroup() {
-    if (m_reader.GetBytesRead() != m_nBytesTold) {
-        m_nBytesTold = m_reader.GetBytesRead();
-        m_pObserver->OnBytesRead(m_nBytesTold);
-    }
-    const E_GROUP eGroup = ClassifyGroup(m_aLines[0]->Text(), m_nLines);
-    if (AssembleCard() && m_card.iKEYWORD >= 0) {
-        m_fieldUse.Clear();
-        m_card.pUSE = &m_fieldUse;
-        DispatchCard(m_card);
-        m_pObserver->OnCard(m_card, m_fieldUse, m_aLines[0]->iLINE, m_aLines[m_nLines - 1]->iLINE);
-    } else if (eGroup != GROUP_EMPTY) {
-        TellAssembled(eGroup == GROUP_CARD ? LOSS_UNKNOWN_WORD : LOSS_CUT_OFF);
-    }
-}
-
-/// Tells that the group in hand makes no card though it might. Cutting it into fields for its first word does no harm:
-/// it is lost.
-void CConvertNastran::TellLoss(E_LOSS eLoss) {
-    const E_GROUP eGroup = ClassifyGroup(m_aLines[0]->Text(), m_nLines);
-    if (eGroup == GROUP_EMPTY) return;
-    AssembleCard();
-    TellAssembled(eGroup == GROUP_CARD ? eLoss : LOSS_CUT_OFF);
-}
-
-/// Tells of a loss whose first word stands in m_card.
-void CConvertNastran::TellAssembled(E_LOSS eLoss) {
-    T_LOSS_D loss;
-    loss.eLOSS = eLoss;
-    loss.iFIRST = m_aLines[0]->iLINE;
-    loss.iLAST = m_aLines[m_nLines - 1]->iLINE;
-    loss.iKEYWORD = m_card.iKEYWORD;
-    loss.sWORD = m_card.sWORD;
-    m_pObserver->OnLoss(loss);
-}
-
-/// Tells of the fields in m_aPieces that a "+" is about to delete. The last field is a continuation mark if it begins
-/// with one.
-void CConvertNastran::TellDeletedFields(std::int32_t iLine) {
+void TellDeletedFields(CDeckObserver& rObserver, std::span<const std::string_view> aFields, std::int32_t iLine) {
     std::size_t nDeleted = 0;
-    for (std::size_t i = 1; i < m_aPieces.size(); ++i) {
-        const bool bMark = i + 1 == m_aPieces.size() && m_aPieces[i].starts_with('+');
-        if (!bMark && m_aPieces[i].find('+') != std::string_view::npos) ++nDeleted;
+    for (std::size_t i = 0; i < aFields.size(); ++i) {
+        const bool bMark = i + 1 == aFields.size() && aFields[i].starts_with('+');
+        if (!bMark && aFields[i].find('+') != std::string_view::npos) ++nDeleted;
     }
-    if (nDeleted > 0) m_pObserver->OnFieldsDeleted(nDeleted, iLine);
+    if (nDeleted > 0) rObserver.OnFieldsDeleted(nDeleted, iLine);
+}
+
+/// Assembles and dispatches the group in hand, and tells what came of it.
+void CConvertNastran::TakeObservedGroup(CDeckObserver& rObserver) {
+    if (m_fp.HasReadMore()) rObserver.OnBytesRead(m_fp.GetBytesRead());
+    const E_GROUP eGroup = ClassifyGroup(m_aLines);
+    const std::size_t nReplaced = m_pDataPool->m_nReplaced;
+    char aKept[T_LINE_D::SMALL_COLUMNS];
+    const bool bPlain = IsPlainSmallLine(m_aLines);
+    if (bPlain) {
+        std::memcpy(aKept, m_aLines.First().aTEXT, sizeof aKept); // one of its fields may be changed when it is cut
+    } else {
+        TellText();
+    }
+    const int bCard = AssembleCard();
+    const bool bJoined = bPlain && m_aLines.First().bJOINED;
+    if (bJoined) {
+        const T_RAWLINE_D line{{aKept, std::min<std::size_t>(m_aLines.First().nTEXT, sizeof aKept)}};
+        rObserver.OnText({&line, 1}, m_aLines.First().iLINE);
+    }
+    if (!bCard || m_card.iKEYWORD < 0) {
+        TellLoss(rObserver, LOSS_UNKNOWN_WORD, eGroup, m_aLines, m_card);
+        return;
+    }
+    m_fieldUse.Clear();
+    m_card.pUSE = &m_fieldUse;
+    DispatchCard(m_card);
+    if (m_pQuiet && bPlain && !bJoined && nReplaced == m_pDataPool->m_nReplaced && IsQuiet(*m_pQuiet, m_card)) {
+        m_pQuiet->iLAST = m_card.iKEYWORD;
+        ++m_pQuiet->aCOUNTS[static_cast<std::size_t>(m_card.iKEYWORD)];
+    } else {
+        rObserver.OnCard(m_card, m_fieldUse, m_aLines.First().iLINE, m_aLines.Last().iLINE);
+    }
+}
+
+/// Tells the text of the group in hand, which isn't cut yet, unless everybody cuts it alike.
+void CConvertNastran::TellText() {
+    if (HavePlainFields(m_aLines)) return;
+    m_aRawLines.clear();
+    for (std::size_t i = 0; i < m_aLines.GetCount(); ++i) m_aRawLines.push_back({m_aLines[i].Text(), m_aLines[i].bCUT});
+    m_options.pOBSERVER->OnText(m_aRawLines, m_aLines.First().iLINE);
+}
+
+/// Tells that the group in hand, if it has lines, makes no card. It is cut into fields only for its first word.
+void CConvertNastran::LoseGroup(E_LOSS eLoss) {
+    if (!m_options.pOBSERVER || m_aLines.IsEmpty()) return;
+    const E_GROUP eGroup = ClassifyGroup(m_aLines);
+    if (eGroup == GROUP_EMPTY) return;
+    TellText();
+    AssembleCard();
+    TellLoss(*m_options.pOBSERVER, eLoss, eGroup, m_aLines, m_card);
 }
 
 std::string CConvertNastran::LineText(std::int32_t iLine) const {
-    return m_pObserver ? m_pObserver->LineText(iLine) : std::to_string(iLine);
+    return m_options.pOBSERVER ? m_options.pOBSERVER->LineText(iLine) : std::to_string(iLine);
 }
 
-std::string CConvertNastran::LineInfoText(const std::vector<std::int32_t>& aLines, const CDeckObserver* pObserver) {
+/// The lines of a card for a message.
+std::string CConvertNastran::LineInfoText(const std::vector<std::int32_t>& aLines) const {
     if (aLines.empty()) return "(Line:There is no Line Number Info.)";
-    const auto name = [&](std::int32_t iLine) {
-        return pObserver ? pObserver->LineText(iLine) : std::to_string(iLine);
-    };
-    if (aLines.size() == 1) return FormatText("(Line:%s)", {name(aLines[0])});
-    return FormatText("(Line:%s~%s)", {name(aLines.front()), name(aLines.back())});
+    if (aLines.size() == 1) return "(Line:" + LineText(aLines[0]) + ")";
+    return "(Line:" + LineText(aLines.front()) + "~" + LineText(aLines.back()) + ")";
 }

@@ -1,11 +1,13 @@
 #pragma once
-// What a host can learn while a deck is read: what became of each group of lines in the bulk section.
+// What a host can learn of a run: what became of each group of lines in the bulk section, and then of the model.
 
 #include "reader/Card.h"
-#include "reader/FieldUse.h"
+#include "store/Left.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -14,7 +16,7 @@ enum E_LOSS : std::int32_t {
     LOSS_END_OF_DECK,    // the deck ends before the group does, or right behind it
     LOSS_BLANK_LINE,     // a line of blanks behind it drops the group
     LOSS_TOO_MANY_LINES, // it grew over the limit
-    LOSS_CUT_OFF,        // continuation lines that stand alone: the card before them ended too early
+    LOSS_CUT_OFF,        // continuation lines without a card: the one before them ended too early
     LOSS_UNKNOWN_WORD,   // its first word isn't in the vocabulary
     LOSS_COUNT,
 };
@@ -28,17 +30,44 @@ struct T_LOSS_D {
     std::int32_t iLAST = 0;
 };
 
-/// Told in the order of the deck, while the run goes on; what a call is given is valid during the call. An exception
-/// ends the run as one of the run's own does.
-class CDeckObserver {
-  public:
-    virtual ~CDeckObserver() = default;
+/// Cards of which nothing is to be told are counted alone: nearly all of a deck are.
+struct T_QUIET_D {
+    static constexpr std::size_t MOST_KEYWORDS = 256; // more than there are
+    static constexpr std::uint32_t EVERY_CARD = ~std::uint32_t(0);
 
+    std::array<std::uint32_t, MOST_KEYWORDS> aWATCHED;     // by keyword: a bit for each field that is told unless blank
+    std::array<std::uint32_t, MOST_KEYWORDS> aVALUES = {}; // likewise: a bit for each that is told unless blank or zero
+    std::array<std::uint64_t, MOST_KEYWORDS> aCOUNTS = {};
+    std::int32_t iLAST = -1; // keyword of the last card, if it wasn't told
+    bool bTELLALL = false;   // for a while, whatever is watched
+
+    T_QUIET_D() { aWATCHED.fill(EVERY_CARD); }
+};
+
+/// Told in the order of the deck, while the run goes on, and of what the target file doesn't say behind it, in the
+/// order of the passes and sections; what a call is given is valid during the call. An exception ends the run as one of
+/// the run's own does.
+class CDeckObserver : public CLeftSink {
+  public:
     /// A deck, the main one or an included one, was opened.
     virtual void OnDeckBegin(const std::string& sPath) = 0;
 
-    /// The deck was read to its end, which stood in the bulk section or not.
+    /// The deck was read to its end; bBulk tells whether that was in the bulk section.
     virtual void OnDeckEnd(bool bBulk) = 0;
+
+    /// A line that is no bulk data: one of executive or case control, BEGIN BULK, or the one with the ENDDATA that ends
+    /// the deck. Upper case, cut before a ":".
+    virtual void OnControlLine(std::string_view, std::int32_t) {}
+
+    /// The text of a group, whose first line is iFirst, if it may be cut otherwise than NASTRAN does. What comes of the
+    /// group is told next, unless it is empty.
+    virtual void OnText(std::span<const T_RAWLINE_D> /*aLines*/, std::int32_t /*iFirst*/) {}
+
+    /// The log says that this line is ignored, as one of automatic generation. It is read like any other.
+    virtual void OnSaidIgnored(std::int32_t) {}
+
+    /// What the observer doesn't ask to be told of; null, if it wants to know of every card.
+    virtual T_QUIET_D* GetQuiet() { return nullptr; }
 
     /// A card of the vocabulary, from lines iFirst to iLast, was dispatched; rUse is what its handler made of its
     /// fields, empty if there is no handler.
@@ -47,8 +76,8 @@ class CDeckObserver {
     /// A group made no card.
     virtual void OnLoss(const T_LOSS_D& rLoss) = 0;
 
-    /// A "+" deleted nFields fields of a free field line that aren't its continuation mark. The card or the loss that
-    /// the line belongs to is told next.
+    /// A "+" deleted nFields fields of a free field line, its continuation mark not counted. The card or the loss that
+    /// the line belongs to comes next.
     virtual void OnFieldsDeleted(std::size_t nFields, std::int32_t iLine) = 0;
 
     /// So many bytes of the deck were read. Comes once in a while.
@@ -57,3 +86,7 @@ class CDeckObserver {
     /// How the log names a line of the deck being read. The run itself gives the number alone.
     virtual std::string LineText(std::int32_t iLine) const { return std::to_string(iLine); }
 };
+
+/// Tells of those among the fields behind the first of a line that a "+" is about to delete. The last field is a
+/// continuation mark if it begins with one.
+void TellDeletedFields(CDeckObserver& rObserver, std::span<const std::string_view> aFields, std::int32_t iLine);

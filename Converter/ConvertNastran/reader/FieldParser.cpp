@@ -2,21 +2,85 @@
 
 #include "reader/FieldParser.h"
 
-#include "platform/ExactPowers.h"
-#include "reader/ShortNumbers.h"
+#include "platform/TextWord.h"
+#include "reader/NastranStrParser.h"
 
+#include <bit>
 #include <charconv>
+#include <cmath>
 #include <limits>
 #include <string>
 #include <system_error>
 
 namespace {
 
+// Most fields of a deck are short: up to eight characters, an optional "-", digits, for a real at most one point among
+// them. All characters are taken at once; whatever else a field may hold is left to the general way below.
+
+/// A short text, and the "-" that stood before it.
+struct T_SHORT_D {
+    TEXTWORD nWord;
+    std::size_t nText;
+    bool bNegative;
+
+    /// sText has at most WORD_LENGTH characters.
+    explicit T_SHORT_D(std::string_view sText)
+        : nWord(LoadWord(sText.data(), sText.size())), nText(sText.size()), bNegative((nWord & 0xFF) == '-') {
+        if (!bNegative) return;
+        nWord >>= 8;
+        --nText;
+    }
+
+    /// Takes out the first point. Returns the number of characters behind it, 0 if there is none.
+    std::size_t TakePoint() {
+        const TEXTWORD nOther = nWord ^ RepeatInWord('.');
+        const TEXTWORD nPoints = (nOther - RepeatInWord(1)) & ~nOther & RepeatInWord('\x80'); // the lowest is right
+        if (nPoints == 0) return 0;
+        const int nBefore = std::countr_zero(nPoints) - 7; // in bits
+        nWord = (nWord & ((TEXTWORD(1) << nBefore) - 1)) | (nWord >> nBefore >> 8) << nBefore;
+        --nText;
+        return nText - static_cast<std::size_t>(nBefore) / 8;
+    }
+
+    /// The value of the text. False if there is anything but digits, or nothing.
+    bool ReadDigits(std::uint32_t& rValue) const {
+        if (nText == 0) return false;
+        const auto nBlank = static_cast<unsigned>(8 * (WORD_LENGTH - nText));
+        TEXTWORD nDigits = (nWord ^ (EIGHT_ZEROS >> nBlank)) << nBlank; // a digit in each byte, zeros in front
+        if (((nDigits + RepeatInWord(0x76)) | nDigits) & RepeatInWord('\x80')) return false;
+        // Neighbours are joined, from digits to pairs, from pairs to fours, from fours to all eight.
+        nDigits = nDigits * 10 + (nDigits >> 8);
+        const TEXTWORD nHigh = (nDigits & 0x000000FF000000FF) * (100 + (TEXTWORD(1000000) << 32));
+        const TEXTWORD nLow = ((nDigits >> 16) & 0x000000FF000000FF) * (1 + (TEXTWORD(10000) << 32));
+        rValue = static_cast<std::uint32_t>((nHigh + nLow) >> 32);
+        return true;
+    }
+};
+
+/// False if sText isn't a short integer.
+bool ReadShortInt(std::string_view sText, std::int32_t& rValue) {
+    if (sText.size() > WORD_LENGTH) return false;
+    const T_SHORT_D text(sText);
+    std::uint32_t nValue = 0;
+    if (!text.ReadDigits(nValue)) return false;
+    rValue = text.bNegative ? -static_cast<std::int32_t>(nValue) : static_cast<std::int32_t>(nValue);
+    return true;
+}
+
+/// False if sText isn't a short real.
+bool ReadShortReal(std::string_view sText, double& rValue) {
+    if (sText.size() > WORD_LENGTH) return false;
+    T_SHORT_D text(sText);
+    const std::size_t nFraction = text.TakePoint();
+    std::uint32_t nValue = 0;
+    if (!text.ReadDigits(nValue)) return false;
+    rValue = nValue / EXACT_POWERS[nFraction]; // both are exact, so the quotient is the nearest double
+    if (text.bNegative) rValue = -rValue;
+    return true;
+}
+
 bool IsDigit(char c) {
     return static_cast<unsigned char>(c - '0') < 10;
-}
-bool IsSpace(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
 /// A decimal number: digits times 10 to the power of nExponent.
@@ -25,14 +89,21 @@ struct T_DECIMAL_D {
     std::uint64_t nDigits = 0; // the first 19 significant digits
     std::int64_t nExponent = 0;
     bool bExact = true;             // whether nDigits holds all of them
-    std::string_view sMantissa;     // digits and point as they stand
+    std::string_view sMantissa;     // digits and point as typed
     std::int64_t nTextExponent = 0; // the exponent behind them
+    const char* pRest = nullptr;    // what isn't read any more
 };
 
 constexpr std::int64_t EXPONENT_LIMIT = 1000000; // far past any double, far from overflow
 
-/// Reads an exponent's sign and digits; 0 if there are no digits.
-std::int64_t ReadExponent(const char* p, const char* pEnd) {
+/// Whether nothing is left of a field; a carriage return is nothing.
+bool IsAtEnd(const char* p, const char* pEnd) {
+    while (p < pEnd && *p == '\r') ++p;
+    return p == pEnd;
+}
+
+/// Reads an exponent's sign and digits, and moves p behind them; 0 if there are no digits.
+std::int64_t ReadExponent(const char*& p, const char* pEnd) {
     const bool bNegative = p < pEnd && *p == '-';
     if (p < pEnd && (*p == '-' || *p == '+')) ++p;
     std::int64_t nExponent = 0;
@@ -79,11 +150,12 @@ bool ReadDecimal(std::string_view sField, T_DECIMAL_D& rDecimal) {
     if (p < pEnd) {
         const bool bSign = p + 1 < pEnd && (p[1] == '+' || p[1] == '-');
         if (*p == 'E' || (*p == 'e' && (!bSign || hasE()))) {
-            rDecimal.nTextExponent = ReadExponent(p + 1, pEnd);
+            rDecimal.nTextExponent = ReadExponent(++p, pEnd);
         } else if ((*p == '+' || *p == '-') && !hasE()) {
             rDecimal.nTextExponent = ReadExponent(p, pEnd);
         }
     }
+    rDecimal.pRest = p;
     rDecimal.nExponent += rDecimal.nTextExponent;
     return true;
 }
@@ -101,7 +173,8 @@ double ConvertExactly(const T_DECIMAL_D& rDecimal) {
 
 } // namespace
 
-std::int32_t TextToInt(std::string_view sText) {
+std::int32_t TextToInt(std::string_view sText, bool& rWhole) {
+    rWhole = true;
     std::int32_t iShort = 0;
     if (ReadShortInt(sText, iShort)) return iShort;
     const char* p = sText.data();
@@ -111,18 +184,25 @@ std::int32_t TextToInt(std::string_view sText) {
     if (p < pEnd && (*p == '-' || *p == '+')) ++p;
     const std::int64_t nLimit = std::int64_t(std::numeric_limits<std::int32_t>::max()) + (bNegative ? 1 : 0);
     std::int64_t nValue = 0;
+    rWhole = p < pEnd && IsDigit(*p);
     for (; p < pEnd && IsDigit(*p); ++p) {
         nValue = nValue * 10 + (*p - '0');
-        if (nValue > nLimit) nValue = nLimit;
+        if (nValue <= nLimit) continue;
+        nValue = nLimit;
+        rWhole = false;
     }
+    rWhole = rWhole && IsAtEnd(p, pEnd);
     return static_cast<std::int32_t>(bNegative ? -nValue : nValue);
 }
 
-double TextToReal(std::string_view sField) {
+double TextToReal(std::string_view sField, bool& rWhole) {
+    rWhole = true;
     double dShort = 0.0;
     if (ReadShortReal(sField, dShort)) return dShort;
     T_DECIMAL_D decimal;
+    rWhole = false;
     if (!ReadDecimal(sField, decimal)) return 0.0;
+    rWhole = IsAtEnd(decimal.pRest, sField.data() + sField.size());
     double dValue = 0.0;
     constexpr std::uint64_t EXACT_INTEGERS = std::uint64_t(1) << 53;
     if (decimal.nDigits == 0 && decimal.bExact) {
@@ -139,6 +219,7 @@ double TextToReal(std::string_view sField) {
         }
     } else {
         dValue = ConvertExactly(decimal);
+        rWhole = rWhole && std::isfinite(dValue);
     }
     return decimal.bNegative ? -dValue : dValue;
 }

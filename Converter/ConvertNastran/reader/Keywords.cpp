@@ -1,15 +1,17 @@
-// The card vocabulary: one row a keyword, its place the id. A row with a small "i" is never met, since decks are read
-// in upper case; it stays for the ids behind it. To convert a card, give its row a handler.
+// The card vocabulary and dispatch: one row a keyword, its place the id. A row with a small "i" is never met, since
+// decks are read in upper case; it stays for the ids behind it. To convert a card, give its row a handler.
 
 #include "reader/Keywords.h"
 
 #include "driver/CConvertNastran.h"
+#include "messages/MsgDll.h"
 #include "platform/TextWord.h"
+#include "reader/FieldCursor.h"
 
 #include <cstdint>
 
 // clang-format off
-constexpr std::array<T_KEYW_D, 242> T_KEYW_D::TABLE = {{
+constexpr std::array<T_KEYWORD_D, T_KEYWORD_D::COUNT> T_KEYWORD_D::TABLE = {{
     {"GRID", &CConvertNastran::ParseGRID},
     {"GRIDB"},
     {"GRDSET"},
@@ -254,7 +256,7 @@ constexpr std::array<T_KEYW_D, 242> T_KEYW_D::TABLE = {{
     {"ENDDATA", CARD_END},
 }};
 // clang-format on
-static_assert(T_KEYW_D::TABLE[241].sNAME == "ENDDATA"); // an id is a place: a lost row would move the rest
+static_assert(T_KEYWORD_D::TABLE.back().sNAME == "ENDDATA"); // as many rows as are counted
 
 namespace {
 
@@ -265,20 +267,20 @@ constexpr TEXTWORD Pack(std::string_view sName) {
     return nName;
 }
 
-/// From a packed keyword to its row: open addressing over twice as many places as there are keywords.
-class CKeywordIndex {
+} // namespace
+
+/// From a packed keyword to its id: open addressing over twice as many places as there are keywords.
+class CKeywordMap {
   public:
     static constexpr std::int16_t NONE = -1;
 
-    constexpr CKeywordIndex() {
-        m_aRows.fill(NONE);
-        for (std::size_t i = 0; i < T_KEYW_D::TABLE.size(); ++i) {
-            const TEXTWORD nName = Pack(T_KEYW_D::TABLE[i].sNAME);
-            std::size_t iPlace = Home(nName);
-            while (m_aRows[iPlace] != NONE) iPlace = (iPlace + 1) % PLACES;
-            m_aNames[iPlace] = nName;
-            m_aRows[iPlace] = static_cast<std::int16_t>(i);
-        }
+    constexpr CKeywordMap() { m_aRows.fill(NONE); }
+
+    constexpr void Add(TEXTWORD nName, std::size_t iRow) {
+        std::size_t iPlace = Home(nName);
+        while (m_aRows[iPlace] != NONE) iPlace = (iPlace + 1) % PLACES;
+        m_aNames[iPlace] = nName;
+        m_aRows[iPlace] = static_cast<std::int16_t>(iRow);
     }
 
     constexpr std::int16_t Find(TEXTWORD nName) const {
@@ -295,14 +297,42 @@ class CKeywordIndex {
     std::array<std::int16_t, PLACES> m_aRows{};
 };
 
-constexpr CKeywordIndex INDEX;
+consteval CKeywordMap CConvertNastran::InitKeywordTable() {
+    CKeywordMap map;
+    for (std::size_t i = 0; i < T_KEYWORD_D::TABLE.size(); ++i) map.Add(Pack(T_KEYWORD_D::TABLE[i].sNAME), i);
+    return map;
+}
 
-} // namespace
+constexpr CKeywordMap CConvertNastran::m_mapKeywords = InitKeywordTable();
 
 int CConvertNastran::KeywordToId(std::string_view sKeyword, std::int32_t& rId) {
     if (sKeyword.size() > WORD_LENGTH) return 0; // no keyword is longer
-    const std::int16_t iRow = INDEX.Find(LoadWord(sKeyword.data(), sKeyword.size()));
-    if (iRow == CKeywordIndex::NONE) return 0;
+    const std::int16_t iRow = m_mapKeywords.Find(LoadWord(sKeyword.data(), sKeyword.size()));
+    if (iRow == CKeywordMap::NONE) return 0;
     rId = iRow;
+    return 1;
+}
+
+/// Sends a card to its handler, whose result doesn't matter. Returns 0 for the keyword that ends a deck, else 1. Throws
+/// CRunError for a deck too many.
+int CConvertNastran::DispatchCard(const T_DATA_D& rCard) {
+    if (rCard.iKEYWORD < 0) return 1;
+    const T_KEYWORD_D& rKeyword = T_KEYWORD_D::TABLE[static_cast<std::size_t>(rCard.iKEYWORD)];
+    switch (rKeyword.eACTION) {
+    case CARD_PARSED:
+        (this->*rKeyword.pfnPARSE)(rCard);
+        break;
+    case CARD_REPORTED:
+        LogMessage(g_pfnLoadStr("IDS_NASTRAN_Not_convert_in_this_version"),
+                   {rKeyword.sNAME, LineInfoText(rCard.aLINES)});
+        break;
+    case CARD_INCLUDED: // a card without a path gives an empty one
+        m_aIncludeFiles.Include(CFieldCursor(rCard).Text(), m_aLines.First().iLINE, m_options.limits.nDECKS);
+        break;
+    case CARD_END:
+        return 0;
+    case CARD_SKIPPED:
+        break;
+    }
     return 1;
 }

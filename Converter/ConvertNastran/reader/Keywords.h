@@ -15,18 +15,19 @@ enum E_CARD_ACTION : std::int32_t {
     CARD_PARSED,   // its handler stores it
     CARD_REPORTED, // a line of the log says that it isn't converted
     CARD_INCLUDED, // names a deck to read
-    CARD_END,      // ends the deck; the reader stops before such a card is assembled
+    CARD_END,      // ends the deck; the reader stops earlier, at the line
 };
 
 /// A row of the vocabulary. Its place is the keyword's id.
-struct T_KEYW_D {
+struct T_KEYWORD_D {
     std::string_view sNAME;
     E_CARD_ACTION eACTION;
     int (CConvertNastran::*pfnPARSE)(const T_DATA_D&) = nullptr;
 
-    constexpr T_KEYW_D(const char* sName, E_CARD_ACTION eAction = CARD_SKIPPED) : sNAME(sName), eACTION(eAction) {}
-    constexpr T_KEYW_D(const char* sName, int (CConvertNastran::*pfnParse)(const T_DATA_D&))
+    constexpr T_KEYWORD_D(const char* sName, E_CARD_ACTION eAction = CARD_SKIPPED) : sNAME(sName), eACTION(eAction) {}
+    constexpr T_KEYWORD_D(const char* sName, int (CConvertNastran::*pfnParse)(const T_DATA_D&))
         : sNAME(sName), eACTION(CARD_PARSED), pfnPARSE(pfnParse) {}
 
-    static const std::array<T_KEYW_D, 242> TABLE;
+    static constexpr std::size_t COUNT = 242;
+    static const std::array<T_KEYWORD_D, COUNT> TABLE;
 };

@@ -1,7 +1,7 @@
 #pragma once
 // The physical lines of one deck.
 
-#include "driver/RunError.h"
+#include "messages/RunError.h"
 #include "platform/File.h"
 
 #include <cstddef>
@@ -10,18 +10,18 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 constexpr char CTRL_Z = '\x1A';
 
-/// The number of the line behind line iLine. Throws CRunError where the numbers end.
+/// iLine + 1. Throws CRunError if there is no such number.
 inline std::int32_t NextLine(std::int32_t iLine) {
     constexpr std::int32_t LAST = std::numeric_limits<std::int32_t>::max();
     if (iLine == LAST) throw CRunError(FAILURE_TOO_MANY_LINES, LAST, LAST);
     return iLine + 1;
 }
 
-/// Reads a deck in large blocks and hands out its lines in pieces of at most 499 bytes, as a reader with a buffer of
-/// 500 does.
+/// Reads a deck in large blocks. A line of more than 499 bytes comes in pieces, as with a line buffer of 500.
 class CLineReader {
   public:
     /// Returns 1, or 0 with the cause in rCause.
@@ -30,12 +30,14 @@ class CLineReader {
     const T_FILEID_D& GetId() const { return m_file.GetId(); }
 
     /// The next line without its line feed. False at the end of the deck. The text is valid until the next call, and
-    /// CNastranStrParser::SLACK bytes behind it are readable.
-    /// Throws CRunError if the deck can't be read on.
+    /// CNastranStrParser::SLACK bytes behind it are readable. Throws CRunError if the deck can't be read on.
     bool Read(std::string_view& rText);
 
     /// How much of the deck was read, in bytes; grows by a block at a time.
     std::uint64_t GetBytesRead() const { return m_nBytesRead; }
+
+    /// Whether that number has changed since this was asked last.
+    bool HasReadMore() { return std::exchange(m_nBytesTold, m_nBytesRead) != m_nBytesRead; }
 
     /// Whether the deck, as far as it was read, may hold a NUL or a Ctrl-Z.
     bool HasSpecialBytes() const { return m_bSpecial; }
@@ -47,10 +49,11 @@ class CLineReader {
     bool Fill(std::size_t nWanted);
 
     CDeckFile m_file;
-    std::unique_ptr<char[]> m_pBuffer; // not filled with anything: a small deck touches little of it
+    std::unique_ptr<char[]> m_pBuffer; // not initialized: a small deck touches little of it
     std::size_t m_iNext = 0;           // first byte not handed out yet
     std::size_t m_iEnd = 0;            // end of what was read
     std::uint64_t m_nBytesRead = 0;
+    std::uint64_t m_nBytesTold = 0;
     bool m_bEnd = false;     // the file has no more
     bool m_bSpecial = false; // a NUL or a Ctrl-Z was met; the few decks with one are searched line by line
 };

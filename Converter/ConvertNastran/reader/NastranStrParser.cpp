@@ -2,43 +2,19 @@
 
 #include "reader/NastranStrParser.h"
 
+#include "reader/TextBytes.h"
+
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <cstring>
 
 namespace {
-
-bool IsSpace(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
 
 std::string_view Trim(std::string_view sText) {
     while (!sText.empty() && IsSpace(sText.front())) sText.remove_prefix(1);
     while (!sText.empty() && IsSpace(sText.back())) sText.remove_suffix(1);
     return sText;
 }
-
-/// Sixteen characters at a time; the compiler makes vector instructions of the operators.
-using T_BYTES = unsigned char __attribute__((vector_size(16)));
-
-T_BYTES Load(const char* p) {
-    T_BYTES bytes;
-    std::memcpy(&bytes, p, sizeof bytes);
-    return bytes;
-}
-
-bool AnySet(T_BYTES bytes) {
-    std::array<std::uint64_t, 2> aHalves;
-    std::memcpy(&aHalves, &bytes, sizeof bytes);
-    return (aHalves[0] | aHalves[1]) != 0;
-}
-
-T_BYTES Mask(auto comparison) {
-    return reinterpret_cast<T_BYTES>(comparison);
-}
-
-constexpr T_BYTES PLACES = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15};
 
 } // namespace
 
@@ -49,20 +25,20 @@ int CNastranStrParser::NormalizeLine(std::string_view sRaw, T_LINE_D& rLine) {
     T_BYTES marks{}, tabs{}, returns{}, colons{}, endings{};
     std::size_t i = 0;
     for (; i < sRaw.size(); i += sizeof(T_BYTES)) {
-        T_BYTES bytes = Load(sRaw.data() + i);
+        T_BYTES bytes = LoadBytes(sRaw.data() + i);
         if (const std::size_t nLeft = sRaw.size() - i; nLeft < sizeof(T_BYTES)) {
-            const T_BYTES inside = Mask(PLACES < static_cast<unsigned char>(nLeft));
+            const T_BYTES inside = Mask(PLACES_OF_BYTES < static_cast<unsigned char>(nLeft));
             bytes = (bytes & inside) | (' ' & ~inside);
         }
         bytes -= Mask(bytes - 'a' < 26) & ('a' - 'A');
-        marks |= Mask(bytes == ',') | Mask(bytes == '*') | Mask(bytes == '=');
+        marks |= Mask(bytes == ',') | Mask(bytes == '*') | Mask(bytes == '=') | Mask(bytes == '$');
         tabs |= Mask(bytes == '\t');
         returns |= Mask(bytes == '\r');
         colons |= Mask(bytes == ':');
         std::memcpy(rLine.aTEXT + i, &bytes, sizeof bytes);
-        // two of the same letter in a row, here or where two blocks meet: rare enough to leave the rest to a search
-        endings |=
-            Mask(bytes == 'D') & (Mask(Load(sRaw.data() + i + 1) == 'D') | Mask(Load(sRaw.data() + i + 1) == 'd'));
+        // A double D is rare enough to leave the rest of the word to a search.
+        endings |= Mask(bytes == 'D') &
+                   (Mask(LoadBytes(sRaw.data() + i + 1) == 'D') | Mask(LoadBytes(sRaw.data() + i + 1) == 'd'));
     }
     for (; i < T_LINE_D::SMALL_COLUMNS; i += sizeof(T_BYTES)) std::memset(rLine.aTEXT + i, ' ', sizeof(T_BYTES));
     rLine.bMARKED = AnySet(marks);
@@ -70,10 +46,11 @@ int CNastranStrParser::NormalizeLine(std::string_view sRaw, T_LINE_D& rLine) {
     rLine.bRETURN = AnySet(returns);
     rLine.bENDING = AnySet(endings);
     rLine.nTEXT = static_cast<std::uint32_t>(sRaw.size());
-    if (AnySet(colons)) {
+    rLine.bCUT = AnySet(colons);
+    if (rLine.bCUT) {
         rLine.nTEXT = static_cast<std::uint32_t>(rLine.Text().find(':'));
         std::memset(rLine.aTEXT + rLine.nTEXT, ' ', sRaw.size() - rLine.nTEXT);
-        rLine.bMARKED = rLine.Text().find_first_of(",*=") != std::string_view::npos;
+        rLine.bMARKED = rLine.Text().find_first_of(",*=$") != std::string_view::npos;
     }
     return 1;
 }

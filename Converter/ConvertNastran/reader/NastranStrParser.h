@@ -10,11 +10,15 @@
 #include <string_view>
 #include <vector>
 
+constexpr bool IsSpace(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
 class CNastranStrParser {
   public:
     virtual ~CNastranStrParser() = default;
 
-    /// How far behind the end of its text NormalizeLine may read.
+    /// Number of bytes behind its text that NormalizeLine may read.
     static constexpr std::size_t SLACK = 32;
 
     /// Fills rLine with sRaw, which is at most LONGEST_LINE long, in upper case and cut before a ":". Returns 0 and
@@ -27,8 +31,9 @@ class CNastranStrParser {
     /// Takes blanks, tabs and line feeds out of [pBegin, pEnd), in place. A carriage return stays.
     static std::string_view RemoveBlanks(char* pBegin, char* pEnd);
 
-    /// The same for the eight columns at pField, which hold neither tabs nor line feeds.
-    static std::string_view RemoveBlanksOf8(char* pField) {
+    /// The same for the eight columns at pField, which hold neither tabs nor line feeds. rJoined becomes true if there
+    /// are blanks between others; else the text stays as it is.
+    static std::string_view RemoveBlanksOf8(char* pField, bool& rJoined) {
         // A bit for each column that isn't blank. Most fields are one word, which is its own result.
         constexpr TEXTWORD LOW_BITS = RepeatInWord(0x7F);
         const TEXTWORD nOther = LoadWord(pField) ^ RepeatInWord(' ');
@@ -37,7 +42,10 @@ class CNastranStrParser {
         const int iFirst = std::countr_zero(nFilled) / 8;
         const int nText = 8 - std::countl_zero(nFilled) / 8 - iFirst;
         const TEXTWORD nOneWord = (~LOW_BITS >> (64 - 8 * nText)) << (8 * iFirst);
-        if (nFilled != nOneWord) return RemoveBlanks(pField, pField + WORD_LENGTH);
+        if (nFilled != nOneWord) {
+            rJoined = true;
+            return RemoveBlanks(pField, pField + WORD_LENGTH);
+        }
         return {pField + iFirst, static_cast<std::size_t>(nText)};
     }
 

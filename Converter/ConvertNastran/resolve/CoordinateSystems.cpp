@@ -9,26 +9,19 @@ bool NamesFrame(const T_CD2_D& rSystem) {
 }
 
 /// Links rFrame to the frame iRID of rTable and returns true, if the table holds it. The link leads to the record in
-/// its table, whatever becomes of it later in the pass.
+/// its table, which may change later in the pass.
 template <class RECORD>
 bool LinkTo(CMap<RECORD>& rTable, std::int32_t iRID, CUCSRect& rFrame) {
     return rTable.Update(iRID, [&](RECORD& rOuter) { rFrame.SetParent(&rOuter.frame); }) != 0;
 }
 
-/// The point of a grid as its card gives it: no grid has its global position yet, so a CP has no effect.
-void TakePoint(const CMap<T_NODS_D>& rNodes, std::int32_t iGrid, double (&dPoint)[3]) {
-    const T_NODS_D* const pNode = rNodes.Find(iGrid);
-    dPoint[0] = pNode ? pNode->dX1 : 0.0;
-    dPoint[1] = pNode ? pNode->dX2 : 0.0;
-    dPoint[2] = pNode ? pNode->dX3 : 0.0;
-}
-
+/// Grids count as their cards give them: none has its global position yet, so a CP has no effect.
 template <class RECORD>
-void PlaceByGrids(CMap<RECORD>& rTable, const CMap<T_NODS_D>& rNodes) {
+void PlaceByGrids(CMap<RECORD>& rTable, const CDataPool& rPool) {
     rTable.UpdateEach([&](std::int32_t, T_CD1_D& rSystem) {
-        TakePoint(rNodes, rSystem.iG1, rSystem.dA);
-        TakePoint(rNodes, rSystem.iG2, rSystem.dB);
-        TakePoint(rNodes, rSystem.iG3, rSystem.dC);
+        rPool.GetCardPosition(rSystem.iG1, rSystem.dA);
+        rPool.GetCardPosition(rSystem.iG2, rSystem.dB);
+        rPool.GetCardPosition(rSystem.iG3, rSystem.dC);
         rSystem.frame.SetByThreePoints(rSystem.dA, rSystem.dB, rSystem.dC);
         rSystem.frame.MeasureChain();
     });
@@ -47,7 +40,7 @@ void PlaceByPoints(CMap<RECORD>& rTable) {
 
 void CDataPool::ResolveCoordinateSystems() {
     // Every other table is tried, also after a hit: of several frames with one id the last gives the link. A frame's
-    // own table is not among them, so a RID of its own kind gives no link.
+    // own table is not among them, so a RID of the same kind gives no link.
     CD2R.UpdateInOrder(NamesFrame, [this](std::int32_t, T_CD2R_D& rSystem) {
         LinkTo(CD1R, rSystem.iRID, rSystem.frame);
         LinkTo(CD1C, rSystem.iRID, rSystem.frame);
@@ -73,9 +66,9 @@ void CDataPool::ResolveCoordinateSystems() {
         LinkTo(CD1S, rSystem.iRID, rSystem.frame);
     });
 
-    PlaceByGrids(CD1R, NODS);
-    PlaceByGrids(CD1C, NODS);
-    PlaceByGrids(CD1S, NODS);
+    PlaceByGrids(CD1R, *this);
+    PlaceByGrids(CD1C, *this);
+    PlaceByGrids(CD1S, *this);
     PlaceByPoints(CD2R);
     PlaceByPoints(CD2C);
     PlaceByPoints(CD2S);

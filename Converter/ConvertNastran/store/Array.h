@@ -1,6 +1,7 @@
 #pragma once
-// Growable array of values with a range test on every access.
+// Arrays of values with a range test on every access.
 
+#include <algorithm>
 #include <cstddef>
 #include <iterator>
 #include <stdexcept>
@@ -20,6 +21,7 @@ class CArray {
         m_aBlocks.back().push_back(value);
     }
     void RemoveAll() { m_aBlocks.clear(); }
+    bool operator==(const CArray&) const = default;
 
     VALUE& operator[](std::size_t i) { return At(Tested(i)); }
     const VALUE& operator[](std::size_t i) const { return At(Tested(i)); }
@@ -78,4 +80,37 @@ class CArray {
     }
 
     std::vector<std::vector<VALUE>> m_aBlocks; // all but the last hold BLOCK values
+};
+
+/// Slots that were never set read as zero. Throws std::invalid_argument for a slot at or past SIZE.
+template <class VALUE, std::size_t SIZE>
+class CSlotArray {
+  public:
+    /// Slots that were never set are the same as zeros.
+    bool operator==(const CSlotArray& rOther) const {
+        for (std::size_t i = 0; i < std::max(m_aValues.size(), rOther.m_aValues.size()); ++i) {
+            if ((*this)[i] != rOther[i]) return false;
+        }
+        return true;
+    }
+
+    VALUE operator[](std::size_t i) const { return Tested(i) < m_aValues.size() ? m_aValues[i] : VALUE(); }
+
+    void Set(std::size_t i, VALUE value) {
+        if (Tested(i) >= m_aValues.size()) {
+            if (i >= m_aValues.capacity()) m_aValues.reserve(std::max({i + 1, 2 * m_aValues.capacity(), FEW}));
+            m_aValues.resize(i + 1);
+        }
+        m_aValues[i] = value;
+    }
+
+  private:
+    static constexpr std::size_t FEW = 16; // room taken at once, since slots are set one after another
+
+    static std::size_t Tested(std::size_t i) {
+        if (i >= SIZE) throw std::invalid_argument("CSlotArray: slot out of range");
+        return i;
+    }
+
+    std::vector<VALUE> m_aValues;
 };

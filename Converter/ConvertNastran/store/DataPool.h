@@ -1,23 +1,24 @@
 #pragma once
 // The whole finite element model in memory.
 
-#include "messages/ZdtMsgMgr.h"
-#include "resolve/LocalAxis.h"
-#include "store/ConstraintRecords.h"
-#include "store/CoordinateRecords.h"
-#include "store/EigenRecords.h"
+#include "messages/FormatText.h"
 #include "store/ElementRecords.h"
+#include "store/Frames.h"
+#include "store/GridRecords.h"
+#include "store/IdStretch.h"
+#include "store/Left.h"
 #include "store/LoadRecords.h"
 #include "store/Map.h"
-#include "store/MaterialRecord.h"
-#include "store/NodeRecord.h"
-#include "store/PropertyRecord.h"
+#include "store/PropertyRecords.h"
 
 #include <cstdint>
 #include <limits>
+#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+class CZdtMsgMgr;
 
 /// A plain bag of tables, filled by the card handlers, rewritten by the resolution passes, read by the writers. A
 /// record refers to another by id alone. The numbers are bucket counts: with the hash they decide the order of lines
@@ -26,7 +27,8 @@ class CDataPool {
   public:
     virtual ~CDataPool() = default;
 
-    CZdtMsgMgr* m_pMsgMgr = nullptr; // the run's log, not owned; set just before the passes
+    CZdtMsgMgr* m_pMsgMgr = nullptr;  // the run's log, not owned; set just before the passes
+    CLeftSink* m_pLeftSink = nullptr; // who is told what the file won't say, likewise; null for nobody
     std::int64_t m_nMostCarried = std::numeric_limits<std::int64_t>::max(); // limit on frames, likewise
     std::vector<CLocalAxis> m_aLocalAxis;
 
@@ -52,26 +54,27 @@ class CDataPool {
     CMap<T_CNST_D> CNST{1001};
     CMap<T_LOAD_D> LOAD{101};
 
-    /// The setters insert a record, or replace the one of that id. Always 1.
-    int SetNODS(std::int32_t iID, T_NODS_D record) { return NODS.SetAt(iID, std::move(record)); }
-    int SetELEM(std::int32_t iID, T_ELEM_D record) { return ELEM.SetAt(iID, std::move(record)); }
-    int SetPROP(std::int32_t iID, T_PROP_D record) { return PROP.SetAt(iID, std::move(record)); }
-    int SetMATL(std::int32_t iID, T_MATL_D record) { return MATL.SetAt(iID, std::move(record)); }
-    int SetCNST(std::int32_t iID, T_CNST_D record) { return CNST.SetAt(iID, std::move(record)); }
-    int SetLOAD(std::int32_t iID, T_LOAD_D record) { return LOAD.SetAt(iID, std::move(record)); }
-    int SetLDCB(std::int32_t iID, T_LDCB_D record) { return LDCB.SetAt(iID, std::move(record)); }
-    int SetEIGB(std::int32_t iID, T_EIGB_D record) { return EIGB.SetAt(iID, std::move(record)); }
-    int SetEIRL(std::int32_t iID, T_EIRL_D record) { return EIRL.SetAt(iID, std::move(record)); }
-    int SetCD1R(std::int32_t iID, T_CD1R_D record) { return CD1R.SetAt(iID, std::move(record)); }
-    int SetCD2R(std::int32_t iID, T_CD2R_D record) { return CD2R.SetAt(iID, std::move(record)); }
-    int SetCD1C(std::int32_t iID, T_CD1C_D record) { return CD1C.SetAt(iID, std::move(record)); }
-    int SetCD2C(std::int32_t iID, T_CD2C_D record) { return CD2C.SetAt(iID, std::move(record)); }
-    int SetCD1S(std::int32_t iID, T_CD1S_D record) { return CD1S.SetAt(iID, std::move(record)); }
-    int SetCD2S(std::int32_t iID, T_CD2S_D record) { return CD2S.SetAt(iID, std::move(record)); }
-    int SetRBE2(std::int32_t iID, T_RBE2_D record) { return RBE2.SetAt(iID, std::move(record)); }
-    int SetCEL1(std::int32_t iID, T_CEL1_D record) { return CEL1.SetAt(iID, std::move(record)); }
-    int SetCEL2(std::int32_t iID, T_CEL2_D record) { return CEL2.SetAt(iID, std::move(record)); }
-    int SetCNRD(std::int32_t iID, T_CNRD_D record) { return CNRD.SetAt(iID, std::move(record)); }
+    std::size_t m_nReplaced = 0; // records that others of their ids replaced
+
+    /// Inserts a record, or replaces the one of that id, which is told. Always 1.
+    template <class RECORD>
+    int Set(CMap<RECORD>& rTable, std::int32_t iID, RECORD record) {
+        return rTable.SetAt(iID, std::move(record), [this](const RECORD& rOld, const RECORD& rNew) {
+            if (m_pLeftSink) TellReplaced(KeywordOf(rOld), rOld == rNew);
+        });
+    }
+    void TellReplaced(const char* sKeyword, bool bSame) {
+        ++m_nReplaced;
+        if (m_pLeftSink) m_pLeftSink->OnReplaced(sKeyword, bSame);
+    }
+
+    /// The same by the table's name.
+    int SetNODS(std::int32_t iID, T_NODS_D record) { return Set(NODS, iID, std::move(record)); }
+    int SetELEM(std::int32_t iID, T_ELEM_D record) { return Set(ELEM, iID, std::move(record)); }
+    int SetPROP(std::int32_t iID, T_PROP_D record) { return Set(PROP, iID, std::move(record)); }
+    int SetMATL(std::int32_t iID, T_MATL_D record) { return Set(MATL, iID, std::move(record)); }
+    int SetEIGB(std::int32_t iID, T_EIGB_D record) { return Set(EIGB, iID, std::move(record)); }
+    int SetEIRL(std::int32_t iID, T_EIRL_D record) { return Set(EIRL, iID, std::move(record)); }
 
     /// Output id of a node: its renumbered id, or the id itself. Always 1.
     int MapNodeId(std::int32_t iID, std::int32_t& rOut) const {
@@ -91,6 +94,41 @@ class CDataPool {
         rPosition[1] = pNode ? pNode->dGY : 0.0;
         rPosition[2] = pNode ? pNode->dGZ : 0.0;
         return pNode ? 1 : 0;
+    }
+
+    /// From one node to another, in global terms; a missing node counts as the origin. Returns whether there are both.
+    bool GetNodeVector(std::int32_t iFrom, std::int32_t iTo, double (&rVector)[3]) const {
+        double dFrom[3];
+        const int bFrom = GetNodePosition(iFrom, dFrom);
+        const int bTo = GetNodePosition(iTo, rVector);
+        for (int i = 0; i < 3; ++i) rVector[i] -= dFrom[i];
+        return bFrom && bTo;
+    }
+
+    /// The coordinates of a node as its card gives them. Returns 1, or 0 and (0, 0, 0) if there is no such node.
+    int GetCardPosition(std::int32_t iID, double (&rPosition)[3]) const {
+        const T_NODS_D* pNode = NODS.Find(iID);
+        rPosition[0] = pNode ? pNode->dX1 : 0.0;
+        rPosition[1] = pNode ? pNode->dX2 : 0.0;
+        rPosition[2] = pNode ? pNode->dX3 : 0.0;
+        return pNode ? 1 : 0;
+    }
+
+    // Whether a record is missing, for those who tell it: while nobody is to be told, nothing is looked for.
+    bool IsGridMissing(std::int32_t iID) const { return m_pLeftSink && !m_grids.Has(iID) && !NODS.Find(iID); }
+    bool IsElementMissing(std::int32_t iID) const { return m_pLeftSink && !m_elements.Has(iID) && !ELEM.Find(iID); }
+    bool IsPropertyMissing(std::int32_t iID) const { return m_pLeftSink && !PROP.Find(iID); }
+    bool IsMaterialMissing(std::int32_t iID) const { return m_pLeftSink && !MATL.Find(iID); }
+
+    /// Finds the first of some grids that is missing. False for none, also while nobody is to be told.
+    bool FindMissingGrid(std::span<const std::int32_t> aGrids, std::int32_t& rMissing) const {
+        if (!m_pLeftSink) return false;
+        for (const std::int32_t iGrid : aGrids) {
+            if (!IsGridMissing(iGrid)) continue;
+            rMissing = iGrid;
+            return true;
+        }
+        return false;
     }
 
     /// Replaces rIds by the ids of all load sets, ascending. Returns 1, or 0 if there are none.
@@ -114,6 +152,12 @@ class CDataPool {
     /// The frame of a coordinate system of any kind, null if there is none. Of several with one id, the first by kind.
     const CUCSBase* FindFrame(std::int32_t iCID) const;
 
+    /// Whether a coordinate system is a cylindrical or spherical one.
+    bool IsPolarFrame(std::int32_t iCID) const;
+    /// Whether a vector in the axes of a coordinate system that exists has other components in the basic ones. A long
+    /// way to the basic frame counts as a turn.
+    bool TurnsVectors(std::int32_t iCID) const;
+
     /// Angle in degrees by which the orientation (dVX, dVY, dVZ), in global axes, turns a link about the line between
     /// two nodes; 0 if it lies along that line. Goes by the card's coordinates; a missing first node counts as the
     /// origin, a missing second one as the first. An angle that the arithmetic can't give is a not-a-number: positive
@@ -126,13 +170,21 @@ class CDataPool {
     int ComputeElementLength(std::int32_t iElement, double& rLength) const;
 
   private:
+    void MeasureStretches();
+    void TellFrames() const;
+    void TellParents() const;
+    void TellFramesOnGrids() const;
+    void TellSharedFrameIds() const;
+    E_LEFT FindAxesLoss(std::int32_t iCD, const CUCSBase& rFrame) const;
+    void TellVectorAxes(std::int32_t iID, const T_ELEM_D& rElement, std::int32_t iCD) const;
+    bool IsCopiedSphere(std::int32_t iCID) const;
+    void TellLeft(const T_LEFT_D& rLeft) const {
+        if (m_pLeftSink) m_pLeftSink->OnLeft(rLeft);
+    }
     void CarryOut(const CUCSBase& rFrame, double (&rPoint)[3]);
 
-    template <class... ARGS>
-    int LogMessage(std::string_view sFormat, const ARGS&... args) const {
-        m_pMsgMgr->AddMessageF(sFormat, {CTextArg(args)...});
-        return 0;
-    }
+    int LogMessage(std::string_view sFormat, TEXT_ARGS aArgs) const;
 
-    std::int64_t m_nCarried = 0; // frames that points went through
+    CIdStretch m_grids, m_elements; // measured before the passes if anybody is to be told
+    std::int64_t m_nCarried = 0;    // frames that points went through
 };

@@ -1,5 +1,5 @@
 #pragma once
-// Elements: the record that most share, and those with a table of their own.
+// Elements: the record that most share, and the others.
 
 #include "store/Array.h"
 
@@ -48,8 +48,13 @@ constexpr std::int32_t ShapeOfTraits(std::uint16_t nTraits) {
     return nTraits % 16;
 }
 
-/// The 20 node slots of an element, 0 in a slot without a node. Corners are kept in place, midside nodes apart and only
-/// where there are any: a model of flat or linear elements doesn't pay for them.
+struct T_ELEM_D;
+
+/// Keyword of the card that an element comes from, as far as its family and shape tell it: CQUADR and CTRIAR are kept
+/// as CQUAD4 and CTRIA3.
+const char* KeywordOf(const T_ELEM_D& rElement);
+
+/// The 20 node slots of an element, 0 in a slot without a node. Midside nodes take memory only where there are any.
 class CNodeSlots {
   public:
     CNodeSlots() = default;
@@ -61,6 +66,13 @@ class CNodeSlots {
         m_aCorners = rOther.m_aCorners;
         m_pMidsides = rOther.m_pMidsides ? std::make_unique<MIDSIDES>(*rOther.m_pMidsides) : nullptr;
         return *this;
+    }
+
+    bool operator==(const CNodeSlots& rOther) const {
+        for (std::size_t i = 0; i < SLOTS; ++i) {
+            if ((*this)[i] != rOther[i]) return false;
+        }
+        return true;
     }
 
     /// Throws std::invalid_argument for a slot past 19.
@@ -111,6 +123,12 @@ struct T_ELEM_D {
     /// Number of the first face of the solid of which exactly two corners compare equal to iNode1 or iNode2; 0 for
     /// none. A wedge with iNode2 0 is searched by iNode1 alone.
     int FindSolidFaceByNodes(std::int32_t iNode1, std::int32_t iNode2) const;
+
+    /// Number of the wedge's face that two grids of a load mean: opposite corners of a side, or a corner of a triangle
+    /// and 0; 0 for none.
+    int FindWedgeFace(std::int32_t iNode1, std::int32_t iNode2) const;
+
+    bool operator==(const T_ELEM_D&) const = default;
 };
 
 /// CONROD. Key: the EID.
@@ -118,14 +136,24 @@ struct T_CNRD_D {
     std::int32_t iG1 = 0, iG2 = 0;
     std::int32_t iMID = 0;
     double dA = 0.0, dJ = 0.0, dC = 0.0, dNSM = 0.0;
+
+    bool operator==(const T_CNRD_D&) const = default;
 };
+inline const char* KeywordOf(const T_CNRD_D&) {
+    return "CONROD";
+}
 
 /// CELAS1. Key: the EID.
 struct T_CEL1_D {
     std::int32_t iPID = 0;         // key into PROP
     std::int32_t iG1 = 0, iG2 = 0; // grids, 0 for ground
     std::int32_t iC1 = 0, iC2 = 0; // components 1 to 6
+
+    bool operator==(const T_CEL1_D&) const = default;
 };
+inline const char* KeywordOf(const T_CEL1_D&) {
+    return "CELAS1";
+}
 
 /// CELAS2. Key: the EID.
 struct T_CEL2_D {
@@ -133,11 +161,21 @@ struct T_CEL2_D {
     std::int32_t iG1 = 0, iG2 = 0; // grids, 0 for ground
     std::int32_t iC1 = 0, iC2 = 0; // components 1 to 6
     double dGE = 0.0, dS = 0.0;
+
+    bool operator==(const T_CEL2_D&) const = default;
 };
+inline const char* KeywordOf(const T_CEL2_D&) {
+    return "CELAS2";
+}
 
 /// RBE2. Key: the EID.
 struct T_RBE2_D {
     std::int32_t iGN = 0;     // the independent grid
     std::string sCM;          // dependent components as typed
     CArray<std::int32_t> aGM; // the dependent grids
+
+    bool operator==(const T_RBE2_D&) const = default;
 };
+inline const char* KeywordOf(const T_RBE2_D&) {
+    return "RBE2";
+}

@@ -10,8 +10,8 @@
 
 /// Ids are kept in pages of sixteen neighbours, and the pages are found through open addressing: the dense ids of an
 /// ordinary deck cost four bytes each and a walk along them stays in the cache. Pages that find no place in the
-/// directory within a few steps are kept in a tree, so no choice of ids makes a search long. The order of a walk
-/// doesn't come from here.
+/// directory within a few steps are kept in a tree, so no choice of ids makes a search long. The order of
+/// walks doesn't depend on it.
 class CKeyIndex {
   public:
     static constexpr std::uint32_t NONE = 0xFFFFFFFF;

@@ -34,8 +34,8 @@ constexpr std::uint32_t PlaceOfOrder(std::uint64_t nOrder) {
 /// The places of records in store order. aOrder has their ranks, by ascending place.
 std::vector<std::uint32_t> SortByBucket(std::vector<std::uint64_t> aOrder, std::uint32_t nBuckets);
 
-/// Records that tell in a number what walks choose them by. A table takes the number whenever such a record is stored
-/// or may have changed.
+/// Records with a number that walks choose them by. A table keeps the number and takes it anew whenever a record is
+/// stored or may have changed.
 template <class RECORD>
 concept HasTraits = requires(const RECORD& rRecord) {
     std::uint16_t{rRecord.Traits()};
@@ -60,11 +60,17 @@ class CMap {
     std::size_t GetCount() const { return m_nRecords; }
     bool IsEmpty() const { return m_nRecords == 0; }
 
-    /// Stores a record under a key. A record that is there already is replaced and keeps its place. Always 1.
+    /// Stores a record under a key. A record that is there already is replaced and keeps its place; replace(old, new)
+    /// is called before. Always 1.
     template <class VALUE>
     int SetAt(std::int32_t iKey, VALUE&& record) {
+        return SetAt(iKey, std::forward<VALUE>(record), [](const RECORD&, const RECORD&) {});
+    }
+    template <class VALUE, class REPLACE>
+    int SetAt(std::int32_t iKey, VALUE&& record, REPLACE replace) {
         const std::uint32_t iPlace = m_index.Find(iKey);
         if (iPlace != CKeyIndex::NONE) {
+            replace(At(iPlace), record);
             At(iPlace) = std::forward<VALUE>(record);
             if constexpr (HasTraits<RECORD>) TraitsAt(iPlace) = At(iPlace).Traits();
         } else {
@@ -134,13 +140,23 @@ class CMap {
         return iPlace == CKeyIndex::NONE ? std::uint16_t(0) : TraitsAt(iPlace);
     }
 
-    /// Calls visit(traits) for all records in the order of insertion.
-    template <class VISIT>
-    void ForEachTraits(VISIT visit) const {
-        for (std::size_t i = 0; i < m_nRecords; ++i) visit(TraitsAt(i));
+    /// Number of the records that taken accepts, as Walk does.
+    template <class PREDICATE>
+    std::size_t Count(PREDICATE taken) const {
+        std::size_t nTaken = 0;
+        if constexpr (TakesTraits<PREDICATE>) { // block by block
+            for (std::size_t iBegin = 0; iBegin < m_nRecords; iBegin += BLOCK) {
+                const std::uint16_t* const pTraits = &TraitsAt(iBegin);
+                nTaken += static_cast<std::size_t>(
+                    std::count_if(pTraits, pTraits + std::min(BLOCK, m_nRecords - iBegin), taken));
+            }
+        } else {
+            ForEachTaken(taken, [&](std::uint32_t) { ++nTaken; });
+        }
+        return nTaken;
     }
 
-    /// Some of the records, in an order of their own.
+    /// Some of the records, in a given order.
     class CWalk {
       public:
         CWalk(const CMap& rMap, std::vector<std::uint32_t> aPlaces) : m_pMap(&rMap), m_aPlaces(std::move(aPlaces)) {}
@@ -191,7 +207,7 @@ class CMap {
     /// The records that taken accepts, by ascending id.
     template <class PREDICATE>
     CWalk Sorted(PREDICATE taken) const {
-        std::vector<std::uint32_t> aPlaces(CountTaken(taken));
+        std::vector<std::uint32_t> aPlaces(Count(taken));
         auto pPlace = aPlaces.begin();
         ForEachTaken(taken, [&](std::uint32_t i) { *pPlace++ = i; });
         if (!m_bAscending) {
@@ -204,7 +220,7 @@ class CMap {
 
   private:
     // Records in a block: a power of two makes finding one a shift and a mask. Memory that isn't touched isn't taken,
-    // so a block may be large; and nothing is ever moved to a larger place.
+    // so a block may be large.
     static constexpr std::size_t BLOCK = std::bit_floor((std::size_t(1) << 20) / sizeof(RECORD));
 
     struct T_BLOCK_D {
@@ -214,6 +230,9 @@ class CMap {
     };
 
     static bool All(const RECORD&) { return true; }
+
+    template <class PREDICATE>
+    static constexpr bool TakesTraits = HasTraits<RECORD>&& std::is_invocable_v<PREDICATE, std::uint16_t>;
 
     RECORD* Room(std::size_t i) const {
         return reinterpret_cast<RECORD*>(m_aBlocks[i / BLOCK]->aRECORDS.data()) + i % BLOCK;
@@ -232,7 +251,7 @@ class CMap {
 
     template <class PREDICATE>
     bool IsTaken(PREDICATE& rTaken, std::size_t i) const {
-        if constexpr (HasTraits<RECORD> && std::is_invocable_v<PREDICATE, std::uint16_t>) {
+        if constexpr (TakesTraits<PREDICATE>) {
             return rTaken(TraitsAt(i));
         } else {
             return rTaken(At(i));
@@ -248,15 +267,8 @@ class CMap {
     }
 
     template <class PREDICATE>
-    std::size_t CountTaken(PREDICATE taken) const {
-        std::size_t nTaken = 0;
-        ForEachTaken(taken, [&](std::uint32_t) { ++nTaken; });
-        return nTaken;
-    }
-
-    template <class PREDICATE>
     std::vector<std::uint32_t> InStoreOrder(PREDICATE taken) const {
-        std::vector<std::uint64_t> aOrder(CountTaken(taken));
+        std::vector<std::uint64_t> aOrder(Count(taken));
         auto pOrder = aOrder.begin();
         ForEachTaken(taken, [&](std::uint32_t i) { *pOrder++ = StoreOrder(HashKey(KeyAt(i)) % m_nBuckets, i); });
         return SortByBucket(std::move(aOrder), m_nBuckets);
@@ -268,7 +280,7 @@ class CMap {
         if (iPlace >= CKeyIndex::NONE) throw std::length_error("CMap: too many records");
         if (iPlace == m_aBlocks.size() * BLOCK) {
             m_aBlocks.push_back(std::make_unique_for_overwrite<T_BLOCK_D>());
-            if (iPlace > 0) TakePages(m_aBlocks.back().get(), sizeof(T_BLOCK_D)); // a table this long fills it
+            if (iPlace > 0) TakePages(m_aBlocks.back().get(), sizeof(T_BLOCK_D)); // a table this long will fill it
         }
         // Each step leaves the table whole if it throws: the index comes first, the count that everything goes by last.
         RECORD* pRecord = std::construct_at(Room(iPlace), std::forward<VALUE>(record));

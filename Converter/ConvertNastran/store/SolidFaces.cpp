@@ -22,17 +22,17 @@ constexpr T_FACE_D HEXA_FACES[] = {
 };
 
 /// A face named by one node.
-struct T_CORN_D {
+struct T_CORNER_D {
     std::size_t iSLOT;
     int iFACE;
 };
 
-constexpr T_CORN_D TETRA_CORNERS[] = {{0, 3}, {1, 4}, {2, 2}, {4, 1}}; // the face opposite to the corner
-constexpr T_CORN_D WEDGE_CORNERS[] = {{0, 1}, {1, 1}, {2, 1}, {3, 2}, {4, 2}, {5, 2}};
+constexpr T_CORNER_D TETRA_CORNERS[] = {{0, 3}, {1, 4}, {2, 2}, {4, 1}}; // the face opposite to the corner
+constexpr T_CORNER_D WEDGE_CORNERS[] = {{0, 1}, {1, 1}, {2, 1}, {3, 2}, {4, 2}, {5, 2}};
 
 template <std::size_t COUNT>
-int FaceOfNode(const CNodeSlots& rSlots, const T_CORN_D (&rCorners)[COUNT], std::int32_t iNode) {
-    for (const T_CORN_D& rCorner : rCorners) {
+int FaceOfNode(const CNodeSlots& rSlots, const T_CORNER_D (&rCorners)[COUNT], std::int32_t iNode) {
+    for (const T_CORNER_D& rCorner : rCorners) {
         if (rSlots[rCorner.iSLOT] == iNode) return rCorner.iFACE;
     }
     return 0;
@@ -66,4 +66,11 @@ int T_ELEM_D::FindSolidFaceByNodes(std::int32_t iNode1, std::int32_t iNode2) con
     if (iSUBTYPE != SHAPE_PENTA) return 0;
     if (iNode2 == 0) return FindSolidFaceByNode(iNode1);
     return FaceOfNodes(iNODE, WEDGE_SIDES, iNode1, iNode2);
+}
+
+int T_ELEM_D::FindWedgeFace(std::int32_t iNode1, std::int32_t iNode2) const {
+    constexpr std::size_t CORNER_SLOTS[] = {0, 1, 2, 4, 5, 6};
+    CNodeSlots corners; // in slots 0 to 5, where the tables want them
+    for (std::size_t i = 0; i < 6; ++i) corners.Set(i, iNODE[CORNER_SLOTS[i]]);
+    return iNode2 == 0 ? FaceOfNode(corners, WEDGE_CORNERS, iNode1) : FaceOfNodes(corners, WEDGE_SIDES, iNode1, iNode2);
 }

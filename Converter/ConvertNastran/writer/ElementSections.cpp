@@ -1,10 +1,9 @@
 // *NODE, *ELEMENT and *NODALMASS.
 
 #include "driver/CConvertNastran.h"
+#include "store/DataPool.h"
 #include "writer/Section.h"
 #include "writer/rows/ElementRows.h"
-#include "writer/rows/MassRows.h"
-#include "writer/rows/NodeRows.h"
 
 namespace {
 
@@ -24,19 +23,19 @@ void WritePlate(CFile& rFile, const T_PLATE_ROW& r) {
 } // namespace
 
 int CConvertNastran::WriteNodeSection(CFile& rFile) {
-    if (m_pDataPool->NODS.IsEmpty()) return 1;
+    if (GetDataPool().NODS.IsEmpty()) return 1;
     WriteLine(rFile, "*NODE\n");
     const CRowVisitor visitor{
         [&](const T_NODE_ROW& r) { WriteLine(rFile, "  %d, %g, %g, %g\n", r.iNODE, r.dX, r.dY, r.dZ); },
-        IGNORE_LEFT,
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
     };
     ForEachNode(GetDataPool(), visitor);
     return WriteLine(rFile, "\n");
 }
 
-/// The keyword stands also in a model of masses alone.
+/// A model of masses alone has the keyword, too.
 int CConvertNastran::WriteElementSection(CFile& rFile) {
-    if (m_pDataPool->ELEM.IsEmpty()) return 1;
+    if (GetDataPool().ELEM.IsEmpty()) return 1;
     WriteLine(rFile, "*ELEMENT\n");
     const CRowVisitor visitor{
         [&](const T_TRUSS_ROW& r) { WriteTruss(rFile, r); },
@@ -53,29 +52,36 @@ int CConvertNastran::WriteElementSection(CFile& rFile) {
             WriteLine(rFile, "%d, SOLID, %d, 0, %d, %d, %d, %d, %d, %d, %d, %d\n", r.iEID, r.iMID, n[0], n[1], n[2],
                       n[3], n[4], n[5], n[6], n[7]);
         },
-        IGNORE_LEFT,
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
     };
     ForEachElement(GetDataPool(), visitor);
     return WriteLine(rFile, "\n");
 }
 
 int CConvertNastran::WriteConrodSection(CFile& rFile) {
-    if (m_pDataPool->CNRD.IsEmpty()) return 1;
+    if (GetDataPool().CNRD.IsEmpty()) return 1;
     WriteLine(rFile, "*ELEMENT\n");
-    ForEachConrod(GetDataPool(), [&](const T_TRUSS_ROW& r) { WriteTruss(rFile, r); });
+    const CRowVisitor visitor{
+        [&](const T_TRUSS_ROW& r) { WriteTruss(rFile, r); },
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
+    };
+    ForEachConrod(GetDataPool(), visitor);
     return WriteLine(rFile, "\n");
 }
 
-/// The keyword comes with a mass that is left out, too, and the empty line with any element.
+/// A mass that is left out brings the keyword, too, and any element the empty line.
 int CConvertNastran::WriteNodalMassSection(CFile& rFile) {
-    if (m_pDataPool->ELEM.IsEmpty()) return 1;
+    if (GetDataPool().ELEM.IsEmpty()) return 1;
     CSection section(rFile, "*NODALMASS    ; Nodal Masses\n"
                             "; NODE_LIST, mX, mY, mZ, rmX, rmY, rmZ\n");
     const CRowVisitor visitor{
         [&](const T_MASS_ROW& r) {
             section.Line("  %d, %g, %g, %g, %g, %g, %g\n", r.iNODE, r.dMX, r.dMY, r.dMZ, r.dRMX, r.dRMY, r.dRMZ);
         },
-        [&](const T_LEFT_D&) { section.Begin(); },
+        [&](const T_LEFT_D& rLeft) {
+            section.Begin();
+            TellLeft(rLeft);
+        },
     };
     ForEachMass(GetDataPool(), visitor);
     return WriteLine(rFile, "\n");

@@ -30,7 +30,7 @@ constexpr E_ARG_KIND ArgKind() {
 }
 
 /// A format for arguments of these types. %d, %g and %s with a width are known; a wrong count or type doesn't compile.
-/// It is as small as it can be, since each line that is written makes one.
+/// It is small, since each line that is written makes one.
 template <class... ARGS>
 class T_FORMAT_D {
   public:
@@ -96,7 +96,7 @@ inline char* PutValue(char* p, double dValue) {
     return PutReal(p, dValue);
 }
 inline char* PutValue(char* p, std::string_view sText) {
-    return std::copy(sText.begin(), sText.end(), p); // a text may be none at all
+    return std::copy(sText.begin(), sText.end(), p); // its data may be null
 }
 
 /// Writes a text that is most often two characters long.

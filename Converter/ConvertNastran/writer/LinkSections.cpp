@@ -1,6 +1,7 @@
-// *ELASTICLINK, *SPRING, *NL-PROP and *NL-LINK. The last two stand at a format level of their own.
+// *ELASTICLINK, *SPRING, *NL-PROP and *NL-LINK. The last two need another format level.
 
 #include "driver/CConvertNastran.h"
+#include "store/DataPool.h"
 #include "writer/Section.h"
 #include "writer/rows/SpringRows.h"
 
@@ -65,18 +66,16 @@ void WritePointLink(CFile& rFile, const T_POINTLINK_ROW& r) {
     WriteLine(rFile, "%d, %d, %d, GPROP%d, , 1, 0, 0, 0, 0, \n", r.iEID, r.iNODE1, r.iNODE2, r.iGPROP);
 }
 
-/// %g of an angle, which can be the one positive not-a-number of the file.
+/// %g of an angle, the only value of the file that can be a positive not-a-number.
 std::string AngleText(double dAngle) {
     if (std::isnan(dAngle) && !std::signbit(dAngle)) return "nan";
     char aText[LONGEST_REAL];
     return {aText, PutReal(aText, dAngle)};
 }
 
-} // namespace
-
 /// Springs to ground wait until the links are written.
-template <class SPRING>
-int CConvertNastran::WriteElasticLinks(CFile& rFile, const CMap<SPRING>& rSprings) {
+template <class SPRING, class TELL>
+int WriteElasticLinks(CFile& rFile, const CDataPool& rPool, const CMap<SPRING>& rSprings, const TELL& rTell) {
     if (rSprings.IsEmpty()) return 1;
     CSection section(rFile, "*ELASTICLINK\n");
     std::vector<T_GROUNDSPRING_ROW> aGrounded;
@@ -87,9 +86,9 @@ int CConvertNastran::WriteElasticLinks(CFile& rFile, const CMap<SPRING>& rSpring
                          k[2], k[3], k[4], k[5]);
         },
         [&](const T_GROUNDSPRING_ROW& r) { aGrounded.push_back(r); },
-        [&](const T_LEFT_D& rLeft) { LogLeft(rLeft); },
+        rTell,
     };
-    ForEachElasticLink(GetDataPool(), rSprings, visitor);
+    ForEachElasticLink(rPool, rSprings, visitor);
     if (!aGrounded.empty()) WriteLine(rFile, "*SPRING\n");
     for (const T_GROUNDSPRING_ROW& r : aGrounded) {
         const auto& k = r.dK;
@@ -98,17 +97,19 @@ int CConvertNastran::WriteElasticLinks(CFile& rFile, const CMap<SPRING>& rSpring
     return WriteLine(rFile, "\n");
 }
 
+} // namespace
+
 int CConvertNastran::WriteCelas1Links(CFile& rFile) {
-    return WriteElasticLinks(rFile, GetDataPool().CEL1);
+    return WriteElasticLinks(rFile, GetDataPool(), GetDataPool().CEL1, [this](const T_LEFT_D& r) { TellLeft(r); });
 }
 
 int CConvertNastran::WriteCelas2Links(CFile& rFile) {
-    return WriteElasticLinks(rFile, GetDataPool().CEL2);
+    return WriteElasticLinks(rFile, GetDataPool(), GetDataPool().CEL2, [this](const T_LEFT_D& r) { TellLeft(r); });
 }
 
-/// Any property makes the empty line, and only then comes the switch back.
+/// Any property brings the empty line, which precedes the switch back.
 int CConvertNastran::WriteBushGapProperties(CFile& rFile) {
-    if (m_pDataPool->PROP.IsEmpty()) return 1;
+    if (GetDataPool().PROP.IsEmpty()) return 1;
     CSection section(rFile, PROPERTY_HEAD);
     const CRowVisitor visitor{
         [&](const T_BUSHPROPERTY_ROW& r) {
@@ -125,9 +126,9 @@ int CConvertNastran::WriteBushGapProperties(CFile& rFile) {
     return section.IsBegun() ? WriteFileVersion(rFile) : 1;
 }
 
-/// Any element makes the empty line, and only then comes the switch back.
+/// Any element brings the empty line, which precedes the switch back.
 int CConvertNastran::WriteBushGapLinks(CFile& rFile) {
-    if (m_pDataPool->ELEM.IsEmpty()) return 1;
+    if (GetDataPool().ELEM.IsEmpty()) return 1;
     CSection section(rFile, LINK_HEAD);
     const CRowVisitor visitor{
         [&](const T_POINTLINK_ROW& r) {
@@ -138,6 +139,7 @@ int CConvertNastran::WriteBushGapLinks(CFile& rFile) {
             section.Line(" %d, %d, %d, GPROP%d, , 0, %s, \n", r.iEID, r.iNODE1, r.iNODE2, r.iGPROP,
                          AngleText(r.dANGLE));
         },
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
     };
     ForEachGeneralLink(GetDataPool(), visitor);
     WriteLine(rFile, "\n");
@@ -153,7 +155,7 @@ int CConvertNastran::WriteScalarProperties(CFile& rFile) {
             section.Line(" GPROP%d, ELEMENT, SPG,  0, NO, 0,  NO, 0.5, 0.5, \n", r.iGPROP);
             WriteComponents(rFile, r.dK, r.dDAMP);
         },
-        [&](const T_LEFT_D& rLeft) { LogLeft(rLeft); },
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
     };
     ForEachScalarLink(GetDataPool(), visitor);
     if (!section.IsBegun()) return 1;
@@ -161,7 +163,7 @@ int CConvertNastran::WriteScalarProperties(CFile& rFile) {
     return WriteLine(rFile, "\n");
 }
 
-/// What the properties logged is logged again.
+/// What the properties logged is logged again, but told once.
 int CConvertNastran::WriteScalarLinks(CFile& rFile) {
     CSection section(rFile, "*VERSION\n"
                             "  6.4.1\n\n"
@@ -171,7 +173,7 @@ int CConvertNastran::WriteScalarLinks(CFile& rFile) {
             section.Begin();
             WritePointLink(rFile, r);
         },
-        [&](const T_LEFT_D& rLeft) { LogLeft(rLeft); },
+        [&](const T_LEFT_D& rLeft) { LogLeft(*m_pMsgMgr, GetDataPool(), rLeft); }, // its property has told it
     };
     ForEachScalarLink(GetDataPool(), visitor);
     if (!section.IsBegun()) return 1;

@@ -1,7 +1,8 @@
-// The sections of one load case. Where nothing else is said a keyword, and the empty line behind its section, come with
-// the first entry, also if that is left out.
+// *STLDCASE, the sections of each static load case, *LOADCOMB and *EIGEN-CTRL. In a load case, where nothing else is
+// said, a keyword, and the empty line behind its section, come with the first entry, also if that is left out.
 
 #include "driver/CConvertNastran.h"
+#include "store/DataPool.h"
 #include "writer/Section.h"
 #include "writer/rows/LoadRows.h"
 
@@ -26,11 +27,40 @@ void WriteCornerPressure(CFile& rFile, const T_CORNERPRESSURE_ROW& r) {
 
 } // namespace
 
+int CConvertNastran::WriteStaticLoadCases(CFile& rFile) {
+    if (GetDataPool().LOAD.IsEmpty()) return 1;
+    WriteLine(rFile, "*STLDCASE\n");
+    ForEachLoadCase(GetDataPool(), [&](const T_LOADCASE_ROW& r) {
+        WriteLine(rFile, "STLD%d,  USER,  \n", r.iSID);
+        if (r.iSID == 0) TellLeft({LEFT_LOADCASE_ZERO});
+    });
+    WriteLine(rFile, "\n");
+    ForEachLoadCase(GetDataPool(), [&](const T_LOADCASE_ROW& rCase) {
+        const T_LOAD_D& rSet = rCase.rSET;
+        WriteLine(rFile, "*USE-STLD, STLD%d\n\n", rCase.iSID);
+        ForEachGravity(
+            rSet, [&](const T_GRAVITY_ROW& r) { WriteLine(rFile, "*SELFWEIGHT, %g, %g, %g\n\n", r.dX, r.dY, r.dZ); });
+        WriteNodalForces(rFile, rSet);
+        WriteNodalMoments(rFile, rSet);
+        WriteBeamLoads(rFile, rSet);
+        WritePressureLoads(rFile, rSet);
+        WriteNodalTemperatures(rFile, rCase);
+        WriteElementTemperatures(rFile, rSet);
+        WriteTemperatureGradients(rFile, rSet);
+        WriteSpecifiedDisplacements(rFile, rSet);
+        WriteLine(rFile, "; End of data for load case [STLD%d] -------------------------\n\n", rCase.iSID);
+    });
+    return 1;
+}
+
 int CConvertNastran::WriteNodalForces(CFile& rFile, const T_LOAD_D& rSet) {
     CSection section(rFile, "*CONLOAD\n");
     const CRowVisitor visitor{
         [&](const T_NODALLOAD_ROW& r) { section.Line("%5d,  %g, %g, %g, 0, 0, 0\n", r.iNODE, r.dX, r.dY, r.dZ); },
-        [&](const T_LEFT_D&) { section.Begin(); },
+        [&](const T_LEFT_D& rLeft) {
+            section.Begin();
+            TellLeft(rLeft);
+        },
     };
     ForEachNodalLoad(GetDataPool(), rSet, LOAD_FORCE, visitor);
     return section.End();
@@ -40,7 +70,10 @@ int CConvertNastran::WriteNodalMoments(CFile& rFile, const T_LOAD_D& rSet) {
     CSection section(rFile, "*CONLOAD\n");
     const CRowVisitor visitor{
         [&](const T_NODALLOAD_ROW& r) { section.Line("%5d,  0, 0, 0, %g, %g, %g\n", r.iNODE, r.dX, r.dY, r.dZ); },
-        [&](const T_LEFT_D&) { section.Begin(); },
+        [&](const T_LEFT_D& rLeft) {
+            section.Begin();
+            TellLeft(rLeft);
+        },
     };
     ForEachNodalLoad(GetDataPool(), rSet, LOAD_MOMENT, visitor);
     return section.End();
@@ -55,7 +88,7 @@ int CConvertNastran::WriteBeamLoads(CFile& rFile, const T_LOAD_D& rSet) {
         },
         [&](const T_LEFT_D& rLeft) {
             if (rLeft.eREASON != LEFT_PLOAD1_TYPE) section.Begin();
-            LogLeft(rLeft);
+            TellLeft(rLeft);
         },
     };
     ForEachBeamLoad(GetDataPool(), rSet, visitor);
@@ -72,7 +105,10 @@ int CConvertNastran::WritePressureLoads(CFile& rFile, const T_LOAD_D& rSet) {
             section.Begin();
             WriteCornerPressure(rFile, r);
         },
-        [&](const T_LEFT_D&) { section.Begin(); },
+        [&](const T_LEFT_D& rLeft) {
+            section.Begin();
+            TellLeft(rLeft);
+        },
     };
     ForEachPressure(GetDataPool(), rSet, visitor);
     return section.End();
@@ -83,7 +119,10 @@ int CConvertNastran::WriteNodalTemperatures(CFile& rFile, const T_LOADCASE_ROW& 
     CSection section(rFile, "*NDTEMPER    ; Nodal Temperatures\n");
     const CRowVisitor visitor{
         [&](const T_NODETEMPERATURE_ROW& r) { section.Line("%5d,  %g,\n", r.iNODE, r.dT); },
-        [&](const T_LEFT_D&) { section.Begin(); },
+        [&](const T_LEFT_D& rLeft) {
+            section.Begin();
+            TellLeft(rLeft);
+        },
     };
     ForEachNodeTemperature(GetDataPool(), rCase, visitor);
     return section.End();
@@ -96,13 +135,13 @@ int CConvertNastran::WriteElementTemperatures(CFile& rFile, const T_LOAD_D& rSet
                             "; ELEM_LIST, TEMPER, GROUP\n");
     const CRowVisitor visitor{
         [&](const T_ELEMENTTEMPERATURE_ROW& r) { section.Line("%5d,  %g,\n", r.iEID, r.dT); },
-        IGNORE_LEFT,
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
     };
-    ForEachElementTemperature(rSet, visitor);
+    ForEachElementTemperature(GetDataPool(), rSet, visitor);
     return WriteLine(rFile, "\n");
 }
 
-/// The keyword comes with the first gradient, of whatever element, the empty line with any entry.
+/// The keyword comes with the first gradient, even on no plate, the empty line with any entry.
 int CConvertNastran::WriteTemperatureGradients(CFile& rFile, const T_LOAD_D& rSet) {
     if (rSet.aETLD.IsEmpty()) return 1;
     CSection section(rFile, "*THERGRAD    ; Temperature Gradient\n"
@@ -110,7 +149,10 @@ int CConvertNastran::WriteTemperatureGradients(CFile& rFile, const T_LOAD_D& rSe
                             "; ELEM_LIST, iETYP, TZ, bUSEHZ, HZ, GROUP\n");
     const CRowVisitor visitor{
         [&](const T_GRADIENT_ROW& r) { section.Line("%5d, 2, %g, YES, 0,\n", r.iEID, r.dTZ); },
-        [&](const T_LEFT_D&) { section.Begin(); },
+        [&](const T_LEFT_D& rLeft) {
+            section.Begin();
+            TellLeft(rLeft);
+        },
     };
     ForEachGradient(GetDataPool(), rSet, visitor);
     return WriteLine(rFile, "\n");
@@ -124,8 +166,44 @@ int CConvertNastran::WriteSpecifiedDisplacements(CFile& rFile, const T_LOAD_D& r
             section.Line("%5d,  %s, %g, %g, %g, %g, %g, %g\n", r.iNODE, TextOf(r.aMOVED), d[0], d[1], d[2], d[3], d[4],
                          d[5]);
         },
-        [&](const T_LEFT_D&) { section.Begin(); },
+        [&](const T_LEFT_D& rLeft) {
+            section.Begin();
+            TellLeft(rLeft);
+        },
     };
     ForEachDisplacement(GetDataPool(), rSet, visitor);
     return section.End();
+}
+
+int CConvertNastran::WriteLoadCombinations(CFile& rFile) {
+    if (GetDataPool().LDCB.IsEmpty()) return 1;
+    WriteLine(rFile, "*LOADCOMB    ; Combinations\n");
+    const CRowVisitor visitor{
+        [&](const T_COMBINATION_ROW& r) {
+            WriteLine(rFile, "  NAME=LCB%d, GEN, ACTIVE, 0, \n", r.iSID);
+            WriteLine(rFile, " ST, STLD%d, %g", r.aSHARES[0].iSET, r.aSHARES[0].dFACTOR);
+            for (const auto& [iSet, dFactor] : r.aSHARES.subspan(1)) {
+                WriteLine(rFile, ", ST, STLD%d, %g", iSet, dFactor);
+            }
+            WriteLine(rFile, "\n");
+        },
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
+    };
+    ForEachCombination(GetDataPool(), visitor);
+    return WriteLine(rFile, "\n");
+}
+
+int CConvertNastran::WriteEigenControl(CFile& rFile) {
+    const CRowVisitor visitor{
+        [&](const T_EIGENCONTROL_ROW& r) {
+            WriteLine(rFile, "*EIGEN-CTRL    ; Eigenvalue Analysis Control\n");
+            WriteLine(rFile, "; TYPE, iFREQ, iITER, iDIM, TOL          ; TYPE=EIGEN\n");
+            WriteLine(rFile, "; TYPE, bINCNL, iGNUM                    ; TYPE=RITZ(line 1)\n");
+            WriteLine(rFile, ";       KIND1, CASE1/GROUND1, iNOG1, ... ; TYPE=RITZ(from line2)\n");
+            WriteLine(rFile, "  EIGEN, %d, 20, 0, 1e-010\n\n", r.nMODES);
+        },
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
+    };
+    ForEachEigenControl(GetDataPool(), visitor);
+    return 1;
 }

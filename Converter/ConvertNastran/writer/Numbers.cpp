@@ -2,7 +2,6 @@
 
 #include "writer/Numbers.h"
 
-#include "platform/ExactPowers.h"
 #include "platform/TextWord.h"
 
 #include <bit>
@@ -109,4 +108,20 @@ char* PutReal(char* p, double dValue) {
         p += nDigits - nWhole;
     }
     return bScientific ? PutExponent(p, nExponent) : p;
+}
+
+double RoundReal(double dValue) {
+    const double dSize = std::fabs(dValue);
+    T_ROUNDED_D rounded;
+    if (dSize == 0.0 || !std::isfinite(dSize)) return dValue;
+    if (!RoundToDigits(dSize, rounded)) {
+        char aText[LONGEST_REAL];
+        double dRounded = 0.0;
+        std::from_chars(aText, PutReal(aText, dValue), dRounded);
+        return dRounded;
+    }
+    const int nPower = rounded.nExponent - (DIGITS - 1);
+    const double dRounded = nPower < 0 ? rounded.nDigits / EXACT_POWERS[static_cast<std::size_t>(-nPower)]
+                                       : rounded.nDigits * EXACT_POWERS[static_cast<std::size_t>(nPower)];
+    return std::copysign(dRounded, dValue);
 }

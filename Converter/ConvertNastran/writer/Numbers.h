@@ -12,6 +12,9 @@ constexpr std::size_t LONGEST_REAL = 24;
 char* PutInt(char* p, std::int32_t iValue);
 
 /// Writes what %g gives into LONGEST_REAL characters of room and returns the place behind it. At least two exponent
-/// digits; infinities are "inf" and "-inf". A not-a-number is "-nan" whatever its sign, which differs between compilers
-/// and processors.
+/// digits; infinities are "inf" and "-inf". A not-a-number is "-nan" with either sign, which differs between
+/// compilers and processors.
 char* PutReal(char* p, double dValue);
+
+/// The value that PutReal writes, which has six digits.
+double RoundReal(double dValue);

@@ -1,9 +1,9 @@
 // *MATERIAL, *SECTION and *THICKNESS.
 
 #include "driver/CConvertNastran.h"
+#include "store/DataPool.h"
 #include "writer/Section.h"
-#include "writer/rows/MaterialRows.h"
-#include "writer/rows/SectionRows.h"
+#include "writer/rows/PropertyRows.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ void WriteValueSection(CFile& rFile, const T_VALUESECTION_ROW& r) {
     WriteClosingLines(rFile);
 }
 
-void WriteTaperedEnd(CFile& rFile, const T_STIF_D& rEnd) {
+void WriteTaperedEnd(CFile& rFile, const T_STIFFNESS_D& rEnd) {
     const auto& [dSide, dA, dAS1, dAS2, dJ, dI1, dI2] = rEnd;
     WriteLine(rFile, "    %g, %g, 0, 0, 0, 0, 0, 0\n", dSide, dSide);
     WriteLine(rFile, "    %g, %g, %g, %g, %g, %g\n", dA, dAS1, dAS2, dJ, dI1, dI2);
@@ -38,10 +38,12 @@ void WriteThickness(CFile& rFile, const T_THICKNESS_ROW& r) {
 
 } // namespace
 
-/// Lines without blanks. The 1e-05 stands whatever the card says.
+/// Lines without blanks. The 1e-05 is a constant of the target format, not the card's value. Without materials the walk
+/// tells which properties lack theirs.
 int CConvertNastran::WriteMaterialSection(CFile& rFile) {
-    if (m_pDataPool->MATL.IsEmpty()) return 1;
-    WriteLine(rFile, "*MATERIAL\n");
+    const bool bMaterials = !GetDataPool().MATL.IsEmpty();
+    if (!bMaterials && !m_options.pOBSERVER) return 1;
+    if (bMaterials) WriteLine(rFile, "*MATERIAL\n");
     const CRowVisitor visitor{
         [&](const T_ISOTROPIC_ROW& r) {
             WriteLine(rFile, "%d,USER,MAT%d,0,0,2,%g,%g,%g,0\n", r.iMID, r.iMID, r.dE, r.dNU, r.dALPHA);
@@ -53,17 +55,17 @@ int CConvertNastran::WriteMaterialSection(CFile& rFile) {
         [&](const T_THERMAL_ROW& r) {
             WriteLine(rFile, "%d,USER,MAT%d,%g,%g,2,1e-05,0,0,0\n", r.iMID, r.iMID, r.dCP, r.dK);
         },
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
     };
     ForEachMaterial(GetDataPool(), visitor);
-    return WriteLine(rFile, "\n");
+    return bMaterials ? WriteLine(rFile, "\n") : 1;
 }
 
-/// Sections stand at a format level of their own. The version lines and the empty lines come with any property at all,
-/// the keyword also with a shape that is refused.
+/// Sections need another format level. Any property brings the version lines and the empty
+/// lines, and a shape that is refused the keyword, too.
 int CConvertNastran::WriteSectionAndThickness(CFile& rFile) {
-    if (m_pDataPool->PROP.IsEmpty()) return 1;
-    WriteLine(rFile, "*VERSION\n");
-    WriteLine(rFile, "  6.3.1\n\n");
+    if (GetDataPool().PROP.IsEmpty()) return 1;
+    WriteLine(rFile, "*VERSION\n  6.3.1\n\n");
     CSection section(rFile, "*SECTION\n");
     const CRowVisitor sections{
         [&](const T_VALUESECTION_ROW& r) {
@@ -80,7 +82,7 @@ int CConvertNastran::WriteSectionAndThickness(CFile& rFile) {
         },
         [&](const T_LEFT_D& rLeft) {
             if (rLeft.eREASON == LEFT_PBARL_SHAPE) section.Begin();
-            LogLeft(rLeft);
+            TellLeft(rLeft);
         },
     };
     ForEachSection(GetDataPool(), sections);
@@ -93,7 +95,7 @@ int CConvertNastran::WriteSectionAndThickness(CFile& rFile) {
             thickness.Begin();
             WriteThickness(rFile, r);
         },
-        IGNORE_LEFT,
+        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
     };
     ForEachThickness(GetDataPool(), thicknesses);
     return WriteLine(rFile, "\n");

@@ -1,11 +1,15 @@
 #pragma once
 // What the sections share.
 
+#include "store/Left.h"
 #include "writer/Format.h"
 
 #include <array>
 
-/// A section whose head, its keyword and comment lines, stands only if something asks for it. Every operation but
+class CDataPool;
+class CZdtMsgMgr;
+
+/// A section whose head, its keyword and comment lines, is written when the first line needs it. Every operation but
 /// IsBegun throws CFileException.
 class CSection {
   public:
@@ -14,7 +18,7 @@ class CSection {
     /// Writes the head, the first time.
     void Begin() {
         if (m_bBegun) return;
-        WriteLine(m_rFile, "%s", m_sHead);
+        m_rFile.Write(m_sHead);
         m_bBegun = true;
     }
 
@@ -35,6 +39,14 @@ class CSection {
     std::string_view m_sHead;
     bool m_bBegun = false;
 };
+
+/// Logs what rows leave out, as far as the log tells it.
+void LogLeft(CZdtMsgMgr& rLog, const CDataPool& rPool, const T_LEFT_D& rLeft);
+
+/// Writes the format level of the file.
+inline int WriteFileVersion(CFile& rFile) {
+    return WriteLine(rFile, "*VERSION\n  5.8.1\n\n");
+}
 
 /// Six digits, 1 for each component that is set.
 inline std::array<char, 6> DofText(const std::array<bool, 6>& bDOF) {

@@ -1,9 +1,23 @@
 // The target file: its name, its opening and closing, and the order of its sections.
 
 #include "driver/CConvertNastran.h"
-
 #include "platform/Dialogs.h"
-#include "writer/Output.h"
+#include "writer/Section.h"
+
+namespace {
+
+/// The file of the host or, without one, rOwn opened beside the main deck sPath.
+CFile& OpenTarget(COutput* pOutput, const std::string& sPath, const CDeckList& rDecks, CFile& rOwn) {
+    T_INPUTS decks;
+    for (const T_DECK_D& rDeck : rDecks.GetDecks()) decks.emplace(rDeck.id, "the deck " + rDeck.sPATH);
+    if (pOutput) return pOutput->Open(decks);
+    std::vector<T_FILEID_D> aKeep;
+    for (const auto& [id, sDeck] : decks) aKeep.push_back(id);
+    rOwn.Create(CConvertNastran::TargetPath(sPath), aKeep);
+    return rOwn;
+}
+
+} // namespace
 
 std::string CConvertNastran::TargetPath(const std::string& sPath) {
     return sPath.substr(0, sPath.rfind('.')) + ".zdt";
@@ -15,9 +29,9 @@ std::string CConvertNastran::TargetPath(const std::string& sPath) {
 int CConvertNastran::WriteZdtFile(const std::string& sPath) {
     CFile own;
     CFile* pFile = &own;
-    const std::int64_t nMost = m_limits.MostOutput(m_nBytesRead);
+    const std::int64_t nMost = m_options.limits.MostOutput(m_aIncludeFiles.GetBytesRead());
     try {
-        pFile = &OpenTarget(own, sPath);
+        pFile = &OpenTarget(m_options.pOUTPUT, sPath, m_aIncludeFiles, own);
         pFile->SetLimit(static_cast<std::uint64_t>(nMost));
         const int iResult = WriteModel(*pFile);
         pFile->Close();
@@ -31,25 +45,11 @@ int CConvertNastran::WriteZdtFile(const std::string& sPath) {
     }
 }
 
-/// The file of the host, or rFile opened on the target file of the deck sPath.
-CFile& CConvertNastran::OpenTarget(CFile& rFile, const std::string& sPath) {
-    if (m_pOutput) {
-        T_INPUTS decks;
-        for (const T_DECK_D& rDeck : m_aIncludeFiles) decks.emplace(rDeck.id, "the deck " + rDeck.sPATH);
-        return m_pOutput->Open(decks);
-    }
-    std::vector<T_FILEID_D> aKeep;
-    for (const T_DECK_D& rDeck : m_aIncludeFiles) aKeep.push_back(rDeck.id);
-    rFile.Create(TargetPath(sPath), aKeep);
-    return rFile;
-}
-
 /// The sections in the order of the file. Returns 0 at the first that does.
 int CConvertNastran::WriteModel(CFile& rFile) {
     using WRITER = int (CConvertNastran::*)(CFile&);
     // clang-format off
     static constexpr WRITER STEPS[] = {
-        &CConvertNastran::WriteFileVersion,
         &CConvertNastran::WriteNodeSection,
         &CConvertNastran::WriteElementSection,
         &CConvertNastran::WriteConrodSection,
@@ -71,13 +71,9 @@ int CConvertNastran::WriteModel(CFile& rFile) {
         &CConvertNastran::WriteEigenControl,
     };
     // clang-format on
+    WriteFileVersion(rFile);
     for (const WRITER pfnWrite : STEPS) {
         if (!(this->*pfnWrite)(rFile)) return 0;
     }
     return 1;
-}
-
-int CConvertNastran::WriteFileVersion(CFile& rFile) {
-    WriteLine(rFile, "*VERSION\n");
-    return WriteLine(rFile, "  5.8.1\n\n");
 }

@@ -1,10 +1,33 @@
 #pragma once
-// Rows of *ELEMENT: trusses, beams, plates and solids. Node ids are those of the file.
+// Rows of *NODE, *ELEMENT and *NODALMASS. Node ids are mapped, except those of masses.
 
 #include "store/DataPool.h"
-#include "writer/rows/Left.h"
+#include "store/PropertyRecords.h"
+#include "writer/rows/ElementLosses.h"
 
 #include <array>
+
+#include <array>
+
+/// A grid at its position in the basic frame.
+struct T_NODE_ROW {
+    std::int32_t iNODE;
+    double dX, dY, dZ;
+};
+
+/// By ascending id of the deck.
+template <class VISITOR>
+void ForEachNode(const CDataPool& rPool, const VISITOR& rVisitor) {
+    for (const auto& [iID, rNode] : rPool.NODS.Sorted()) {
+        const std::int32_t iOut = rPool.MapNodeId(iID);
+        const T_NODS_D* pNode = iOut == iID ? &rNode : rPool.NODS.Find(iOut);
+        if (pNode) {
+            rVisitor(T_NODE_ROW{iOut, pNode->dGX, pNode->dGY, pNode->dGZ});
+        } else {
+            rVisitor(T_LEFT_D{LEFT_GRID_RENUMBERED, iID});
+        }
+    }
+}
 
 struct T_TRUSS_ROW {
     std::int32_t iEID, iMID, iPID;
@@ -45,44 +68,55 @@ void VisitElement(const CDataPool& rPool, std::int32_t iEID, const T_ELEM_D& rEl
     const T_PROP_D* pProperty = rPool.PROP.Find(iPID);
     const std::int32_t iMID = pProperty ? pProperty->iMID : 1;
     const auto Node = [&](std::size_t iSlot) { return rPool.MapNodeId(rElement.iNODE[iSlot]); };
+    const auto Line = [&](const auto& r) {
+        rVisitor(r);
+        if (rPool.m_pLeftSink) TellMissingGrid(rPool, iEID, rElement, std::array{r.iNODE1, r.iNODE2}, rVisitor);
+    };
+    const auto Face = [&](const auto& r) {
+        rVisitor(r);
+        if (rPool.m_pLeftSink) TellMissingGrid(rPool, iEID, rElement, {r.aNODES.data(), r.nCORNERS}, rVisitor);
+    };
     switch (rElement.iTYPE) {
     case TYPE_ROD:
-        rVisitor(T_TRUSS_ROW{iEID, iMID, iPID, Node(0), Node(1)});
+        Line(T_TRUSS_ROW{iEID, iMID, iPID, Node(0), Node(1)});
         break;
     case TYPE_BAR:
     case TYPE_BEAM:
-        rVisitor(T_BEAM_ROW{iEID, iMID, iPID, Node(0), Node(1), rElement.dX1, rElement.dX2, rElement.dX3});
+        Line(T_BEAM_ROW{iEID, iMID, iPID, Node(0), Node(1), rElement.dX1, rElement.dX2, rElement.dX3});
         break;
     case TYPE_TUBE:
-        rVisitor(T_TUBE_ROW{iEID, iMID, iPID, Node(0), Node(1)});
+        Line(T_TUBE_ROW{iEID, iMID, iPID, Node(0), Node(1)});
+        rVisitor(ElementLoss(LEFT_TUBE_BEAM, iEID, rElement));
         break;
     case TYPE_SHEAR:
     case TYPE_PLATE: {
         const bool bFour = rElement.iSUBTYPE == SHAPE_QUAD4 || rElement.iSUBTYPE == SHAPE_QUAD8;
-        rVisitor(T_PLATE_ROW{iEID,
-                             iMID,
-                             iPID,
-                             {Node(0), Node(1), Node(2), bFour ? Node(3) : 0},
-                             bFour ? std::size_t{4} : std::size_t{3},
-                             rElement.iTYPE == TYPE_SHEAR});
+        Face(T_PLATE_ROW{iEID,
+                         iMID,
+                         iPID,
+                         {Node(0), Node(1), Node(2), bFour ? Node(3) : 0},
+                         bFour ? std::size_t{4} : std::size_t{3},
+                         rElement.iTYPE == TYPE_SHEAR});
+        if (rElement.iTYPE == TYPE_SHEAR) rVisitor(ElementLoss(LEFT_SHEAR_PLATE, iEID, rElement));
         break;
     }
     case TYPE_SOLID: // the slots are those of a hexahedron
         if (rElement.iSUBTYPE == SHAPE_TETRA) {
-            rVisitor(T_SOLID_ROW{iEID, iMID, iPID, {Node(0), Node(1), Node(2), Node(4)}, 4});
+            Face(T_SOLID_ROW{iEID, iMID, iPID, {Node(0), Node(1), Node(2), Node(4)}, 4});
         } else if (rElement.iSUBTYPE == SHAPE_PENTA) {
-            rVisitor(T_SOLID_ROW{iEID, iMID, iPID, {Node(0), Node(1), Node(2), Node(4), Node(5), Node(6)}, 6});
+            Face(T_SOLID_ROW{iEID, iMID, iPID, {Node(0), Node(1), Node(2), Node(4), Node(5), Node(6)}, 6});
         } else {
-            rVisitor(T_SOLID_ROW{
+            Face(T_SOLID_ROW{
                 iEID, iMID, iPID, {Node(0), Node(1), Node(2), Node(3), Node(4), Node(5), Node(6), Node(7)}, 8});
         }
         break;
     default:
-        rVisitor(T_LEFT_D{LEFT_ELEMENT_FORM, iEID});
+        return rVisitor(ElementLoss(LEFT_ELEMENT_FORM, iEID, rElement));
     }
+    if (!pProperty) TellMissingProperty(iEID, rElement, rVisitor);
 }
 
-/// By ascending id, all but the masses, bushes and gaps, which have sections of their own.
+/// By ascending id, all but the masses, bushes and gaps, which go to other sections.
 template <class VISITOR>
 void ForEachElement(const CDataPool& rPool, const VISITOR& rVisitor) {
     const auto isHere = [](std::uint16_t nTraits) {
@@ -96,6 +130,36 @@ void ForEachElement(const CDataPool& rPool, const VISITOR& rVisitor) {
 template <class VISITOR>
 void ForEachConrod(const CDataPool& rPool, const VISITOR& rVisitor) {
     for (const auto& [iEID, rRod] : rPool.CNRD.Walk()) {
-        rVisitor(T_TRUSS_ROW{iEID, rRod.iMID, 1, rPool.MapNodeId(rRod.iG1), rPool.MapNodeId(rRod.iG2)});
+        const T_TRUSS_ROW row{iEID, rRod.iMID, 1, rPool.MapNodeId(rRod.iG1), rPool.MapNodeId(rRod.iG2)};
+        rVisitor(row);
+        std::int32_t iMissing = 0;
+        if (rPool.FindMissingGrid(std::array{row.iNODE1, row.iNODE2}, iMissing)) {
+            rVisitor(T_LEFT_D{.eREASON = LEFT_ELEMENT_GRID, .iID = iEID, .iOTHER = iMissing, .sKEYWORD = "CONROD"});
+        }
+        if (rPool.IsMaterialMissing(rRod.iMID)) rVisitor(T_LEFT_D{LEFT_ELEMENT_MATERIAL, iEID, rRod.iMID});
+    }
+}
+
+struct T_MASS_ROW {
+    std::int32_t iEID; // in no line
+    std::int32_t iNODE;
+    double dMX, dMY, dMZ;
+    double dRMX, dRMY, dRMZ;
+};
+
+/// CONM2s in store order.
+template <class VISITOR>
+void ForEachMass(const CDataPool& rPool, const VISITOR& rVisitor) {
+    const auto isMass = [](std::uint16_t nTraits) { return TypeOfTraits(nTraits) == TYPE_MASS; };
+    for (const auto& [iEID, rElement] : rPool.ELEM.Walk(isMass)) {
+        const T_PROP_D* pMass = rPool.PROP.Find(rElement.iPID); // a CONM2 stores it with its element
+        if (!pMass) {
+            rVisitor(T_LEFT_D{LEFT_CONM2, iEID});
+            continue;
+        }
+        TellMissingGrid(rPool, iEID, rElement, std::array{rElement.iNODE[0]}, rVisitor);
+        const auto& d = pMass->dVAL;
+        rVisitor(T_MASS_ROW{iEID, rElement.iNODE[0], d[SLOT_MX], d[SLOT_MY], d[SLOT_MZ], d[SLOT_I11], d[SLOT_I22],
+                            d[SLOT_I33]});
     }
 }

@@ -48,6 +48,14 @@ T_CORNERPRESSURE_ROW SolidPressure(const T_MBLD_D& rEntry, const T_ELEM_D& rSoli
     return CornerPressure(rEntry, true, iFace);
 }
 
+/// Only a wedge can get another face than its grids name.
+E_LEFT FaceLoss(const T_MBLD_D& rEntry, const T_ELEM_D& rSolid, std::int32_t iFace) {
+    if (rEntry.iFORM != FORM_CORNERS) return LEFT_PLOAD2_FACE;
+    if (iFace == 0) return LEFT_PLOAD4_NO_FACE;
+    if (rSolid.iSUBTYPE != SHAPE_PENTA) return LEFT_COUNT;
+    return iFace == rSolid.FindWedgeFace(rEntry.iFACEG1, rEntry.iFACEG34) ? LEFT_COUNT : LEFT_PLOAD4_FACE;
+}
+
 T_CORNERPRESSURE_ROW PlatePressure(const T_MBLD_D& rEntry) {
     return CornerPressure(rEntry, false, 0);
 }

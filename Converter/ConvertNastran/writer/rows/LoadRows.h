@@ -1,12 +1,14 @@
 #pragma once
-// Rows of the sections of a static load case. A case is a load set; its entries come in card order.
+// Rows of the sections of a static load case, *LOADCOMB and *EIGEN-CTRL. A case is a load set; its entries come in card
+// order.
 
 #include "store/DataPool.h"
-#include "writer/rows/Left.h"
+#include "writer/rows/RowVisitor.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <span>
 #include <vector>
 
 /// Components of a load whose absolute values sum up to this or less count as no load.
@@ -82,13 +84,15 @@ struct T_DISPLACEMENT_ROW {
     std::array<double, 6> dD;
 };
 
-/// Words and positions of a PLOAD1 that was found to be a load. A second position makes a load of a stretch out of one
-/// at a point.
+/// The row of a PLOAD1. With a second position it is a load on a stretch, else one at a point.
 T_BEAMLOAD_ROW BeamLoad(const T_MBLD_D& rEntry, double dX1, double dX2);
 
 /// The entry on a solid, or on a plate's corners.
 T_CORNERPRESSURE_ROW SolidPressure(const T_MBLD_D& rEntry, const T_ELEM_D& rSolid);
 T_CORNERPRESSURE_ROW PlatePressure(const T_MBLD_D& rEntry);
+
+/// What is wrong with the face that an entry on a solid is written on, LEFT_COUNT if nothing is.
+E_LEFT FaceLoss(const T_MBLD_D& rEntry, const T_ELEM_D& rSolid, std::int32_t iFace);
 
 /// In store order.
 template <class VISITOR>
@@ -106,16 +110,22 @@ template <class VISITOR>
 void ForEachNodalLoad(const CDataPool& rPool, const T_LOAD_D& rSet, E_LOAD_KIND eKind, const VISITOR& rVisitor) {
     for (const T_MBLD_D& rEntry : rSet.aMBLD.Walk(eKind)) {
         const auto& d = rEntry.dV;
+        const auto Tell = [&](E_LEFT eForce, E_LEFT eMoment) {
+            const E_LEFT eReason = eKind == LOAD_FORCE ? eForce : eMoment;
+            rVisitor(T_LEFT_D{.eREASON = eReason, .iID = rEntry.iID, .sKEYWORD = KeywordOf(rEntry)});
+        };
         if (std::abs(d[0]) + std::abs(d[1]) + std::abs(d[2]) > NO_LOAD) {
-            rVisitor(T_NODALLOAD_ROW{rPool.MapNodeId(rEntry.iID), d[0], d[1], d[2]});
+            const T_NODALLOAD_ROW row{rPool.MapNodeId(rEntry.iID), d[0], d[1], d[2]};
+            rVisitor(row);
+            if (rPool.IsGridMissing(row.iNODE)) Tell(LEFT_FORCE_GRID, LEFT_MOMENT_GRID);
         } else {
-            rVisitor(T_LEFT_D{eKind == LOAD_FORCE ? LEFT_FORCE_ZERO : LEFT_MOMENT_ZERO, rEntry.iID});
+            Tell(LEFT_FORCE_ZERO, LEFT_MOMENT_ZERO);
         }
     }
 }
 
 /// The file has positions in fractions of the element's length: an entry that gives lengths on an element without one
-/// is left out, whether or not it comes to anything.
+/// is left out, even if it is zero.
 template <class VISITOR>
 void ForEachBeamLoad(const CDataPool& rPool, const T_LOAD_D& rSet, const VISITOR& rVisitor) {
     const auto isHere = [](std::int8_t iKind) {
@@ -129,7 +139,7 @@ void ForEachBeamLoad(const CDataPool& rPool, const T_LOAD_D& rSet, const VISITOR
         }
         double dX1 = rEntry.dV[0];
         double dX2 = rEntry.dV[2];
-        if (rEntry.iSCALE == SCALE_LE || rEntry.iSCALE == SCALE_LEPR) {
+        if (rEntry.iSCALE != SCALE_FR && rEntry.iSCALE != SCALE_FPPR) {
             double dLength = 0.0;
             if (!rPool.ComputeElementLength(iEID, dLength)) {
                 rVisitor(T_LEFT_D{LEFT_PLOAD1_ERROR, iEID});
@@ -146,6 +156,9 @@ void ForEachBeamLoad(const CDataPool& rPool, const T_LOAD_D& rSet, const VISITOR
             rVisitor(T_LEFT_D{LEFT_PLOAD1_ZERO, iEID});
         } else {
             rVisitor(BeamLoad(rEntry, dX1, dX2));
+            if (rPool.IsElementMissing(iEID)) rVisitor(T_LEFT_D{LEFT_PLOAD1_NO_ELEMENT, iEID});
+            if (rEntry.iSCALE == SCALE_OTHER) rVisitor(T_LEFT_D{LEFT_PLOAD1_SCALE, iEID});
+            if (rEntry.dV[2] != 0.0 && rEntry.dV[0] == rEntry.dV[2]) rVisitor(T_LEFT_D{LEFT_PLOAD1_POINT, iEID});
         }
     }
 }
@@ -158,7 +171,11 @@ void VisitPressure(const CDataPool& rPool, const T_MBLD_D& rEntry, std::int32_t 
     if (std::abs(d[0]) + std::abs(d[1]) + std::abs(d[2]) + std::abs(d[3]) <= NO_LOAD) {
         rVisitor(T_LEFT_D{bCorners ? LEFT_PLOAD4_ZERO : LEFT_PLOAD2_ZERO, rEntry.iID});
     } else if (iType == TYPE_SOLID) {
-        rVisitor(SolidPressure(rEntry, *rPool.ELEM.Find(rEntry.iID)));
+        const T_ELEM_D& rSolid = *rPool.ELEM.Find(rEntry.iID);
+        const T_CORNERPRESSURE_ROW row = SolidPressure(rEntry, rSolid);
+        rVisitor(row);
+        const E_LEFT eLoss = FaceLoss(rEntry, rSolid, row.iFACE);
+        if (eLoss != LEFT_COUNT) rVisitor(T_LEFT_D{eLoss, rEntry.iID, row.iFACE});
     } else if (!IsPlateType(iType)) {
         rVisitor(T_LEFT_D{bCorners ? LEFT_PLOAD4_ELEMENT : LEFT_PLOAD2_ELEMENT, rEntry.iID});
     } else if (bCorners) {
@@ -168,8 +185,7 @@ void VisitPressure(const CDataPool& rPool, const T_MBLD_D& rEntry, std::int32_t 
     }
 }
 
-/// Pressures on plates and solids. Elements lie anywhere: if many are asked for in a row, memory answers for all of
-/// them at once.
+/// Pressures on plates and solids. Elements are looked up in batches, so that their cache misses overlap.
 template <class VISITOR>
 void ForEachPressure(const CDataPool& rPool, const T_LOAD_D& rSet, const VISITOR& rVisitor) {
     constexpr std::size_t BATCH = 16;
@@ -195,6 +211,7 @@ void ForEachNodeTemperature(const CDataPool& rPool, const T_LOADCASE_ROW& rCase,
     for (const T_NTLD_D& rEntry : rSet.aNTLD) {
         const std::int32_t iNode = rPool.MapNodeId(rEntry.iNODE);
         rVisitor(T_NODETEMPERATURE_ROW{iNode, rEntry.dTEMP});
+        if (rPool.IsGridMissing(iNode)) rVisitor(T_LEFT_D{LEFT_TEMP_GRID, rEntry.iNODE});
         if (rSet.bTEMPD) aGiven.push_back(iNode);
     }
     if (!rSet.bTEMPD) return;
@@ -211,10 +228,11 @@ void ForEachNodeTemperature(const CDataPool& rPool, const T_LOADCASE_ROW& rCase,
 
 /// Mean temperatures above 0.
 template <class VISITOR>
-void ForEachElementTemperature(const T_LOAD_D& rSet, const VISITOR& rVisitor) {
+void ForEachElementTemperature(const CDataPool& rPool, const T_LOAD_D& rSet, const VISITOR& rVisitor) {
     for (const T_ETLD_D& rEntry : rSet.aETLD) {
         if (rEntry.dTBAR > 0.0) {
             rVisitor(T_ELEMENTTEMPERATURE_ROW{rEntry.iELEM, rEntry.dTBAR});
+            if (rPool.IsElementMissing(rEntry.iELEM)) rVisitor(T_LEFT_D{LEFT_TEMPP1_ELEMENT, rEntry.iELEM});
         } else {
             rVisitor(T_LEFT_D{LEFT_TEMPP1_MEAN, rEntry.iELEM});
         }
@@ -246,8 +264,60 @@ void ForEachDisplacement(const CDataPool& rPool, const T_LOAD_D& rSet, const VIS
         }
         if (dSum > NO_LOAD) {
             rVisitor(row);
+            if (rPool.IsGridMissing(row.iNODE)) rVisitor(T_LEFT_D{LEFT_SPCD_GRID, rEntry.iID});
         } else {
             rVisitor(T_LEFT_D{LEFT_SPCD_ZERO, rEntry.iID});
         }
+    }
+}
+
+/// A load set and its factor in a combination.
+struct T_SHARE_D {
+    std::int32_t iSET;
+    double dFACTOR;
+};
+
+/// A combination; the overall scale of its LOAD card has no place in the file.
+struct T_COMBINATION_ROW {
+    std::int32_t iSID;
+    std::span<const T_SHARE_D> aSHARES; // at least one
+};
+
+/// A modal analysis.
+struct T_EIGENCONTROL_ROW {
+    std::int32_t nMODES;
+};
+
+/// By ascending id. Load sets that don't exist are left out, and combinations of which nothing is left.
+template <class VISITOR>
+void ForEachCombination(const CDataPool& rPool, const VISITOR& rVisitor) {
+    std::vector<T_SHARE_D> aShares;
+    for (const auto& [iSID, rCombination] : rPool.LDCB.Sorted()) {
+        aShares.clear();
+        auto pFactor = rCombination.aFACTORS.begin();
+        for (const std::int32_t iSet : rCombination.aLOADS) {
+            const double dFactor = *pFactor++;
+            if (rPool.LOAD.Find(iSet)) {
+                aShares.push_back({iSet, dFactor});
+            } else {
+                rVisitor(T_LEFT_D{rPool.LDCB.Find(iSet) ? LEFT_LOAD_LOAD : LEFT_LOAD_SET, iSID, iSet});
+            }
+        }
+        if (!aShares.empty()) rVisitor(T_COMBINATION_ROW{iSID, aShares});
+    }
+}
+
+/// The first EIGRL of the store; EIGB has no section.
+template <class VISITOR>
+void ForEachEigenControl(const CDataPool& rPool, const VISITOR& rVisitor) {
+    for (const auto& [iSID, rRecord] : rPool.EIGB.Sorted()) rVisitor(T_LEFT_D{LEFT_EIGB, iSID});
+    bool bFirst = true;
+    for (const auto& [iSID, rRecord] : rPool.EIRL.Walk()) {
+        if (bFirst) {
+            rVisitor(T_EIGENCONTROL_ROW{rRecord.iND});
+        } else {
+            rVisitor(T_LEFT_D{LEFT_EIGRL, iSID});
+        }
+        bFirst = false;
     }
 }

@@ -1,10 +1,10 @@
 #pragma once
 // Rows of *ELASTICLINK, *SPRING, *NL-PROP and *NL-LINK: springs, bushes and gaps. Each spring is looked at twice: apart
-// nodes and ground make an elastic link or a spring, coincident nodes make a general link whatever the components are.
+// nodes and ground make an elastic link or a spring, coincident nodes make a general link with any components.
 
 #include "store/DataPool.h"
-#include "store/PropertySlots.h"
-#include "writer/rows/Left.h"
+#include "store/PropertyRecords.h"
+#include "writer/rows/ElementLosses.h"
 
 #include <algorithm>
 #include <array>
@@ -64,6 +64,12 @@ T_SIXVALUES ComponentValues(std::int32_t iC1, std::int32_t iC2, double dValue);
 /// Angle of a bush or gap.
 double LinkAngle(const CDataPool& rPool, const T_ELEM_D& rElement);
 
+/// What is wrong with the angle of a bush or gap, LEFT_COUNT if nothing is.
+E_LEFT AngleLoss(const CDataPool& rPool, const T_ELEM_D& rElement, double dAngle);
+
+/// The CD whose axes the orientation vector of a bush or gap is given in, if they aren't the basic ones, else 0.
+std::int32_t FindVectorAxes(const CDataPool& rPool, const T_ELEM_D& rElement);
+
 T_BUSHPROPERTY_ROW BushProperty(std::int32_t iPID, const T_PROP_D& rProperty);
 T_GAPPROPERTY_ROW GapProperty(std::int32_t iPID, const T_PROP_D& rProperty);
 
@@ -78,7 +84,7 @@ constexpr E_LEFT SpringReason(E_LEFT eCelas1, E_LEFT eCelas2) {
 
 /// Stiffness and damping of a spring. LEFT_COUNT, or why it has none.
 inline E_LEFT GetSpringValues(const CDataPool& rPool, const T_CEL1_D& rSpring, double& rK, double& rGE) {
-    const T_PROP_D* pProperty = rPool.PROP.Find(rSpring.iPID); // whatever its kind
+    const T_PROP_D* pProperty = rPool.PROP.Find(rSpring.iPID); // of any kind
     if (!pProperty) return LEFT_CELAS1_PELAS;
     rK = pProperty->dVAL[SLOT_K];
     rGE = pProperty->dVAL[SLOT_GE];
@@ -97,15 +103,15 @@ inline std::int32_t PropertyOf(const T_CEL2_D&) {
     return 0;
 }
 
-/// Whether a spring is a general link: between grids that exist and coincide, whatever its components are.
+/// Whether a spring is a general link: between grids that exist and coincide, with any components.
 template <class SPRING>
 bool IsScalarLink(const CDataPool& rPool, const SPRING& rSpring) {
     return rPool.NODS.Find(rSpring.iG1) && rPool.NODS.Find(rSpring.iG2) &&
            AreCoincident(rPool, rSpring.iG1, rSpring.iG2);
 }
 
-/// Links and springs to ground among each other, in store order. What is said of a spring that is a scalar link, too,
-/// isn't the last word.
+/// Links and springs to ground among each other, in store order. A spring that is left out may still be
+/// a scalar link.
 template <class SPRING, class VISITOR>
 void ForEachElasticLink(const CDataPool& rPool, const CMap<SPRING>& rSprings, const VISITOR& rVisitor) {
     for (const auto& [iEID, rSpring] : rSprings.Walk()) {
@@ -137,6 +143,7 @@ void ForEachElasticLink(const CDataPool& rPool, const CMap<SPRING>& rSprings, co
             } else {
                 rVisitor(T_GROUNDSPRING_ROW{iEID, PropertyOf(rSpring), bFrom ? iFrom : iTo, dValues});
             }
+            if (dGE != 0.0) rVisitor(T_LEFT_D{SpringReason<SPRING>(LEFT_CELAS1_GE, LEFT_CELAS2_GE), iEID});
         }
     }
 }
@@ -156,6 +163,9 @@ void ForEachScalarLinkOf(const CDataPool& rPool, const CMap<SPRING>& rSprings, N
         const T_POINTLINK_ROW link{iEID, rPool.MapNodeId(rSpring.iG1), rPool.MapNodeId(rSpring.iG2), numberOf(rSpring)};
         rVisitor(T_SCALARLINK_ROW{link, ComponentValues(rSpring.iC1, rSpring.iC2, dK),
                                   ComponentValues(rSpring.iC1, rSpring.iC2, dGE)});
+        if (rSpring.iC1 != rSpring.iC2) {
+            rVisitor(T_LEFT_D{SpringReason<SPRING>(LEFT_CELAS1_BOTH, LEFT_CELAS2_BOTH), iEID});
+        }
     }
 }
 
@@ -183,6 +193,24 @@ void ForEachLinkProperty(const CDataPool& rPool, const VISITOR& rVisitor) {
     }
 }
 
+/// Tells what of a bush or gap isn't in its row.
+template <class VISITOR>
+void TellLinkLosses(const CDataPool& rPool, std::int32_t iEID, const T_ELEM_D& rElement, double dAngle,
+                    const VISITOR& rVisitor) {
+    const std::array aNodes = {rElement.iNODE[0], rElement.iNODE[1], rElement.iG0};
+    const auto Tell = [&](E_LEFT eReason, std::int32_t iOther = 0) {
+        rVisitor(ElementLoss(eReason, iEID, rElement, iOther));
+    };
+    if (aNodes[1] == 0) Tell(LEFT_LINK_GROUND);
+    for (std::size_t i = 0; i < aNodes.size(); ++i) {
+        if (i > 0 && aNodes[i] == 0) continue; // ground, or no orientation grid
+        if (rPool.IsGridMissing(aNodes[i])) Tell(LEFT_ELEMENT_GRID, aNodes[i]);
+    }
+    if (rPool.IsPropertyMissing(rElement.iPID)) TellMissingProperty(iEID, rElement, rVisitor);
+    if (const std::int32_t iCD = FindVectorAxes(rPool, rElement); iCD != 0) Tell(LEFT_LINK_AXES, iCD);
+    if (const E_LEFT eLoss = AngleLoss(rPool, rElement, dAngle); eLoss != LEFT_COUNT) Tell(eLoss);
+}
+
 /// CBUSH and CGAP by ascending id. A missing grid counts as the origin.
 template <class VISITOR>
 void ForEachGeneralLink(const CDataPool& rPool, const VISITOR& rVisitor) {
@@ -192,10 +220,13 @@ void ForEachGeneralLink(const CDataPool& rPool, const VISITOR& rVisitor) {
     for (const auto& [iEID, rElement] : rPool.ELEM.Sorted(isLink)) {
         const std::int32_t iNode1 = rElement.iNODE[0];
         const std::int32_t iNode2 = rElement.iNODE[1];
+        double dAngle = 0.0;
         if (rElement.iTYPE == TYPE_GAP && AreCoincident(rPool, iNode1, iNode2)) {
             rVisitor(T_POINTLINK_ROW{iEID, iNode1, iNode2, rElement.iPID});
         } else {
-            rVisitor(T_TURNEDLINK_ROW{iEID, iNode1, iNode2, rElement.iPID, LinkAngle(rPool, rElement)});
+            dAngle = LinkAngle(rPool, rElement);
+            rVisitor(T_TURNEDLINK_ROW{iEID, iNode1, iNode2, rElement.iPID, dAngle});
         }
+        if (rPool.m_pLeftSink) TellLinkLosses(rPool, iEID, rElement, dAngle, rVisitor);
     }
 }

@@ -1,0 +1,253 @@
+// The reasons in words.
+
+#include "store/Left.h"
+
+#include <iterator>
+#include <string_view>
+
+namespace {
+
+constexpr bool GONE = false; // without a line in the file
+constexpr bool THERE = true; // with one
+
+// clang-format off
+constexpr T_REASON_D REASONS[] = {
+    {LEFT_FRAME_OWN_KIND, "frame-parent-kind", CLASS_MODEL, THERE, "CORD2R",
+        "coordinate systems on one of their own kind, taken as if RID were blank (ids: coordinate systems)"},
+    {LEFT_FRAME_NO_PARENT, "frame-parent-missing", CLASS_MODEL, THERE, "CORD2R",
+        "coordinate systems whose RID doesn't exist, taken as if it were blank (ids: coordinate systems)"},
+    {LEFT_FRAME_POLAR, "frame-parent-polar", CLASS_MODEL, THERE, "CORD2R",
+        "coordinate systems on a cylindrical or spherical one, their points taken as X, Y, Z of it "
+        "(ids: coordinate systems)"},
+    {LEFT_FRAME_COPIED, "frame-sphere-copied", CLASS_MODEL, THERE, "CORD2S",
+        "spherical coordinate systems on a cylindrical one, applied a second time as rectangular ones, in place of any "
+        "CORD2R of that id (ids: coordinate systems)"},
+    {LEFT_FRAME_GRID_MOVED, "frame-grid-cp", CLASS_MODEL, THERE, "CORD1R",
+        "coordinate systems on grids with a CP, made of the coordinates on their cards instead of their positions "
+        "(ids: coordinate systems)"},
+    {LEFT_FRAME_NO_GRID, "frame-grid-missing", CLASS_MODEL, THERE, "CORD1R",
+        "coordinate systems on a grid that doesn't exist, which counts as the origin (ids: coordinate systems)"},
+    {LEFT_FRAME_TWICE, "frame-twice", CLASS_MODEL, THERE, "CORD2R",
+        "coordinate systems of several kinds with one id, applied one after the other (ids: coordinate systems)"},
+    {LEFT_FRAME_CIRCLE, "frame-circle", CLASS_MODEL, THERE, "CORD2R",
+        "coordinate systems that are defined by themselves over their RID (ids: coordinate systems)"},
+    {LEFT_GRID_FRAME, "grid-cp-missing", CLASS_MODEL, THERE, "GRID",
+        "coordinates in a CP that doesn't exist, taken as basic ones (ids: grids)"},
+    {LEFT_GRID_RENUMBERED, "grid-renumbered", CLASS_MODEL, GONE, "GRID",
+        "grids whose new number no grid has (ids: grids)"},
+    {LEFT_GRID_AXES, "grid-cd-missing", CLASS_MODEL, GONE, "GRID",
+        "output axes of a coordinate system that doesn't exist (ids: grids)"},
+    {LEFT_GRID_AXES_ORIGIN, "grid-cd-origin", CLASS_MODEL, THERE, "GRID",
+        "output axes of a coordinate system whose origin isn't 0, 0, 0, which comes out askew (ids: grids)"},
+    {LEFT_GRID_AXES_POLAR, "grid-cd-polar", CLASS_MODEL, THERE, "GRID",
+        "output axes of a cylindrical or spherical coordinate system, written as those of its X, Y, Z instead of "
+        "the radial ones at the grid (ids: grids)"},
+
+    {LEFT_ELEMENT_FORM, "element-form", CLASS_MODEL, GONE, "CBEND",
+        "elements without a line (ids: elements)"},
+    {LEFT_ELEMENT_GRID, "element-grid-missing", CLASS_MODEL, THERE, "CQUAD4",
+        "elements on grids that don't exist (ids: elements)"},
+    {LEFT_ELEMENT_PID_BLANK, "element-property-blank", CLASS_MODEL, THERE, "CQUAD4",
+        "elements with a blank PID, written with property 0 and material 1 instead of the property of their own id "
+        "(ids: elements)"},
+    {LEFT_ELEMENT_PROPERTY, "element-property-missing", CLASS_MODEL, THERE, "CQUAD4",
+        "elements whose property doesn't exist or isn't converted, written with material 1 (ids: elements)"},
+    {LEFT_ELEMENT_MATERIAL, "element-material-missing", CLASS_MODEL, THERE, "CONROD",
+        "elements whose material doesn't exist or isn't converted (ids: elements)"},
+    {LEFT_TUBE_BEAM, "tube-beam", CLASS_MODEL, THERE, "CTUBE",
+        "rods written as beams, which bend, and without axes (ids: elements)"},
+    {LEFT_SHEAR_PLATE, "shear-plate", CLASS_MODEL, THERE, "CSHEAR",
+        "shear panels written as plane stress plates, which carry tension (ids: elements)"},
+    {LEFT_BEAM_REFERENCE, "beam-no-orientation", CLASS_MODEL, THERE, "CBAR",
+        "beams without an orientation, or whose orientation grid doesn't exist, written with the reference point 0, 0, 0 "
+        "(ids: elements)"},
+    {LEFT_BEAM_AXES, "beam-vector-cd", CLASS_MODEL, THERE, "CBAR",
+        "orientation vectors in the CD axes of end A, taken as basic ones (ids: elements)"},
+    {LEFT_CONM2, "mass-no-values", CLASS_MASS, GONE, "CONM2",
+        "masses without values (ids: elements)"},
+
+    {LEFT_PROPERTY_MATERIAL, "property-material-missing", CLASS_MODEL, THERE, "PSHELL",
+        "properties whose material doesn't exist or isn't converted (ids: properties)"},
+    {LEFT_PBEND, "bend-section", CLASS_MODEL, GONE, "PBEND",
+        "properties without a section (ids: properties)"},
+    {LEFT_PCOMP, "laminate-section", CLASS_MODEL, GONE, "PCOMP",
+        "laminates without a section (ids: properties)"},
+    {LEFT_PBARL_SHAPE, "bar-shape", CLASS_MODEL, GONE, "PBARL",
+        "sections of a shape that the file doesn't know (ids: properties)"},
+    {LEFT_PBARL_TYPE, "bar-type", CLASS_MODEL, THERE, "PBARL",
+        "sections of a TYPE that isn't known, their dimensions taken as A, I1, I2, ... (ids: properties)"},
+    {LEFT_PBARL_DIMENSIONS, "bar-dimensions", CLASS_MODEL, THERE, "PBARL",
+        "sections of TYPE I1, their dimensions taken as those of TYPE I (ids: properties)"},
+    {LEFT_PBARL_TURNED, "bar-turned", CLASS_MODEL, THERE, "PBARL",
+        "sections of TYPE H, CHAN2 or T1, turned by 90 degrees (ids: properties)"},
+    {LEFT_PLATE_THICKNESS, "plate-no-thickness", CLASS_MODEL, GONE, "PSHELL",
+        "properties of plates without thickness (ids: properties)"},
+    {LEFT_PLATE_BENDING, "plate-bending-material", CLASS_MODEL, THERE, "PSHELL",
+        "plates whose bending material MID2 isn't MID1, which counts for both (ids: properties)"},
+
+    {LEFT_SPC_SET, "support-set", CLASS_MODEL, GONE, "SPC",
+        "grids of constraint sets that don't reach the file (ids: sets)"},
+    {LEFT_SPC_GRID, "support-grid-missing", CLASS_MODEL, THERE, "SPC",
+        "supports of grids that don't exist (ids: grids)"},
+    {LEFT_SPC_ZERO, "support-component-zero", CLASS_MODEL, THERE, "SPC",
+        "supports of component 0, written as all six (ids: grids)"},
+    {LEFT_SPC_NOTHING, "support-no-component", CLASS_MODEL, THERE, "SPC",
+        "supports without a component, which hold nothing (ids: grids)"},
+    {LEFT_GRID_HELD, "support-ps", CLASS_MODEL, GONE, "GRID",
+        "permanent constraints of a deck without constraint sets"},
+
+    {LEFT_CELAS1_DOF, "celas1-components", CLASS_MODEL, GONE, "CELAS1",
+        "springs between different components (ids: elements)"},
+    {LEFT_CELAS1_ENDS, "celas1-ends", CLASS_MODEL, GONE, "CELAS1",
+        "springs without an end of both grid and component (ids: elements)"},
+    {LEFT_CELAS1_GRID1, "celas1-grid1-missing", CLASS_MODEL, GONE, "CELAS1",
+        "springs on a grid that doesn't exist (ids: elements)"},
+    {LEFT_CELAS1_GRID2, "celas1-grid2-missing", CLASS_MODEL, GONE, "CELAS1",
+        "springs on a grid that doesn't exist (ids: elements)"},
+    {LEFT_CELAS1_PLACE, "celas1-position", CLASS_MODEL, GONE, "CELAS1",
+        "springs on a grid whose position is no number (ids: elements)"},
+    {LEFT_CELAS1_PELAS, "celas1-property-missing", CLASS_MODEL, GONE, "CELAS1",
+        "springs whose property doesn't exist (ids: elements)"},
+    {LEFT_CELAS1_ZERO, "celas1-zero", CLASS_NOTE, GONE, "CELAS1",
+        "springs without stiffness (ids: elements)"},
+    {LEFT_CELAS1_GE, "celas1-damping", CLASS_MODEL, THERE, "CELAS1",
+        "springs without their GE (ids: elements)"},
+    {LEFT_CELAS1_BOTH, "celas1-both-components", CLASS_MODEL, THERE, "CELAS1",
+        "springs between different components of coincident grids, whose stiffness is given to both components "
+        "(ids: elements)"},
+    {LEFT_CELAS2_DOF, "celas2-components", CLASS_MODEL, GONE, "CELAS2",
+        "springs between different components (ids: elements)"},
+    {LEFT_CELAS2_ENDS, "celas2-ends", CLASS_MODEL, GONE, "CELAS2",
+        "springs without an end of both grid and component (ids: elements)"},
+    {LEFT_CELAS2_GRID1, "celas2-grid1-missing", CLASS_MODEL, GONE, "CELAS2",
+        "springs on a grid that doesn't exist (ids: elements)"},
+    {LEFT_CELAS2_GRID2, "celas2-grid2-missing", CLASS_MODEL, GONE, "CELAS2",
+        "springs on a grid that doesn't exist (ids: elements)"},
+    {LEFT_CELAS2_PLACE, "celas2-position", CLASS_MODEL, GONE, "CELAS2",
+        "springs on a grid whose position is no number (ids: elements)"},
+    {LEFT_CELAS2_ZERO, "celas2-zero", CLASS_NOTE, GONE, "CELAS2",
+        "springs without stiffness (ids: elements)"},
+    {LEFT_CELAS2_GE, "celas2-damping", CLASS_MODEL, THERE, "CELAS2",
+        "springs without their GE (ids: elements)"},
+    {LEFT_CELAS2_BOTH, "celas2-both-components", CLASS_MODEL, THERE, "CELAS2",
+        "springs between different components of coincident grids, whose stiffness is given to both components "
+        "(ids: elements)"},
+    {LEFT_LINK_GROUND, "link-ground", CLASS_MODEL, THERE, "CBUSH",
+        "links to ground, written with node 0 (ids: elements)"},
+    {LEFT_LINK_AXES, "link-vector-cd", CLASS_MODEL, THERE, "CBUSH",
+        "orientation vectors in the CD axes of the first grid, taken as basic ones (ids: elements)"},
+    {LEFT_LINK_POSITION, "link-grid-cp", CLASS_MODEL, THERE, "CBUSH",
+        "links on grids with a CP, whose angle is worked out from the coordinates on the grids' cards (ids: elements)"},
+    {LEFT_LINK_ANGLE, "link-angle", CLASS_MODEL, THERE, "CBUSH",
+        "links whose angle turns their axes another way than the orientation means (ids: elements)"},
+    {LEFT_RBE2_MASTER, "rigid-independent-missing", CLASS_MODEL, GONE, "RBE2",
+        "links whose independent grid doesn't exist (ids: elements)"},
+    {LEFT_RBE2_SLAVE, "rigid-dependent-missing", CLASS_MODEL, GONE, "RBE2",
+        "dependent grids that don't exist (ids: elements)"},
+    {LEFT_MPC_SET, "mpc-set", CLASS_MODEL, GONE, "MPC",
+        "equations of sets that don't reach the file (ids: sets)"},
+    {LEFT_MPC_TERMS, "mpc-terms", CLASS_MODEL, GONE, "MPC",
+        "equations that make no rigid link (ids: places in the set)"},
+    {LEFT_MPC_FACTORS, "mpc-factors", CLASS_MODEL, GONE, "MPC",
+        "equations that make no rigid link (ids: places in the set)"},
+    {LEFT_MPC_COMPONENT, "mpc-second-component", CLASS_MODEL, THERE, "MPC",
+        "equations between different components, written as a link of the first one (ids: places in the set)"},
+    {LEFT_MPC_NO_COMPONENT, "mpc-no-component", CLASS_MODEL, THERE, "MPC",
+        "equations of a component that isn't 1 to 6, written as a link without one (ids: places in the set)"},
+    {LEFT_MPC_GRID, "mpc-grid-missing", CLASS_MODEL, THERE, "MPC",
+        "equations on grids that don't exist (ids: places in the set)"},
+    {LEFT_MPC_ZERO_GRID, "mpc-term-lost", CLASS_MODEL, THERE, "MPC",
+        "equations without their terms that name no grid (ids: places in the set)"},
+
+    {LEFT_LOADCASE_ZERO, "load-case-zero", CLASS_NOTE, THERE, "TEMPD",
+        "a load case 0, which comes of a blank set on a card"},
+    {LEFT_FORCE_ZERO, "force-zero", CLASS_NOTE, GONE, "FORCE",
+        "forces of zero (ids: grids)"},
+    {LEFT_FORCE_GRID, "force-grid-missing", CLASS_MODEL, THERE, "FORCE",
+        "forces on grids that don't exist (ids: grids)"},
+    {LEFT_FORCE_NO_GRIDS, "force-direction-grid-missing", CLASS_MODEL, THERE, "FORCE1",
+        "forces whose direction is given by grids that don't exist, which count as the origin (ids: loaded grids)"},
+    {LEFT_FORCE_NO_DIRECTION, "force-no-direction", CLASS_MODEL, THERE, "FORCE1",
+        "forces between grids at one place, which take the direction of the FORCE1, FORCE2, MOMENT1 or MOMENT2 before, "
+        "0 without one (ids: loaded grids)"},
+    {LEFT_MOMENT_ZERO, "moment-zero", CLASS_NOTE, GONE, "MOMENT",
+        "moments of zero (ids: grids)"},
+    {LEFT_MOMENT_GRID, "moment-grid-missing", CLASS_MODEL, THERE, "MOMENT",
+        "moments on grids that don't exist (ids: grids)"},
+    {LEFT_MOMENT_NO_GRIDS, "moment-direction-grid-missing", CLASS_MODEL, THERE, "MOMENT1",
+        "moments whose direction is given by grids that don't exist, which count as the origin (ids: loaded grids)"},
+    {LEFT_MOMENT_NO_DIRECTION, "moment-no-direction", CLASS_MODEL, THERE, "MOMENT1",
+        "moments between grids at one place, which take the direction of the FORCE1, FORCE2, MOMENT1 or MOMENT2 before, "
+        "0 without one (ids: loaded grids)"},
+    {LEFT_PLOAD1_ELEMENT, "pload1-element", CLASS_MODEL, GONE, "PLOAD1",
+        "loads on no element (ids: elements)"},
+    {LEFT_PLOAD1_TYPE, "pload1-type", CLASS_MODEL, GONE, "PLOAD1",
+        "loads of unknown TYPE (ids: elements)"},
+    {LEFT_PLOAD1_ERROR, "pload1-not-measured", CLASS_MODEL, GONE, "PLOAD1",
+        "loads on elements that can't be measured (ids: elements)"},
+    {LEFT_PLOAD1_LENGTH, "pload1-no-length", CLASS_MODEL, GONE, "PLOAD1",
+        "loads by length on elements without length (ids: elements)"},
+    {LEFT_PLOAD1_ZERO, "pload1-zero", CLASS_NOTE, GONE, "PLOAD1",
+        "loads of zero (ids: elements)"},
+    {LEFT_PLOAD1_NO_ELEMENT, "pload1-element-missing", CLASS_MODEL, THERE, "PLOAD1",
+        "loads on elements that don't exist (ids: elements)"},
+    {LEFT_PLOAD1_SCALE, "pload1-scale", CLASS_MODEL, THERE, "PLOAD1",
+        "loads of SCALE FRPR, or of one that isn't known, taken as LE: lengths, not projected (ids: elements)"},
+    {LEFT_PLOAD1_POINT, "pload1-concentrated", CLASS_MODEL, THERE, "PLOAD1",
+        "concentrated loads, X2 = X1, written as distributed ones over no length (ids: elements)"},
+    {LEFT_PLOAD2_ELEMENT, "pload2-element", CLASS_MODEL, GONE, "PLOAD2",
+        "pressures on no plate or solid (ids: elements)"},
+    {LEFT_PLOAD2_ZERO, "pload2-zero", CLASS_NOTE, GONE, "PLOAD2",
+        "pressures of zero (ids: elements)"},
+    {LEFT_PLOAD2_FACE, "pload2-solid", CLASS_MODEL, THERE, "PLOAD2",
+        "pressures on a solid, of which the card names no face (ids: elements)"},
+    {LEFT_PLOAD4_ELEMENT, "pload4-element", CLASS_MODEL, GONE, "PLOAD4",
+        "pressures on no plate or solid (ids: elements)"},
+    {LEFT_PLOAD4_ZERO, "pload4-zero", CLASS_NOTE, GONE, "PLOAD4",
+        "pressures of zero (ids: elements)"},
+    {LEFT_PLOAD4_NO_FACE, "pload4-no-face", CLASS_MODEL, THERE, "PLOAD4",
+        "pressures on a face of a solid that isn't found by its grids, written with face 0 (ids: elements)"},
+    {LEFT_PLOAD4_FACE, "pload4-face", CLASS_MODEL, THERE, "PLOAD4",
+        "pressures on a solid, written on another face than the grids name (ids: elements)"},
+    {LEFT_TEMP_GRID, "temperature-grid-missing", CLASS_MODEL, THERE, "TEMP",
+        "temperatures of grids that don't exist (ids: grids)"},
+    {LEFT_TEMPD, "temperature-default", CLASS_NOTE, GONE, "TEMPD",
+        "default temperatures that no grid takes (ids: sets)"},
+    {LEFT_TEMPP1_MEAN, "temperature-mean", CLASS_MODEL, GONE, "TEMPP1",
+        "mean temperatures that aren't above zero (ids: elements)"},
+    {LEFT_TEMPP1_ELEMENT, "temperature-element-missing", CLASS_MODEL, THERE, "TEMPP1",
+        "mean temperatures of elements that don't exist (ids: elements)"},
+    {LEFT_TEMPP1_GRADIENT, "temperature-gradient", CLASS_MODEL, GONE, "TEMPP1",
+        "gradients on no plate (ids: elements)"},
+    {LEFT_SPCD_ZERO, "displacement-zero", CLASS_NOTE, GONE, "SPCD",
+        "displacements of zero (ids: grids)"},
+    {LEFT_SPCD_GRID, "displacement-grid-missing", CLASS_MODEL, THERE, "SPCD",
+        "displacements of grids that don't exist (ids: grids)"},
+    {LEFT_LOAD_SET, "combination-set-missing", CLASS_MODEL, GONE, "LOAD",
+        "sets of a combination that don't exist (ids: combinations)"},
+    {LEFT_LOAD_LOAD, "combination-of-combination", CLASS_MODEL, GONE, "LOAD",
+        "sets of a combination that are combinations themselves (ids: combinations)"},
+    {LEFT_EIGB, "buckling-control", CLASS_CONTROL, GONE, "EIGB",
+        "records without a section (ids: sets)"},
+    {LEFT_EIGRL, "eigenvalue-control", CLASS_CONTROL, GONE, "EIGRL",
+        "sets but the one that is written (ids: sets)"},
+};
+// clang-format on
+
+/// Whether the table has the order of E_LEFT and no code twice.
+constexpr bool IsInOrder() {
+    for (std::size_t i = 0; i < std::size(REASONS); ++i) {
+        if (REASONS[i].eREASON != static_cast<E_LEFT>(i)) return false;
+        for (std::size_t k = 0; k < i; ++k) {
+            if (std::string_view(REASONS[i].sCODE) == REASONS[k].sCODE) return false;
+        }
+    }
+    return std::size(REASONS) == LEFT_COUNT;
+}
+static_assert(IsInOrder());
+
+} // namespace
+
+const T_REASON_D& ReasonOf(E_LEFT eReason) {
+    return REASONS[eReason];
+}
