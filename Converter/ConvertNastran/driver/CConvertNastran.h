@@ -10,6 +10,7 @@
 #include "reader/LineGroup.h"
 #include "reader/LineReader.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -265,16 +266,17 @@ class CConvertNastran {
     T_CONVERT_D m_options;
     T_FAIL_D m_failure;
 
-    CDeckList m_aIncludeFiles;            // the main deck, too
-    CLineReader m_fp;                     // of the current deck
-    std::int32_t m_iSection = 0;          // 0 before CEND, 1 case control, 2 bulk data
-    std::int32_t m_iLineNo = 0;           // lines read of the current deck
-    std::int64_t m_nFileLines = 0;        // lines that count; a Ctrl-Z ends them
-    CLineGroup m_aLines;                  // of the card in hand
-    T_DATA_D m_card;                      // made of them
-    T_FIELDUSE_D m_fieldUse;              // of its fields, for the observer
-    std::vector<T_RAWLINE_D> m_aRawLines; // of its lines, likewise
-    T_QUIET_D* m_pQuiet = nullptr;        // what the observer needn't be told of
+    CDeckList m_aIncludeFiles;                              // the main deck, too
+    CLineReader m_fp;                                       // of the current deck
+    std::int32_t m_iSection = 0;                            // 0 before CEND, 1 case control, 2 bulk data
+    std::int32_t m_iLineNo = 0;                             // lines read of the current deck
+    std::int64_t m_nFileLines = 0;                          // lines that count; a Ctrl-Z ends them
+    CLineGroup m_aLines;                                    // of the card in hand
+    T_DATA_D m_card;                                        // made of them
+    T_FIELDUSE_D m_fieldUse;                                // of its fields, for the observer
+    std::vector<T_RAWLINE_D> m_aRawLines;                   // of its lines, likewise
+    std::array<char, T_LINE_D::SMALL_COLUMNS> m_aKept = {}; // text of its line before it was cut, likewise
+    T_QUIET_D* m_pQuiet = nullptr;                          // what the observer needn't be told of
 
     std::int32_t m_iCurLoadSet = 0;    // set of the last load card
     T_LOAD_D* m_pCurLoadSet = nullptr; // its record

@@ -15,14 +15,16 @@ namespace {
 /// What a group begins with. It must be asked for before fields are cut, which changes the text.
 enum E_GROUP { GROUP_CARD, GROUP_CONTINUATION, GROUP_EMPTY };
 
-E_GROUP ClassifyGroup(const CLineGroup& rLines) {
-    const std::string_view sFirst = rLines.First().Text();
+E_GROUP ClassifyGroup(std::string_view sFirst, std::size_t nLines) {
     const char c = sFirst[0];
     if (c == '*' || c == '+' || c == ' ' || c == ',') return GROUP_CONTINUATION;
     if (c > ' ') return GROUP_CARD;
     // In a deck with CR LF an empty line holds a carriage return, and lines may continue it all the same.
     if (sFirst.find_first_not_of(" \t\r") != std::string_view::npos) return GROUP_CARD;
-    return rLines.GetCount() > 1 ? GROUP_CONTINUATION : GROUP_EMPTY;
+    return nLines > 1 ? GROUP_CONTINUATION : GROUP_EMPTY;
+}
+E_GROUP ClassifyGroup(const CLineGroup& rLines) {
+    return ClassifyGroup(rLines.First().Text(), rLines.GetCount());
 }
 
 /// rCard is the group as far as it could be assembled.
@@ -68,22 +70,22 @@ void TellDeletedFields(CDeckObserver& rObserver, std::span<const std::string_vie
 /// Assembles and dispatches the group in hand, and tells what came of it.
 void CConvertNastran::TakeObservedGroup(CDeckObserver& rObserver) {
     if (m_fp.HasReadMore()) rObserver.OnBytesRead(m_fp.GetBytesRead());
-    const E_GROUP eGroup = ClassifyGroup(m_aLines);
+    const T_LINE_D& rFirst = m_aLines.First();
     const std::size_t nReplaced = m_pDataPool->m_nReplaced;
-    char aKept[T_LINE_D::SMALL_COLUMNS];
     const bool bPlain = IsPlainSmallLine(m_aLines);
+    E_GROUP eGroup = GROUP_CARD;
     if (bPlain) {
-        std::memcpy(aKept, m_aLines.First().aTEXT, sizeof aKept); // one of its fields may be changed when it is cut
+        std::memcpy(m_aKept.data(), rFirst.aTEXT, m_aKept.size()); // a field may be changed when it is cut
     } else {
+        eGroup = ClassifyGroup(m_aLines);
         TellText();
     }
     const int bCard = AssembleCard();
-    const bool bJoined = bPlain && m_aLines.First().bJOINED;
-    if (bJoined) {
-        const T_RAWLINE_D line{{aKept, std::min<std::size_t>(m_aLines.First().nTEXT, sizeof aKept)}};
-        rObserver.OnText({&line, 1}, m_aLines.First().iLINE);
-    }
+    const bool bJoined = bPlain && rFirst.bJOINED;
+    const T_RAWLINE_D kept{{m_aKept.data(), std::min<std::size_t>(rFirst.nTEXT, m_aKept.size())}};
+    if (bJoined) rObserver.OnText({&kept, 1}, rFirst.iLINE);
     if (!bCard || m_card.iKEYWORD < 0) {
+        if (bPlain) eGroup = ClassifyGroup(kept.sTEXT, 1);
         TellLoss(rObserver, LOSS_UNKNOWN_WORD, eGroup, m_aLines, m_card);
         return;
     }
@@ -94,7 +96,7 @@ void CConvertNastran::TakeObservedGroup(CDeckObserver& rObserver) {
         m_pQuiet->iLAST = m_card.iKEYWORD;
         ++m_pQuiet->aCOUNTS[static_cast<std::size_t>(m_card.iKEYWORD)];
     } else {
-        rObserver.OnCard(m_card, m_fieldUse, m_aLines.First().iLINE, m_aLines.Last().iLINE);
+        rObserver.OnCard(m_card, m_fieldUse, rFirst.iLINE, m_aLines.Last().iLINE);
     }
 }
 

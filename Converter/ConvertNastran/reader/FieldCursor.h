@@ -47,7 +47,10 @@ class CFieldCursor {
     void Skip(NAMES... names) {
         const std::size_t iFirst = m_iNext;
         m_iNext = std::min(m_iNext + sizeof...(names), m_rCard.aFIELDS.size());
-        if (m_rCard.pUSE) NoteSkipped(iFirst, {names...});
+        if (!m_rCard.pUSE) return;
+        bool bFilled = false;
+        for (std::size_t i = iFirst; i < m_iNext; ++i) bFilled |= !m_rCard.aFIELDS[i].empty();
+        if (bFilled) NoteSkipped(iFirst, {names...});
     }
     static constexpr const char* BY_PLACE = nullptr;
 

@@ -123,6 +123,9 @@ class CDataPool {
     /// Finds the first of some grids that is missing. False for none, also while nobody is to be told.
     bool FindMissingGrid(std::span<const std::int32_t> aGrids, std::int32_t& rMissing) const {
         if (!m_pLeftSink) return false;
+        bool bAll = true;
+        for (const std::int32_t iGrid : aGrids) bAll &= m_grids.Has(iGrid);
+        if (bAll) return false;
         for (const std::int32_t iGrid : aGrids) {
             if (!IsGridMissing(iGrid)) continue;
             rMissing = iGrid;

@@ -14,17 +14,20 @@ class CIdStretch {
     /// Looks for the stretch in rTable, among ids that were added one after the other.
     template <class RECORD>
     void Measure(const CMap<RECORD>& rTable) {
-        CIdStretch current;
-        std::int64_t nMost = 0;
+        std::int64_t iFirst = 0, iNext = 0; // of the stretch in hand, which is none at first
+        const auto keepLongest = [&] {
+            if (iNext - iFirst <= std::int64_t(m_iLast) + 1 - m_iFirst) return;
+            m_iFirst = static_cast<std::int32_t>(iFirst);
+            m_iLast = static_cast<std::int32_t>(iNext - 1);
+        };
         rTable.ForEach([&](std::int32_t iID, const RECORD&) {
-            const bool bNext = std::int64_t(current.m_iLast) + 1 == iID && current.m_iFirst <= current.m_iLast;
-            if (!bNext) current.m_iFirst = iID;
-            current.m_iLast = iID;
-            const std::int64_t nIds = std::int64_t(iID) - current.m_iFirst + 1;
-            if (nIds <= nMost) return;
-            nMost = nIds;
-            *this = current;
+            if (iID != iNext) {
+                keepLongest();
+                iFirst = iID;
+            }
+            iNext = std::int64_t(iID) + 1;
         });
+        keepLongest();
     }
 
   private:
