@@ -88,7 +88,9 @@ class CBatch {
         const char* const sWhere = m_rOptions.eACCOUNT == ACCOUNT_NONE ? "; see --account" : "";
         if (!m_rOptions.bNOWARNINGS) {
             for (const std::string& sLine : MakeWarnings(rAccount, m_rOptions.allowed)) {
-                TellHint(sDeck + ": warning: " + sLine + sWhere);
+                std::string sText = sDeck + ": warning: ";
+                sText += sLine;
+                TellHint(sText += sWhere);
             }
         }
         if (m_rOptions.eSTRICT == STRICT_NONE) return;

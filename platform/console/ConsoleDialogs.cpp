@@ -49,7 +49,8 @@ int CConsoleDialogs::ChooseDeck(std::string& rPath) {
             rPath = FullPath(sLine);
             return 1;
         }
-        WritePlain(std::cout, sLine + ": " + sCause + "\n");
+        WritePlain(std::cout, sLine + ": ");
+        WritePlain(std::cout, sCause + "\n");
     }
     return 0;
 }
