@@ -29,13 +29,8 @@ class CFieldNames {
     /// A keyword that isn't converted has no names.
     explicit CFieldNames(std::string_view sKeyword);
 
-    bool IsKnown() const { return !m_aFields.empty(); }
-
     /// The first names of the card, which stand in these places whatever it holds.
     const std::vector<std::string_view>& GetFixed() const { return m_aFields; }
-
-    /// Whether there are names besides that hang on words of the card.
-    bool HasSections() const { return !m_aSections.empty(); }
 
     /// Calls take with the place and the T_NAME_D of each field of the card, in order.
     template <class TAKE>
