@@ -188,6 +188,24 @@ void CAccount::AddRounding(const CDataPool& rPool) {
     FindNote(Known(iKeyword), NOTE_ROUNDED, CLASS_NOTE, "by at most " + sLargest).nCOUNT = nRounded;
 }
 
+void CAccount::AddRestated(const std::vector<T_TOLD_D>& rTold, const std::vector<std::string>& rFiles) {
+    m_pSources = &rFiles;
+    for (const T_TOLD_D& rEntry : rTold) {
+        std::int32_t iKeyword = 0;
+        const bool bKnown = CConvertNastran::KeywordToId(rEntry.sKEYWORD, iKeyword) != 0;
+        std::string sText = rEntry.pRULE->sGIVES;
+        if (!rEntry.sDETAIL.empty()) sText += " (" + rEntry.sDETAIL + ")";
+        T_NOTE_D& rNote =
+            FindNote(bKnown ? Known(iKeyword) : Unknown(rEntry.sKEYWORD), NOTE_RULE, rEntry.pRULE->eCLASS, sText);
+        rNote.sREASON = rEntry.pRULE->sNAME;
+        rNote.nCOUNT += rEntry.nCOUNT;
+        for (const T_ORIGINLINE_D& rPlace : rEntry.aPLACES) {
+            if (rPlace.iLINE > 0)
+                rNote.aPLACES.push_back({T_PLACE_D::SOURCE + rPlace.iFILE, rPlace.iLINE, rPlace.iLINE});
+        }
+    }
+}
+
 /// Reasons of one text make one note. One is often told many times in a row.
 void CAccount::OnLeft(const T_LEFT_D& rLeft) {
     if (rLeft.eREASON != m_left.eREASON || rLeft.sKEYWORD != m_left.sKEYWORD) {
@@ -229,6 +247,7 @@ CAccount::CLASS_COUNTS CAccount::GetLossCounts() const {
 }
 
 T_ORIGIN_D CAccount::GetOrigin(const T_PLACE_D& rPlace) const {
+    if (rPlace.iDECK >= T_PLACE_D::SOURCE) return {(*m_pSources)[rPlace.iDECK - T_PLACE_D::SOURCE], rPlace.iFIRST};
     if (m_pLines) return m_pLines->Find(rPlace.iFIRST);
     return {m_aDecks[rPlace.iDECK], rPlace.iFIRST};
 }

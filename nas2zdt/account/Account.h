@@ -6,6 +6,7 @@
 #include "nas2zdt/account/Losses.h"
 #include "nas2zdt/account/TextLosses.h"
 #include "nas2zdt/flatten/LineMap.h"
+#include "nas2zdt/restate/Rule.h"
 #include "reader/DeckObserver.h"
 #include "reader/Keywords.h"
 #include "store/Left.h"
@@ -22,6 +23,7 @@ class CDataPool;
 
 /// A range of lines in one of the decks of the run.
 struct T_PLACE_D {
+    static constexpr std::uint32_t SOURCE = 0x80000000; // this plus its number is a file of the deck before restating
     std::uint32_t iDECK = 0;
     std::int32_t iFIRST = 0, iLAST = 0;
 };
@@ -86,6 +88,10 @@ class CAccount : public CDeckObserver {
 
     /// After the run: the digits that the file hasn't.
     void AddRounding(const CDataPool& rPool);
+
+    /// After the run: what rules of restating did, with places in files by their numbers. Both must outlive this
+    /// object.
+    void AddRestated(const std::vector<T_TOLD_D>& rTold, const std::vector<std::string>& rFiles);
 
     /// Lines are those of a joined deck from now on, and told by their origins. pLines must outlive this object.
     void SetLines(const CLineMap* pLines) { m_pLines = pLines; }
@@ -158,4 +164,5 @@ class CAccount : public CDeckObserver {
     bool m_bPart = false;              // whether cards are those of a part
     std::vector<bool> m_aIncludesPart; // of each INCLUDE card
     const CLineMap* m_pLines = nullptr;
+    const std::vector<std::string>* m_pSources = nullptr; // files of the deck before restating
 };

@@ -1,4 +1,4 @@
-// Reading case control, as far as it selects sets.
+// What subcases ask for, against what the store holds.
 
 #include "nas2zdt/account/CaseControl.h"
 
@@ -7,55 +7,11 @@
 
 #include <algorithm>
 
-namespace {
-
-std::string_view TakeLetters(std::string_view& rText) {
-    const auto isLetter = [](char c) { return c >= 'A' && c <= 'Z'; };
-    const auto nLetters =
-        static_cast<std::size_t>(std::find_if_not(rText.begin(), rText.end(), isLetter) - rText.begin());
-    const std::string_view sLetters = rText.substr(0, nLetters);
-    rText.remove_prefix(nLetters);
-    return sLetters;
-}
-
-std::string_view WithoutBlanksInFront(std::string_view sText) {
-    return sText.substr(std::min(sText.find_first_not_of(" \t"), sText.size()));
-}
-
-} // namespace
-
 void CCaseControl::AddLine(std::string_view sText) {
     if (sText.starts_with("CEND")) {
         m_bReading = m_bControlled = true;
-        return;
-    }
-    if (!m_bReading) return;
-    sText = WithoutBlanksInFront(sText.substr(0, sText.find('$')));
-    const std::string_view sWord = TakeLetters(sText);
-    if (sWord.starts_with("SUBC") || sWord == "SYM" || sWord.starts_with("SYMC") || sWord.starts_with("REPC")) {
-        m_aCases.push_back(m_above);
-        m_aCases.back().iID = TextToInt(WithoutBlanksInFront(sText));
-        return;
-    }
-    const std::size_t iEquals = sText.find('=');
-    if (iEquals == std::string_view::npos) return;
-    const std::int32_t iSet = TextToInt(WithoutBlanksInFront(sText.substr(iEquals + 1)));
-    const std::string_view sOptions = sText.substr(0, iEquals);
-    const auto hasOption = [&](std::string_view sOption) { return sOptions.find(sOption) != std::string_view::npos; };
-    T_CASE_D& rCase = m_aCases.empty() ? m_above : m_aCases.back();
-    if (sWord == "SPC") {
-        rCase.iSPC = iSet;
-    } else if (sWord == "MPC") {
-        rCase.iMPC = iSet;
-    } else if (sWord == "LOAD") {
-        rCase.iLOAD = iSet;
-    } else if (sWord.starts_with("METH")) {
-        rCase.iMETHOD = iSet;
-    } else if (sWord.starts_with("TEMP") && !hasOption("INIT") && !hasOption("MATE")) {
-        rCase.iTEMPERATURE = iSet; // initial temperatures load nothing
-    } else if (sWord.starts_with("DLOA") || sWord.starts_with("LOADS") || sWord.starts_with("CLOA") ||
-               sWord.starts_with("NONL")) {
-        m_bIndirect = true;
+    } else if (m_bReading) {
+        m_requests.Add(ReadCaseLine(sText));
     }
 }
 
@@ -120,14 +76,14 @@ void CCaseControl::FindLoads(const std::vector<T_CASE_D>& rCases, const CDataPoo
     for (const auto& [iSID, rCombination] : rPool.LDCB.Sorted()) {
         if (!asked.contains(iSID)) unasked.aIDS.insert(iSID);
     }
-    if (m_bIndirect) unasked.aIDS.clear();
+    if (m_requests.AsksIndirectly()) unasked.aIDS.clear();
     for (T_CASELOSS_D* p : {&lacking, &unasked}) rLosses.push_back(std::move(*p));
 }
 
 std::vector<T_CASELOSS_D> CCaseControl::Find(const CDataPool& rPool) const {
     std::vector<T_CASELOSS_D> aLosses;
     if (!m_bControlled) return aLosses;
-    const std::vector<T_CASE_D> aCases = m_aCases.empty() ? std::vector<T_CASE_D>{m_above} : m_aCases;
+    const std::vector<T_CASE_D> aCases = m_requests.GetCases();
 
     // supports are those of the store's first set, equations those of the last card's
     std::int32_t iFirstSet = 0;

@@ -2,6 +2,7 @@
 // What the case control asks for, against what the file has.
 
 #include "nas2zdt/account/Losses.h"
+#include "nas2zdt/text/CaseRequests.h"
 #include "reader/Card.h"
 
 #include <cstdint>
@@ -34,12 +35,6 @@ class CCaseControl {
     std::vector<T_CASELOSS_D> Find(const CDataPool& rPool) const;
 
   private:
-    /// What a subcase asks for; 0 for nothing.
-    struct T_CASE_D {
-        std::int32_t iID = 1; // without any SUBCASE there is one
-        std::int32_t iSPC = 0, iMPC = 0, iMETHOD = 0;
-        std::int32_t iLOAD = 0, iTEMPERATURE = 0; // load sets both
-    };
     using T_SUMS = std::map<std::int32_t, std::set<std::int32_t>>;
 
     template <class HAS>
@@ -51,8 +46,6 @@ class CCaseControl {
 
     bool m_bReading = false;
     bool m_bControlled = false; // whether there was a CEND
-    bool m_bIndirect = false;   // loads may be asked for by cards that aren't converted
-    T_CASE_D m_above;           // what stands before the first subcase, for all
-    std::vector<T_CASE_D> m_aCases;
+    CCaseRequests m_requests;
     T_SUMS m_mapSpcSums, m_mapMpcSums;
 };

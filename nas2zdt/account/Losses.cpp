@@ -53,6 +53,7 @@ constexpr T_TEXT_D TEXTS[] = {
     {NOTE_ROUNDED,        "rounded",          "rounded: coordinates to six digits, "},
     {NOTE_UNWRITTEN,      "unwritten",        "not written: "},
     {NOTE_ALTERED,        "altered",          "altered: "},
+    {NOTE_RULE,           "faithful",         ""},
 };
 // clang-format on
 

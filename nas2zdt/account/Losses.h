@@ -45,6 +45,7 @@ enum E_NOTE {
     NOTE_ROUNDED,   // digits of coordinates
     NOTE_UNWRITTEN, // stored, but not in the file; the text is the reason's own, as of the next
     NOTE_ALTERED,   // in the file, but otherwise than the deck means
+    NOTE_RULE,      // told by a rule of restating
     NOTE_COUNT
 };
 

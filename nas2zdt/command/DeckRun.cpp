@@ -5,6 +5,7 @@
 #include "messages/ZdtMsgMgr.h"
 #include "nas2zdt/command/Terminal.h"
 #include "nas2zdt/picture/Picture.h"
+#include "nas2zdt/text/TextReader.h"
 #include "platform/Paths.h"
 #include "platform/TempPath.h"
 #include "platform/console/ConsoleDialogs.h"
@@ -110,15 +111,27 @@ void CDeckRun::Run() {
     if (m_rOptions.NeedsAccount()) m_pAccount = std::make_unique<CAccount>();
     if (!m_rJob.sREFUSED.empty()) return Fail(m_rJob.sDECK + ": " + m_rJob.sREFUSED);
     try {
-        if (!m_rOptions.bFLATTEN) return Convert(m_rJob.sDECK, nullptr);
+        if (!m_rOptions.IsPrepared()) return Convert(m_rJob.sDECK, nullptr);
         CTempPath folder;
         folder.MakeFolder();
         CTempPath deck;
         CFile file;
         deck.MakeFile(file, FindTarget(folder.GetPath() + "/deck"), folder.GetPath());
-        m_joined = FlattenDeck(m_rJob.sDECK, file, m_rOptions.limits.nDECKS);
-        m_rInputs.insert(m_joined.files.begin(), m_joined.files.end());
-        Convert(deck.GetPath(), &m_joined.lines);
+        T_JOINRULES_D rules = m_rOptions.choice.join;
+        rules.nDECKS = m_rOptions.limits.nDECKS;
+        rules.bFORGIVING = m_rOptions.bFAITHFUL;
+        if (m_rOptions.bFAITHFUL) {
+            T_CHOICE_D choice = m_rOptions.choice;
+            choice.join = std::move(rules);
+            m_restated = RestateDeck(m_rJob.sDECK, file, choice);
+            m_rInputs.insert(m_restated.files.begin(), m_restated.files.end());
+            KeepRestated(deck.GetPath());
+        } else {
+            T_JOINED_D joined = FlattenDeck(m_rJob.sDECK, file, rules);
+            m_rInputs.insert(joined.files.begin(), joined.files.end());
+            m_restated.lines = std::move(joined.lines);
+        }
+        Convert(deck.GetPath(), &m_restated.lines);
     } catch (const CFileException& rError) {
         Fail(rError.GetText());
     } catch (const std::exception& rError) {
@@ -127,9 +140,21 @@ void CDeckRun::Run() {
     }
 }
 
+/// Copies the restated deck to where the options want it.
+void CDeckRun::KeepRestated(const std::string& sDeck) {
+    if (m_rOptions.sRESTATED.empty()) return;
+    CWholeFile kept(m_rOptions.sRESTATED, m_rInputs);
+    CTextReader reader;
+    std::string sCause;
+    if (!reader.Open(sDeck, sCause)) throw CFileException(m_rOptions.sRESTATED, "can't be copied: " + sCause);
+    for (std::string_view sLine; reader.Read(sLine);) kept.GetFile().Write(sLine);
+    if (reader.HasFailed()) throw CFileException(m_rOptions.sRESTATED, "can't be copied to its end");
+    kept.Finish();
+}
+
 /// Called once all decks are read, which no output may overwrite. Gives the file to write to.
 CFile& CDeckRun::Open(const T_INPUTS& rDecks) {
-    if (!m_rOptions.bFLATTEN) m_rInputs.insert(rDecks.begin(), rDecks.end()); // those of a joined deck are in it
+    if (!m_rOptions.IsPrepared()) m_rInputs.insert(rDecks.begin(), rDecks.end()); // else they are in it
     m_bRefused = true;
     for (const std::string* pOutput : {&m_rJob.sTARGET, &m_rOptions.sVIEW, &m_rOptions.sVTU, &m_rOptions.sLOG}) {
         if (!pOutput->empty()) RefuseInput(*pOutput, m_rInputs);
@@ -155,6 +180,7 @@ void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
     if (m_pAccount) {
         m_pAccount->EndRun(run.GetDataPool());
         if (m_rOptions.NeedsNotes()) m_pAccount->AddRounding(run.GetDataPool());
+        m_pAccount->AddRestated(m_restated.aTOLD, m_restated.aFILES);
         m_result.bACCOUNT = true;
     }
     if (dialogs.m_sFileError.empty()) {

@@ -6,6 +6,7 @@
 #include "nas2zdt/command/Jobs.h"
 #include "nas2zdt/command/Options.h"
 #include "nas2zdt/flatten/Flatten.h"
+#include "nas2zdt/restate/Restate.h"
 #include "platform/WholeFile.h"
 
 #include <memory>
@@ -33,6 +34,7 @@ class CDeckRun : private COutput {
     CFile& Open(const T_INPUTS& rDecks) override;
     void Convert(const std::string& sDeck, const CLineMap* pLines);
     void FinishTarget();
+    void KeepRestated(const std::string& sDeck);
     void DrawModel(const CDataPool& rPool);
     void FailRun(T_FAIL_D failure, const CLineMap* pLines);
     void Fail(const std::string& sWhy);
@@ -42,7 +44,7 @@ class CDeckRun : private COutput {
     T_INPUTS& m_rInputs;
     std::unique_ptr<CWholeFile> m_pTarget; // null until the model is written
     bool m_bRefused = false;               // whether an output is a file that the run has read
-    T_JOINED_D m_joined;                   // the account refers to its lines
+    T_RESTATED_D m_restated;               // of a joined deck, too; the account refers to it
     std::unique_ptr<CAccount> m_pAccount;
     T_RESULT_D m_result;
 };

@@ -71,9 +71,15 @@ std::string TestOutput(const std::string& sFile, const std::string& sWhat, COutp
 
 /// An error if the options don't fit the number of decks, else empty.
 std::string TestUsage(const T_OPTIONS_D& rOptions, bool bFolder) {
+    const bool bChosen = rOptions.choice.iSUBCASE || rOptions.choice.iPART != 0;
+    if (!rOptions.bFAITHFUL && !rOptions.sRESTATED.empty()) return "--restated needs --faithful";
+    if (!rOptions.bFAITHFUL && bChosen) return "--subcase and --super need --faithful";
+    if (!rOptions.IsPrepared() && !rOptions.choice.join.mapFOLDERS.empty())
+        return "--logical needs --faithful or --flatten";
     if (rOptions.aDECKS.size() == 1) return {};
     if (!rOptions.sOUTPUT.empty() && !bFolder) return "-o must name a folder for several decks: " + rOptions.sOUTPUT;
     if (!rOptions.sVIEW.empty() || !rOptions.sVTU.empty()) return "--view and --vtu take one deck";
+    if (!rOptions.sRESTATED.empty()) return "--restated takes one deck";
     return {};
 }
 
@@ -106,8 +112,10 @@ T_JOBS_D PlanJobs(const T_OPTIONS_D& rOptions) {
         const std::string sLost = outputs.Add(rJob.sTARGET, "the result of " + rJob.sDECK);
         if (!sLost.empty()) rJob.sREFUSED = "its result " + rJob.sTARGET + " would overwrite " + sLost;
     }
-    const std::pair<const std::string*, const char*> aOthers[] = {
-        {&rOptions.sVIEW, "the picture"}, {&rOptions.sVTU, "the grid"}, {&rOptions.sLOG, "the log"}};
+    const std::pair<const std::string*, const char*> aOthers[] = {{&rOptions.sVIEW, "the picture"},
+                                                                  {&rOptions.sVTU, "the grid"},
+                                                                  {&rOptions.sRESTATED, "the restated deck"},
+                                                                  {&rOptions.sLOG, "the log"}};
     for (const auto& [pFile, sWhat] : aOthers) {
         if (!pFile->empty() && jobs.sFAILURE.empty()) jobs.sFAILURE = TestOutput(*pFile, sWhat, outputs);
     }

@@ -2,6 +2,8 @@
 
 #include "nas2zdt/command/Options.h"
 
+#include "nas2zdt/text/Words.h"
+
 #include <algorithm>
 #include <charconv>
 #include <iterator>
@@ -48,6 +50,31 @@ bool SetStrict(T_OPTIONS_D& rOptions, const std::string& sValue) {
 bool TakeAllowed(T_OPTIONS_D& rOptions, const std::string& sValue) {
     rOptions.allowed.insert(sValue);
     return !sValue.empty();
+}
+
+/// Reads a whole number from 0 on to the end of the text.
+bool ReadId(const std::string& sText, std::int32_t& rID) {
+    const char* const pEnd = sText.data() + sText.size();
+    const auto [pRead, error] = std::from_chars(sText.data(), pEnd, rID);
+    return error == std::errc() && pRead == pEnd && rID >= 0;
+}
+
+bool SetSubcase(T_OPTIONS_D& rOptions, const std::string& sValue) {
+    return ReadId(sValue, rOptions.choice.iSUBCASE.emplace());
+}
+
+bool SetPart(T_OPTIONS_D& rOptions, const std::string& sValue) {
+    return ReadId(sValue, rOptions.choice.iPART);
+}
+
+/// "NAME=FOLDER". Names are told apart without regard to case.
+bool SetLogical(T_OPTIONS_D& rOptions, const std::string& sValue) {
+    const std::size_t iEquals = sValue.find('=');
+    if (iEquals == std::string::npos || iEquals == 0 || iEquals + 1 == sValue.size()) return false;
+    std::string sName = sValue.substr(0, iEquals);
+    std::transform(sName.begin(), sName.end(), sName.begin(), &ToUpper);
+    rOptions.choice.join.mapFOLDERS[sName] = sValue.substr(iEquals + 1);
+    return true;
 }
 
 /// A limit of a run by its name on the command line.
@@ -98,6 +125,11 @@ constexpr T_OPTION_D OPTIONS[] = {
     {"--allow",        VALUE_NEEDED,  "KIND", "--strict and the warnings pass over this kind, keyword or KEYWORD:KIND", &TakeAllowed},
     {"--no-warnings",  VALUE_NONE,    "",     "says nothing of losses on standard error",                  &Set<&T_OPTIONS_D::bNOWARNINGS>},
     {"--flatten",      VALUE_NONE,    "",     "joins the deck with its includes first, as NASTRAN means",  &Set<&T_OPTIONS_D::bFLATTEN>},
+    {"--faithful",     VALUE_NONE,    "",     "restates the deck first, so that the file says what NASTRAN means", &Set<&T_OPTIONS_D::bFAITHFUL>},
+    {"--restated",     VALUE_NEEDED,  "FILE", "keeps the restated deck",                                   &Keep<&T_OPTIONS_D::sRESTATED>},
+    {"--subcase",      VALUE_NEEDED,  "N",    "with --faithful, the subcase whose supports the file has",  &SetSubcase},
+    {"--super",        VALUE_NEEDED,  "N",    "with --faithful, the superelement to convert; 0 is the main model", &SetPart},
+    {"--logical",      VALUE_NEEDED,  "NAME=FOLDER", "the folder that INCLUDE 'NAME:...' stands for",      &SetLogical},
     {"--view",         VALUE_NEEDED,  "FILE", "draws the resolved model as an SVG picture",                &Keep<&T_OPTIONS_D::sVIEW>},
     {"--vtu",          VALUE_NEEDED,  "FILE", "writes the resolved model as a VTK unstructured grid",      &Keep<&T_OPTIONS_D::sVTU>},
     {"--limit",        VALUE_NEEDED,  "NAME=N", "sets the limit on ranges, decks, output or frames; none lifts it", &SetLimit},

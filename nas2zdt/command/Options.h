@@ -3,6 +3,7 @@
 
 #include "messages/RunError.h"
 #include "nas2zdt/account/Warnings.h"
+#include "nas2zdt/restate/Restate.h"
 
 #include <string>
 #include <string_view>
@@ -21,6 +22,9 @@ struct T_OPTIONS_D {
     bool bQUIET = false;
     bool bNOWARNINGS = false;
     bool bFLATTEN = false;
+    bool bFAITHFUL = false;
+    T_CHOICE_D choice;     // of a deck that is restated
+    std::string sRESTATED; // the restated deck; empty for none
     E_STRICT eSTRICT = STRICT_NONE;
     T_ALLOWED allowed; // kinds of loss that neither fail a run nor are warned of
     E_ACCOUNT_FORM eACCOUNT = ACCOUNT_NONE;
@@ -30,6 +34,9 @@ struct T_OPTIONS_D {
     std::string sVTU;    // grid of the model; empty for none
     T_LIMITS_D limits;
     std::vector<std::string> aDECKS;
+
+    /// Whether the deck is joined or restated before it is converted.
+    bool IsPrepared() const { return bFLATTEN || bFAITHFUL; }
 
     /// Whether losses are counted, and whether those that change no result are, too.
     bool NeedsAccount() const { return NeedsNotes() || eSTRICT != STRICT_NONE || !bNOWARNINGS; }

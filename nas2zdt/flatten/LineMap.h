@@ -22,10 +22,13 @@ class CLineMap {
         return m_aFiles.size() - 1;
     }
 
-    /// The lines of the joined deck from iJoined on are those of file iFile from iLine on. Calls come in ascending
-    /// order of iJoined.
-    void AddRun(std::int32_t iJoined, std::size_t iFile, std::int32_t iLine) {
-        if (!m_aRuns.empty() && m_aRuns.back().iJOINED == iJoined) m_aRuns.pop_back(); // it has no lines
+    /// Line iJoined of the joined deck is line iLine of file iFile. Calls come in ascending order of iJoined; lines
+    /// between two calls follow the first.
+    void AddLine(std::int32_t iJoined, std::size_t iFile, std::int32_t iLine) {
+        if (!m_aRuns.empty()) {
+            const T_STRETCH_D& rLast = m_aRuns.back();
+            if (rLast.iFILE == iFile && iLine - rLast.iLINE == iJoined - rLast.iJOINED) return;
+        }
         m_aRuns.push_back({iJoined, iLine, iFile});
     }
 

@@ -1,6 +1,7 @@
 // Joining decks: the text, and where each line of it came from.
 
 #include "nas2zdt/flatten/Flatten.h"
+#include "nas2zdt/flatten/IncludeStatement.h"
 #include "support/Deck.h"
 
 #include <gtest/gtest.h>

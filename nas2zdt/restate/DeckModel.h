@@ -1,0 +1,93 @@
+#pragma once
+// What a deck means, as far as several families of rules need it.
+
+#include "nas2zdt/restate/Frame.h"
+#include "nas2zdt/restate/IdTable.h"
+#include "nas2zdt/restate/Rule.h"
+#include "nas2zdt/text/CaseRequests.h"
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <set>
+#include <vector>
+
+/// A grid. Defaults of GRDSET are filled in.
+struct T_POINT_D {
+    std::int32_t iCP = 0;
+    std::int32_t iCD = 0;
+    T_VECTOR dX = {};     // as on the card; the basic position once the model is resolved
+    std::uint8_t nPS = 0; // bit 0 for component 1
+    bool bPLACED = true;  // whether the position is known
+};
+
+/// A frame as its card says it.
+struct T_FRAMECARD_D {
+    E_FRAME eKIND = FRAME_RECTANGULAR;
+    bool bGRIDS = false;   // by three grids, or by three points
+    std::int32_t iRID = 0; // of the points
+    std::array<std::int32_t, 3> iG = {};
+    std::array<T_VECTOR, 3> dPOINTS = {}; // A, B, C
+    T_ORIGINLINE_D origin;
+};
+
+/// Why a card is looked at again when the deck is written. Families set these bits of their cards, and of m_nActive
+/// once there is reason.
+enum E_NEED : std::uint8_t {
+    NEED_NOTHING = 0,
+    NEED_ALWAYS = 1, // the card alone is reason enough
+    NEED_GRDSET = 2, // if there is a GRDSET
+    NEED_BAROR = 4,  // likewise
+    NEED_BEAMOR = 8, // likewise
+    NEED_CD = 16,    // if a grid has a CD
+};
+
+/// Positions and axes of a deck.
+class CDeckModel {
+  public:
+    CIdTable<T_POINT_D> m_grids;
+    CIdTable<T_FRAMECARD_D> m_frameCards;
+    CIdTable<std::uint32_t> m_elements;   // places of their cards in the deck
+    CIdTable<std::uint32_t> m_properties; // likewise
+    CIdTable<std::uint32_t> m_materials;  // likewise; of structural ones
+    std::vector<T_CASE_D> m_aCases;       // what subcases ask for; empty if nothing does
+    T_CASE_D m_case;                      // the chosen one
+    std::int32_t m_iSupportSet = 0;       // that of all supports and equations of the restated deck, 0 without any
+    std::uint8_t m_nActive = NEED_ALWAYS; // needs of cards that there is reason for
+
+    /// Works out all frames, then the basic positions of all grids. What can't be worked out stays as it is.
+    void Resolve();
+
+    /// The frame of an id, the basic one for 0. Null if there is none or it isn't one.
+    const T_FRAME_D* FindFrame(std::int32_t iCID) const;
+
+    /// The basic position of a grid, null if it isn't known.
+    const T_VECTOR* FindPosition(std::int32_t iGrid) const {
+        const T_POINT_D* pGrid = m_grids.Find(iGrid);
+        return pGrid && pGrid->bPLACED ? &pGrid->dX : nullptr;
+    }
+
+    /// Ids that no card of the deck has: of frames, of elements, of properties.
+    std::int32_t NewFrameId();
+    std::int32_t NewElementId();
+    std::int32_t NewPropertyId();
+
+    /// Frames that can't be worked out, by their ids.
+    const std::set<std::int32_t>& GetBadFrames() const { return m_badFrames; }
+
+    /// Elements of cards that have no row in m_elements, such as RBE2; called while the deck is gathered.
+    void UseElementId(std::int32_t iID) { m_iLastElement = std::max(m_iLastElement, iID); }
+
+  private:
+    void ResolveFrame(std::int32_t iCID);
+    std::int32_t FindMissing(const T_FRAMECARD_D& rCard) const;
+    bool MakeFrame(std::int32_t iCID, const T_FRAMECARD_D& rCard);
+    bool PlaceInFrame(const T_POINT_D& rGrid, T_VECTOR& rPosition) const;
+
+    std::map<std::int32_t, T_FRAME_D> m_mapFrames;
+    std::set<std::int32_t> m_badFrames;
+    std::set<std::int32_t> m_newIds; // below the largest
+    std::int32_t m_iLastFrame = 0;
+    std::int32_t m_iLastElement = 0;
+    std::int32_t m_iLastProperty = 0;
+};

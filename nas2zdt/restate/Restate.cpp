@@ -1,0 +1,208 @@
+// Reads, gathers, restates.
+
+#include "nas2zdt/restate/Restate.h"
+
+#include "nas2zdt/restate/CardWriter.h"
+#include "nas2zdt/restate/DeckModel.h"
+#include "nas2zdt/restate/FieldText.h"
+#include "nas2zdt/restate/RestateCard.h"
+#include "nas2zdt/restate/RuleFamilies.h"
+#include "nas2zdt/restate/SourceDeck.h"
+#include "nas2zdt/text/Words.h"
+#include "reader/Card.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <memory>
+
+namespace {
+
+enum E_DECKRULE { DECK_LAYOUT, DECK_BROKEN, DECK_ENDING };
+
+const std::vector<T_RULE_D> DECK_RULES = {
+    {"layout", CLASS_NOTE, "", "tabs, comments, short lines and numbers that the converter reads otherwise",
+     "restated: fields put into their columns",
+     "text-tab text-short text-comment text-mark text-blank text-colon text-large-free text-other plus-sign cut-off "
+     "fields-past-read not-a-number"},
+    {"not-understood", CLASS_MODEL, "", "a field that isn't what it should be",
+     "goes through as it stands, since a field isn't what it should be"},
+    {"ending", CLASS_CONTROL, "", "a line that isn't ENDDATA but holds it", "left out: a line that holds ENDDATA",
+     "ended-early"},
+};
+
+} // namespace
+
+class CRestate {
+  public:
+    CRestate(CFile& rFile, const T_CHOICE_D& rChoice)
+        : m_rChoice(rChoice), m_rFile(rFile), m_source(m_told, rChoice.iPART), m_writer(rFile, m_restated.lines) {
+        const T_RULEBENCH_D bench{m_model, m_told, m_source.GetCards()};
+        m_aFamilies = MakeFamilies(bench);
+        m_aRows.push_back({}); // of cards without rules
+        for (const auto& pFamily : m_aFamilies) {
+            for (T_CARDRULES_D& rRow : pFamily->GetCards()) m_aRows.push_back(std::move(rRow));
+        }
+        for (std::size_t i = 1; i < m_aRows.size(); ++i) m_mapRows[m_aRows[i].sKEYWORD] = static_cast<std::uint8_t>(i);
+    }
+
+    T_RESTATED_D Run(const std::string& sDeck) {
+        m_source.Read(sDeck, m_rChoice.join);
+        ChooseCase();
+        for (std::size_t i = 0; i < m_source.GetCards().size(); ++i) Gather(static_cast<std::uint32_t>(i));
+        for (const auto& pFamily : m_aFamilies) pFamily->Close();
+        m_model.Resolve();
+        for (const auto& pFamily : m_aFamilies) pFamily->Begin();
+        WriteControl();
+        for (const T_SOURCECARD_D& rCard : m_source.GetCards()) RestateCard(rCard);
+        for (const auto& pFamily : m_aFamilies) pFamily->Finish(m_writer);
+        m_writer.Copy("ENDDATA\n", 1);
+        m_rFile.Close();
+        m_restated.files = m_source.GetInputs();
+        m_restated.aFILES = m_source.GetFiles();
+        m_restated.aTOLD = m_told.GetAll();
+        return std::move(m_restated);
+    }
+
+  private:
+    void ChooseCase();
+    void Gather(std::uint32_t iCard);
+    void WriteControl();
+    void RestateCard(const T_SOURCECARD_D& rSource);
+    void Pass(const T_SOURCECARD_D& rSource);
+
+    const T_CHOICE_D& m_rChoice;
+    CFile& m_rFile;
+    T_RESTATED_D m_restated;
+    CTold m_told;
+    CSourceDeck m_source;
+    CDeckModel m_model;
+    CCardWriter m_writer;
+    CRestateCard m_card;
+    std::vector<std::unique_ptr<CRuleFamily>> m_aFamilies;
+    std::vector<T_CARDRULES_D> m_aRows;
+    std::map<std::string, std::uint8_t, std::less<>> m_mapRows;
+};
+
+/// Finds the subcases that ask for sets, and the one whose supports the file has.
+void CRestate::ChooseCase() {
+    CCaseRequests requests;
+    bool bCase = false, bAsked = false;
+    for (const T_CONTROL_D& rLine : m_source.GetControl()) {
+        const bool bEnd = StartsWithoutCase(rLine.sTEXT, "CEND");
+        const T_CASELINE_D line = bCase && !bEnd ? ReadCaseLine(rLine.sTEXT) : T_CASELINE_D();
+        bAsked = bAsked || line.pASKED;
+        requests.Add(line);
+        bCase = bCase || bEnd;
+    }
+    const std::vector<T_CASE_D> aCases = requests.GetCases();
+    if (bAsked) m_model.m_aCases = aCases;
+    m_model.m_case = aCases.front();
+    if (!m_rChoice.iSUBCASE) return;
+    const auto pChosen = std::find_if(aCases.begin(), aCases.end(),
+                                      [&](const T_CASE_D& rCase) { return rCase.iID == *m_rChoice.iSUBCASE; });
+    if (pChosen == aCases.end()) {
+        throw CFileException(m_source.GetFiles().front(), "there is no subcase " + std::to_string(*m_rChoice.iSUBCASE));
+    }
+    m_model.m_case = *pChosen;
+}
+
+void CRestate::Gather(std::uint32_t iCard) {
+    T_SOURCECARD_D& rSource = m_source.GetCards()[iCard];
+    std::string_view sWord = rSource.Text();
+    sWord = sWord.substr(0, std::min<std::size_t>(sWord.find_first_of(" ,*\t\n"), 8));
+    std::array<char, 8> aWord;
+    for (std::size_t i = 0; i < sWord.size() && i < aWord.size(); ++i) aWord[i] = ToUpper(sWord[i]);
+    const auto pRow = m_mapRows.find(std::string_view(aWord.data(), std::min(sWord.size(), aWord.size())));
+    if (pRow == m_mapRows.end()) return;
+    rSource.iROW = pRow->second;
+    const T_CARDRULES_D& rRow = m_aRows[rSource.iROW];
+    rSource.nNEEDS = NEED_ALWAYS;
+    if (!rRow.gather) return;
+    m_card.Read(rSource);
+    rSource.nNEEDS = rRow.gather(m_card, iCard);
+}
+
+/// Copies the executive and case control. What asks for supports and equations asks for the set that has them.
+void CRestate::WriteControl() {
+    bool bCase = false;
+    for (const T_CONTROL_D& rLine : m_source.GetControl()) {
+        m_writer.SetOrigin(rLine.origin);
+        const T_CASELINE_D line = bCase ? ReadCaseLine(rLine.sTEXT) : T_CASELINE_D();
+        if (line.pASKED == &T_CASE_D::iSPC || line.pASKED == &T_CASE_D::iMPC) continue;
+        std::string sText(rLine.sTEXT.substr(0, static_cast<std::size_t>(LONGEST_BULK_LINE)));
+        std::string sUpper = sText;
+        std::transform(sUpper.begin(), sUpper.end(), sUpper.begin(), &ToUpper);
+        if (sUpper.find("ENDDATA") != std::string::npos) {
+            m_told.Tell(DECK_RULES[DECK_ENDING], {}, rLine.origin);
+            continue;
+        }
+        m_writer.Copy(sText += '\n', 1);
+        if (bCase || !StartsWithoutCase(sText, "CEND")) continue;
+        bCase = true;
+        if (m_model.m_aCases.empty() || m_model.m_iSupportSet == 0) continue;
+        const std::string sSet = std::to_string(m_model.m_iSupportSet);
+        m_writer.Copy("SPC = " + sSet + "\n", 1);
+        m_writer.Copy("MPC = " + sSet + "\n", 1);
+    }
+    m_writer.Copy("BEGIN BULK\n", 1);
+}
+
+void CRestate::RestateCard(const T_SOURCECARD_D& rSource) {
+    m_writer.SetOrigin(rSource.origin);
+    const T_CARDRULES_D& rRow = m_aRows[rSource.iROW];
+    if (!rRow.restate || !(rSource.nNEEDS & m_model.m_nActive)) return Pass(rSource);
+    m_card.Clear();
+    m_card.Read(rSource);
+    rRow.restate(m_card);
+    if (m_card.GetBroken() != CCardFields::NOWHERE) {
+        const std::string sField =
+            std::to_string(m_card.GetBroken() + 2) + ": " + std::string(m_card.Text(m_card.GetBroken()));
+        m_told.Tell(DECK_RULES[DECK_BROKEN], m_card.GetKeyword(), rSource.origin, "field " + sField);
+        return Pass(rSource);
+    }
+    for (const auto& [pRule, sDetail] : m_card.m_aTold)
+        m_told.Tell(*pRule, m_card.GetKeyword(), rSource.origin, sDetail);
+    if (!m_card.IsChanged()) return Pass(rSource);
+    m_card.Finish(m_writer);
+}
+
+/// Lets a card through, in columns that the converter cuts as NASTRAN does.
+void CRestate::Pass(const T_SOURCECARD_D& rSource) {
+    if (rSource.bPLAIN) {
+        const std::string_view sText = rSource.Text();
+        return m_writer.Copy(sText, static_cast<std::int32_t>(std::count(sText.begin(), sText.end(), '\n')));
+    }
+    m_card.Clear();
+    m_card.Read(rSource);
+    const std::vector<T_CARDLINE_D>& rLines = m_card.GetText().GetLines();
+    bool bOtherwise = false;
+    for (std::size_t i = 0; i < rLines.size(); ++i) {
+        const T_CARDLINE_D& rLine = rLines[i];
+        const bool bMoved = rLine.bSHORT && i + 1 < rLines.size();
+        bOtherwise = bOtherwise || rLine.bTABBED || rLine.bCOMMENTED || rLine.bPASTMARK ||
+                     (rLine.bFREE && rLine.bLARGE) || (bMoved && (rLine.bFREE || rLine.bLARGE));
+    }
+    for (std::size_t i = 0; i < m_card.GetCount(); ++i) {
+        const std::string_view sField = m_card.Text(i);
+        bOtherwise = bOtherwise || sField.find_first_of("Dd+:") != std::string_view::npos;
+        if (PlainField(sField).find("ENDDATA") == std::string::npos) continue;
+        return m_told.Tell(DECK_RULES[DECK_ENDING], m_card.GetKeyword(), rSource.origin);
+    }
+    if (bOtherwise) m_told.Tell(DECK_RULES[DECK_LAYOUT], m_card.GetKeyword(), rSource.origin);
+    m_card.Finish(m_writer);
+}
+
+T_RESTATED_D RestateDeck(const std::string& sDeck, CFile& rFile, const T_CHOICE_D& rChoice) {
+    return CRestate(rFile, rChoice).Run(sDeck);
+}
+
+std::vector<T_RULE_D> GetRestateRules() {
+    std::vector<T_RULE_D> aRules;
+    for (const std::vector<T_RULE_D>* pRules : {&CSourceDeck::RULES, &DECK_RULES}) {
+        aRules.insert(aRules.end(), pRules->begin(), pRules->end());
+    }
+    const std::vector<T_RULE_D> aFamilies = GetFamilyRules();
+    aRules.insert(aRules.end(), aFamilies.begin(), aFamilies.end());
+    return aRules;
+}

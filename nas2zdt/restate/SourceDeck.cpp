@@ -1,0 +1,319 @@
+// Groups the lines of a deck into cards.
+
+#include "nas2zdt/restate/SourceDeck.h"
+
+#include "nas2zdt/restate/CardText.h"
+#include "nas2zdt/restate/FieldText.h"
+#include "nas2zdt/text/Words.h"
+#include "reader/Card.h"
+#include "reader/FieldParser.h"
+#include "reader/LineReader.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace {
+
+enum E_TEXTRULE { TEXT_UNREADABLE, TEXT_PART, TEXT_INCLUDE, TEXT_REPLICATED, TEXT_JOINED };
+
+constexpr std::size_t FIELD_WIDTH = 8;
+constexpr std::size_t MARK_COLUMN = 72; // from 0
+constexpr std::size_t FREE_COLUMNS = 10;
+constexpr std::size_t SHORTEST_LARGE = 57; // with all four of its fields
+constexpr std::int32_t MOST_REPLICAS = 10000000;
+
+/// What a byte does to a line that the converter would otherwise cut as NASTRAN does.
+enum : std::uint8_t { BYTE_ODD = 1, BYTE_ODD_IN_FIELDS = 2 };
+
+constexpr std::array<std::uint8_t, 256> MakeByteTable() {
+    std::array<std::uint8_t, 256> aBytes = {};
+    for (std::size_t i = 0; i < 32; ++i) aBytes[i] = BYTE_ODD;
+    for (const char c : {'$', ':', '=', ','}) aBytes[static_cast<unsigned char>(c)] = BYTE_ODD;
+    for (const char c : {'*', 'D', 'd'}) aBytes[static_cast<unsigned char>(c)] = BYTE_ODD_IN_FIELDS;
+    return aBytes;
+}
+constexpr std::array<std::uint8_t, 256> BYTES = MakeByteTable();
+
+std::uint8_t BytesOf(std::string_view sText) {
+    std::uint8_t nBytes = 0;
+    for (const char c : sText) nBytes |= BYTES[static_cast<unsigned char>(c)];
+    return nBytes;
+}
+
+/// Whether the converter cuts a line of fixed fields as NASTRAN does and reads its numbers so, too.
+bool IsPlain(std::string_view sText) {
+    if (sText.size() > static_cast<std::size_t>(LONGEST_BULK_LINE)) return false;
+    const std::string_view sFirst = sText.substr(0, FIELD_WIDTH);
+    if (sFirst.find('*') != std::string_view::npos && sText.size() < SHORTEST_LARGE) return false;
+    if (BytesOf(sFirst) & BYTE_ODD) return false;
+    if (sText.size() <= FIELD_WIDTH) return true;
+    if (sText.size() > MARK_COLUMN && (BytesOf(sText.substr(MARK_COLUMN)) & BYTE_ODD)) return false;
+    return BytesOf(sText.substr(FIELD_WIDTH, MARK_COLUMN - FIELD_WIDTH)) == 0;
+}
+
+/// Field 1 of a line, without the blanks around it.
+std::string_view FirstField(std::string_view sText) {
+    const std::size_t iComma = sText.substr(0, FREE_COLUMNS).find(',');
+    if (iComma != std::string_view::npos) return TrimText(sText.substr(0, iComma));
+    return TrimText(sText.substr(0, std::min(sText.find('\t'), FIELD_WIDTH)));
+}
+
+/// Field 10 of a line, bare.
+std::string LastMark(std::string_view sText) {
+    const bool bFixed = sText.find_first_of(",\t$") == std::string_view::npos;
+    if (bFixed) {
+        if (sText.size() <= MARK_COLUMN) return {};
+        return std::string(BareMark(TrimText(sText.substr(MARK_COLUMN, FIELD_WIDTH))));
+    }
+    CCardText text;
+    text.Read({&sText, 1});
+    return std::string(BareMark(text.GetLines()[0].sMARK));
+}
+
+/// A card's first word without the "*" of large field.
+std::string_view Keyword(std::string_view sFirst) {
+    return sFirst.ends_with('*') ? TrimText(sFirst.substr(0, sFirst.size() - 1)) : sFirst;
+}
+
+bool IsWord(std::string_view sFirst) {
+    return !sFirst.empty() && sFirst.find_first_of(" \t") == std::string_view::npos;
+}
+
+} // namespace
+
+const std::vector<T_RULE_D> CSourceDeck::RULES = {
+    {"unreadable", CLASS_MODEL, "", "a line that begins with no keyword", "left out: lines that begin with no keyword"},
+    {"part", CLASS_MODEL, "", "cards of a part apart", "left out: cards of another part, which --super converts",
+     "part"},
+    {"include-missing", CLASS_CONTROL, "INCLUDE", "an INCLUDE before BEGIN BULK that leads nowhere",
+     "passed over: a deck that isn't there, before BEGIN BULK", "control-include"},
+    {"replicated", CLASS_NOTE, "", "lines of replication", "restated: cards made from lines of replication",
+     "replication unknown-word said-ignored"},
+    {"joined", CLASS_NOTE, "", "continuation lines that stand elsewhere",
+     "restated: continuation lines put behind the line of their mark", "stray-line"},
+};
+
+void CTextStore::Append(std::string_view sText) {
+    if (sText.size() > m_nRoom) {
+        const std::size_t nBlock = std::max(BLOCK, m_nOpen + sText.size());
+        auto pBlock = std::make_unique_for_overwrite<char[]>(nBlock);
+        if (m_nOpen > 0) std::memcpy(pBlock.get(), m_pEnd - m_nOpen, m_nOpen);
+        m_pEnd = pBlock.get() + m_nOpen;
+        m_nRoom = nBlock - m_nOpen;
+        m_aBlocks.push_back(std::move(pBlock));
+    }
+    if (!sText.empty()) std::memcpy(m_pEnd, sText.data(), sText.size());
+    m_pEnd += sText.size();
+    m_nRoom -= sText.size();
+    m_nOpen += sText.size();
+}
+
+void CSourceDeck::Read(const std::string& sDeck, const T_JOINRULES_D& rRules) {
+    CDeckJoin join(*this, rRules);
+    join.Run(sDeck);
+    EndCard();
+    JoinStrays();
+    m_inputs = join.GetInputs();
+    for (const auto& [sKeyword, nCount] : m_mapParts) m_rTold.Tell(RULES[TEXT_PART], sKeyword, {}, {}, nCount);
+}
+
+void CSourceDeck::OnMissing(const std::string& sName, const T_JOINLINE_D& rLine) {
+    m_rTold.Tell(RULES[TEXT_INCLUDE], "INCLUDE", {static_cast<std::uint32_t>(rLine.iFILE), rLine.iLINE}, sName);
+}
+
+void CSourceDeck::OnLine(const T_JOINLINE_D& rLine) {
+    std::string_view sText = rLine.sTEXT;
+    while (!sText.empty() && (sText.back() == '\n' || sText.back() == '\r')) sText.remove_suffix(1);
+    const T_ORIGINLINE_D origin{static_cast<std::uint32_t>(rLine.iFILE), rLine.iLINE};
+    if (sText.starts_with('$') || sText.starts_with(CTRL_Z)) return;
+    if (TakeMarker(sText)) return EndCard();
+    if (rLine.bBULK) {
+        TakeBulk(sText, origin);
+    } else {
+        TakeControl(sText, origin);
+    }
+}
+
+/// Markers of sections aren't lines of any. A BEGIN may say which part begins.
+bool CSourceDeck::TakeMarker(std::string_view sText) {
+    const std::size_t iFirst = sText.find_first_not_of(" \t");
+    if (iFirst == std::string_view::npos) return false;
+    const char c = ToUpper(sText[iFirst]);
+    if (c != 'B' && c != 'E') return false;
+    if (StartsWithoutCase(sText, "ENDDATA")) return true;
+    sText.remove_prefix(iFirst);
+    if (!StartsWithoutCase(sText, "BEGIN") || sText.size() == 5 || (sText[5] != ' ' && sText[5] != '\t')) return false;
+    std::string sUpper(sText.substr(0, sText.find('$')));
+    std::transform(sUpper.begin(), sUpper.end(), sUpper.begin(), &ToUpper);
+    m_iInPart = 0;
+    for (const std::string_view sWord : {"SUPER", "AUXMODEL", "MODULE"}) {
+        const std::size_t iWord = sUpper.find(sWord);
+        if (iWord == std::string::npos) continue;
+        const std::size_t iNumber = sUpper.find_first_of("0123456789", iWord);
+        m_iInPart = iNumber == std::string::npos ? -1 : TextToInt(std::string_view(sUpper).substr(iNumber));
+        if (sWord != "SUPER") m_iInPart = -1; // no part that can be asked for
+    }
+    return true;
+}
+
+void CSourceDeck::TakeControl(std::string_view sText, const T_ORIGINLINE_D& rOrigin) {
+    if (TrimText(sText).empty()) return;
+    m_texts.Begin();
+    m_texts.Append(sText);
+    m_aControl.push_back({m_texts.GetOpen(), rOrigin});
+}
+
+void CSourceDeck::TakeBulk(std::string_view sText, const T_ORIGINLINE_D& rOrigin) {
+    const char c = sText.empty() ? ' ' : sText[0];
+    if (c != ' ' && c != '\t' && c != '+' && c != '*' && c != ',' && c != '=') return BeginCard(sText, rOrigin);
+    if (TrimText(sText.substr(0, sText.find('$'))).empty()) return;
+    const std::string_view sFirst = FirstField(sText);
+    if (c == '=' || sFirst.starts_with("*(")) return Replicate(sText, rOrigin);
+    if (sFirst.empty() || sFirst[0] == '+' || sFirst[0] == '*') return AddLine(sText);
+    BeginCard(sText, rOrigin);
+}
+
+void CSourceDeck::BeginCard(std::string_view sText, const T_ORIGINLINE_D& rOrigin) {
+    EndCard();
+    const std::string_view sFirst = FirstField(sText);
+    if (!IsWord(sFirst)) {
+        m_rTold.Tell(RULES[TEXT_UNREADABLE], sFirst, rOrigin);
+        return;
+    }
+    if (m_iInPart != m_iPart) {
+        std::string sKeyword(Keyword(sFirst));
+        std::transform(sKeyword.begin(), sKeyword.end(), sKeyword.begin(), &ToUpper);
+        ++m_mapParts[sKeyword];
+        return;
+    }
+    m_texts.Begin();
+    m_aCards.push_back({nullptr, 0, rOrigin, 0, 0, sText[0] != ' '});
+    m_bOpen = true;
+    m_sLastMark.clear();
+    AddLine(sText);
+}
+
+/// Adds a line to the card in hand, or begins a stray one if its mark is another.
+void CSourceDeck::AddLine(std::string_view sText) {
+    if (!m_bOpen) return; // of a line that can't be read, or of another part
+    const bool bGoesOn = !m_texts.GetOpen().empty();
+    if (bGoesOn && !(m_sLastMark.empty() && m_aWaiting.empty())) {
+        const std::string_view sMark = BareMark(FirstField(sText));
+        if (!sMark.empty() && sMark != m_sLastMark) {
+            EndCard();
+            m_bOpen = true;
+            m_texts.Begin();
+            m_aStrays.push_back({{}, m_aCards.size() - 1});
+        }
+    }
+    if (m_aCards.back().bPLAIN && !IsPlain(sText)) m_aCards.back().bPLAIN = false;
+    m_texts.Append(sText);
+    m_texts.Append('\n');
+    m_sLastMark = LastMark(sText);
+}
+
+/// Keeps the text of the card or of the stray line in hand.
+void CSourceDeck::EndCard() {
+    if (!m_bOpen) return;
+    m_bOpen = false;
+    const std::string_view sText = m_texts.GetOpen();
+    T_SOURCECARD_D& rCard = m_aCards.back();
+    if (rCard.pTEXT) {
+        m_aStrays.back().sTEXT = sText;
+        return;
+    }
+    rCard.pTEXT = sText.data();
+    rCard.nTEXT = static_cast<std::uint32_t>(sText.size());
+    if (!m_sLastMark.empty()) m_aWaiting.push_back(static_cast<std::uint32_t>(m_aCards.size() - 1));
+}
+
+/// Puts stray lines behind the line that ends in their mark, or else where they stand.
+void CSourceDeck::JoinStrays() {
+    if (m_aStrays.empty()) return;
+    std::map<std::string, std::vector<std::size_t>, std::less<>> mapStrays; // by mark, the last one first
+    for (std::size_t i = m_aStrays.size(); i-- > 0;) {
+        mapStrays[std::string(BareMark(FirstField(m_aStrays[i].sTEXT)))].push_back(i);
+    }
+    std::vector<bool> aJoined(m_aStrays.size());
+    const auto join = [&](std::size_t iCard, std::size_t iStray) {
+        T_SOURCECARD_D& rCard = m_aCards[iCard];
+        m_texts.Begin();
+        m_texts.Append(rCard.Text());
+        m_texts.Append(m_aStrays[iStray].sTEXT);
+        rCard.pTEXT = m_texts.GetOpen().data();
+        rCard.nTEXT = static_cast<std::uint32_t>(m_texts.GetOpen().size());
+        rCard.bPLAIN = false;
+        aJoined[iStray] = true;
+    };
+    const auto lastMark = [](std::string_view sLines) {
+        sLines.remove_suffix(1);
+        return LastMark(sLines.substr(sLines.rfind('\n') + 1)); // all of it if there is no other line
+    };
+    for (const std::uint32_t iCard : m_aWaiting) {
+        std::string sMark = lastMark(m_aCards[iCard].Text());
+        for (auto pFound = mapStrays.find(sMark); pFound != mapStrays.end() && !pFound->second.empty();
+             pFound = mapStrays.find(sMark)) {
+            const std::size_t iStray = pFound->second.back();
+            pFound->second.pop_back();
+            join(iCard, iStray);
+            m_rTold.Tell(RULES[TEXT_JOINED], Keyword(FirstField(m_aCards[iCard].Text())), m_aCards[iCard].origin);
+            sMark = lastMark(m_aStrays[iStray].sTEXT);
+        }
+    }
+    for (std::size_t i = 0; i < m_aStrays.size(); ++i) {
+        if (!aJoined[i]) join(m_aStrays[i].iCARD, i);
+    }
+}
+
+/// Makes cards of the last one: "=" takes a field of it, "*(x)" adds x to that, "==" takes all fields that follow. The
+/// count in field 1 is of cards; a line of a count alone goes on with the fields of the line before.
+void CSourceDeck::Replicate(std::string_view sText, const T_ORIGINLINE_D& rOrigin) {
+    EndCard();
+    if (m_iInPart != m_iPart) return;
+    const auto fail = [&] { m_rTold.Tell(RULES[TEXT_UNREADABLE], FirstField(sText), rOrigin); };
+    CCardText line, before;
+    line.Read({&sText, 1});
+    const std::string_view sCount = line.GetLines()[0].sFIRST;
+    if (!sCount.starts_with('=') || m_aCards.empty()) return fail();
+    std::int32_t nCards = 1;
+    if (sCount.size() > 1) {
+        const std::string_view sNumber = sCount.substr(sCount[1] == '(' ? 2 : 1);
+        nCards = TextToInt(sNumber.substr(0, sNumber.find(')')));
+    }
+    const std::vector<std::string_view>& rFields = line.GetFields();
+    const bool bOwn = std::any_of(rFields.begin(), rFields.end(), [](std::string_view s) { return !s.empty(); });
+    if (bOwn) m_sCommon = sText;
+    std::string_view sCommon = m_sCommon;
+    line.Read({&sCommon, 1});
+    if (sCommon.empty() || nCards < 1) return fail();
+    if (nCards > MOST_REPLICAS) {
+        throw CFileException(m_aFiles[rOrigin.iFILE] + ":" + std::to_string(rOrigin.iLINE),
+                             "a line of replication asks for more than " + std::to_string(MOST_REPLICAS) + " cards");
+    }
+    for (std::int32_t i = 0; i < nCards; ++i) {
+        std::string_view sBefore = m_aCards.back().Text();
+        sBefore.remove_suffix(1);
+        if (sBefore.find('\n') != std::string_view::npos) return fail(); // cards of several lines have no such form
+        before.Read({&sBefore, 1});
+        m_texts.Begin();
+        m_texts.Append(before.GetKeyword());
+        bool bRest = false;
+        for (std::size_t k = 0; k < before.GetFields().size(); ++k) {
+            const std::string_view sField = k < rFields.size() ? rFields[k] : std::string_view();
+            bRest = bRest || sField == "==";
+            m_texts.Append(',');
+            if (bRest || sField == "=") {
+                m_texts.Append(before.GetFields()[k]);
+            } else if (sField.starts_with("*(")) {
+                m_texts.Append(AddToField(before.GetFields()[k], sField.substr(2, sField.find(')') - 2)));
+            } else {
+                m_texts.Append(sField);
+            }
+        }
+        m_texts.Append('\n');
+        const std::string_view sMade = m_texts.GetOpen();
+        m_aCards.push_back({sMade.data(), static_cast<std::uint32_t>(sMade.size()), rOrigin, 0, 0, false});
+        m_rTold.Tell(RULES[TEXT_REPLICATED], before.GetKeyword(), rOrigin);
+    }
+}

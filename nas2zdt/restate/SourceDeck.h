@@ -1,0 +1,101 @@
+#pragma once
+// A deck with its includes as NASTRAN reads it: lines of control, and cards with the places that they came from.
+
+#include "nas2zdt/flatten/DeckJoin.h"
+#include "nas2zdt/restate/Rule.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Keeps texts where they are until the end. A text grows at its end until the next one begins.
+class CTextStore {
+  public:
+    void Begin() { m_nOpen = 0; }
+    void Append(std::string_view sText);
+    void Append(char c) { Append(std::string_view(&c, 1)); }
+    std::string_view GetOpen() const { return {m_pEnd - m_nOpen, m_nOpen}; }
+
+  private:
+    static constexpr std::size_t BLOCK = std::size_t{1} << 20;
+
+    std::vector<std::unique_ptr<char[]>> m_aBlocks;
+    char* m_pEnd = nullptr;
+    std::size_t m_nRoom = 0;
+    std::size_t m_nOpen = 0; // length of the text that grows
+};
+
+/// A line of the executive or case control.
+struct T_CONTROL_D {
+    std::string_view sTEXT; // without its line feed
+    T_ORIGINLINE_D origin;
+};
+
+/// A card.
+struct T_SOURCECARD_D {
+    const char* pTEXT = nullptr; // its lines, each with a line feed; no others are between them
+    std::uint32_t nTEXT = 0;
+    T_ORIGINLINE_D origin;   // of its first line
+    std::uint8_t iROW = 0;   // for the use of the rules
+    std::uint8_t nNEEDS = 0; // likewise
+    bool bPLAIN = true;      // whether the converter cuts it into the same fields
+
+    std::string_view Text() const { return {pTEXT, nTEXT}; }
+};
+
+/// Reads a deck. Comments and lines of blanks are nothing; continuation lines belong together by their marks, or else
+/// by their places; cards that lines of replication stand for are made. Of a deck with parts, one is read.
+class CSourceDeck : private CJoinSink {
+  public:
+    /// iPart is the superelement to be read, 0 for the main model.
+    CSourceDeck(CTold& rTold, std::int32_t iPart) : m_rTold(rTold), m_iPart(iPart) {}
+
+    /// Throws CFileException with the place in a deck if that can't be joined.
+    void Read(const std::string& sDeck, const T_JOINRULES_D& rRules);
+
+    const std::vector<T_CONTROL_D>& GetControl() const { return m_aControl; }
+    std::vector<T_SOURCECARD_D>& GetCards() { return m_aCards; }
+    const std::vector<std::string>& GetFiles() const { return m_aFiles; }
+    const T_INPUTS& GetInputs() const { return m_inputs; }
+
+    static const std::vector<T_RULE_D> RULES;
+
+  private:
+    void OnFile(const std::string& sPath) override { m_aFiles.push_back(sPath); }
+    void OnLine(const T_JOINLINE_D& rLine) override;
+    void OnSwitch(const T_JOINLINE_D&) override {}
+    void OnMissing(const std::string& sName, const T_JOINLINE_D& rLine) override;
+
+    void TakeControl(std::string_view sText, const T_ORIGINLINE_D& rOrigin);
+    bool TakeMarker(std::string_view sText);
+    void TakeBulk(std::string_view sText, const T_ORIGINLINE_D& rOrigin);
+    void BeginCard(std::string_view sText, const T_ORIGINLINE_D& rOrigin);
+    void AddLine(std::string_view sText);
+    void EndCard();
+    void Replicate(std::string_view sText, const T_ORIGINLINE_D& rOrigin);
+    void JoinStrays();
+
+    CTold& m_rTold;
+    std::int32_t m_iPart;
+    std::int32_t m_iInPart = 0; // the part that the lines in hand belong to
+    bool m_bBulk = false;
+    CTextStore m_texts;
+    std::vector<T_CONTROL_D> m_aControl;
+    std::vector<T_SOURCECARD_D> m_aCards;
+    bool m_bOpen = false;    // whether the last card may go on
+    std::string m_sLastMark; // field 10 of the last line, bare
+    std::string m_sCommon;   // of replication: the lines that are to be repeated
+    struct T_STRAY_D {
+        std::string_view sTEXT;
+        std::size_t iCARD; // the one before it
+    };
+    std::vector<T_STRAY_D> m_aStrays;                // continuation lines with another mark than the line before them
+    std::vector<std::uint32_t> m_aWaiting;           // cards that end in a mark
+    std::map<std::string, std::uint64_t> m_mapParts; // cards of parts that aren't read, by keyword
+    std::vector<std::string> m_aFiles;
+    T_INPUTS m_inputs;
+};
