@@ -87,7 +87,7 @@ void CConvertNastran::TakeObservedGroup(CDeckObserver& rObserver) {
     m_pQuiet->Count(m_card.iKEYWORD);
 }
 
-/// The same of a group that may be cut otherwise than NASTRAN does, or that it takes time to test for it.
+/// The same of a group that isn't one plain line: whether NASTRAN cuts it alike takes a closer look.
 [[gnu::noinline]] void CConvertNastran::TakeToldGroup() {
     const E_GROUP eGroup = ClassifyGroup(m_aLines);
     TellText();

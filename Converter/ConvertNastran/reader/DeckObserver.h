@@ -104,7 +104,7 @@ class CDeckObserver : public CLeftSink {
     virtual std::string LineText(std::int32_t iLine) const { return std::to_string(iLine); }
 
   protected:
-    T_QUIET_D m_quiet;
+    T_QUIET_D m_quiet; // every card is told until an observer says otherwise
 };
 
 /// Tells of those among the fields behind the first of a line that a "+" is about to delete. The last field is a

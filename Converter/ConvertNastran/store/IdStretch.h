@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <span>
 
-/// The longest stretch of neighbouring ids in a table. In most decks it holds nearly all of them, so that two
-/// comparisons tell that an id exists; of the others only the table knows.
+/// The longest stretch of neighbouring ids in a table. In most decks it holds nearly all of them, so that one
+/// comparison tells that an id exists; of the others only the table knows.
 class CIdStretch {
   public:
     bool Has(std::int32_t iID) const { return From(m_iFirst, iID) < m_nIds; }
