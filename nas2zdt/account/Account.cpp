@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 static_assert(T_KEYWORD_D::TABLE.size() < 256); // a keyword's id fits into a byte
 static_assert(NOTE_UNKNOWN_WORD == static_cast<int>(LOSS_UNKNOWN_WORD));
@@ -19,8 +20,9 @@ CAccount::CAccount() {
         m_aKnown[i].sNAME = T_KEYWORD_D::TABLE[i].sNAME;
         m_aDrops.emplace_back(T_KEYWORD_D::TABLE[i].sNAME);
         if (T_KEYWORD_D::TABLE[i].eACTION != CARD_PARSED) continue;
-        m_quiet.aWATCHED[i] = 0;
-        m_aDrops[i].GetWatched(m_quiet.aWATCHED[i], m_quiet.aVALUES[i]);
+        std::uint32_t nFilled = 0, nValues = 0;
+        m_aDrops[i].GetWatched(nFilled, nValues);
+        m_quiet.aWATCHES[i].Set(nFilled, nValues);
     }
 }
 
@@ -63,10 +65,10 @@ void CAccount::Note(T_WORD_D& rWord, E_NOTE eNote, E_LOSS_CLASS eClass, const T_
 void CAccount::OnDeckEnd(bool bBulk) {
     if (!bBulk) Note(Unknown(""), NOTE_NO_BULK, CLASS_MODEL, Place(0, 0));
     for (std::size_t i = 0; i < m_aKnown.size(); ++i) {
-        m_aKnown[i].nREAD += m_quiet.aCOUNTS[i];
-        m_aKnown[i].nSTORED += m_quiet.aCOUNTS[i];
+        const std::uint32_t nCount = std::exchange(m_quiet.aWATCHES[i].nCOUNT, 0);
+        m_aKnown[i].nREAD += nCount;
+        m_aKnown[i].nSTORED += nCount;
     }
-    m_quiet.aCOUNTS = {};
     SetLast(nullptr);
 }
 

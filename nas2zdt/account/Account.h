@@ -77,11 +77,13 @@ class CAccount : public CDeckObserver {
         m_iSaidIgnored = iLine;
         m_quiet.bTELLALL = true;
     }
-    T_QUIET_D* GetQuiet() override { return &m_quiet; }
     void OnBytesRead(std::uint64_t) override {}
 
     void OnLeft(const T_LEFT_D& rLeft) override;
-    void OnReplaced(const char* sKeyword, bool bSame) override { m_aReplaced.push_back({sKeyword, bSame}); }
+    void OnReplaced(const char* sKeyword, bool bSame) override {
+        m_aReplaced.push_back({sKeyword, bSame});
+        m_quiet.bTELLALL = true; // the card in hand, too
+    }
 
     /// After the run: adds what the deck's end tells.
     void EndRun(const CDataPool& rPool);
@@ -132,7 +134,6 @@ class CAccount : public CDeckObserver {
 
     std::array<T_WORD_D, T_KEYWORD_D::TABLE.size()> m_aKnown;
     std::vector<CDrops> m_aDrops; // by keyword
-    T_QUIET_D m_quiet;
     std::map<std::string, T_WORD_D, std::less<>> m_mapUnknown;
     T_WORD_D* m_pUnknown = nullptr; // the last one used
     struct T_LAST_D {

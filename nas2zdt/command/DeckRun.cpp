@@ -72,7 +72,7 @@ class CRunWatch : public CDeckObserver {
     void OnSaidIgnored(std::int32_t iLine) override {
         if (m_pAccount) m_pAccount->OnSaidIgnored(iLine);
     }
-    T_QUIET_D* GetQuiet() override { return m_pAccount ? m_pAccount->GetQuiet() : nullptr; }
+    T_QUIET_D& GetQuiet() override { return m_pAccount ? m_pAccount->GetQuiet() : m_quiet; }
     void OnReplaced(const char* sKeyword, bool bSame) override {
         if (m_pAccount) m_pAccount->OnReplaced(sKeyword, bSame);
     }

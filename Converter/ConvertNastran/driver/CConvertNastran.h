@@ -23,6 +23,7 @@ class CDeckObserver;
 class CDialogs;
 class CKeywordMap;
 class CZdtMsgMgr;
+enum E_GROUP : std::int32_t;
 enum E_LOSS : std::int32_t;
 struct T_KEYWORD_D;
 struct T_LEFT_D;
@@ -119,8 +120,12 @@ class CConvertNastran {
 
     // reader/DeckObserver.cpp
     void TakeObservedGroup(CDeckObserver& rObserver);
+    void TakeToldGroup();
+    void TellCard();
+    void LoseUnknown(E_GROUP eGroup);
     void LoseGroup(E_LOSS eLoss);
     void TellText();
+    void TellJoining(const T_LINE_D& rLine);
     std::string LineText(std::int32_t iLine) const;
     std::string LineInfoText(const std::vector<std::int32_t>& aLines) const;
 
@@ -266,17 +271,16 @@ class CConvertNastran {
     T_CONVERT_D m_options;
     T_FAIL_D m_failure;
 
-    CDeckList m_aIncludeFiles;                              // the main deck, too
-    CLineReader m_fp;                                       // of the current deck
-    std::int32_t m_iSection = 0;                            // 0 before CEND, 1 case control, 2 bulk data
-    std::int32_t m_iLineNo = 0;                             // lines read of the current deck
-    std::int64_t m_nFileLines = 0;                          // lines that count; a Ctrl-Z ends them
-    CLineGroup m_aLines;                                    // of the card in hand
-    T_DATA_D m_card;                                        // made of them
-    T_FIELDUSE_D m_fieldUse;                                // of its fields, for the observer
-    std::vector<T_RAWLINE_D> m_aRawLines;                   // of its lines, likewise
-    std::array<char, T_LINE_D::SMALL_COLUMNS> m_aKept = {}; // text of its line before it was cut, likewise
-    T_QUIET_D* m_pQuiet = nullptr;                          // what the observer needn't be told of
+    CDeckList m_aIncludeFiles;            // the main deck, too
+    CLineReader m_fp;                     // of the current deck
+    std::int32_t m_iSection = 0;          // 0 before CEND, 1 case control, 2 bulk data
+    std::int32_t m_iLineNo = 0;           // lines read of the current deck
+    std::int64_t m_nFileLines = 0;        // lines that count; a Ctrl-Z ends them
+    CLineGroup m_aLines;                  // of the card in hand
+    T_DATA_D m_card;                      // made of them
+    T_FIELDUSE_D m_fieldUse;              // of its fields, for the observer
+    std::vector<T_RAWLINE_D> m_aRawLines; // of its lines, likewise
+    T_QUIET_D* m_pQuiet = nullptr;        // what the observer needn't be told of
 
     std::int32_t m_iCurLoadSet = 0;    // set of the last load card
     T_LOAD_D* m_pCurLoadSet = nullptr; // its record

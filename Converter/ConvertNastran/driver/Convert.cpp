@@ -35,7 +35,9 @@ int CConvertNastran::Convert(const std::string& sPath, const T_CONVERT_D& rOptio
         m_options = rOptions;
         m_failure = {};
         m_nPSHELL = 0;
-        m_pQuiet = m_options.pOBSERVER ? m_options.pOBSERVER->GetQuiet() : nullptr;
+        m_card.pUSE = m_options.pOBSERVER ? &m_fieldUse : nullptr;
+        m_fieldUse.Clear();
+        m_pQuiet = m_options.pOBSERVER ? &m_options.pOBSERVER->GetQuiet() : nullptr;
         m_pDataPool->m_pLeftSink = m_options.pOBSERVER;
         ReadDecks(sPath);
         m_pDataPool->m_pMsgMgr = m_pMsgMgr.get();

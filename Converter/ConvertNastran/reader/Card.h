@@ -33,12 +33,14 @@ struct T_LINE_D {
     bool bTABBED = false;  // whether it may have a tab
     bool bRETURN = false;  // whether it may have a carriage return
     bool bENDING = false;  // whether it may have "ENDDATA"
-    bool bJOINED = false;  // whether blanks inside a field were taken out
     bool bCUT = false;     // whether there was a ":", where the text ends now
     std::uint32_t nTEXT = 0;
     char aTEXT[ROOM];
 
     std::string_view Text() const { return {aTEXT, nTEXT}; }
+
+    /// Columns of a small field line before the data field of that place.
+    static constexpr std::size_t ColumnsBefore(std::size_t iField) { return 8 * (iField + 1); }
 };
 
 /// A line of a group before it is cut into fields, in upper case.
@@ -56,13 +58,13 @@ struct T_FIELDUSE_D {
     std::vector<T_SKIP_D> aSKIPPED;    // fields that were passed over and aren't blank, in card order
     std::vector<std::size_t> aMISREAD; // fields taken as numbers that they aren't to their end
     std::size_t nREACHED = 0;          // fields from this one on were never reached
-
-    bool HasNotes() const { return !aSKIPPED.empty() || !aMISREAD.empty(); }
+    bool bTELL = false;                // whether there is anything of these two, or the text may be cut otherwise
 
     void Clear() {
         aSKIPPED.clear();
         aMISREAD.clear();
         nREACHED = 0;
+        bTELL = false;
     }
 };
 

@@ -47,17 +47,15 @@ int CConvertNastran::AssembleCard() {
 /// Nine pieces of eight columns, blank where the line ends before; columns past 72 aren't looked at. The first goes to
 /// rFirst, the others behind the fields of m_card.
 int CConvertNastran::SplitSmallLine(T_LINE_D& rLine, std::string_view& rFirst) {
-    bool bJoined = false;
     const auto Field = [&](std::size_t iColumn) {
         char* pField = rLine.aTEXT + iColumn;
         return rLine.bTABBED ? CNastranStrParser::RemoveBlanks(pField, pField + 8)
-                             : CNastranStrParser::RemoveBlanksOf8(pField, bJoined);
+                             : CNastranStrParser::RemoveBlanksOf8(pField, [&] { TellJoining(rLine); });
     };
     rFirst = Field(0);
     const std::size_t nFields = m_card.aFIELDS.size();
     m_card.aFIELDS.resize(nFields + 8);
     for (std::size_t i = 0; i < 8; ++i) m_card.aFIELDS[nFields + i] = Field(8 * (i + 1));
-    rLine.bJOINED = bJoined;
     return 1;
 }
 

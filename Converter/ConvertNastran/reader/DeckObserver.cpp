@@ -8,23 +8,22 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstring>
+#include <utility>
+
+/// What a group begins with. It must be asked for before fields are cut, which changes the text; but it doesn't change
+/// how a small field line begins.
+enum E_GROUP : std::int32_t { GROUP_CARD, GROUP_CONTINUATION, GROUP_EMPTY };
 
 namespace {
 
-/// What a group begins with. It must be asked for before fields are cut, which changes the text.
-enum E_GROUP { GROUP_CARD, GROUP_CONTINUATION, GROUP_EMPTY };
-
-E_GROUP ClassifyGroup(std::string_view sFirst, std::size_t nLines) {
+E_GROUP ClassifyGroup(const CLineGroup& rLines) {
+    const std::string_view sFirst = rLines.First().Text();
     const char c = sFirst[0];
     if (c == '*' || c == '+' || c == ' ' || c == ',') return GROUP_CONTINUATION;
     if (c > ' ') return GROUP_CARD;
     // In a deck with CR LF an empty line holds a carriage return, and lines may continue it all the same.
     if (sFirst.find_first_not_of(" \t\r") != std::string_view::npos) return GROUP_CARD;
-    return nLines > 1 ? GROUP_CONTINUATION : GROUP_EMPTY;
-}
-E_GROUP ClassifyGroup(const CLineGroup& rLines) {
-    return ClassifyGroup(rLines.First().Text(), rLines.GetCount());
+    return rLines.GetCount() > 1 ? GROUP_CONTINUATION : GROUP_EMPTY;
 }
 
 /// rCard is the group as far as it could be assembled.
@@ -34,14 +33,13 @@ void TellLoss(CDeckObserver& rObserver, E_LOSS eLoss, E_GROUP eGroup, const CLin
     rObserver.OnLoss({eLoss, rCard.iKEYWORD, rCard.sWORD, rLines.First().iLINE, rLines.Last().iLINE});
 }
 
-/// Whether all fields of a card were read that aren't blank, and none of them is watched.
-bool IsQuiet(const T_QUIET_D& rQuiet, const T_DATA_D& rCard) {
-    const std::uint32_t nWatched = rQuiet.aWATCHED[static_cast<std::size_t>(rCard.iKEYWORD)];
-    const T_FIELDUSE_D& rUse = *rCard.pUSE;
-    if (nWatched == T_QUIET_D::EVERY_CARD || rQuiet.bTELLALL || rUse.HasNotes()) return false;
+/// Whether a field isn't blank that is watched or wasn't read.
+bool HasFieldToTell(const T_QUIET_D& rQuiet, const T_DATA_D& rCard) {
+    const T_QUIET_D::T_WATCH_D& rWatch = rQuiet.aWATCHES[static_cast<std::size_t>(rCard.iKEYWORD)];
+    if (rWatch.nFILLED == T_QUIET_D::EVERY_CARD) return true;
     const std::vector<std::string_view>& rFields = rCard.aFIELDS;
-    for (std::size_t i = rUse.nREACHED; i < rFields.size(); ++i) {
-        if (!rFields[i].empty()) return false;
+    for (std::size_t i = rCard.pUSE->nREACHED; i < rFields.size(); ++i) {
+        if (!rFields[i].empty()) return true;
     }
     const auto anyField = [&](std::uint32_t nFields, auto holds) {
         for (; nFields != 0; nFields &= nFields - 1) {
@@ -51,9 +49,17 @@ bool IsQuiet(const T_QUIET_D& rQuiet, const T_DATA_D& rCard) {
         return false;
     };
     const auto isFilled = [](std::string_view s) { return !s.empty(); };
-    const auto hasValue = [](std::string_view s) { return s.find_first_not_of("0.") != std::string_view::npos; };
-    return !anyField(nWatched, isFilled) &&
-           !anyField(rQuiet.aVALUES[static_cast<std::size_t>(rCard.iKEYWORD)], hasValue);
+    const auto isOfValue = [](char c) { return c != '0' && c != '.'; };
+    const auto hasValue = [&](std::string_view s) { return std::any_of(s.begin(), s.end(), isOfValue); };
+    return anyField(rWatch.nFILLED, isFilled) || anyField(rWatch.nVALUES, hasValue);
+}
+
+/// A quick test of a card on a small field line of nText characters, false if it takes a closer look: most lines end
+/// before the first field that is watched or wasn't read.
+bool IsSurelyQuiet(const T_QUIET_D& rQuiet, const T_DATA_D& rCard, std::size_t nText) {
+    const T_QUIET_D::T_WATCH_D& rWatch = rQuiet.aWATCHES[static_cast<std::size_t>(rCard.iKEYWORD)];
+    return !rCard.pUSE->bTELL && !rQuiet.bTELLALL && nText <= rWatch.nCOLUMNS &&
+           nText <= T_LINE_D::ColumnsBefore(rCard.pUSE->nREACHED);
 }
 
 } // namespace
@@ -67,37 +73,52 @@ void TellDeletedFields(CDeckObserver& rObserver, std::span<const std::string_vie
     if (nDeleted > 0) rObserver.OnFieldsDeleted(nDeleted, iLine);
 }
 
-/// Assembles and dispatches the group in hand, and tells what came of it.
+/// Assembles and dispatches the group in hand, and tells what came of it. Nearly all groups take the way down to the
+/// end, which is kept short: the others have functions of their own, which aren't to be inlined into it.
 void CConvertNastran::TakeObservedGroup(CDeckObserver& rObserver) {
     if (m_fp.HasReadMore()) rObserver.OnBytesRead(m_fp.GetBytesRead());
-    const T_LINE_D& rFirst = m_aLines.First();
-    const std::size_t nReplaced = m_pDataPool->m_nReplaced;
-    const bool bPlain = IsPlainSmallLine(m_aLines);
-    E_GROUP eGroup = GROUP_CARD;
-    if (bPlain) {
-        std::memcpy(m_aKept.data(), rFirst.aTEXT, m_aKept.size()); // a field may be changed when it is cut
-    } else {
-        eGroup = ClassifyGroup(m_aLines);
-        TellText();
-    }
-    const int bCard = AssembleCard();
-    const bool bJoined = bPlain && rFirst.bJOINED;
-    const T_RAWLINE_D kept{{m_aKept.data(), std::min<std::size_t>(rFirst.nTEXT, m_aKept.size())}};
-    if (bJoined) rObserver.OnText({&kept, 1}, rFirst.iLINE);
-    if (!bCard || m_card.iKEYWORD < 0) {
-        if (bPlain) eGroup = ClassifyGroup(kept.sTEXT, 1);
-        TellLoss(rObserver, LOSS_UNKNOWN_WORD, eGroup, m_aLines, m_card);
-        return;
-    }
-    m_fieldUse.Clear();
-    m_card.pUSE = &m_fieldUse;
+    if (!IsPlainSmallLine(m_aLines)) return TakeToldGroup();
+    m_fieldUse.bTELL = false;
+    AssembleCard();
+    if (m_card.iKEYWORD < 0) return LoseUnknown(ClassifyGroup(m_aLines));
+    m_fieldUse.nREACHED = 0;
     DispatchCard(m_card);
-    if (m_pQuiet && bPlain && !bJoined && nReplaced == m_pDataPool->m_nReplaced && IsQuiet(*m_pQuiet, m_card)) {
-        m_pQuiet->iLAST = m_card.iKEYWORD;
-        ++m_pQuiet->aCOUNTS[static_cast<std::size_t>(m_card.iKEYWORD)];
+    if (!IsSurelyQuiet(*m_pQuiet, m_card, m_aLines.First().nTEXT)) return TellCard();
+    m_pQuiet->Count(m_card.iKEYWORD);
+}
+
+/// The same of a group that isn't one plain line: whether NASTRAN cuts it alike takes a closer look.
+[[gnu::noinline]] void CConvertNastran::TakeToldGroup() {
+    const E_GROUP eGroup = ClassifyGroup(m_aLines);
+    TellText();
+    m_fieldUse.bTELL = true;
+    AssembleCard();
+    if (m_card.iKEYWORD < 0) return LoseUnknown(eGroup);
+    m_fieldUse.nREACHED = 0;
+    DispatchCard(m_card);
+    TellCard();
+}
+
+/// Tells of the card in hand, if there is anything to tell.
+[[gnu::noinline]] void CConvertNastran::TellCard() {
+    if (m_fieldUse.bTELL || m_pQuiet->bTELLALL || HasFieldToTell(*m_pQuiet, m_card)) {
+        m_options.pOBSERVER->OnCard(m_card, m_fieldUse, m_aLines.First().iLINE, m_aLines.Last().iLINE);
+        m_fieldUse.Clear();
     } else {
-        rObserver.OnCard(m_card, m_fieldUse, rFirst.iLINE, m_aLines.Last().iLINE);
+        m_pQuiet->Count(m_card.iKEYWORD);
     }
+}
+
+/// Tells that the group in hand, which is assembled, begins with a word that isn't in the vocabulary.
+[[gnu::noinline]] void CConvertNastran::LoseUnknown(E_GROUP eGroup) {
+    TellLoss(*m_options.pOBSERVER, LOSS_UNKNOWN_WORD, eGroup, m_aLines, m_card);
+}
+
+/// Tells the text of a plain small field line before the first of its fields is joined: NASTRAN doesn't join it.
+void CConvertNastran::TellJoining(const T_LINE_D& rLine) {
+    if (!m_card.pUSE || std::exchange(m_fieldUse.bTELL, true)) return;
+    const T_RAWLINE_D text{rLine.Text().substr(0, T_LINE_D::SMALL_COLUMNS)};
+    m_options.pOBSERVER->OnText({&text, 1}, rLine.iLINE);
 }
 
 /// Tells the text of the group in hand, which isn't cut yet, unless everybody cuts it alike.
@@ -114,6 +135,7 @@ void CConvertNastran::LoseGroup(E_LOSS eLoss) {
     const E_GROUP eGroup = ClassifyGroup(m_aLines);
     if (eGroup == GROUP_EMPTY) return;
     TellText();
+    m_fieldUse.bTELL = true; // its text is told
     AssembleCard();
     TellLoss(*m_options.pOBSERVER, eLoss, eGroup, m_aLines, m_card);
 }

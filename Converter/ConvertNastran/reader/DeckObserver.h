@@ -5,6 +5,7 @@
 #include "store/Left.h"
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -35,13 +36,29 @@ struct T_QUIET_D {
     static constexpr std::size_t MOST_KEYWORDS = 256; // more than there are
     static constexpr std::uint32_t EVERY_CARD = ~std::uint32_t(0);
 
-    std::array<std::uint32_t, MOST_KEYWORDS> aWATCHED;     // by keyword: a bit for each field that is told unless blank
-    std::array<std::uint32_t, MOST_KEYWORDS> aVALUES = {}; // likewise: a bit for each that is told unless blank or zero
-    std::array<std::uint64_t, MOST_KEYWORDS> aCOUNTS = {};
-    std::int32_t iLAST = -1; // keyword of the last card, if it wasn't told
-    bool bTELLALL = false;   // for a while, whatever is watched
+    /// Of the cards of a keyword.
+    struct T_WATCH_D {
+        std::uint32_t nFILLED = EVERY_CARD; // a bit for each field that is told unless blank
+        std::uint32_t nVALUES = 0;          // likewise, for each that is told unless blank or zero
+        std::uint32_t nCOLUMNS = 0;         // of a small field line before the first of both
+        std::uint32_t nCOUNT = 0;           // of cards that weren't told
 
-    T_QUIET_D() { aWATCHED.fill(EVERY_CARD); }
+        void Set(std::uint32_t nFilled, std::uint32_t nValues) {
+            nFILLED = nFilled;
+            nVALUES = nValues;
+            const auto iFirst = static_cast<std::size_t>(std::countr_zero(nFilled | nValues));
+            nCOLUMNS = nFilled == EVERY_CARD ? 0 : static_cast<std::uint32_t>(T_LINE_D::ColumnsBefore(iFirst));
+        }
+    };
+    std::array<T_WATCH_D, MOST_KEYWORDS> aWATCHES; // by keyword
+    std::int32_t iLAST = -1;                       // keyword of the last card, if it wasn't told
+    bool bTELLALL = false; // for a while, whatever is watched; it may be set while the card in hand is read
+
+    /// Takes note of a card that isn't told.
+    void Count(std::int32_t iKeyword) {
+        iLAST = iKeyword;
+        ++aWATCHES[static_cast<std::size_t>(iKeyword)].nCOUNT;
+    }
 };
 
 /// Told in the order of the deck, while the run goes on, and of what the target file doesn't say behind it, in the
@@ -66,8 +83,8 @@ class CDeckObserver : public CLeftSink {
     /// The log says that this line is ignored, as one of automatic generation. It is read like any other.
     virtual void OnSaidIgnored(std::int32_t) {}
 
-    /// What the observer doesn't ask to be told of; null, if it wants to know of every card.
-    virtual T_QUIET_D* GetQuiet() { return nullptr; }
+    /// What the observer doesn't ask to be told of, which is nothing at first.
+    virtual T_QUIET_D& GetQuiet() { return m_quiet; }
 
     /// A card of the vocabulary, from lines iFirst to iLast, was dispatched; rUse is what its handler made of its
     /// fields, empty if there is no handler.
@@ -85,6 +102,9 @@ class CDeckObserver : public CLeftSink {
 
     /// How the log names a line of the deck being read. The run itself gives the number alone.
     virtual std::string LineText(std::int32_t iLine) const { return std::to_string(iLine); }
+
+  protected:
+    T_QUIET_D m_quiet; // every card is told until an observer says otherwise
 };
 
 /// Tells of those among the fields behind the first of a line that a "+" is about to delete. The last field is a

@@ -31,9 +31,10 @@ class CNastranStrParser {
     /// Takes blanks, tabs and line feeds out of [pBegin, pEnd), in place. A carriage return stays.
     static std::string_view RemoveBlanks(char* pBegin, char* pEnd);
 
-    /// The same for the eight columns at pField, which hold neither tabs nor line feeds. rJoined becomes true if there
-    /// are blanks between others; else the text stays as it is.
-    static std::string_view RemoveBlanksOf8(char* pField, bool& rJoined) {
+    /// The same for the eight columns at pField, which hold neither tabs nor line feeds. If there are blanks between
+    /// others, join() is called before they are taken out; else the text stays as it is.
+    template <class JOIN>
+    static std::string_view RemoveBlanksOf8(char* pField, JOIN join) {
         // A bit for each column that isn't blank. Most fields are one word, which is its own result.
         constexpr TEXTWORD LOW_BITS = RepeatInWord(0x7F);
         const TEXTWORD nOther = LoadWord(pField) ^ RepeatInWord(' ');
@@ -43,7 +44,7 @@ class CNastranStrParser {
         const int nText = 8 - std::countl_zero(nFilled) / 8 - iFirst;
         const TEXTWORD nOneWord = (~LOW_BITS >> (64 - 8 * nText)) << (8 * iFirst);
         if (nFilled != nOneWord) {
-            rJoined = true;
+            join();
             return RemoveBlanks(pField, pField + WORD_LENGTH);
         }
         return {pField + iFirst, static_cast<std::size_t>(nText)};

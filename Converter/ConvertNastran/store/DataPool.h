@@ -11,6 +11,7 @@
 #include "store/Map.h"
 #include "store/PropertyRecords.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <span>
@@ -54,8 +55,6 @@ class CDataPool {
     CMap<T_CNST_D> CNST{1001};
     CMap<T_LOAD_D> LOAD{101};
 
-    std::size_t m_nReplaced = 0; // records that others of their ids replaced
-
     /// Inserts a record, or replaces the one of that id, which is told. Always 1.
     template <class RECORD>
     int Set(CMap<RECORD>& rTable, std::int32_t iID, RECORD record) {
@@ -64,7 +63,6 @@ class CDataPool {
         });
     }
     void TellReplaced(const char* sKeyword, bool bSame) {
-        ++m_nReplaced;
         if (m_pLeftSink) m_pLeftSink->OnReplaced(sKeyword, bSame);
     }
 
@@ -120,18 +118,18 @@ class CDataPool {
     bool IsPropertyMissing(std::int32_t iID) const { return m_pLeftSink && !PROP.Find(iID); }
     bool IsMaterialMissing(std::int32_t iID) const { return m_pLeftSink && !MATL.Find(iID); }
 
+    /// Whether one of some grids may be missing: a quick answer for those who tell it, false while nobody is to be
+    /// told.
+    bool MayMissGrid(std::span<const std::int32_t> aGrids) const { return m_pLeftSink && !m_grids.HasAll(aGrids); }
+
     /// Finds the first of some grids that is missing. False for none, also while nobody is to be told.
     bool FindMissingGrid(std::span<const std::int32_t> aGrids, std::int32_t& rMissing) const {
-        if (!m_pLeftSink) return false;
-        bool bAll = true;
-        for (const std::int32_t iGrid : aGrids) bAll &= m_grids.Has(iGrid);
-        if (bAll) return false;
-        for (const std::int32_t iGrid : aGrids) {
-            if (!IsGridMissing(iGrid)) continue;
-            rMissing = iGrid;
-            return true;
-        }
-        return false;
+        if (!MayMissGrid(aGrids)) return false;
+        const auto isMissing = [this](std::int32_t iGrid) { return IsGridMissing(iGrid); };
+        const auto pMissing = std::find_if(aGrids.begin(), aGrids.end(), isMissing);
+        if (pMissing == aGrids.end()) return false;
+        rMissing = *pMissing;
+        return true;
     }
 
     /// Replaces rIds by the ids of all load sets, ascending. Returns 1, or 0 if there are none.

@@ -4,23 +4,29 @@
 #include "store/Map.h"
 
 #include <cstdint>
+#include <span>
 
-/// The longest stretch of neighbouring ids in a table. In most decks it holds nearly all of them, so that two
-/// comparisons tell that an id exists; of the others only the table knows.
+/// The longest stretch of neighbouring ids in a table. In most decks it holds nearly all of them, so that one
+/// comparison tells that an id exists; of the others only the table knows.
 class CIdStretch {
   public:
-    bool Has(std::int32_t iID) const { return m_iFirst <= iID && iID <= m_iLast; }
+    bool Has(std::int32_t iID) const { return From(m_iFirst, iID) < m_nIds; }
+    bool HasAll(std::span<const std::int32_t> aIds) const {
+        bool bAll = true;
+        for (const std::int32_t iID : aIds) bAll &= Has(iID);
+        return bAll;
+    }
 
     /// Looks for the stretch in rTable, among ids that were added one after the other.
     template <class RECORD>
     void Measure(const CMap<RECORD>& rTable) {
         std::int64_t iFirst = 0, iNext = 0; // of the stretch in hand, which is none at first
         const auto keepLongest = [&] {
-            if (iNext - iFirst <= std::int64_t(m_iLast) + 1 - m_iFirst) return;
+            if (iNext - iFirst <= m_nIds) return;
             m_iFirst = static_cast<std::int32_t>(iFirst);
-            m_iLast = static_cast<std::int32_t>(iNext - 1);
+            m_nIds = static_cast<std::uint32_t>(iNext - iFirst);
         };
-        rTable.ForEach([&](std::int32_t iID, const RECORD&) {
+        rTable.ForEachKey([&](std::int32_t iID) {
             if (iID != iNext) {
                 keepLongest();
                 iFirst = iID;
@@ -31,6 +37,11 @@ class CIdStretch {
     }
 
   private:
-    std::int32_t m_iFirst = 0; // none at all
-    std::int32_t m_iLast = -1;
+    /// Steps from one id up to another, which are many if that is smaller.
+    static std::uint32_t From(std::int32_t iFirst, std::int32_t iID) {
+        return static_cast<std::uint32_t>(iID) - static_cast<std::uint32_t>(iFirst);
+    }
+
+    std::int32_t m_iFirst = 0;
+    std::uint32_t m_nIds = 0;
 };

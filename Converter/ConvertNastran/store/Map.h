@@ -134,6 +134,15 @@ class CMap {
         for (std::size_t i = 0; i < m_nRecords; ++i) visit(KeyAt(i), At(i));
     }
 
+    /// Calls visit(id) for the keys of all records in the order of insertion.
+    template <class VISIT>
+    void ForEachKey(VISIT visit) const {
+        for (std::size_t iBegin = 0; iBegin < m_nRecords; iBegin += BLOCK) { // block by block
+            const std::int32_t* const pKeys = &KeyAt(iBegin);
+            std::for_each(pKeys, pKeys + std::min(BLOCK, m_nRecords - iBegin), visit);
+        }
+    }
+
     /// The traits of the record of a key, 0 if there is none.
     std::uint16_t TraitsOf(std::int32_t iKey) const {
         const std::uint32_t iPlace = m_index.Find(iKey);

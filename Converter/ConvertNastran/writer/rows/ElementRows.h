@@ -6,8 +6,7 @@
 #include "writer/rows/ElementLosses.h"
 
 #include <array>
-
-#include <array>
+#include <span>
 
 /// A grid at its position in the basic frame.
 struct T_NODE_ROW {
@@ -68,13 +67,16 @@ void VisitElement(const CDataPool& rPool, std::int32_t iEID, const T_ELEM_D& rEl
     const T_PROP_D* pProperty = rPool.PROP.Find(iPID);
     const std::int32_t iMID = pProperty ? pProperty->iMID : 1;
     const auto Node = [&](std::size_t iSlot) { return rPool.MapNodeId(rElement.iNODE[iSlot]); };
+    const auto Test = [&](std::span<const std::int32_t> aNodes) {
+        if (rPool.MayMissGrid(aNodes)) TellMissingGrid(rPool, iEID, rElement, aNodes, rVisitor);
+    };
     const auto Line = [&](const auto& r) {
         rVisitor(r);
-        if (rPool.m_pLeftSink) TellMissingGrid(rPool, iEID, rElement, std::array{r.iNODE1, r.iNODE2}, rVisitor);
+        Test(std::array{r.iNODE1, r.iNODE2});
     };
     const auto Face = [&](const auto& r) {
         rVisitor(r);
-        if (rPool.m_pLeftSink) TellMissingGrid(rPool, iEID, rElement, {r.aNODES.data(), r.nCORNERS}, rVisitor);
+        Test({r.aNODES.data(), r.nCORNERS});
     };
     switch (rElement.iTYPE) {
     case TYPE_ROD:
