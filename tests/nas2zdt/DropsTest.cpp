@@ -1,8 +1,6 @@
 // What cards are told to lose by what stands in their fields.
 
-#include "nas2zdt/account/AccountOutput.h"
-#include "support/Deck.h"
-#include "support/NoDialogs.h"
+#include "support/Accounted.h"
 
 #include <gtest/gtest.h>
 
@@ -10,15 +8,10 @@ namespace {
 
 /// Class, kind and text of each loss of a card, but for the kinds that other tests are about.
 std::string DescribeDrops(const std::string& sCard) {
-    const CTempFolder folder;
-    WriteText(folder.Path("deck.dat"), "BEGIN BULK\nGRID,7\nGRID,8\nCQUAD4,7\nCQUAD4,8\n" + sCard + "\nENDDATA\n");
-    CNoDialogs dialogs;
-    CAccount account;
-    CConvertNastran run(dialogs);
-    EXPECT_EQ(run.Convert(folder.Path("deck.dat"), {.pOBSERVER = &account}), 1);
-    account.EndRun(run.GetDataPool());
+    const T_ACCOUNTED_D run = RunAccounted("BEGIN BULK\nGRID,7\nGRID,8\nCQUAD4,7\nCQUAD4,8\n" + sCard + "\nENDDATA\n");
+    EXPECT_EQ(run.iRESULT, 1);
     std::string sText;
-    for (const T_WORD_D* pWord : account.GetWords()) {
+    for (const T_WORD_D* pWord : run.account.GetWords()) {
         for (const T_NOTE_D& rNote : pWord->aNOTES) {
             if (rNote.eNOTE == NOTE_UNWRITTEN || rNote.eNOTE == NOTE_ALTERED || rNote.eNOTE == NOTE_REPLACED) continue;
             if (rNote.sTEXT.ends_with("ID isn't in the file")) continue;
