@@ -86,6 +86,19 @@ const struct {
      "7",
      "model fields: I12(A), X/XB, A, I1, I12; mass fields: NSI(B); note fields: SO, C2"},
     {"PBEAM,1,1,1.,2.,3.,,,\n,,,,,,,,\n,.8,.9,,.7", "model fields: K1, K2, S2"},
+    {"PBEAM,1,1,1.,2.,3.,,4.,\n,,,,,,,,\n,NO,.5,2.,1.",
+     "model fields: X/XB, A; note fields: SO; model meaning: a 1.0 that isn't the X/XB of end B is taken for it, and "
+     "what is "
+     "behind for end B; model meaning: K1, K2 are 0: blank means 1.0"},
+    {"PBARL,1,1,,BAR,,,,\n,1.,2.,,4.", "note meaning: fields behind the NSM, where the TYPE has no dimension"},
+    {"CELAS2,1,1.,7,,8,1", "model meaning: an end with G1 or G2 and without a component is taken for the ground"},
+    {"SPC,1,7,123,,,1", "model fields: C2"},
+    {"SPCD,1,7,1,2.,,1,3.", "model fields: C2, D2"},
+    {"TEMP,1,7,5.,,6.", "model fields: T2"},
+    {"SPC1,1,123", "note meaning: a card without a grid holds nothing"},
+    {"LOAD,1,,2.,,3.,3", "note meaning: an S without its L adds nothing"},
+    {"PELAS,1,,.1", "note meaning: a GE without its K damps nothing"},
+    {"MAT1,1,2.,1.,-1.", "model meaning: G isn't in the file, whose E and NU give another"},
     {"PBEAM,1,1,1.,2.,3.,,4.,", "model meaning: K1, K2 are 0: blank means 1.0"},
 };
 

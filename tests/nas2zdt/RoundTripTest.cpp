@@ -1,5 +1,6 @@
-// Nothing of decks out of chance is lost without a word: every field that is filled shows in the target file or in the
-// account. Whether it does is found by filling it with something else, with no knowledge of any card.
+// Nothing of decks out of chance is lost without a word: of every field that is filled, the account tells by its name,
+// or anything else in it makes another target file or account, or the account tells that its card isn't in the file.
+// What a field is good for the test doesn't know.
 
 #include "cards/FieldNames.h"
 #include "support/Accounted.h"
@@ -214,6 +215,7 @@ TEST_P(RoundTripTest, EveryFieldIsInTheFileOrTold) {
     }
 }
 
+// Other seeds may make a field that means nothing where it stands, as an angle at radius 0 does.
 INSTANTIATE_TEST_SUITE_P(Seeds, RoundTripTest, testing::Range(std::uint64_t(1), std::uint64_t(13)));
 
 } // namespace
