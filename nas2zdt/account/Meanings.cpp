@@ -5,9 +5,11 @@
 #include "cards/FieldNames.h"
 #include "reader/FieldParser.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <iterator>
 
 namespace {
 
@@ -42,7 +44,7 @@ bool HasYoungFromShear(const T_DATA_D& rCard, const CFieldNames&) {
 bool HasShearOfItsOwn(const T_DATA_D& rCard, const CFieldNames&) {
     if (Value(rCard, 2) == 0.0 || Field(rCard, 1).empty() || Field(rCard, 3).empty()) return false;
     const double dG = Value(rCard, 1) / (2.0 * (1.0 + Value(rCard, 3)));
-    return !(std::fabs(dG - Value(rCard, 2)) <= 0.01 * std::fabs(dG));
+    return !(std::fabs(dG - Value(rCard, 2)) < 0.01 * std::fabs(dG));
 }
 
 bool IsSolidTube(const T_DATA_D& rCard, const CFieldNames&) {
@@ -63,8 +65,9 @@ bool IsAnyCard(const T_DATA_D&, const CFieldNames&) {
     return true;
 }
 
-/// The NSM of a PBARL is behind as many dimensions as its shape has, where the next dimension is read.
-bool HasBarMass(const T_DATA_D& rCard, const CFieldNames&) {
+/// Place of the NSM of a PBARL: behind as many dimensions as its shape has, where the next dimension is read. Past the
+/// end of the card for a TYPE that isn't known.
+std::size_t PlaceOfBarMass(const T_DATA_D& rCard) {
     constexpr std::size_t FIRST_DIMENSION = 8;
     constexpr struct {
         std::string_view sTYPE;
@@ -74,9 +77,28 @@ bool HasBarMass(const T_DATA_D& rCard, const CFieldNames&) {
                   {"CHAN1", 4}, {"Z", 4},    {"CHAN2", 4}, {"T2", 4}, {"BOX1", 6}, {"HEXA", 3},
                   {"HAT", 4},   {"HAT1", 5}, {"DBOX", 10}, {"L", 4}};
     for (const auto& rShape : SHAPES) {
-        if (rShape.sTYPE == Field(rCard, 3)) return Value(rCard, FIRST_DIMENSION + rShape.nDIMENSIONS) != 0.0;
+        if (rShape.sTYPE == Field(rCard, 3)) return FIRST_DIMENSION + rShape.nDIMENSIONS;
+    }
+    return rCard.aFIELDS.size();
+}
+
+bool HasBarMass(const T_DATA_D& rCard, const CFieldNames&) {
+    return Value(rCard, PlaceOfBarMass(rCard)) != 0.0;
+}
+
+bool HasTooManyDimensions(const T_DATA_D& rCard, const CFieldNames&) {
+    for (std::size_t i = PlaceOfBarMass(rCard) + 1; i < rCard.aFIELDS.size(); ++i) {
+        if (!Field(rCard, i).empty()) return true;
     }
     return false;
+}
+
+/// One end has a grid without a component, as of a scalar point.
+bool HasEndWithoutComponent(const T_DATA_D& rCard, const CFieldNames&) {
+    const auto lacks = [&](std::size_t iGrid) {
+        return TextToInt(Field(rCard, iGrid)) != 0 && TextToInt(Field(rCard, iGrid + 1)) == 0;
+    };
+    return lacks(2) || lacks(4);
 }
 
 /// Either shear factor is blank; they stand behind all stations.
@@ -103,6 +125,35 @@ bool HasEndBAsEndA(const T_DATA_D& rCard, const CFieldNames& rNames) {
     return bAsEndA;
 }
 
+/// End B is looked for at every second place behind end A, which may be another 1.0 than its X/XB.
+bool HasEndBElsewhere(const T_DATA_D& rCard, const CFieldNames& rNames) {
+    constexpr std::size_t FIRST_PAIR = 16;
+    bool bFound = false, bElsewhere = false;
+    rNames.Walk(rCard, [&](std::size_t i, const T_NAME_D& rName) {
+        if (bFound || i < FIRST_PAIR || i % 2 == 0 || !(std::fabs(Value(rCard, i) - 1.0) < 1e-6)) return;
+        bFound = true;
+        bElsewhere = rName.sNAME != "X/XB";
+    });
+    return bElsewhere;
+}
+
+bool HasDampingAlone(const T_DATA_D& rCard, const CFieldNames&) {
+    const auto isAlone = [&](std::size_t iK) { return Value(rCard, iK) == 0.0 && Value(rCard, iK + 1) != 0.0; };
+    return isAlone(1) || isAlone(5);
+}
+
+bool HasNoGrid(const T_DATA_D& rCard, const CFieldNames&) {
+    return std::all_of(rCard.aFIELDS.begin() + std::min<std::ptrdiff_t>(2, std::ssize(rCard.aFIELDS)),
+                       rCard.aFIELDS.end(), [](std::string_view sField) { return sField.empty(); });
+}
+
+bool HasFactorWithoutSet(const T_DATA_D& rCard, const CFieldNames&) {
+    for (std::size_t i = 2; i < rCard.aFIELDS.size(); i += 2) {
+        if (!Field(rCard, i).empty() && Field(rCard, i + 1).empty()) return true;
+    }
+    return false;
+}
+
 constexpr std::uint32_t ALWAYS = ~std::uint32_t(0);
 
 // clang-format off
@@ -115,8 +166,16 @@ constexpr T_MEANING_D MEANINGS[] = {
     {"MAT1", CLASS_MODEL, ALWAYS, "NU is 0: it isn't worked out of E and G", &HasPoissonFromShear},
     {"MAT1", CLASS_MODEL, ALWAYS, "E is 0: it isn't worked out of G and NU", &HasYoungFromShear},
     {"MAT1", CLASS_MODEL, ALWAYS, "G isn't in the file, whose E and NU give another", &HasShearOfItsOwn},
+    {"SPC1", CLASS_NOTE, ALWAYS, "a card without a grid holds nothing", &HasNoGrid},
+    {"PELAS", CLASS_NOTE, ALWAYS, "a GE without its K damps nothing", &HasDampingAlone},
+    {"LOAD", CLASS_NOTE, ALWAYS, "an S without its L adds nothing", &HasFactorWithoutSet},
     {"PTUBE", CLASS_MODEL, ALWAYS, "T is 0: blank or 0.0 means a solid rod", &IsSolidTube},
     {"PBARL", CLASS_MASS, ALWAYS, "NSM isn't in the file", &HasBarMass},
+    {"PBARL", CLASS_NOTE, ALWAYS, "fields behind the NSM, where the TYPE has no dimension", &HasTooManyDimensions},
+    {"CELAS1 CELAS2", CLASS_MODEL, ALWAYS, "an end with G1 or G2 and without a component is taken for the ground",
+        &HasEndWithoutComponent},
+    {"PBEAM", CLASS_MODEL, ALWAYS, "a 1.0 that isn't the X/XB of end B is taken for it, and what is behind for end B",
+        &HasEndBElsewhere},
     {"PBEAM", CLASS_MODEL, ALWAYS, "K1, K2 are 0: blank means 1.0", &HasBlankShearFactor},
     {"PBEAM", CLASS_MODEL, ALWAYS, "end B has zeros: blank means the values of end A", &HasEndBAsEndA},
     {"PLOAD1", CLASS_MODEL, 1 << 6, "P2 is 0: blank means P1", &HasLoadAsAtFirstEnd},

@@ -1,8 +1,6 @@
 // What cards are told to lose by what stands in their fields.
 
-#include "nas2zdt/account/AccountOutput.h"
-#include "support/Deck.h"
-#include "support/NoDialogs.h"
+#include "support/Accounted.h"
 
 #include <gtest/gtest.h>
 
@@ -12,15 +10,10 @@ namespace {
 
 /// Class, kind and text of each loss of a card, but for the kinds that other tests are about.
 std::string DescribeDrops(const std::string& sCard) {
-    const CTempFolder folder;
-    WriteText(folder.Path("deck.dat"), "BEGIN BULK\nGRID,7\nGRID,8\nCQUAD4,7\nCQUAD4,8\n" + sCard + "\nENDDATA\n");
-    CNoDialogs dialogs;
-    CAccount account;
-    CConvertNastran run(dialogs);
-    EXPECT_EQ(run.Convert(folder.Path("deck.dat"), {.pOBSERVER = &account}), 1);
-    account.EndRun(run.GetDataPool());
+    const T_ACCOUNTED_D run = RunAccounted("BEGIN BULK\nGRID,7\nGRID,8\nCQUAD4,7\nCQUAD4,8\n" + sCard + "\nENDDATA\n");
+    EXPECT_EQ(run.iRESULT, 1);
     std::string sText;
-    for (const T_WORD_D* pWord : account.GetWords()) {
+    for (const T_WORD_D* pWord : run.account.GetWords()) {
         for (const T_NOTE_D& rNote : pWord->aNOTES) {
             if (rNote.eNOTE == NOTE_UNWRITTEN || rNote.eNOTE == NOTE_ALTERED || rNote.eNOTE == NOTE_REPLACED) continue;
             if (rNote.sTEXT.ends_with("ID isn't in the file")) continue;
@@ -97,6 +90,19 @@ const struct {
      "7",
      "model fields: I12(A), X/XB, A, I1, I12; mass fields: NSI(B); note fields: SO, C2"},
     {"PBEAM,1,1,1.,2.,3.,,,\n,,,,,,,,\n,.8,.9,,.7", "model fields: K1, K2, S2"},
+    {"PBEAM,1,1,1.,2.,3.,,4.,\n,,,,,,,,\n,NO,.5,2.,1.",
+     "model fields: X/XB, A; note fields: SO; model meaning: a 1.0 that isn't the X/XB of end B is taken for it, and "
+     "what is "
+     "behind for end B; model meaning: K1, K2 are 0: blank means 1.0"},
+    {"PBARL,1,1,,BAR,,,,\n,1.,2.,,4.", "note meaning: fields behind the NSM, where the TYPE has no dimension"},
+    {"CELAS2,1,1.,7,,8,1", "model meaning: an end with G1 or G2 and without a component is taken for the ground"},
+    {"SPC,1,7,123,,,1", "model fields: C2"},
+    {"SPCD,1,7,1,2.,,1,3.", "model fields: C2, D2"},
+    {"TEMP,1,7,5.,,6.", "model fields: T2"},
+    {"SPC1,1,123", "note meaning: a card without a grid holds nothing"},
+    {"LOAD,1,,2.,,3.,3", "note meaning: an S without its L adds nothing"},
+    {"PELAS,1,,.1", "note meaning: a GE without its K damps nothing"},
+    {"MAT1,1,2.,1.,-1.", "model meaning: G isn't in the file, whose E and NU give another"},
     {"PBEAM,1,1,1.,2.,3.,,4.,", "model meaning: K1, K2 are 0: blank means 1.0"},
 };
 

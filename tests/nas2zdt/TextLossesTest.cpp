@@ -1,8 +1,7 @@
 // What the account says of lines that are read otherwise than NASTRAN does, and of case control.
 
-#include "nas2zdt/account/AccountOutput.h"
+#include "support/Accounted.h"
 #include "support/Deck.h"
-#include "support/NoDialogs.h"
 
 #include <gtest/gtest.h>
 
@@ -14,16 +13,11 @@ bool IsOfText(E_NOTE eNote) {
 
 /// "GRID text-tab*1 X1, X2 @2-3 5" and so on: keyword, code, count, names, lines, ids.
 std::string Tell(const std::string& sDeck) {
-    const CTempFolder folder;
-    WriteText(folder.Path("deck.dat"), sDeck);
-    CNoDialogs dialogs;
-    CAccount account;
-    CConvertNastran run(dialogs);
-    EXPECT_EQ(run.Convert(folder.Path("deck.dat"), {.pOBSERVER = &account}), 1);
-    EXPECT_EQ(ReadText(folder.Path("deck.zdt")), RunDeck(sDeck).sZDT);
-    account.EndRun(run.GetDataPool());
+    const T_ACCOUNTED_D run = RunAccounted(sDeck);
+    EXPECT_EQ(run.iRESULT, 1);
+    EXPECT_EQ(run.sZDT, RunDeck(sDeck).sZDT);
     std::string sText;
-    for (const T_WORD_D* pWord : account.GetWords()) {
+    for (const T_WORD_D* pWord : run.account.GetWords()) {
         for (const T_NOTE_D& rNote : pWord->aNOTES) {
             if (!IsOfText(rNote.eNOTE)) continue;
             sText += pWord->sNAME + " " + std::string(NoteCode(rNote.eNOTE)) + "*" + std::to_string(rNote.nCOUNT);

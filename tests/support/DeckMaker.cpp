@@ -190,9 +190,9 @@ std::string CDeckMaker::Field(char cKind) {
     }
 }
 
-std::string CDeckMaker::Card() {
+T_MADECARD_D CDeckMaker::MakeCard() {
     const T_PATTERN_D& rPattern = PATTERNS[m_chance.Below(PATTERN_COUNT - 1)]; // INCLUDE is Spoil's
-    std::vector<std::string> aFields = {rPattern.sNAME};
+    T_MADECARD_D card = {{rPattern.sNAME}, " "};
     const char* pAgain = nullptr;
     for (const char* p = rPattern.sFIELDS;; ++p) {
         if (*p == '+') {
@@ -206,8 +206,14 @@ std::string CDeckMaker::Card() {
             continue;
         }
         if (!m_bSound && m_chance.Once(60)) break; // a short card
-        aFields.push_back(Field(*p));
+        card.aFIELDS.push_back(Field(*p));
+        card.sKINDS += *p;
     }
+    return card;
+}
+
+std::string CDeckMaker::Card() {
+    const std::vector<std::string> aFields = MakeCard().aFIELDS;
     return Card(aFields, static_cast<E_LAYOUT>(m_chance.Below(3)));
 }
 

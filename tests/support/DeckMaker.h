@@ -26,6 +26,12 @@ class CChance {
 /// How the maker lays out a card.
 enum E_LAYOUT { LAYOUT_SMALL, LAYOUT_LARGE, LAYOUT_FREE };
 
+/// The fields of a card, its keyword first, and a letter for the kind of each.
+struct T_MADECARD_D {
+    std::vector<std::string> aFIELDS;
+    std::string sKINDS;
+};
+
 /// Makes cards and decks of every keyword that is converted, in all formats, mostly sound and now and then nasty, and
 /// spoils decks that exist.
 class CDeckMaker {
@@ -37,6 +43,12 @@ class CDeckMaker {
 
     /// The lines of nCards cards.
     std::string Cards(std::size_t nCards);
+
+    /// The fields of a card of any kind.
+    T_MADECARD_D MakeCard();
+
+    /// A field of a kind. In a deck that stays sound, another of its kind may take its place.
+    std::string Field(char cKind);
 
     /// A card of any kind with its lines, in any format.
     std::string Card();
@@ -54,7 +66,6 @@ class CDeckMaker {
     void StaySound() { m_bSound = true; }
 
   private:
-    std::string Field(char cKind);
     std::string Real();
     std::string Nasty();
 

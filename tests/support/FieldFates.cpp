@@ -3,10 +3,8 @@
 #include "support/FieldFates.h"
 
 #include "cards/FieldNames.h"
-#include "nas2zdt/account/AccountOutput.h"
+#include "support/Accounted.h"
 #include "support/CardDecks.h"
-#include "support/Deck.h"
-#include "support/NoDialogs.h"
 
 #include <algorithm>
 #include <map>
@@ -22,17 +20,10 @@ struct T_OUTCOME_D {
 };
 
 T_OUTCOME_D Convert(const std::string& sDeck, std::string_view sKeyword) {
-    const CTempFolder folder;
-    WriteText(folder.Path("deck.dat"), sDeck);
-    CNoDialogs dialogs;
-    CAccount account;
-    CConvertNastran run(dialogs);
-    run.Convert(folder.Path("deck.dat"), {.pOBSERVER = &account});
-    account.EndRun(run.GetDataPool());
-
+    const T_ACCOUNTED_D run = RunAccounted(sDeck);
     T_OUTCOME_D outcome;
     std::string* pSection = nullptr;
-    const std::string sFile = ReadText(folder.Path("deck.zdt"));
+    const std::string& sFile = run.sZDT;
     for (std::size_t i = 0; i < sFile.size();) {
         const std::size_t iEnd = std::min(sFile.find('\n', i), sFile.size() - 1) + 1;
         const std::string sLine = sFile.substr(i, iEnd - i);
@@ -40,7 +31,7 @@ T_OUTCOME_D Convert(const std::string& sDeck, std::string_view sKeyword) {
         *pSection += sLine;
         i = iEnd;
     }
-    for (const T_WORD_D* pWord : account.GetWords()) {
+    for (const T_WORD_D* pWord : run.account.GetWords()) {
         const std::string sOther = pWord->sNAME == sKeyword ? "" : pWord->sNAME + ": "; // that refers to the card
         for (const T_NOTE_D& rNote : pWord->aNOTES) {
             const std::string sText = sOther + NoteText(rNote) + " (" + std::string(ClassName(rNote.eCLASS)) + ")";
@@ -68,6 +59,11 @@ std::vector<T_FATE_D> FindFieldFates() {
         const std::vector<std::string> aFields = SplitFields(rRow.sFIELDS);
         const std::vector<std::string> aNames = NameFields(rRow, aFields);
         const T_OUTCOME_D whole = Convert(MakeCardDeck(rRow, aFields), rRow.sKEYWORD);
+        const T_OUTCOME_D rest = Convert(MakeCardDeck({"$", "", rRow.sCARDS}, {}), rRow.sKEYWORD);
+        const auto isOfCard = [&](const std::string& sText) {
+            const auto pRest = rest.told.find(sText);
+            return pRest == rest.told.end() || pRest->second < whole.told.at(sText);
+        };
         for (std::size_t i = 0; i < aFields.size(); ++i) {
             if (aFields[i].empty()) continue;
             std::vector<std::string> aWithout = aFields;
@@ -88,7 +84,7 @@ std::vector<T_FATE_D> FindFieldFates() {
                 if (pOther == without.told.end() || pOther->second < nCount) {
                     rFate.aTOLD.push_back(sText);
                 } else if (sText.find(": " + rFate.sFIELD + " ") != std::string::npos ||
-                           whole.unwritten.contains(sText)) {
+                           (whole.unwritten.contains(sText) && isOfCard(sText))) {
                     rFate.aRECORD.push_back(sText);
                 }
             }

@@ -13,6 +13,7 @@ namespace {
 class CLeftObserver : public CQuietObserver {
   public:
     void OnLeft(const T_LEFT_D& r) override {
+        if (r.eREASON == LEFT_PROPERTY_UNUSED) return; // told in every case
         const T_REASON_D& rReason = ReasonOf(r.eREASON);
         m_sTold +=
             std::string(r.sKEYWORD ? r.sKEYWORD : rReason.sKEYWORD) + " " + rReason.sCODE + " " + std::to_string(r.iID);
@@ -68,7 +69,7 @@ const std::vector<T_CASE_D> CASES = {
         "CORD2R,3,2,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\n",
         "CORD2R frame-parent-polar 3 2\nCORD2S frame-sphere-copied 2 1\n"},
     {"FramesOnGrids", "CORD2R,5,,0.,7.,0.,0.,7.,1.\n,1.,7.,0.\nGRID,6,5\nCORD1R,1,1,4,6\nCORD1C,2,1,9,2\n",
-        "CORD1R frame-grid-cp 1 6\nCORD1C frame-grid-missing 2 9\n"},
+        "CORD1R frame-grid-cp 1 6\nCORD1C frame-grid-missing 2 9\nCORD1R frame-line 1\nCORD1C frame-line 2\n"},
     {"FramesOfOneId", "CORD2R,7,,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\nCORD2S,7,,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\n",
         "CORD2S frame-twice 7\n"},
     {"FramesInACircle", "CORD2R,1,2,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\nCORD2C,2,1,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\n"

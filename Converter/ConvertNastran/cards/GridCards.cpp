@@ -114,6 +114,10 @@ int CConvertNastran::ParseSPC(const T_DATA_D& rCard) {
     m_pDataPool->m_iLastCNST = iSID;
     T_CNST_D& rSet = m_pDataPool->CNST[iSID];
     rSet.aCNND.Add(ReadConstrainedGrid(fields, "D1")); // with any grid
+    if (fields.Peek().empty()) {
+        fields.Skip("G2", "C2", "D2");
+        return 1;
+    }
     const T_CNND_D second = ReadConstrainedGrid(fields, "D2");
     if (second.iNODE != 0) rSet.aCNND.Add(second);
     return 1;

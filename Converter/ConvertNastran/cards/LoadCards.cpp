@@ -87,6 +87,10 @@ E_LOAD_SCALE TextToScale(std::string_view sScale) {
 template <class RECORD>
 void AddTemperaturePairs(CFieldCursor& rFields, CArray<RECORD>& rEntries) {
     for (int iPair = 0; iPair < 3; ++iPair) {
+        if (iPair > 0 && rFields.Peek().empty()) {
+            rFields.Skip(CFieldCursor::BY_PLACE, CFieldCursor::BY_PLACE);
+            continue;
+        }
         const std::int32_t iID = rFields.Int();
         const double dTemperature = rFields.Real();
         if (iPair == 0 || iID > 0) rEntries.Add({iID, dTemperature});
@@ -232,6 +236,10 @@ int CConvertNastran::ParseSPCD(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
     CLoadEntries& rEntries = EnsureLoadSet(fields.Int()).aMBLD;
     for (int iPair = 0; iPair < 2; ++iPair) {
+        if (iPair > 0 && fields.Peek().empty()) {
+            fields.Skip("G2", "C2", "D2");
+            break;
+        }
         T_MBLD_D entry;
         entry.iKIND = LOAD_DISPLACEMENT;
         entry.iID = fields.Int();

@@ -14,6 +14,9 @@ struct T_CORNERS_D {
         for (auto& d : dAT) rFrame.ToGlobal(d[0], d[1], d[2]);
     }
     bool IsAtOrigin() const { return dAT[0][0] == 0.0 && dAT[0][1] == 0.0 && dAT[0][2] == 0.0; }
+    bool LacksAxis() const {
+        return std::any_of(dAT + 1, dAT + 4, [this](const auto& d) { return std::equal(d, d + 3, dAT[0]); });
+    }
     bool HasBasicAxes() const {
         for (std::size_t i = 0; i < 3; ++i) {
             for (std::size_t k = 0; k < 3; ++k) {
@@ -78,6 +81,7 @@ void CDataPool::TellFrames() const {
     TellParents();
     TellFramesOnGrids();
     TellSharedFrameIds();
+    TellFlatFrames();
 }
 
 /// Tells of each system with a RID what the first pass made of it: it links to the last table that holds RID, in the
@@ -159,4 +163,20 @@ void CDataPool::TellSharedFrameIds() const {
         if (pNext - p > 1) TellLeft({.eREASON = LEFT_FRAME_TWICE, .iID = p->first, .sKEYWORD = (p + 1)->second});
         p = pNext;
     }
+}
+
+/// Tells the systems that take different points to one place.
+void CDataPool::TellFlatFrames() const {
+    const auto tell = [this](const auto& rTable, const char* sKeyword) {
+        for (const auto& [iCID, rSystem] : rTable.Sorted()) {
+            if (rSystem.frame.GetFrameCount() > FEW_FRAMES || !T_CORNERS_D(rSystem.frame).LacksAxis()) continue;
+            TellLeft({.eREASON = LEFT_FRAME_LINE, .iID = iCID, .sKEYWORD = sKeyword});
+        }
+    };
+    tell(CD1R, "CORD1R");
+    tell(CD1C, "CORD1C");
+    tell(CD1S, "CORD1S");
+    tell(CD2R, "CORD2R");
+    tell(CD2C, "CORD2C");
+    tell(CD2S, "CORD2S");
 }

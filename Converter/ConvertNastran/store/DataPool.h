@@ -176,6 +176,7 @@ class CDataPool {
     void TellParents() const;
     void TellFramesOnGrids() const;
     void TellSharedFrameIds() const;
+    void TellFlatFrames() const;
     E_LEFT FindAxesLoss(std::int32_t iCD, const CUCSBase& rFrame) const;
     void TellVectorAxes(std::int32_t iID, const T_ELEM_D& rElement, std::int32_t iCD) const;
     bool IsCopiedSphere(std::int32_t iCID) const;

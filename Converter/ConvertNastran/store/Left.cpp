@@ -31,6 +31,9 @@ constexpr T_REASON_D REASONS[] = {
         "coordinate systems of several kinds with one id, applied one after the other (ids: coordinate systems)"},
     {LEFT_FRAME_CIRCLE, "frame-circle", CLASS_MODEL, THERE, "CORD2R",
         "coordinate systems that are defined by themselves over their RID (ids: coordinate systems)"},
+    {LEFT_FRAME_LINE, "frame-line", CLASS_MODEL, GONE, "CORD2R",
+        "directions of coordinate systems whose points, or those of one that they are defined in, lie on a line "
+        "(ids: coordinate systems)"},
     {LEFT_GRID_FRAME, "grid-cp-missing", CLASS_MODEL, THERE, "GRID",
         "coordinates in a CP that doesn't exist, taken as basic ones (ids: grids)"},
     {LEFT_GRID_RENUMBERED, "grid-renumbered", CLASS_MODEL, GONE, "GRID",
@@ -68,6 +71,8 @@ constexpr T_REASON_D REASONS[] = {
 
     {LEFT_PROPERTY_MATERIAL, "property-material-missing", CLASS_MODEL, THERE, "PSHELL",
         "properties whose material doesn't exist or isn't converted (ids: properties)"},
+    {LEFT_PROPERTY_UNUSED, "property-unused", CLASS_NOTE, GONE, "PSHELL",
+        "the material, or all, of properties that no element has (ids: properties)"},
     {LEFT_PBEND, "bend-section", CLASS_MODEL, GONE, "PBEND",
         "properties without a section (ids: properties)"},
     {LEFT_PCOMP, "laminate-section", CLASS_MODEL, GONE, "PCOMP",

@@ -25,6 +25,7 @@ enum E_LEFT {
     LEFT_FRAME_NO_GRID,    // other: the grid
     LEFT_FRAME_TWICE,
     LEFT_FRAME_CIRCLE,
+    LEFT_FRAME_LINE,
     LEFT_GRID_FRAME, // other: CP
     LEFT_GRID_RENUMBERED,
     LEFT_GRID_AXES,        // other: CD
@@ -43,6 +44,7 @@ enum E_LEFT {
     LEFT_CONM2,
     // properties
     LEFT_PROPERTY_MATERIAL, // other: the material
+    LEFT_PROPERTY_UNUSED,
     LEFT_PBEND,
     LEFT_PCOMP,
     LEFT_PBARL_SHAPE, // other: E_BAR_SHAPE

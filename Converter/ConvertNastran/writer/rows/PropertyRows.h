@@ -5,7 +5,9 @@
 #include "store/PropertyRecords.h"
 #include "writer/rows/RowVisitor.h"
 
+#include <algorithm>
 #include <array>
+#include <vector>
 
 /// MAT1.
 struct T_ISOTROPIC_ROW {
@@ -37,10 +39,37 @@ void TellPropertiesWithoutMaterial(const CDataPool& rPool, const VISITOR& rVisit
     }
 }
 
+/// The ids by which the records of a table name properties, ascending.
+template <class RECORD>
+std::vector<std::int32_t> FindPropertiesOf(const CMap<RECORD>& rTable) {
+    std::vector<std::int32_t> aIds;
+    rTable.ForEach([&](std::int32_t, const RECORD& rElement) { // one often comes many times in a row
+        if (aIds.empty() || aIds.back() != rElement.iPID) aIds.push_back(rElement.iPID);
+    });
+    std::sort(aIds.begin(), aIds.end());
+    return aIds;
+}
+
+/// Tells the properties that no element has of those whose material, or all of them, is in the lines of elements.
+template <class VISITOR>
+void TellUnusedProperties(const CDataPool& rPool, const VISITOR& rVisitor) {
+    const std::vector<std::int32_t> aOfElements = FindPropertiesOf(rPool.ELEM);
+    const std::vector<std::int32_t> aOfSprings = FindPropertiesOf(rPool.CEL1);
+    const auto needsElement = [](const T_PROP_D& r) { return HasMaterial(r) || r.iPROPTYPE == PROP_ELAS; };
+    for (const auto& [iPID, r] : rPool.PROP.Sorted(needsElement)) {
+        const std::vector<std::int32_t>& rUsed = r.iPROPTYPE == PROP_ELAS ? aOfSprings : aOfElements;
+        if (std::binary_search(rUsed.begin(), rUsed.end(), iPID)) continue;
+        rVisitor(T_LEFT_D{.eREASON = LEFT_PROPERTY_UNUSED, .iID = iPID, .sKEYWORD = KeywordOf(r)});
+    }
+}
+
 /// In store order.
 template <class VISITOR>
 void ForEachMaterial(const CDataPool& rPool, const VISITOR& rVisitor) {
-    if (rPool.m_pLeftSink) TellPropertiesWithoutMaterial(rPool, rVisitor);
+    if (rPool.m_pLeftSink) {
+        TellPropertiesWithoutMaterial(rPool, rVisitor);
+        TellUnusedProperties(rPool, rVisitor);
+    }
     for (const auto& [iMID, r] : rPool.MATL.Walk()) {
         switch (r.iMATTYPE) {
         case MAT_ISOTROPIC:
