@@ -7,17 +7,24 @@
 
 void CCardFields::Read(const T_SOURCECARD_D& rCard) {
     m_aLines.clear();
+    m_bColumns = rCard.bPLAIN;
     for (std::string_view sRest = rCard.Text(); !sRest.empty();) {
         const std::size_t iFeed = sRest.find('\n');
         m_aLines.push_back(sRest.substr(0, iFeed));
         sRest.remove_prefix(iFeed + 1);
+        m_bColumns = m_bColumns && m_aLines.back().substr(0, LINE_FIELDS).find('*') == std::string_view::npos;
     }
-    m_text.Read(m_aLines);
-    m_origin = rCard.origin;
-    m_nFields = m_text.GetFields().size();
-    while (m_nFields > 0 && m_text.GetFields()[m_nFields - 1].empty()) --m_nFields;
     m_sKeyword.clear();
-    for (const char c : m_text.GetKeyword()) m_sKeyword += ToUpper(c);
+    if (m_bColumns) {
+        m_nFields = LINE_FIELDS * m_aLines.size();
+        for (const char c : TrimText(m_aLines[0].substr(0, LINE_FIELDS))) m_sKeyword += ToUpper(c);
+    } else {
+        m_text.Read(m_aLines);
+        m_nFields = m_text.GetFields().size();
+        for (const char c : m_text.GetKeyword()) m_sKeyword += ToUpper(c);
+    }
+    while (m_nFields > 0 && Text(m_nFields - 1).empty()) --m_nFields;
+    m_origin = rCard.origin;
     m_iBroken = NOWHERE;
 }
 

@@ -3,6 +3,7 @@
 
 #include "nas2zdt/restate/CardText.h"
 #include "nas2zdt/restate/SourceDeck.h"
+#include "nas2zdt/text/Words.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -24,7 +25,10 @@ class CCardFields {
     /// Number of fields up to the last that isn't blank.
     std::size_t GetCount() const { return m_nFields; }
 
-    std::string_view Text(std::size_t i) const { return i < m_nFields ? m_text.GetFields()[i] : std::string_view(); }
+    std::string_view Text(std::size_t i) const {
+        if (i >= m_nFields) return {};
+        return m_bColumns ? Column(i) : m_text.GetFields()[i];
+    }
     bool IsBlank(std::size_t i) const { return Text(i).empty(); }
 
     /// Whether the field is this word, in any case. sUpper is in upper case.
@@ -44,9 +48,19 @@ class CCardFields {
     static constexpr std::size_t NOWHERE = static_cast<std::size_t>(-1);
     std::size_t GetBroken() const { return m_iBroken; }
 
+    /// How the lines of a card are cut that isn't plain.
     const CCardText& GetText() const { return m_text; }
 
   private:
+    static constexpr std::size_t LINE_FIELDS = 8;
+
+    /// A field of a small field line.
+    std::string_view Column(std::size_t i) const {
+        const std::string_view sLine = m_aLines[i / LINE_FIELDS];
+        const std::size_t iColumn = LINE_FIELDS * (1 + i % LINE_FIELDS);
+        return iColumn < sLine.size() ? TrimText(sLine.substr(iColumn, LINE_FIELDS)) : std::string_view();
+    }
+
     void Complain(std::size_t i) const {
         if (m_iBroken == NOWHERE) m_iBroken = i;
     }
@@ -54,7 +68,8 @@ class CCardFields {
     T_ORIGINLINE_D m_origin;
     std::string m_sKeyword;
     std::vector<std::string_view> m_aLines;
-    CCardText m_text;
+    bool m_bColumns = false; // whether all lines are plain small field lines, whose fields are cut when asked for
+    CCardText m_text;        // else
     std::size_t m_nFields = 0;
     mutable std::size_t m_iBroken = NOWHERE;
 };

@@ -109,11 +109,13 @@ void CRestate::ChooseCase() {
 
 void CRestate::Gather(std::uint32_t iCard) {
     T_SOURCECARD_D& rSource = m_source.GetCards()[iCard];
-    std::string_view sWord = rSource.Text();
-    sWord = sWord.substr(0, std::min<std::size_t>(sWord.find_first_of(" ,*\t\n"), 8));
     std::array<char, 8> aWord;
-    for (std::size_t i = 0; i < sWord.size() && i < aWord.size(); ++i) aWord[i] = ToUpper(sWord[i]);
-    const auto pRow = m_mapRows.find(std::string_view(aWord.data(), std::min(sWord.size(), aWord.size())));
+    std::size_t nWord = 0;
+    for (const char c : rSource.Text()) {
+        if (nWord == aWord.size() || IsWhite(c) || c == ',' || c == '*') break;
+        aWord[nWord++] = ToUpper(c);
+    }
+    const auto pRow = m_mapRows.find(std::string_view(aWord.data(), nWord));
     if (pRow == m_mapRows.end()) return;
     rSource.iROW = pRow->second;
     const T_CARDRULES_D& rRow = m_aRows[rSource.iROW];

@@ -8,9 +8,9 @@
 #include "reader/Card.h"
 #include "reader/FieldParser.h"
 #include "reader/LineReader.h"
+#include "reader/TextBytes.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 
 namespace {
@@ -23,22 +23,20 @@ constexpr std::size_t FREE_COLUMNS = 10;
 constexpr std::size_t SHORTEST_LARGE = 57; // with all four of its fields
 constexpr std::int32_t MOST_REPLICAS = 10000000;
 
-/// What a byte does to a line that the converter would otherwise cut as NASTRAN does.
-enum : std::uint8_t { BYTE_ODD = 1, BYTE_ODD_IN_FIELDS = 2 };
-
-constexpr std::array<std::uint8_t, 256> MakeByteTable() {
-    std::array<std::uint8_t, 256> aBytes = {};
-    for (std::size_t i = 0; i < 32; ++i) aBytes[i] = BYTE_ODD;
-    for (const char c : {'$', ':', '=', ','}) aBytes[static_cast<unsigned char>(c)] = BYTE_ODD;
-    for (const char c : {'*', 'D', 'd'}) aBytes[static_cast<unsigned char>(c)] = BYTE_ODD_IN_FIELDS;
-    return aBytes;
-}
-constexpr std::array<std::uint8_t, 256> BYTES = MakeByteTable();
-
-std::uint8_t BytesOf(std::string_view sText) {
-    std::uint8_t nBytes = 0;
-    for (const char c : sText) nBytes |= BYTES[static_cast<unsigned char>(c)];
-    return nBytes;
+/// Whether there is a byte in sText that makes the converter cut a line otherwise than NASTRAN does; among the fields,
+/// also one that makes it read a number otherwise. CTextStore::SLACK bytes behind sText must be readable.
+bool HasOddByte(std::string_view sText, bool bFields) {
+    T_BYTES odd{};
+    for (std::size_t i = 0; i < sText.size(); i += sizeof(T_BYTES)) {
+        const T_BYTES bytes = LoadBytes(sText.data() + i);
+        T_BYTES found = Mask(bytes < ' ') | Mask(bytes == '$') | Mask(bytes == ':') | Mask(bytes == '=') | Mask(bytes == ',');
+        if (bFields) found |= Mask(bytes == '*') | Mask(bytes == 'D') | Mask(bytes == 'd');
+        if (sText.size() - i < sizeof(T_BYTES)) {
+            found &= Mask(PLACES_OF_BYTES < static_cast<unsigned char>(sText.size() - i));
+        }
+        odd |= found;
+    }
+    return AnySet(odd);
 }
 
 /// Whether the converter cuts a line of fixed fields as NASTRAN does and reads its numbers so, too.
@@ -46,23 +44,23 @@ bool IsPlain(std::string_view sText) {
     if (sText.size() > static_cast<std::size_t>(LONGEST_BULK_LINE)) return false;
     const std::string_view sFirst = sText.substr(0, FIELD_WIDTH);
     if (sFirst.find('*') != std::string_view::npos && sText.size() < SHORTEST_LARGE) return false;
-    if (BytesOf(sFirst) & BYTE_ODD) return false;
+    if (HasOddByte(sFirst, false)) return false;
     if (sText.size() <= FIELD_WIDTH) return true;
-    if (sText.size() > MARK_COLUMN && (BytesOf(sText.substr(MARK_COLUMN)) & BYTE_ODD)) return false;
-    return BytesOf(sText.substr(FIELD_WIDTH, MARK_COLUMN - FIELD_WIDTH)) == 0;
+    if (sText.size() > MARK_COLUMN && HasOddByte(sText.substr(MARK_COLUMN), false)) return false;
+    return !HasOddByte(sText.substr(FIELD_WIDTH, MARK_COLUMN - FIELD_WIDTH), true);
 }
 
 /// Field 1 of a line, without the blanks around it.
 std::string_view FirstField(std::string_view sText) {
     const std::size_t iComma = sText.substr(0, FREE_COLUMNS).find(',');
     if (iComma != std::string_view::npos) return TrimText(sText.substr(0, iComma));
-    return TrimText(sText.substr(0, std::min(sText.find('\t'), FIELD_WIDTH)));
+    const std::string_view sColumns = sText.substr(0, FIELD_WIDTH);
+    return TrimText(sColumns.substr(0, sColumns.find('\t')));
 }
 
 /// Field 10 of a line, bare.
-std::string LastMark(std::string_view sText) {
-    const bool bFixed = sText.find_first_of(",\t$") == std::string_view::npos;
-    if (bFixed) {
+std::string LastMark(std::string_view sText, bool bPlain) {
+    if (bPlain) {
         if (sText.size() <= MARK_COLUMN) return {};
         return std::string(BareMark(TrimText(sText.substr(MARK_COLUMN, FIELD_WIDTH))));
     }
@@ -97,7 +95,8 @@ const std::vector<T_RULE_D> CSourceDeck::RULES = {
 void CTextStore::Append(std::string_view sText) {
     if (sText.size() > m_nRoom) {
         const std::size_t nBlock = std::max(BLOCK, m_nOpen + sText.size());
-        auto pBlock = std::make_unique_for_overwrite<char[]>(nBlock);
+        auto pBlock = std::make_unique_for_overwrite<char[]>(nBlock + SLACK);
+        std::memset(pBlock.get() + nBlock, 0, SLACK);
         if (m_nOpen > 0) std::memcpy(pBlock.get(), m_pEnd - m_nOpen, m_nOpen);
         m_pEnd = pBlock.get() + m_nOpen;
         m_nRoom = nBlock - m_nOpen;
@@ -207,10 +206,12 @@ void CSourceDeck::AddLine(std::string_view sText) {
             m_aStrays.push_back({{}, m_aCards.size() - 1});
         }
     }
-    if (m_aCards.back().bPLAIN && !IsPlain(sText)) m_aCards.back().bPLAIN = false;
     m_texts.Append(sText);
+    const std::string_view sOpen = m_texts.GetOpen();
+    const bool bPlain = IsPlain(sOpen.substr(sOpen.size() - sText.size()));
+    m_aCards.back().bPLAIN = m_aCards.back().bPLAIN && bPlain;
     m_texts.Append('\n');
-    m_sLastMark = LastMark(sText);
+    m_sLastMark = LastMark(sText, bPlain);
 }
 
 /// Keeps the text of the card or of the stray line in hand.
@@ -248,7 +249,7 @@ void CSourceDeck::JoinStrays() {
     };
     const auto lastMark = [](std::string_view sLines) {
         sLines.remove_suffix(1);
-        return LastMark(sLines.substr(sLines.rfind('\n') + 1)); // all of it if there is no other line
+        return LastMark(sLines.substr(sLines.rfind('\n') + 1), false); // all of it if there is no other line
     };
     for (const std::uint32_t iCard : m_aWaiting) {
         std::string sMark = lastMark(m_aCards[iCard].Text());

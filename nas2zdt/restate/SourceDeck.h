@@ -15,6 +15,9 @@
 /// Keeps texts where they are until the end. A text grows at its end until the next one begins.
 class CTextStore {
   public:
+    /// Number of bytes behind each text that may be read; they don't matter.
+    static constexpr std::size_t SLACK = 16;
+
     void Begin() { m_nOpen = 0; }
     void Append(std::string_view sText);
     void Append(char c) { Append(std::string_view(&c, 1)); }

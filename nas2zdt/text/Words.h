@@ -14,10 +14,13 @@ constexpr bool StartsWithoutCase(std::string_view sLine, std::string_view sUpper
                                                        [](char cUpper, char c) { return cUpper == ToUpper(c); });
 }
 
+constexpr bool IsWhite(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
 /// The text without the blanks, tabs and ends of line around it.
 constexpr std::string_view TrimText(std::string_view sText) {
-    constexpr std::string_view SPACE = " \t\r\n";
-    const std::size_t iFirst = sText.find_first_not_of(SPACE);
-    if (iFirst == std::string_view::npos) return {};
-    return sText.substr(iFirst, sText.find_last_not_of(SPACE) - iFirst + 1);
+    while (!sText.empty() && IsWhite(sText.front())) sText.remove_prefix(1);
+    while (!sText.empty() && IsWhite(sText.back())) sText.remove_suffix(1);
+    return sText;
 }
