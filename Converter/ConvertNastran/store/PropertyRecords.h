@@ -58,6 +58,7 @@ struct T_PROP_D {
     std::int32_t iSECTYPE = 0;               // PBARL: shape code, 0 for a TYPE that isn't known
     std::int32_t iMID2 = 0;                  // PSHELL: material of bending
     bool bSHAPE = false;                     // whether it is a PBARL
+    mutable bool bUSED = false;              // whether an element has it, which its line tells in an observed run
     std::int32_t iNPLY = 90;                 // PCOMP: number of plies; meaningless in any other kind
     CSlotArray<std::int32_t, SLOTS> iPLYMID; // PCOMP: material of each ply
     CSlotArray<double, SLOTS> dVAL;          // the values; what a slot holds depends on the kind

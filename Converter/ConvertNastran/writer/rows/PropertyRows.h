@@ -5,9 +5,8 @@
 #include "store/PropertyRecords.h"
 #include "writer/rows/RowVisitor.h"
 
-#include <algorithm>
 #include <array>
-#include <vector>
+#include <set>
 
 /// MAT1.
 struct T_ISOTROPIC_ROW {
@@ -39,26 +38,15 @@ void TellPropertiesWithoutMaterial(const CDataPool& rPool, const VISITOR& rVisit
     }
 }
 
-/// The ids by which the records of a table name properties, ascending.
-template <class RECORD>
-std::vector<std::int32_t> FindPropertiesOf(const CMap<RECORD>& rTable) {
-    std::vector<std::int32_t> aIds;
-    rTable.ForEach([&](std::int32_t, const RECORD& rElement) { // one often comes many times in a row
-        if (aIds.empty() || aIds.back() != rElement.iPID) aIds.push_back(rElement.iPID);
-    });
-    std::sort(aIds.begin(), aIds.end());
-    return aIds;
-}
-
-/// Tells the properties that no element has of those whose material, or all of them, is in the lines of elements.
+/// Tells the properties that no element has of those whose material, or all of them, is in the lines of elements. These
+/// come before and have marked theirs.
 template <class VISITOR>
 void TellUnusedProperties(const CDataPool& rPool, const VISITOR& rVisitor) {
-    const std::vector<std::int32_t> aOfElements = FindPropertiesOf(rPool.ELEM);
-    const std::vector<std::int32_t> aOfSprings = FindPropertiesOf(rPool.CEL1);
+    std::set<std::int32_t> springs;
+    rPool.CEL1.ForEach([&](std::int32_t, const T_CEL1_D& rSpring) { springs.insert(rSpring.iPID); });
     const auto needsElement = [](const T_PROP_D& r) { return HasMaterial(r) || r.iPROPTYPE == PROP_ELAS; };
     for (const auto& [iPID, r] : rPool.PROP.Sorted(needsElement)) {
-        const std::vector<std::int32_t>& rUsed = r.iPROPTYPE == PROP_ELAS ? aOfSprings : aOfElements;
-        if (std::binary_search(rUsed.begin(), rUsed.end(), iPID)) continue;
+        if (r.iPROPTYPE == PROP_ELAS ? springs.contains(iPID) : r.bUSED) continue;
         rVisitor(T_LEFT_D{.eREASON = LEFT_PROPERTY_UNUSED, .iID = iPID, .sKEYWORD = KeywordOf(r)});
     }
 }
