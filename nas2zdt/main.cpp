@@ -87,7 +87,7 @@ class CBatch {
     void TellLosses(const std::string& sDeck, const CAccount& rAccount) {
         const char* const sWhere = m_rOptions.eACCOUNT == ACCOUNT_NONE ? "; see --account" : "";
         if (!m_rOptions.bNOWARNINGS) {
-            for (const std::string& sLine : MakeWarnings(rAccount, m_rOptions.allowed)) {
+            for (const std::string& sLine : MakeWarnings(rAccount, m_rOptions.allowed, m_rOptions.bFAITHFUL)) {
                 std::string sText = sDeck + ": warning: ";
                 sText += sLine;
                 TellHint(sText += sWhere);

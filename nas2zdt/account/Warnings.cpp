@@ -3,6 +3,7 @@
 #include "nas2zdt/account/Warnings.h"
 
 #include "nas2zdt/account/AccountOutput.h"
+#include "nas2zdt/restate/Restate.h"
 
 #include <algorithm>
 
@@ -35,6 +36,17 @@ std::string ShortText(const T_NOTE_D& rNote) {
     return sText.substr(0, sText.find(" (ids: "));
 }
 
+/// How many of some losses restating would do away with, if it would any.
+std::string MendedText(const std::vector<T_KIND_D>& rKinds, const T_MENDED& rMended) {
+    std::uint64_t nAll = 0, nMended = 0;
+    for (const T_KIND_D& rKind : rKinds) {
+        nAll += rKind.pNOTE->nCOUNT;
+        if (IsMended(rMended, rKind.pWORD->sNAME, NoteKind(*rKind.pNOTE))) nMended += rKind.pNOTE->nCOUNT;
+    }
+    if (nMended == 0) return {};
+    return "; --faithful carries over " + std::to_string(nMended) + " of these " + std::to_string(nAll);
+}
+
 } // namespace
 
 CAccount::CLASS_COUNTS CountLosses(const CAccount& rAccount, const T_ALLOWED& rAllowed) {
@@ -45,8 +57,9 @@ CAccount::CLASS_COUNTS CountLosses(const CAccount& rAccount, const T_ALLOWED& rA
     return aCounts;
 }
 
-std::vector<std::string> MakeWarnings(const CAccount& rAccount, const T_ALLOWED& rAllowed) {
+std::vector<std::string> MakeWarnings(const CAccount& rAccount, const T_ALLOWED& rAllowed, bool bRestated) {
     std::vector<std::string> aLines;
+    const T_MENDED mended = bRestated ? T_MENDED() : FindMended();
     auto aKinds = SortKinds(rAccount, rAllowed);
     for (const E_LOSS_CLASS eClass : {CLASS_MODEL, CLASS_MASS, CLASS_CONTROL}) {
         std::vector<T_KIND_D>& rKinds = aKinds[eClass];
@@ -63,6 +76,7 @@ std::vector<std::string> MakeWarnings(const CAccount& rAccount, const T_ALLOWED&
         if (rKinds.size() > nShown)
             sLine += " and " + std::to_string(rKinds.size() - nShown) +
                      (rKinds.size() == nShown + 1 ? " other kind" : " other kinds");
+        sLine += MendedText(rKinds, mended);
         aLines.push_back(std::move(sLine));
     }
     return aLines;

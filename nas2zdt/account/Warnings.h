@@ -15,4 +15,5 @@ using T_ALLOWED = std::set<std::string, std::less<>>;
 CAccount::CLASS_COUNTS CountLosses(const CAccount& rAccount, const T_ALLOWED& rAllowed);
 
 /// A line for each class that matters with its commonest kinds, worst class first; none if nothing but notes was lost.
-std::vector<std::string> MakeWarnings(const CAccount& rAccount, const T_ALLOWED& rAllowed);
+/// Of a deck that wasn't restated, it tells how much restating would carry over.
+std::vector<std::string> MakeWarnings(const CAccount& rAccount, const T_ALLOWED& rAllowed, bool bRestated);

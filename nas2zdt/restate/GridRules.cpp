@@ -18,7 +18,7 @@ constexpr const char* FRAME_WORDS[] = {"CORD2R", "CORD2C", "CORD2S"};
 const std::vector<T_RULE_D> CGridRules::RULES = {
     {"grid-basic", CLASS_NOTE, "GRID", "CP", "restated: at its basic position",
      "frame-parent-kind frame-parent-polar "
-     "frame-sphere-copied frame-grid-cp grid-cp-missing"},
+     "frame-sphere-copied frame-grid-cp"},
     {"grid-axes", CLASS_NOTE, "GRID", "CD", "restated: local axes by a frame that has them at the grid",
      "grid-cd-origin grid-cd-polar"},
     {"grid-defaults", CLASS_NOTE, "GRDSET", "defaults of grids", "restated: defaults of GRDSET filled in"},

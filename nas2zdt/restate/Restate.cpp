@@ -23,13 +23,21 @@ enum E_DECKRULE { DECK_LAYOUT, DECK_BROKEN, DECK_ENDING };
 const std::vector<T_RULE_D> DECK_RULES = {
     {"layout", CLASS_NOTE, "", "tabs, comments, short lines and numbers that the converter reads otherwise",
      "restated: fields put into their columns",
-     "text-tab text-short text-comment text-mark text-blank text-colon text-large-free text-other plus-sign cut-off "
-     "fields-past-read not-a-number"},
+     "text-tab text-short text-comment text-mark text-colon text-large-free plus-sign cut-off"},
     {"not-understood", CLASS_MODEL, "", "a field that isn't what it should be",
      "goes through as it stands, since a field isn't what it should be"},
     {"ending", CLASS_CONTROL, "", "a line that isn't ENDDATA but holds it", "left out: a line that holds ENDDATA",
      "ended-early"},
 };
+
+std::vector<std::string_view> SplitWords(std::string_view sText) {
+    std::vector<std::string_view> aWords;
+    while (!(sText = TrimText(sText)).empty()) {
+        aWords.push_back(sText.substr(0, sText.find(' ')));
+        sText.remove_prefix(aWords.back().size());
+    }
+    return aWords;
+}
 
 } // namespace
 
@@ -207,4 +215,21 @@ std::vector<T_RULE_D> GetRestateRules() {
     const std::vector<T_RULE_D> aFamilies = GetFamilyRules();
     aRules.insert(aRules.end(), aFamilies.begin(), aFamilies.end());
     return aRules;
+}
+
+T_MENDED FindMended() {
+    T_MENDED mended;
+    for (const T_RULE_D& rRule : GetRestateRules()) {
+        const std::vector<std::string_view> aKinds = SplitWords(rRule.sMENDS);
+        std::vector<std::string_view> aKeywords = SplitWords(rRule.sKEYWORDS);
+        if (aKeywords.empty()) aKeywords.emplace_back();
+        for (const std::string_view sKeyword : aKeywords) {
+            for (const std::string_view sKind : aKinds) mended.emplace(sKeyword, sKind);
+        }
+    }
+    return mended;
+}
+
+bool IsMended(const T_MENDED& rMended, std::string_view sKeyword, std::string_view sKind) {
+    return rMended.contains({sKeyword, sKind}) || rMended.contains({std::string_view(), sKind});
 }

@@ -8,7 +8,10 @@
 
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 /// What is chosen of a deck.
@@ -32,3 +35,9 @@ T_RESTATED_D RestateDeck(const std::string& sDeck, CFile& rFile, const T_CHOICE_
 
 /// All rules, by family.
 std::vector<T_RULE_D> GetRestateRules();
+
+/// Losses of the exact conversion that restating does away with, by the keyword of their cards, empty for any, and
+/// kind.
+using T_MENDED = std::set<std::pair<std::string_view, std::string_view>>;
+T_MENDED FindMended();
+bool IsMended(const T_MENDED& rMended, std::string_view sKeyword, std::string_view sKind);

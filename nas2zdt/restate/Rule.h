@@ -16,7 +16,7 @@ struct T_RULE_D {
     const char* sKEYWORDS;   // of the cards that it takes
     const char* sTAKES;      // what of them
     const char* sGIVES;      // what becomes of it, as the account tells it
-    const char* sMENDS = ""; // kinds of loss of the exact conversion that it does away with, between blanks
+    const char* sMENDS = ""; // kinds of loss of these cards that it does away with, all of them, between blanks
 };
 
 /// Where something was told: file by its number, and line.

@@ -31,7 +31,9 @@ struct T_FAMILIES_D {
     }
 };
 
-using FAMILIES = T_FAMILIES_D<CGridRules, CSupportRules, CLinkRules, CMassRules, CBarRules, CShellRules, CBeamPropertyRules, CPropertyRules, CMaterialRules, CNodeLoadRules, CElementLoadRules, CTemperatureRules>;
+using FAMILIES =
+    T_FAMILIES_D<CGridRules, CSupportRules, CLinkRules, CMassRules, CBarRules, CShellRules, CBeamPropertyRules,
+                 CPropertyRules, CMaterialRules, CNodeLoadRules, CElementLoadRules, CTemperatureRules>;
 
 } // namespace
 

@@ -29,7 +29,8 @@ bool HasOddByte(std::string_view sText, bool bFields) {
     T_BYTES odd{};
     for (std::size_t i = 0; i < sText.size(); i += sizeof(T_BYTES)) {
         const T_BYTES bytes = LoadBytes(sText.data() + i);
-        T_BYTES found = Mask(bytes < ' ') | Mask(bytes == '$') | Mask(bytes == ':') | Mask(bytes == '=') | Mask(bytes == ',');
+        T_BYTES found =
+            Mask(bytes < ' ') | Mask(bytes == '$') | Mask(bytes == ':') | Mask(bytes == '=') | Mask(bytes == ',');
         if (bFields) found |= Mask(bytes == '*') | Mask(bytes == 'D') | Mask(bytes == 'd');
         if (sText.size() - i < sizeof(T_BYTES)) {
             found &= Mask(PLACES_OF_BYTES < static_cast<unsigned char>(sText.size() - i));
