@@ -16,9 +16,7 @@ constexpr const char* FRAME_WORDS[] = {"CORD2R", "CORD2C", "CORD2S"};
 } // namespace
 
 const std::vector<T_RULE_D> CGridRules::RULES = {
-    {"grid-basic", CLASS_NOTE, "GRID", "CP", "restated: at its basic position",
-     "frame-parent-kind frame-parent-polar "
-     "frame-sphere-copied frame-grid-cp"},
+    {"grid-basic", CLASS_NOTE, "GRID", "CP", "restated: at its basic position"},
     {"grid-axes", CLASS_NOTE, "GRID", "CD", "restated: local axes by a frame that has them at the grid",
      "grid-cd-origin grid-cd-polar"},
     {"grid-defaults", CLASS_NOTE, "GRDSET", "defaults of grids", "restated: defaults of GRDSET filled in"},
@@ -26,7 +24,7 @@ const std::vector<T_RULE_D> CGridRules::RULES = {
     {"grid-frame", CLASS_MODEL, "GRID", "a CP that is no frame", "a position that isn't known: CP is no frame"},
     {"grid-cd", CLASS_MODEL, "GRID", "a CD that is no frame", "local axes that aren't known: CD is no frame"},
     {"frame-basic", CLASS_NOTE, "CORD1R CORD1C CORD1S CORD2R CORD2C CORD2S", "frames of grids or in frames",
-     "restated: frames by basic points"},
+     "restated: frames by basic points", "frame-parent-kind frame-parent-polar frame-sphere-copied frame-grid-cp"},
     {"frame-bad", CLASS_MODEL, "CORD1R CORD1C CORD1S CORD2R CORD2C CORD2S",
      "a frame of points on a line, of missing grids or frames, or in itself", "a frame that can't be worked out"},
 };
