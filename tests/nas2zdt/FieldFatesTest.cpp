@@ -13,7 +13,7 @@ namespace {
 
 TEST(FieldFates, TheFileChangesOrTheAccountTells) {
     const std::vector<T_FATE_D> aFates = FindFieldFates();
-    EXPECT_EQ(ReadText(CARDS_PAGE), MakeCardsPage(aFates)) << "scripts/make_cards.sh makes the page anew";
+    EXPECT_EQ(ReadText(CARDS_PAGE), MakeCardsPage(aFates)) << "scripts/make_pages.sh makes the page anew";
     EXPECT_GT(aFates.size(), 600u);
     for (const T_FATE_D& rFate : aFates) {
         EXPECT_FALSE(rFate.aSECTIONS.empty() && rFate.aTOLD.empty() && rFate.aRECORD.empty())

@@ -70,4 +70,11 @@ TEST_P(RestateCases, AreRestated) {
 INSTANTIATE_TEST_SUITE_P(Families, RestateCases, testing::Values("text", "grids"),
                          [](const auto& rInfo) { return std::string(rInfo.param); });
 
+TEST(RulesPage, IsThatOfTheRules) {
+    const std::string sPage = ReadText(RULES_PAGE), sTitle = "## Rules\n";
+    const std::size_t iTitle = sPage.find(sTitle);
+    ASSERT_NE(iTitle, std::string::npos);
+    EXPECT_EQ(sPage.substr(iTitle + sTitle.size()), MakeRulesTable()) << "scripts/make_pages.sh makes the page anew";
+}
+
 } // namespace

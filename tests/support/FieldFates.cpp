@@ -98,7 +98,7 @@ std::string MakeCardsPage(const std::vector<T_FATE_D>& aFates) {
         "# Cards\n\n"
         "What becomes of every field of every card that is converted, found by converting a card with all of its\n"
         "fields and once without each: the sections of the target file that the field changes, and what `--account`\n"
-        "tells of it, with the class of the loss. `scripts/make_cards.sh` makes this page.\n";
+        "tells of it, with the class of the loss. `scripts/make_pages.sh` makes this page.\n";
     const auto join = [](const std::vector<std::string>& aTexts) {
         std::string sText;
         for (const std::string& sItem : aTexts) {

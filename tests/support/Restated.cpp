@@ -1,5 +1,6 @@
 #include "support/Restated.h"
 
+#include "nas2zdt/account/Losses.h"
 #include "nas2zdt/restate/CardText.h"
 
 #include <vector>
@@ -59,4 +60,19 @@ std::string ShowTold(const std::vector<T_TOLD_D>& aTold) {
         if (!rTold.sDETAIL.empty()) sShown += " (" + rTold.sDETAIL + ")";
     }
     return sShown;
+}
+
+std::string MakeRulesTable() {
+    std::string sTable = "\n| rule | cards | what of them | what becomes of it | class |\n|---|---|---|---|---|\n";
+    for (const T_RULE_D& rRule : GetRestateRules()) {
+        for (const std::string_view sCell :
+             {std::string_view(rRule.sNAME), std::string_view(rRule.sKEYWORDS), std::string_view(rRule.sTAKES),
+              std::string_view(rRule.sGIVES), ClassName(rRule.eCLASS)}) {
+            sTable += "| ";
+            sTable += sCell;
+            sTable += sCell.empty() ? "" : " ";
+        }
+        sTable += "|\n";
+    }
+    return sTable;
 }

@@ -37,7 +37,7 @@ TEST(ConstraintSection, CardForms) {
     const std::pair<const char*, const char*> CASES[] = {
         {"SPC,1\n", "    0, 000000\n"},
         {"SPC,1,7,00\n", "    7, 000000\n"},
-        {"SPC            1       7      0\r\n", "    7, 000000\n"}, // the text is 0 and a carriage return
+        {"SPC            1       7      0\r\n", "    7, 000000\n"},           // the text is 0 and a carriage return
         {"SPC*    1               7               0\r\n", "    7, 111111\n"}, // which these leave out
         {"SPC,1,7,0\r\n", "    7, 111111\n"},
         {"SPC,1,7,1,,-8,2\n", "    7, 100000\n   -8, 010000\n"},
