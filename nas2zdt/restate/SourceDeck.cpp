@@ -88,7 +88,7 @@ const std::vector<T_RULE_D> CSourceDeck::RULES = {
     {"include-missing", CLASS_CONTROL, "INCLUDE", "an INCLUDE before BEGIN BULK that leads nowhere",
      "passed over: a deck that isn't there, before BEGIN BULK", "control-include"},
     {"replicated", CLASS_NOTE, "", "lines of replication", "restated: cards made from lines of replication",
-     "replication unknown-word said-ignored"},
+     "replication said-ignored"},
     {"joined", CLASS_NOTE, "", "continuation lines that stand elsewhere",
      "restated: continuation lines put behind the line of their mark", "stray-line"},
 };

@@ -21,12 +21,13 @@ mkdir other results
 cp good.dat other/good.dat
 
 # ---- the command line
-expect "help fits a screen" 0 --help
-[ "$(wc -l <out)" -le 24 ] || fail "help has more lines than a screen"
+expect "help fits a page" 0 --help
+[ "$(wc -l <out)" -le 32 ] || fail "help has more lines than a page"
 [ "$(wc -L <out)" -le 96 ] || fail "help has lines that are too long"
 for args in "--log" "--log= good.dat" "--strict=all good.dat" "--allow" "--allow= good.dat" "--account=xml good.dat" "--quiet=1 good.dat" "-o" \
     "--limit" "--limit ranges good.dat" "--limit ranges=0 good.dat" "--limit ranges=5x good.dat" "--limit lines=5 good.dat" \
-    "--limit decks=99999999999999999999 good.dat" "--limit =5 good.dat" "-o good.zdt good.dat lossy.dat"; do
+    "--limit decks=99999999999999999999 good.dat" "--limit =5 good.dat" "--restated x.dat good.dat" "--subcase 1 good.dat" "--super 1 good.dat" "--faithful --super x good.dat" \
+    "--logical A=. good.dat" "--faithful --logical A good.dat" "--faithful --restated x.dat good.dat lossy.dat" "-o good.zdt good.dat lossy.dat"; do
     # shellcheck disable=SC2086 # several arguments
     expect "wrong usage: $args" 2 $args
     silent "wrong usage: $args" out
@@ -168,6 +169,26 @@ grep -q '^nas2zdt: cycle.dat:2: ' err || fail "a cycle"
 printf 'BEGIN BULK\nINCLUDE,\nENDDATA\n' >nameless.dat
 expect "an include without a name" 1 nameless.dat
 grep -q '^nas2zdt: nameless.dat: ' err || fail "the deck of an include without a name"
+
+# ---- restating
+mkdir named
+printf 'GRID,5,7,1.,0.,0.\n' >named/five.dat
+printf 'CORD2R,7,,1.,0.,0.,1.,0.,1.\n,2.,0.,0.\nINCLUDE %sHere:five.dat%s\nGRID\t6\t\t3.\nRBAR,7\n' "'" "'" >bare.dat
+printf '*VERSION\n  5.8.1\n\n*NODE\n  5, 2, 0, 0\n  6, 3, 0, 0\n\n' >five.expected
+expect "a restated deck" 0 --faithful --restated restated.dat --logical here=named --account bare.dat
+cmp bare.zdt five.expected || fail "the target file of a restated deck"
+says "a rule" out "  GRID            1  restated: at its basic position: named/five.dat:1"
+says "a loss of a restated deck" out "  RBAR            1  reported: not converted: bare.dat:5"
+expect "the restated deck by itself" 0 --quiet restated.dat
+cmp restated.zdt five.expected || fail "the target file of the restated deck by itself"
+Here=named expect "a folder by the environment" 0 --faithful --strict --allow RBAR bare.dat
+printf 'BEGIN BULK\nGRID\t8\t\t9.\nRBAR,7\nENDDATA\n' >tab.dat
+expect "what restating would carry over" 0 --quiet tab.dat
+grep -Fq '; --faithful carries over ' err || fail "what restating would carry over"
+expect "a subcase that isn't there" 1 --faithful --subcase 3 good.dat
+says "a subcase that isn't there" err "nas2zdt: good.dat: there is no subcase 3"
+expect "a restated deck over the deck" 1 --faithful --restated good.dat good.dat
+expect "a restated deck over an include" 1 --faithful --restated named/five.dat --logical here=named bare.dat
 
 # ---- limits
 printf 'BEGIN BULK\nGRID,1\nPLOAD2,1,1.,1,THRU,9\nENDDATA\n' >range.dat
