@@ -56,6 +56,7 @@ class CRestate {
 
     T_RESTATED_D Run(const std::string& sDeck) {
         m_source.Read(sDeck, m_rChoice.join);
+        for (const std::string& rFile : m_source.GetFiles()) m_restated.lines.AddFile(rFile);
         ChooseCase();
         for (std::size_t i = 0; i < m_source.GetCards().size(); ++i) Gather(static_cast<std::uint32_t>(i));
         for (const auto& pFamily : m_aFamilies) pFamily->Close();
@@ -151,10 +152,9 @@ void CRestate::WriteControl() {
         m_writer.Copy(sText += '\n', 1);
         if (bCase || !StartsWithoutCase(sText, "CEND")) continue;
         bCase = true;
-        if (m_model.m_aCases.empty() || m_model.m_iSupportSet == 0) continue;
-        const std::string sSet = std::to_string(m_model.m_iSupportSet);
-        m_writer.Copy("SPC = " + sSet + "\n", 1);
-        m_writer.Copy("MPC = " + sSet + "\n", 1);
+        if (m_model.m_aCases.empty()) continue;
+        if (m_model.m_iAskedSPC != 0) m_writer.Copy("SPC = " + std::to_string(m_model.m_iAskedSPC) + "\n", 1);
+        if (m_model.m_iAskedMPC != 0) m_writer.Copy("MPC = " + std::to_string(m_model.m_iAskedMPC) + "\n", 1);
     }
     m_writer.Copy("BEGIN BULK\n", 1);
 }

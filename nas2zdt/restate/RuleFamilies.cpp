@@ -31,9 +31,10 @@ struct T_FAMILIES_D {
     }
 };
 
+// Supports come last: they are gathered and written anew in a restated deck, too, where cards of the others stay.
 using FAMILIES =
-    T_FAMILIES_D<CGridRules, CSupportRules, CLinkRules, CMassRules, CBarRules, CShellRules, CBeamPropertyRules,
-                 CPropertyRules, CMaterialRules, CNodeLoadRules, CElementLoadRules, CTemperatureRules>;
+    T_FAMILIES_D<CGridRules, CLinkRules, CMassRules, CBarRules, CShellRules, CBeamPropertyRules, CPropertyRules,
+                 CMaterialRules, CNodeLoadRules, CElementLoadRules, CTemperatureRules, CSupportRules>;
 
 } // namespace
 
