@@ -77,7 +77,7 @@ std::uint8_t CBarRules::GatherBar(const CCardFields& rCard, std::uint32_t iCard,
     const bool bRest = !rCard.IsBlank(FIELD_X2) || !rCard.IsBlank(FIELD_X3);
     const bool bVector = rCard.Text(FIELD_X1).find('.') != std::string_view::npos;
     if (rCard.IsBlank(FIELD_PID) || (!bVector && (bRest || rCard.HasReal(FIELD_X1)))) return NEED_ALWAYS;
-    if (!bVector) return rCard.IsBlank(FIELD_X1) ? eDefaults | NEED_CD : NEED_NOTHING;
+    if (!bVector) return rCard.IsBlank(FIELD_X1) || rCard.IsBlank(FIELD_OFFT) ? eDefaults : NEED_NOTHING;
     const bool bWhole = !rCard.IsBlank(FIELD_X2) && !rCard.IsBlank(FIELD_X3) && !rCard.IsBlank(FIELD_OFFT);
     return static_cast<std::uint8_t>(NEED_CD | (bWhole ? NEED_NOTHING : eDefaults));
 }
@@ -110,15 +110,16 @@ void CBarRules::RestateBar(CRestateCard& rCard, const T_DEFAULTS& rDefaults) {
             if (aTexts[i].empty()) aTexts[i] = rDefaults[FIELD_X1 + i];
         }
     }
+    std::string sAxes = rCard.IsBlank(FIELD_OFFT) ? rDefaults[FIELD_OFFT] : PlainField(rCard.Text(FIELD_OFFT));
     if (isGrid(aTexts[0], aTexts[1], aTexts[2])) {
         if (rCard.IsBlank(FIELD_X1) && !aTexts[0].empty()) rCard.Set(FIELD_X1, std::string_view(aTexts[0]));
+        if (rCard.IsBlank(FIELD_OFFT) && !sAxes.empty()) rCard.Set(FIELD_OFFT, std::string_view(sAxes));
         return;
     }
     T_VECTOR vector = {};
     for (std::size_t i = 0; i < 3; ++i) {
         if (!ReadReal(aTexts[i], vector[i])) rCard.Real(FIELD_X1 + i);
     }
-    std::string sAxes = rCard.IsBlank(FIELD_OFFT) ? rDefaults[FIELD_OFFT] : PlainField(rCard.Text(FIELD_OFFT));
     bool bWrite = false;
     if (aTexts[0].find('.') == std::string::npos) {
         bWrite = true;

@@ -165,6 +165,8 @@ bool AddUp(const T_RECTANGLES& rRectangles, T_SECTIONVALUES_D& rValues) {
         rValues.dI2 += dA * (r.dWIDTH * r.dWIDTH / 12.0 + z * z);
         rValues.dI12 -= dA * y * z; // Z to the left
     }
+    constexpr double ROUNDING = 1e-12; // of the centre of shapes that are symmetric
+    if (std::fabs(rValues.dI12) <= ROUNDING * (rValues.dI1 + rValues.dI2)) rValues.dI12 = 0.0;
     return true;
 }
 

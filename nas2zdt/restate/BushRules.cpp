@@ -140,7 +140,7 @@ void CBushRules::RestateAxes(CRestateCard& rCard, const T_VECTOR& rFrom, const T
         rCard.Set(FIELD_PID, TurnedProperty(iPID, meant.iTURN, rCard.GetOrigin()));
         rCard.Tell(RULES[BUSH_TURNED]);
     }
-    for (std::size_t i = 0; bVector && i < 3; ++i) rCard.Set(FIELD_X1 + i, vector[i]);
+    for (std::size_t i = 0; bVector && i < 3; ++i) rCard.Set(FIELD_X1 + i, vector[i] + 0.0); // no -0.
     if (bCID) {
         rCard.Set(FIELD_CID, bFrame ? CFieldValue(AxesFrame(rAlong, meant.dY, rCard.GetOrigin())) : CFieldValue());
     }
