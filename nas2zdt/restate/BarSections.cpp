@@ -9,10 +9,9 @@ namespace {
 
 constexpr double PI = 3.141592653589793;
 
-/// A rectangle by its sides; Z counts to the right here. A hole has the sign -1.
+/// A rectangle by its sides; Z counts to the right here.
 struct T_RECTANGLE_D {
     double dLEFT, dBOTTOM, dWIDTH, dHEIGHT;
-    double dSIGN = 1.0;
 };
 using T_RECTANGLES = std::vector<T_RECTANGLE_D>;
 using T_DIM = std::span<const double>;
@@ -45,11 +44,16 @@ T_RECTANGLES T1(T_DIM d) { // height of the upright flange, length of the level 
 T_RECTANGLES T2(T_DIM d) { // width, height, flange at the bottom, stem
     return {{-d[0] / 2, 0.0, d[0], d[2]}, {-d[3] / 2, d[2], d[3], d[1] - d[2]}};
 }
-T_RECTANGLES Box(T_DIM d) { // width, height, top and bottom, sides
-    return {{0.0, 0.0, d[0], d[1]}, {d[3], d[2], d[0] - 2 * d[3], d[1] - 2 * d[2], -1.0}};
-}
 T_RECTANGLES Box1(T_DIM d) { // width, height, top, bottom, left, right
-    return {{0.0, 0.0, d[0], d[1]}, {d[4], d[3], d[0] - d[4] - d[5], d[1] - d[2] - d[3], -1.0}};
+    const double dBetween = d[0] - d[4] - d[5];
+    return {{0.0, 0.0, d[4], d[1]},
+            {d[0] - d[5], 0.0, d[5], d[1]},
+            {d[4], 0.0, dBetween, d[3]},
+            {d[4], d[1] - d[2], dBetween, d[2]}};
+}
+T_RECTANGLES Box(T_DIM d) { // width, height, top and bottom, sides
+    const std::array<double, 6> dBox1 = {d[0], d[1], d[2], d[2], d[3], d[3]};
+    return Box1(dBox1);
 }
 T_RECTANGLES Bar(T_DIM d) { // width, height
     return {{0.0, 0.0, d[0], d[1]}};
@@ -89,11 +93,14 @@ T_RECTANGLES Hat1(T_DIM d) { // width, width of the top, height, thickness, thic
 /// Width, height, place of the middle of the web; left wall, web, right wall; left top and bottom, right top and
 /// bottom.
 T_RECTANGLES Dbox(T_DIM d) {
-    const double dLeft = d[2] - d[4] / 2, dRight = d[2] + d[4] / 2;
-    return {{0.0, 0.0, d[2], d[1]},
-            {d[3], d[7], dLeft - d[3], d[1] - d[6] - d[7], -1.0},
-            {d[2], 0.0, d[0] - d[2], d[1]},
-            {dRight, d[9], d[0] - d[5] - dRight, d[1] - d[8] - d[9], -1.0}};
+    const double dWeb = d[2] - d[4] / 2, dRight = d[2] + d[4] / 2;
+    return {{0.0, 0.0, d[3], d[1]},
+            {dWeb, 0.0, d[4], d[1]},
+            {d[0] - d[5], 0.0, d[5], d[1]},
+            {d[3], 0.0, dWeb - d[3], d[7]},
+            {d[3], d[1] - d[6], dWeb - d[3], d[6]},
+            {dRight, 0.0, d[0] - d[5] - dRight, d[9]},
+            {dRight, d[1] - d[8], d[0] - d[5] - dRight, d[8]}};
 }
 
 /// A cell of a closed section between the middles of its walls. dWALLS is the sum of length by thickness around it.
@@ -151,7 +158,7 @@ bool AddUp(const T_RECTANGLES& rRectangles, T_SECTIONVALUES_D& rValues) {
     double dY = 0.0, dZ = 0.0;
     for (const T_RECTANGLE_D& r : rRectangles) {
         if (!(r.dWIDTH >= 0.0) || !(r.dHEIGHT >= 0.0)) return false;
-        const double dA = r.dSIGN * r.dWIDTH * r.dHEIGHT;
+        const double dA = r.dWIDTH * r.dHEIGHT;
         rValues.dA += dA;
         dY += dA * (r.dBOTTOM + r.dHEIGHT / 2);
         dZ += dA * (r.dLEFT + r.dWIDTH / 2);
@@ -159,7 +166,7 @@ bool AddUp(const T_RECTANGLES& rRectangles, T_SECTIONVALUES_D& rValues) {
     dY /= rValues.dA;
     dZ /= rValues.dA;
     for (const T_RECTANGLE_D& r : rRectangles) {
-        const double dA = r.dSIGN * r.dWIDTH * r.dHEIGHT;
+        const double dA = r.dWIDTH * r.dHEIGHT;
         const double y = r.dBOTTOM + r.dHEIGHT / 2 - dY, z = r.dLEFT + r.dWIDTH / 2 - dZ;
         rValues.dI1 += dA * (r.dHEIGHT * r.dHEIGHT / 12.0 + y * y);
         rValues.dI2 += dA * (r.dWIDTH * r.dWIDTH / 12.0 + z * z);
