@@ -4,6 +4,7 @@
 
 #include "nas2zdt/restate/BarRules.h"
 #include "nas2zdt/restate/BeamPropertyRules.h"
+#include "nas2zdt/restate/BushRules.h"
 #include "nas2zdt/restate/ElementLoadRules.h"
 #include "nas2zdt/restate/GridRules.h"
 #include "nas2zdt/restate/LinkRules.h"
@@ -31,7 +32,9 @@ struct T_FAMILIES_D {
     }
 };
 
-using FAMILIES = T_FAMILIES_D<CGridRules, CSupportRules, CLinkRules, CMassRules, CBarRules, CShellRules, CBeamPropertyRules, CPropertyRules, CMaterialRules, CNodeLoadRules, CElementLoadRules, CTemperatureRules>;
+using FAMILIES = T_FAMILIES_D<CGridRules, CSupportRules, CLinkRules, CMassRules, CBarRules, CBushRules, CShellRules,
+                              CBeamPropertyRules, CPropertyRules, CMaterialRules, CNodeLoadRules, CElementLoadRules,
+                              CTemperatureRules>;
 
 } // namespace
 
