@@ -72,19 +72,19 @@ T_VECTOR ThirdOfTriangle(const T_VECTOR& rA, const T_VECTOR& rB, const T_VECTOR&
 
 const std::vector<T_RULE_D> CElementLoadRules::RULES = {
     {"pressure-list", CLASS_NOTE, "PLOAD2 PLOAD4", "THRU, lists over lines",
-     "restated: the elements that there are by their ids", "thru pload2-element fields-past-read"},
+     "restated: the elements that there are by their ids", "thru fields-past-read"},
     {"pressure-nothing", CLASS_MODEL, "PLOAD2 PLOAD4", "a THRU without any plate of the deck",
      "left out: pressures on plates that the deck lacks"},
     {"pressure-zero", CLASS_NOTE, "PLOAD4", "a corner of 0.0", "restated: corners of 0.0 as 1.E-30", "meaning"},
-    {"pressure-direction", CLASS_NOTE, "PLOAD4", "a direction in a CID or of another length than 1",
-     "restated: a direction of length 1 in basic axes", "fields"},
+    {"pressure-direction", CLASS_NOTE, "PLOAD4", "a CID, a direction of another length than 1, SORL SURF",
+     "restated: a direction of length 1 in basic axes, or none", "fields"},
     {"pressure-unknown", CLASS_MODEL, "PLOAD4", "a direction in a CID that is no frame",
      "left out: pressures whose direction isn't known"},
     {"pressure-turning", CLASS_MODEL, "PLOAD4", "a direction in a cylindrical or spherical CID",
      "a direction that turns over the element is that at its centre"},
     {"pressure-edge", CLASS_MODEL, "PLOAD4", "SORL LINE", "left out: loads on the edges of plates"},
     {"pressure-wedge", CLASS_NOTE, "PLOAD4", "a face of a CPENTA",
-     "restated: a face by the grids that the converter finds it by", "pload4-face pload4-no-face"},
+     "restated: a face by the grids that the converter finds it by", "pload4-face"},
     {"pressure-wedge-face", CLASS_MODEL, "PLOAD4", "a face of a CPENTA with grids at one place",
      "left out: pressures on faces that the converter doesn't find"},
     {"pressure-corners", CLASS_MODEL, "PLOAD4", "corners of a solid's face that differ",
@@ -98,7 +98,7 @@ const std::vector<T_RULE_D> CElementLoadRules::RULES = {
     {"beam-position", CLASS_MODEL, "PLOAD1", "X2 in front of X1, or FRPR on an element without length",
      "left out: loads whose stretch isn't known"},
     {"beam-element", CLASS_MODEL, "PLOAD1", "an element that the deck lacks",
-     "left out: loads on elements that the deck lacks", "pload1-element-missing pload1-element"},
+     "left out: loads on elements that the deck lacks"},
 };
 
 std::vector<T_CARDRULES_D> CElementLoadRules::GetCards() {
@@ -276,6 +276,7 @@ void CElementLoadRules::RestatePLOAD2(CRestateCard& rCard) {
 }
 
 void CElementLoadRules::RestatePLOAD4(CRestateCard& rCard) {
+    m_told.clear();
     if (rCard.Is(12, "LINE")) {
         rCard.Drop();
         return rCard.Tell(RULES[PRESSURE_EDGE]);
@@ -315,7 +316,7 @@ void CElementLoadRules::WritePressure(CRestateCard& rCard, std::int32_t iEID, bo
         aFields[i] = ZERO_PRESSURE;
         bZero = true;
     }
-    if (bZero) rCard.Tell(RULES[PRESSURE_ZERO]);
+    if (bZero) TellOnce(rCard, PRESSURE_ZERO);
     for (std::size_t i = 0; i < aFields.size(); ++i) {
         bChanged = bChanged || aFields[i].GetText() != CFieldValue(rCard.Text(i)).GetText();
     }
@@ -326,18 +327,32 @@ void CElementLoadRules::WritePressure(CRestateCard& rCard, std::int32_t iEID, bo
 bool CElementLoadRules::SetDirection(CRestateCard& rCard, std::int32_t iEID, std::vector<CFieldValue>& rFields) {
     const T_VECTOR components = {rCard.Real(9), rCard.Real(10), rCard.Real(11)};
     const std::int32_t iCID = rCard.Int(8);
-    if (components == T_VECTOR() || (iCID == 0 && std::fabs(Length(components) - 1.0) < SMALL)) return true;
+    const bool bNormal = components == T_VECTOR();
+    const bool bUnit = bNormal || std::fabs(Length(components) - 1.0) < SMALL;
+    const bool bSurface = !rCard.IsBlank(12) || !rCard.IsBlank(13);
+    if (iCID == 0 && bUnit && !bSurface) return true;
+    for (std::size_t i = 8; i < rFields.size(); ++i) rFields[i] = {};
+    if (bNormal) {
+        TellOnce(rCard, PRESSURE_DIRECTION);
+        return true;
+    }
     const T_FRAME_D* pFrame = m_rModel.FindFrame(iCID);
     const bool bAxial = components[0] == 0.0 && components[1] == 0.0;
     const bool bTurns = pFrame && pFrame->eKIND != FRAME_RECTANGULAR && !(pFrame->eKIND == FRAME_CYLINDRICAL && bAxial);
     T_VECTOR centre = {};
     T_VECTOR direction = {};
-    if (pFrame && (!bTurns || FindCentre(iEID, centre))) direction = Unit(pFrame->VectorToBasic(components, centre));
-    const bool bKnown = direction != T_VECTOR();
-    rCard.Tell(RULES[!bKnown ? PRESSURE_UNKNOWN : bTurns ? PRESSURE_TURNING : PRESSURE_DIRECTION]);
-    rFields[8] = {};
+    if (pFrame && (!bTurns || FindCentre(iEID, centre))) direction = pFrame->VectorToBasic(components, centre);
+    if (!bUnit) direction = Unit(direction);
+    const bool bKnown = IsFinite(direction) && direction != T_VECTOR();
+    TellOnce(rCard, !bKnown ? PRESSURE_UNKNOWN : bTurns ? PRESSURE_TURNING : PRESSURE_DIRECTION);
     for (std::size_t i = 0; i < 3; ++i) rFields[9 + i] = direction[i];
     return bKnown;
+}
+
+/// Tells of a card that is written for many elements.
+void CElementLoadRules::TellOnce(CRestateCard& rCard, std::size_t iRule) {
+    if (!m_told.insert(iRule).second) return;
+    rCard.Tell(RULES[iRule]);
 }
 
 /// The middle of an element's corners. False if there is no such element, or one of its grids isn't known.

@@ -5,9 +5,10 @@
 #include "nas2zdt/restate/RuleFamily.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <map>
-#include <string_view>
+#include <set>
 #include <vector>
 
 class CElementLoadRules : public CRuleFamily {
@@ -35,10 +36,12 @@ class CElementLoadRules : public CRuleFamily {
     bool SetDirection(CRestateCard& rCard, std::int32_t iEID, std::vector<CFieldValue>& rFields);
     bool SetWedgeFace(CRestateCard& rCard, const std::vector<std::int32_t>& rCorners,
                       std::vector<CFieldValue>& rFields);
+    void TellOnce(CRestateCard& rCard, std::size_t iRule);
     double GetLength(std::int32_t iEID);
     bool FindCentre(std::int32_t iEID, T_VECTOR& rCentre);
 
     CElementLook m_elements;
+    std::set<std::size_t> m_told; // of the PLOAD4 in hand
 
     /// A card that goes through as it stands unless its element gives a reason.
     struct T_LATER_D {

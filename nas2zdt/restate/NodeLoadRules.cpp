@@ -40,11 +40,10 @@ const std::vector<T_RULE_D> CNodeLoadRules::RULES = {
      "restated: components by the positions of the grids"},
     {"force-direction", CLASS_MODEL, "FORCE FORCE1 FORCE2 MOMENT MOMENT1 MOMENT2",
      "a direction by grids at one place or on a line, by missing grids, or in a CID that is no frame",
-     "left out: loads whose direction isn't known",
-     "force-no-direction force-direction-grid-missing moment-no-direction moment-direction-grid-missing"},
+     "left out: loads whose direction isn't known"},
     {"force-grid", CLASS_MODEL, "FORCE FORCE1 FORCE2 MOMENT MOMENT1 MOMENT2", "a grid that the deck lacks",
-     "left out: loads on grids that the deck lacks", "force-grid-missing moment-grid-missing"},
-    {"gravity-basic", CLASS_NOTE, "GRAV", "CID", "restated: in basic axes", "fields"},
+     "left out: loads on grids that the deck lacks"},
+    {"gravity-basic", CLASS_NOTE, "GRAV", "CID, MB", "restated: in basic axes", "fields"},
     {"gravity-sum", CLASS_NOTE, "GRAV", "several cards of one set", "restated: the sum of the cards of one set",
      "replaced"},
     {"gravity-direction", CLASS_MODEL, "GRAV", "a CID that is no frame",
@@ -144,6 +143,7 @@ bool CNodeLoadRules::DropWithoutGrid(CRestateCard& rCard) {
 
 void CNodeLoadRules::RestateForce(CRestateCard& rCard) {
     if (DropWithoutGrid(rCard)) return;
+    rCard.Real(3);
     const T_VECTOR components = {rCard.Real(4), rCard.Real(5), rCard.Real(6)};
     const T_FRAME_D* pFrame = m_rModel.FindFrame(rCard.Int(2));
     const T_VECTOR* pPosition = m_rModel.FindPosition(rCard.Int(1));
@@ -190,7 +190,7 @@ void CNodeLoadRules::RestateGRAV(CRestateCard& rCard) {
     const T_FRAME_D* pFrame = m_rModel.FindFrame(iCID);
     T_GRAVITYSUM_D& rSum = m_mapGravity[iSID];
     const bool bOne = rSum.nCARDS == 1;
-    if (bOne && pFrame && iCID == 0) return;
+    if (bOne && iCID == 0 && rCard.IsBlank(6)) return;
     const T_VECTOR basic = bOne && pFrame ? GravityToBasic(*pFrame, direction) : rSum.dA;
     if (!pFrame || !IsFinite(basic)) {
         rCard.Drop();
@@ -200,6 +200,7 @@ void CNodeLoadRules::RestateGRAV(CRestateCard& rCard) {
     if (bOne) {
         rCard.Set(1, {});
         for (std::size_t i = 0; i < 3; ++i) rCard.Set(3 + i, basic[i]);
+        rCard.Set(6, {}); // it says where the frame is
     } else if (rSum.bWRITTEN) {
         rCard.Drop();
     } else {
