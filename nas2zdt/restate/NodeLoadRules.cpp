@@ -113,6 +113,7 @@ std::uint8_t CNodeLoadRules::GatherLOAD(const CCardFields& rCard) {
     }
     bPlain = bPlain && nSets <= SETS_A_CARD && (bNew || rCombination.nInLast == SETS_A_CARD);
     rCombination.bPLAIN = rCombination.bPLAIN && bPlain;
+    rCombination.bBROKEN = rCombination.bBROKEN || rCard.GetBroken() != CCardFields::NOWHERE;
     rCombination.nInLast = nSets;
     return NEED_ALWAYS;
 }
@@ -218,7 +219,7 @@ void CNodeLoadRules::RestateLOAD(CRestateCard& rCard) {
     }
     if (!bScaled) rCard.Tell(RULES[COMBINATION_SCALE]);
     T_COMBINATION_D& rCombination = m_mapCombinations[rCard.Int(0)];
-    if (rCombination.bPLAIN) return;
+    if (rCombination.bPLAIN || rCombination.bBROKEN) return;
     rCard.Drop();
     rCard.Tell(RULES[COMBINATION_FACTORS]);
     if (rCombination.bWRITTEN) return;

@@ -51,6 +51,7 @@ class CNodeLoadRules : public CRuleFamily {
         std::map<std::int32_t, std::size_t> mapPlaces; // of sets in aSHARES
         std::size_t nInLast = 0;                       // sets of the last card
         bool bPLAIN = true;                            // the cards are as they would be written
+        bool bBROKEN = false;                          // one isn't what it should be, so that all stay
         bool bWRITTEN = false;
     };
     std::map<std::int32_t, T_COMBINATION_D> m_mapCombinations;
