@@ -21,7 +21,7 @@ const std::vector<T_RULE_D> CLinkRules::RULES = {
     {"rigid-list", CLASS_NOTE, "RBE2", "THRU in its list, more lines than the converter takes",
      "restated: grids one by one, in RBE2 that are short enough", "thru too-many-lines"},
     {"rigid-element", CLASS_NOTE, "RBAR RBAR1 RBE1", "all independent components at one grid",
-     "restated: RBE2 that ties the same components", "reported"},
+     "restated: RBE2 that ties the same components"},
     {"rigid-expansion", CLASS_MODEL, "RBE2 RBAR RBAR1 RBE1", "ALPHA", "ALPHA, the expansion of a rigid element"},
 };
 
