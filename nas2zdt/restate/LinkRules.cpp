@@ -66,8 +66,10 @@ void CLinkRules::WriteLink(CRestateCard& rCard, CFieldValue id, std::int32_t iIn
 /// Reals at the end are ALPHA and its reference temperature.
 void CLinkRules::RestateRBE2(CRestateCard& rCard) {
     std::size_t iEnd = rCard.GetCount();
-    while (iEnd > FIRST_DEPENDENT && (rCard.IsBlank(iEnd - 1) || rCard.HasReal(iEnd - 1))) --iEnd;
-    const double dAlpha = iEnd < rCard.GetCount() ? rCard.Real(iEnd) : 0.0;
+    double dAlpha = 0.0;
+    while (iEnd > FIRST_DEPENDENT && (rCard.IsBlank(iEnd - 1) || rCard.HasReal(iEnd - 1))) {
+        if (!rCard.IsBlank(--iEnd)) dAlpha = rCard.Real(iEnd);
+    }
     bool bListed = iEnd > LONGEST_LIST;
     std::vector<std::int32_t> aDependent;
     for (const T_IDRANGE_D& rRange : ReadIdList(rCard, FIRST_DEPENDENT, iEnd)) {
