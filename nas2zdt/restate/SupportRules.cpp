@@ -32,25 +32,22 @@ constexpr std::uint32_t NO_CARD = CSupportTable::NO_CARD;
 
 const std::vector<T_RULE_D> CSupportRules::RULES = {
     {"supports", CLASS_NOTE, "SPC SPC1 SPCADD", "the supports of the chosen subcase, ranges and sums",
-     "restated: one card a grid in one set", "thru fields-past-read support-component-zero"},
+     "restated: one card a grid in one set", "thru fields-past-read"},
     {"support-sets", CLASS_MODEL, "SPC SPC1 MPC", "sets that aren't chosen", "of sets that aren't the file's"},
     {"support-cases", CLASS_MODEL, "SPC MPC", "the chosen set in other subcases",
      "added: the one set of the file, where subcases don't ask for it"},
     {"support-points", CLASS_MODEL, "SPC SPC1", "scalar points and grids that don't exist",
-     "supports of points that aren't grids", "support-grid-missing"},
-    {"support-components", CLASS_MODEL, "SPC SPC1", "component 0 or none of a grid", "supports without a component",
-     "support-no-component"},
+     "supports of points that aren't grids"},
+    {"support-components", CLASS_MODEL, "SPC SPC1", "component 0 or none of a grid", "supports without a component"},
     {"support-fields", CLASS_MODEL, "SPC SPC1 SPCADD MPC MPCADD", "a field that isn't what it should be",
      "taken without the fields that aren't what they should be"},
     {"support-enforced", CLASS_NOTE, "SPC", "an enforced value D", "restated: SPCD in the load sets of the subcases"},
     {"support-enforced-left", CLASS_MODEL, "SPC", "D where no plain load set is asked for",
      "enforced values that no load set can have"},
     {"displacement-points", CLASS_MODEL, "SPCD", "scalar points, grids that don't exist, component 0",
-     "enforced displacements of no component of a grid", "displacement-grid-missing"},
-    {"equation-links", CLASS_NOTE, "MPC", "equal components of two grids", "restated: a rigid link of two grids",
-     "mpc-factors mpc-term-lost"},
-    {"equation-form", CLASS_MODEL, "MPC", "all other equations", "equations that make no rigid link",
-     "mpc-terms mpc-second-component mpc-no-component mpc-grid-missing"},
+     "enforced displacements of no component of a grid"},
+    {"equation-links", CLASS_NOTE, "MPC", "equal components of two grids", "restated: a rigid link of two grids"},
+    {"equation-form", CLASS_MODEL, "MPC", "all other equations", "equations that make no rigid link"},
 };
 
 std::vector<T_CARDRULES_D> CSupportRules::GetCards() {
