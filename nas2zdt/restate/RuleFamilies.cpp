@@ -33,9 +33,9 @@ struct T_FAMILIES_D {
 };
 
 // Supports come last: they are gathered and written anew in a restated deck, too, where cards of the others stay.
-using FAMILIES = T_FAMILIES_D<CGridRules, CLinkRules, CMassRules, CBarRules, CBushRules, CShellRules, CBeamPropertyRules,
-                              CPropertyRules, CMaterialRules, CNodeLoadRules, CElementLoadRules, CTemperatureRules,
-                              CSupportRules>;
+using FAMILIES =
+    T_FAMILIES_D<CGridRules, CLinkRules, CMassRules, CBarRules, CBushRules, CShellRules, CBeamPropertyRules,
+                 CPropertyRules, CMaterialRules, CNodeLoadRules, CElementLoadRules, CTemperatureRules, CSupportRules>;
 
 } // namespace
 

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
+#include <set>
 #include <sstream>
 
 namespace {
@@ -38,12 +38,18 @@ std::vector<T_RESTATECASE_D> ReadCases(const std::string& sPath) {
     return aCases;
 }
 
-/// Losses that a restated deck has though restating is said to do away with them.
-std::string FindUnmended(const std::string& sRestated) {
+/// Losses that a restated deck has though restating is said to do away with them. Keywords of which a card wasn't
+/// understood are passed over.
+std::string FindUnmended(const T_RESTATEDTEXT_D& rRestated) {
     const T_MENDED mended = FindMended();
-    const T_ACCOUNTED_D run = RunAccounted(sRestated);
+    const T_ACCOUNTED_D run = RunAccounted(rRestated.sTEXT);
+    std::set<std::string> passed;
+    for (const T_TOLD_D& rTold : rRestated.result.aTOLD) {
+        if (std::string_view(rTold.pRULE->sNAME) == "not-understood") passed.insert(rTold.sKEYWORD);
+    }
     std::string sFound;
     for (const T_WORD_D* pWord : run.account.GetWords()) {
+        if (passed.contains(pWord->sNAME)) continue;
         for (const T_NOTE_D& rNote : pWord->aNOTES) {
             if (!IsMended(mended, pWord->sNAME, NoteKind(rNote))) continue;
             sFound += pWord->sNAME + ":" + std::string(NoteKind(rNote)) + " " + NoteText(rNote) + "; ";
@@ -63,7 +69,7 @@ TEST_P(RestateCases, AreRestated) {
         EXPECT_EQ(ShowCards(once.sTEXT), rCase.sEXPECTED);
         EXPECT_EQ(ShowTold(once.result.aTOLD), rCase.sTOLD);
         EXPECT_EQ(RestateText(once.sTEXT).sTEXT, once.sTEXT);
-        EXPECT_EQ(FindUnmended(once.sTEXT), "");
+        EXPECT_EQ(FindUnmended(once), "");
     }
 }
 
