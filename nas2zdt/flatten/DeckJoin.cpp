@@ -200,7 +200,7 @@ void CDeckJoin::Include(CIncludeStatement& rStatement) {
     std::string sPath, sCause;
     std::unique_ptr<CTextReader> pReader = Find(sName, sPath, sCause);
     if (!pReader) {
-        if (m_rRules.bFORGIVING && !m_bBulk) return m_rSink.OnMissing(sName, line);
+        if (m_rRules.bFORGIVING) return m_rSink.OnMissing(sName, line);
         throw CFileException(sPlace, "included deck can't be opened: " + sPath + ": " + sCause);
     }
     Enter(sPath, std::move(pReader), !m_bBulk && HoldsBulkData(sPath, m_rRules.bFORGIVING));

@@ -34,7 +34,7 @@ class CJoinSink {
     /// The bulk section begins or ends without a line that says so. rLine is the next line of its deck, without text.
     virtual void OnSwitch(const T_JOINLINE_D& rLine) = 0;
 
-    /// A deck that is included before the bulk section can't be opened.
+    /// A deck that is included can't be opened.
     virtual void OnMissing(const std::string& sName, const T_JOINLINE_D& rLine) = 0;
 };
 
@@ -42,7 +42,7 @@ class CJoinSink {
 struct T_JOINRULES_D {
     std::int64_t nDECKS = T_LIMITS_D().nDECKS; // most decks that are opened; one that is included twice counts twice
     std::map<std::string, std::string> mapFOLDERS; // of logical names, which are in upper case
-    bool bFORGIVING = false; // BEGIN BULK may be written in any way or lack, an INCLUDE before it may lead nowhere
+    bool bFORGIVING = false; // BEGIN BULK may be written in any way or lack, an INCLUDE may lead nowhere
 };
 
 /// Includes are replaced by the decks that they name, at any depth. Names are looked for from the folder of the deck

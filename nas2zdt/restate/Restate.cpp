@@ -196,7 +196,8 @@ void CRestate::Pass(const T_SOURCECARD_D& rSource) {
     }
     for (std::size_t i = 0; i < m_card.GetCount(); ++i) {
         const std::string_view sField = m_card.Text(i);
-        bOtherwise = bOtherwise || sField.find_first_of("Dd+:") != std::string_view::npos;
+        bOtherwise = bOtherwise || (IsReal(sField) && sField.find_first_of("Dd+") != std::string_view::npos) ||
+                     sField.find(':') != std::string_view::npos;
         if (PlainField(sField).find("ENDDATA") == std::string::npos) continue;
         return m_told.Tell(DECK_RULES[DECK_ENDING], m_card.GetKeyword(), rSource.origin);
     }

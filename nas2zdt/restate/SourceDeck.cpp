@@ -15,7 +15,7 @@
 
 namespace {
 
-enum E_TEXTRULE { TEXT_UNREADABLE, TEXT_PART, TEXT_INCLUDE, TEXT_REPLICATED, TEXT_JOINED };
+enum E_TEXTRULE { TEXT_UNREADABLE, TEXT_PART, TEXT_INCLUDE, TEXT_INCLUDE_BULK, TEXT_REPLICATED, TEXT_JOINED };
 
 constexpr std::size_t FIELD_WIDTH = 8;
 constexpr std::size_t MARK_COLUMN = 72; // from 0
@@ -87,6 +87,8 @@ const std::vector<T_RULE_D> CSourceDeck::RULES = {
      "part"},
     {"include-missing", CLASS_CONTROL, "INCLUDE", "an INCLUDE before BEGIN BULK that leads nowhere",
      "passed over: a deck that isn't there, before BEGIN BULK", "control-include"},
+    {"include-lost", CLASS_MODEL, "INCLUDE", "an INCLUDE in the bulk data that leads nowhere",
+     "left out: all of a deck that isn't there"},
     {"replicated", CLASS_NOTE, "", "lines of replication", "restated: cards made from lines of replication",
      "replication said-ignored"},
     {"joined", CLASS_NOTE, "", "continuation lines that stand elsewhere",
@@ -119,7 +121,8 @@ void CSourceDeck::Read(const std::string& sDeck, const T_JOINRULES_D& rRules) {
 }
 
 void CSourceDeck::OnMissing(const std::string& sName, const T_JOINLINE_D& rLine) {
-    m_rTold.Tell(RULES[TEXT_INCLUDE], "INCLUDE", {static_cast<std::uint32_t>(rLine.iFILE), rLine.iLINE}, sName);
+    m_rTold.Tell(RULES[rLine.bBULK ? TEXT_INCLUDE_BULK : TEXT_INCLUDE], "INCLUDE",
+                 {static_cast<std::uint32_t>(rLine.iFILE), rLine.iLINE}, sName);
 }
 
 void CSourceDeck::OnLine(const T_JOINLINE_D& rLine) {
