@@ -123,6 +123,7 @@ void CDeckRun::Run() {
         if (m_rOptions.bFAITHFUL) {
             T_CHOICE_D choice = m_rOptions.choice;
             choice.join = std::move(rules);
+            choice.nRANGES = m_rOptions.limits.nRANGES;
             m_restated = RestateDeck(m_rJob.sDECK, file, choice);
             m_rInputs.insert(m_restated.files.begin(), m_restated.files.end());
             KeepRestated(deck.GetPath());

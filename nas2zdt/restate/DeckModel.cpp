@@ -35,9 +35,10 @@ std::int32_t CDeckModel::NewPropertyId() {
 }
 
 void CDeckModel::CountRange(std::size_t nIDs) {
-    constexpr std::size_t MOST = 50'000'000;
-    m_nRanges += nIDs;
-    if (m_nRanges > MOST) throw CFileException(std::string(), "ranges of the deck stand for too many ids");
+    m_nRanges += static_cast<std::int64_t>(nIDs);
+    if (m_nRanges <= m_nMostRanges) return;
+    throw CFileException(m_sDeck, "limit on ranges: ranges stand for more than " + std::to_string(m_nMostRanges) +
+                                      " ids in all; the option --limit ranges=N sets it");
 }
 
 const T_FRAME_D* CDeckModel::FindFrame(std::int32_t iCID) const {
@@ -113,6 +114,9 @@ void CDeckModel::Resolve() {
         rGrid.dX = position;
     }
     m_iLastFrame = m_frameCards.GetLargestId();
+    for (const auto& [iID, rGrid] : m_grids.GetRows()) { // which may name frames that there aren't
+        m_iLastFrame = std::max({m_iLastFrame, rGrid.iCP, rGrid.iCD});
+    }
     m_iLastElement = std::max(m_iLastElement, m_elements.GetLargestId());
     m_iLastProperty = m_properties.GetLargestId();
 }

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <map>
 #include <set>
+#include <string>
 #include <vector>
 
 /// A grid. Defaults of GRDSET are filled in.
@@ -46,6 +47,9 @@ enum E_NEED : std::uint8_t {
 /// Positions and axes of a deck.
 class CDeckModel {
   public:
+    /// sDeck is the main deck; ranges stand for at most nMostRanges ids.
+    CDeckModel(const std::string& sDeck, std::int64_t nMostRanges) : m_sDeck(sDeck), m_nMostRanges(nMostRanges) {}
+
     CIdTable<T_POINT_D> m_grids;
     CIdTable<T_FRAMECARD_D> m_frameCards;
     CIdTable<std::uint32_t> m_elements;   // places of their cards in the deck
@@ -74,10 +78,7 @@ class CDeckModel {
     std::int32_t NewElementId();
     std::int32_t NewPropertyId();
 
-    /// Frames that can't be worked out, by their ids.
-    const std::set<std::int32_t>& GetBadFrames() const { return m_badFrames; }
-
-    /// Counts the ids that ranges stand for. Throws CFileException if they are more than any deck needs.
+    /// Counts the ids that ranges stand for. Throws CFileException if they are more than may be.
     void CountRange(std::size_t nIDs);
 
     /// Elements of cards that have no row in m_elements, such as RBE2; called while the deck is gathered.
@@ -95,5 +96,7 @@ class CDeckModel {
     std::int32_t m_iLastFrame = 0;
     std::int32_t m_iLastElement = 0;
     std::int32_t m_iLastProperty = 0;
-    std::size_t m_nRanges = 0;
+    std::string m_sDeck;
+    std::int64_t m_nMostRanges;
+    std::int64_t m_nRanges = 0;
 };

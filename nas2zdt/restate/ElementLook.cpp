@@ -87,6 +87,7 @@ std::vector<std::int32_t> CElementLook::ReadList(const CCardFields& rCard, std::
 
 std::vector<std::int32_t> CElementLook::GetRange(std::int32_t iFirst, std::int32_t iLast, E_ELEMENT eKind) const {
     std::vector<std::int32_t> aIds = m_rModel.m_elements.GetRange(iFirst, iLast);
+    m_rModel.CountRange(aIds.size());
     std::erase_if(aIds, [&](std::int32_t iEID) { return GetKind(iEID) != eKind; });
     return aIds;
 }

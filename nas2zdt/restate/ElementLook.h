@@ -13,8 +13,7 @@ enum E_ELEMENT : std::uint8_t { ELEMENT_OTHER, ELEMENT_LINE, ELEMENT_PLATE, ELEM
 /// Finds elements by their ids. The deck must be gathered.
 class CElementLook {
   public:
-    CElementLook(const CDeckModel& rModel, const std::vector<T_SOURCECARD_D>& rCards)
-        : m_rModel(rModel), m_rCards(rCards) {}
+    CElementLook(CDeckModel& rModel, const std::vector<T_SOURCECARD_D>& rCards) : m_rModel(rModel), m_rCards(rCards) {}
 
     /// What an element is, and its keyword; neither reads its card.
     E_ELEMENT GetKind(std::int32_t iEID) const;
@@ -33,7 +32,7 @@ class CElementLook {
     std::vector<std::int32_t> GetRange(std::int32_t iFirst, std::int32_t iLast, E_ELEMENT eKind) const;
 
   private:
-    const CDeckModel& m_rModel;
+    CDeckModel& m_rModel;
     const std::vector<T_SOURCECARD_D>& m_rCards;
     CCardFields m_card;
 };

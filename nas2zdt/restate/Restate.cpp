@@ -43,8 +43,9 @@ std::vector<std::string_view> SplitWords(std::string_view sText) {
 
 class CRestate {
   public:
-    CRestate(CFile& rFile, const T_CHOICE_D& rChoice)
-        : m_rChoice(rChoice), m_rFile(rFile), m_source(m_told, rChoice.iPART), m_writer(rFile, m_restated.lines) {
+    CRestate(const std::string& sDeck, CFile& rFile, const T_CHOICE_D& rChoice)
+        : m_rChoice(rChoice), m_rFile(rFile), m_source(m_told, rChoice.iPART), m_model(sDeck, rChoice.nRANGES),
+          m_writer(rFile, m_restated.lines) {
         const T_RULEBENCH_D bench{m_model, m_told, m_source.GetCards()};
         m_aFamilies = MakeFamilies(bench);
         m_aRows.push_back({}); // of cards without rules
@@ -206,7 +207,7 @@ void CRestate::Pass(const T_SOURCECARD_D& rSource) {
 }
 
 T_RESTATED_D RestateDeck(const std::string& sDeck, CFile& rFile, const T_CHOICE_D& rChoice) {
-    return CRestate(rFile, rChoice).Run(sDeck);
+    return CRestate(sDeck, rFile, rChoice).Run(sDeck);
 }
 
 std::vector<T_RULE_D> GetRestateRules() {

@@ -16,8 +16,9 @@
 
 /// What is chosen of a deck.
 struct T_CHOICE_D {
-    std::optional<std::int32_t> iSUBCASE; // whose supports the file has; the first one if not given
-    std::int32_t iPART = 0;               // superelement, 0 for the main model
+    std::optional<std::int32_t> iSUBCASE;        // whose supports the file has; the first one if not given
+    std::int32_t iPART = 0;                      // superelement, 0 for the main model
+    std::int64_t nRANGES = T_LIMITS_D().nRANGES; // most ids that ranges stand for in all
     T_JOINRULES_D join;
 };
 

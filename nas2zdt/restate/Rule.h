@@ -5,8 +5,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 /// A rule of restating. Each family of rules has its own in a table.
@@ -44,6 +47,14 @@ class CTold {
     const std::vector<T_TOLD_D>& GetAll() const { return m_aTold; }
 
   private:
+    static constexpr std::size_t MOST_DETAILS = 50; // of a rule and keyword, past which they share an entry
+
+    using T_KEY = std::tuple<const T_RULE_D*, std::string, std::string>;
+
+    std::size_t Find(const T_RULE_D& rRule, std::string_view sKeyword, std::string_view sDetail);
+
     std::vector<T_TOLD_D> m_aTold;
+    std::map<T_KEY, std::size_t> m_mapTold;                                      // places
+    std::map<std::pair<const T_RULE_D*, std::string>, std::size_t> m_mapDetails; // how many
     std::size_t m_iLast = 0;
 };
