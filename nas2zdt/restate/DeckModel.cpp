@@ -2,6 +2,8 @@
 
 #include "nas2zdt/restate/DeckModel.h"
 
+#include "platform/File.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -30,6 +32,12 @@ std::int32_t CDeckModel::NewElementId() {
 
 std::int32_t CDeckModel::NewPropertyId() {
     return NextId(m_iLastProperty, [&](std::int32_t i) { return m_properties.Has(i) || !m_newIds.insert(i).second; });
+}
+
+void CDeckModel::CountRange(std::size_t nIDs) {
+    constexpr std::size_t MOST = 50'000'000;
+    m_nRanges += nIDs;
+    if (m_nRanges > MOST) throw CFileException(std::string(), "ranges of the deck stand for too many ids");
 }
 
 const T_FRAME_D* CDeckModel::FindFrame(std::int32_t iCID) const {

@@ -19,6 +19,7 @@ struct T_POINT_D {
     T_VECTOR dX = {};     // as on the card; the basic position once the model is resolved
     std::uint8_t nPS = 0; // bit 0 for component 1
     bool bPLACED = true;  // whether the position is known
+    std::uint32_t iCARD = 0;
 };
 
 /// A frame as its card says it.
@@ -52,7 +53,8 @@ class CDeckModel {
     CIdTable<std::uint32_t> m_materials;  // likewise; of structural ones
     std::vector<T_CASE_D> m_aCases;       // what subcases ask for; empty if nothing does
     T_CASE_D m_case;                      // the chosen one
-    std::int32_t m_iSupportSet = 0;       // that of all supports and equations of the restated deck, 0 without any
+    std::int32_t m_iAskedSPC = 0;         // set that all subcases of the restated deck ask for, 0 for none
+    std::int32_t m_iAskedMPC = 0;         // likewise; the same set if there are supports and equations
     std::uint8_t m_nActive = NEED_ALWAYS; // needs of cards that there is reason for
 
     /// Works out all frames, then the basic positions of all grids. What can't be worked out stays as it is.
@@ -75,6 +77,9 @@ class CDeckModel {
     /// Frames that can't be worked out, by their ids.
     const std::set<std::int32_t>& GetBadFrames() const { return m_badFrames; }
 
+    /// Counts the ids that ranges stand for. Throws CFileException if they are more than any deck needs.
+    void CountRange(std::size_t nIDs);
+
     /// Elements of cards that have no row in m_elements, such as RBE2; called while the deck is gathered.
     void UseElementId(std::int32_t iID) { m_iLastElement = std::max(m_iLastElement, iID); }
 
@@ -90,4 +95,5 @@ class CDeckModel {
     std::int32_t m_iLastFrame = 0;
     std::int32_t m_iLastElement = 0;
     std::int32_t m_iLastProperty = 0;
+    std::size_t m_nRanges = 0;
 };

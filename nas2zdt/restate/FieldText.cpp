@@ -144,3 +144,11 @@ std::string AddToField(std::string_view sField, std::string_view sStep) {
     if (ReadReal(sField, dValue) && ReadReal(sStep, dStep)) return RealText(dValue + dStep);
     return std::string(sField);
 }
+
+std::string ComponentText(std::uint8_t nComponents) {
+    std::string sText;
+    for (int i = 0; i < 6; ++i) {
+        if (nComponents & (1 << i)) sText += static_cast<char>('1' + i);
+    }
+    return sText;
+}

@@ -28,3 +28,6 @@ std::string PlainField(std::string_view sField);
 
 /// The sum of a field and a step; the field itself if either isn't a number.
 std::string AddToField(std::string_view sField, std::string_view sStep);
+
+/// "136" for components 1, 3 and 6: bits 0, 2 and 5.
+std::string ComponentText(std::uint8_t nComponents);

@@ -33,7 +33,7 @@ const std::vector<T_RULE_D> CGridRules::RULES = {
 
 std::vector<T_CARDRULES_D> CGridRules::GetCards() {
     std::vector<T_CARDRULES_D> aCards = {
-        {"GRID", [this](const CCardFields& rCard, std::uint32_t) { return GatherGRID(rCard); },
+        {"GRID", [this](const CCardFields& rCard, std::uint32_t iCard) { return GatherGRID(rCard, iCard); },
          [this](CRestateCard& rCard) { RestateGRID(rCard); }},
         {"GRDSET", [this](const CCardFields& rCard, std::uint32_t) { return GatherGRDSET(rCard); },
          [](CRestateCard& rCard) { rCard.Drop(); }},
@@ -52,8 +52,9 @@ std::vector<T_CARDRULES_D> CGridRules::GetCards() {
     return aCards;
 }
 
-std::uint8_t CGridRules::GatherGRID(const CCardFields& rCard) {
+std::uint8_t CGridRules::GatherGRID(const CCardFields& rCard, std::uint32_t iCard) {
     T_POINT_D grid;
+    grid.iCARD = iCard;
     grid.iCP = rCard.Int(1, BLANK);
     for (std::size_t i = 0; i < 3; ++i) grid.dX[i] = rCard.Real(2 + i);
     grid.iCD = rCard.Int(5, BLANK);

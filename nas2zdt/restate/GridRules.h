@@ -17,7 +17,7 @@ class CGridRules : public CRuleFamily {
     static const std::vector<T_RULE_D> RULES;
 
   private:
-    std::uint8_t GatherGRID(const CCardFields& rCard);
+    std::uint8_t GatherGRID(const CCardFields& rCard, std::uint32_t iCard);
     std::uint8_t GatherGRDSET(const CCardFields& rCard);
     std::uint8_t GatherByGrids(const CCardFields& rCard, E_FRAME eKind);
     std::uint8_t GatherByPoints(const CCardFields& rCard, E_FRAME eKind);

@@ -142,10 +142,9 @@ void CRestate::WriteControl() {
         m_writer.Copy(sText += '\n', 1);
         if (bCase || !StartsWithoutCase(sText, "CEND")) continue;
         bCase = true;
-        if (m_model.m_aCases.empty() || m_model.m_iSupportSet == 0) continue;
-        const std::string sSet = std::to_string(m_model.m_iSupportSet);
-        m_writer.Copy("SPC = " + sSet + "\n", 1);
-        m_writer.Copy("MPC = " + sSet + "\n", 1);
+        if (m_model.m_aCases.empty()) continue;
+        if (m_model.m_iAskedSPC != 0) m_writer.Copy("SPC = " + std::to_string(m_model.m_iAskedSPC) + "\n", 1);
+        if (m_model.m_iAskedMPC != 0) m_writer.Copy("MPC = " + std::to_string(m_model.m_iAskedMPC) + "\n", 1);
     }
     m_writer.Copy("BEGIN BULK\n", 1);
 }

@@ -31,7 +31,10 @@ struct T_FAMILIES_D {
     }
 };
 
-using FAMILIES = T_FAMILIES_D<CGridRules, CSupportRules, CLinkRules, CMassRules, CBarRules, CShellRules, CBeamPropertyRules, CPropertyRules, CMaterialRules, CNodeLoadRules, CElementLoadRules, CTemperatureRules>;
+// Supports come last: they are gathered and written anew in a restated deck, too, where cards of the others stay.
+using FAMILIES =
+    T_FAMILIES_D<CGridRules, CLinkRules, CMassRules, CBarRules, CShellRules, CBeamPropertyRules, CPropertyRules,
+                 CMaterialRules, CNodeLoadRules, CElementLoadRules, CTemperatureRules, CSupportRules>;
 
 } // namespace
 

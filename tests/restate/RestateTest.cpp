@@ -51,7 +51,7 @@ TEST_P(RestateCases, AreRestated) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Families, RestateCases, testing::Values("text", "grids"),
+INSTANTIATE_TEST_SUITE_P(Families, RestateCases, testing::Values("text", "grids", "supports", "links", "masses"),
                          [](const auto& rInfo) { return std::string(rInfo.param); });
 
 } // namespace
