@@ -13,8 +13,9 @@ namespace {
 /// Fields that handlers store and no section writes.
 struct T_ROW_D {
     std::string_view sKEYWORD;
-    std::string_view sNAMES;        // between blanks
-    std::string_view sNEUTRAL = {}; // a word or number that the file means without them; 0 if there is none
+    std::string_view sNAMES; // between blanks
+    std::string_view sNEUTRAL =
+        {}; // words, between blanks, or a number that the file means without them; 0 if there is none
 };
 
 constexpr T_ROW_D ROWS[] = {
@@ -53,8 +54,8 @@ constexpr T_ROW_D ROWS[] = {
 
 /// Fields that aren't read, and what they hold where they ask for nothing.
 constexpr T_ROW_D UNREAD[] = {
-    {"CBAR", "OFFT", "GGG"}, {"CBEAM", "OFFT", "GGG"},  {"PBEAM", "SO", "YES"},      {"PCOMP", "SOUT", "NO"},
-    {"PCOMP", "LAM", "ALL"}, {"EIGRL", "NORM", "MASS"}, {"PSOLID", "FCTN", "SMECH"},
+    {"CBAR", "OFFT", "GGG BGG"}, {"CBEAM", "OFFT", "GGG BGG"}, {"PBEAM", "SO", "YES"},      {"PCOMP", "SOUT", "NO"},
+    {"PCOMP", "LAM", "ALL"},     {"EIGRL", "NORM", "MASS"},    {"PSOLID", "FCTN", "SMECH"},
 };
 
 constexpr std::string_view THRU = "THRU";
@@ -63,7 +64,10 @@ constexpr std::string_view THRU = "THRU";
 bool HoldsSomething(std::string_view sField, std::string_view sNeutral = {}) {
     if (sField.empty() || sField.find_first_not_of('\r') == std::string_view::npos) return false;
     if (sNeutral.empty()) return sField.find_first_not_of("0.\r") != std::string_view::npos;
-    if (sNeutral.find_first_not_of("0123456789.") != std::string_view::npos) return sField != sNeutral;
+    if (sNeutral.find_first_not_of("0123456789.") != std::string_view::npos) {
+        const std::vector<std::string_view> aWords = SplitNames(sNeutral);
+        return std::find(aWords.begin(), aWords.end(), sField) == aWords.end();
+    }
     const double dNeutral = TextToReal(sNeutral);
     return std::fabs(TextToReal(sField) - dNeutral) > 1e-4 * dNeutral;
 }

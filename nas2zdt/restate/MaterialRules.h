@@ -1,5 +1,5 @@
 #pragma once
-// Rules for materials.
+// Rules for materials: the three elastic constants, one material an id.
 
 #include "nas2zdt/restate/RuleFamily.h"
 
@@ -11,4 +11,10 @@ class CMaterialRules : public CRuleFamily {
     std::vector<T_CARDRULES_D> GetCards() override;
 
     static const std::vector<T_RULE_D> RULES;
+
+  private:
+    std::uint8_t GatherStructural(const CCardFields& rCard, std::uint32_t iCard);
+    std::uint8_t GatherMAT1(const CCardFields& rCard, std::uint32_t iCard);
+    void RestateMAT1(CRestateCard& rCard);
+    void RestateMAT4(CRestateCard& rCard);
 };

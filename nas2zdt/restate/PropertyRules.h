@@ -1,5 +1,5 @@
 #pragma once
-// Rules for properties of rods, shells, springs and gaps.
+// Rules for properties of shells, rods, springs, bushes and gaps.
 
 #include "nas2zdt/restate/RuleFamily.h"
 
@@ -11,4 +11,9 @@ class CPropertyRules : public CRuleFamily {
     std::vector<T_CARDRULES_D> GetCards() override;
 
     static const std::vector<T_RULE_D> RULES;
+
+  private:
+    void RestatePTUBE(CRestateCard& rCard);
+    void RestatePBUSH(CRestateCard& rCard);
+    void RestatePGAP(CRestateCard& rCard);
 };

@@ -4,6 +4,7 @@
 
 #include "nas2zdt/restate/BarRules.h"
 #include "nas2zdt/restate/BeamPropertyRules.h"
+#include "nas2zdt/restate/BushRules.h"
 #include "nas2zdt/restate/ElementLoadRules.h"
 #include "nas2zdt/restate/GridRules.h"
 #include "nas2zdt/restate/LinkRules.h"
@@ -31,10 +32,16 @@ struct T_FAMILIES_D {
     }
 };
 
+<<<<<<< HEAD
 // Supports come last: they are gathered and written anew in a restated deck, too, where cards of the others stay.
 using FAMILIES =
     T_FAMILIES_D<CGridRules, CLinkRules, CMassRules, CBarRules, CShellRules, CBeamPropertyRules, CPropertyRules,
                  CMaterialRules, CNodeLoadRules, CElementLoadRules, CTemperatureRules, CSupportRules>;
+=======
+using FAMILIES = T_FAMILIES_D<CGridRules, CSupportRules, CLinkRules, CMassRules, CBarRules, CBushRules, CShellRules,
+                              CBeamPropertyRules, CPropertyRules, CMaterialRules, CNodeLoadRules, CElementLoadRules,
+                              CTemperatureRules>;
+>>>>>>> r2
 
 } // namespace
 

@@ -51,7 +51,9 @@ TEST_P(RestateCases, AreRestated) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Families, RestateCases, testing::Values("text", "grids", "supports", "links", "masses"),
+INSTANTIATE_TEST_SUITE_P(Families, RestateCases,
+                         testing::Values("text", "grids", "supports", "links", "masses", "bars", "bushes", "shells",
+                                         "beamproperties", "properties", "materials"),
                          [](const auto& rInfo) { return std::string(rInfo.param); });
 
 } // namespace

@@ -83,13 +83,15 @@ int StoreElement(CDataPool& rDataPool, const T_DATA_D& rCard, const T_LAYOUT_D& 
     return rDataPool.SetELEM(iEID, std::move(element));
 }
 
-/// The same with an orientation. Offsets, end releases and further fields aren't read.
+/// The same with an orientation. Offsets, end releases and further fields aren't read, but whether OFFT has the vector
+/// in basic axes, as it is taken.
 int StoreBeam(CDataPool& rDataPool, const T_DATA_D& rCard, const T_LAYOUT_D& rLayout) {
     CFieldCursor fields(rCard);
     const std::int32_t iEID = fields.Int();
     T_ELEM_D element;
     ReadElement(fields, element, rLayout);
     element.bVECTOR = ReadOrientation(fields, element);
+    if (element.bVECTOR != 0 && fields.Peek().starts_with('B')) element.bVECTOR = BASIC_VECTOR;
     return rDataPool.SetELEM(iEID, std::move(element));
 }
 

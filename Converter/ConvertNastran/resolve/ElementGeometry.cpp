@@ -59,7 +59,7 @@ double DegreesOf(double dCosine, double dMore) {
 
 /// Tells of a beam whose vector is given in axes of end A that aren't the basic ones.
 void CDataPool::TellVectorAxes(std::int32_t iID, const T_ELEM_D& rElement, std::int32_t iCD) const {
-    if (rElement.bVECTOR == 0 || !IsBeam(rElement) || !TurnsVectors(iCD)) return;
+    if (rElement.bVECTOR == 0 || rElement.bVECTOR == BASIC_VECTOR || !IsBeam(rElement) || !TurnsVectors(iCD)) return;
     TellLeft({.eREASON = LEFT_BEAM_AXES, .iID = iID, .iOTHER = iCD, .sKEYWORD = KeywordOf(rElement)});
 }
 

@@ -103,12 +103,15 @@ class CNodeSlots {
     std::unique_ptr<MIDSIDES> m_pMidsides;
 };
 
+/// A vector that its card gives in basic axes, whatever axes the grid has.
+inline constexpr std::int32_t BASIC_VECTOR = 2;
+
 /// Every element but CONROD and the scalar springs. Key: the EID.
 struct T_ELEM_D {
     std::int32_t iPID = 0;     // key into PROP; of a CONM2 minus the EID
     std::int32_t iTYPE = 0;    // E_ELEMENT_TYPE
     std::int32_t iSUBTYPE = 0; // E_ELEMENT_SHAPE
-    std::int32_t bVECTOR = 0;  // line elements: 1 if dX1 to dX3 hold the orientation, 0 if iG0 does
+    std::int32_t bVECTOR = 0;  // line elements: 1 or BASIC_VECTOR if dX1 to dX3 hold the orientation, 0 if iG0 does
     std::int32_t iG0 = 0;      // line elements: the orientation grid
     CNodeSlots iNODE;          // grids by slot
     // Line elements: the orientation vector, after the orientations are resolved the reference point, global. Plates:
