@@ -180,7 +180,7 @@ constexpr T_MEANING_D MEANINGS[] = {
     {"PBEAM", CLASS_MODEL, ALWAYS, "end B has zeros: blank means the values of end A", &HasEndBAsEndA},
     {"PLOAD1", CLASS_MODEL, 1 << 6, "P2 is 0: blank means P1", &HasLoadAsAtFirstEnd},
     {"PLOAD4", CLASS_MODEL, 7 << 3, "corners of 0.0 have the pressure of the first", &HasUnloadedCorner},
-    {"TEMPRB", CLASS_MODEL, ALWAYS, "read as pairs of element and temperature", &IsAnyCard},
+    {"TEMPRB", CLASS_MODEL, ALWAYS << 3, "read as pairs of element and temperature", &IsAnyCard},
 };
 // clang-format on
 

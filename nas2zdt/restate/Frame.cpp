@@ -38,6 +38,16 @@ double Length(const T_VECTOR& rA) {
     return std::hypot(rA[0], rA[1], rA[2]);
 }
 
+T_VECTOR Unit(const T_VECTOR& rA) {
+    const double dLength = Length(rA);
+    if (!(dLength > 0.0) || !std::isfinite(dLength)) return {};
+    return {rA[0] / dLength, rA[1] / dLength, rA[2] / dLength};
+}
+
+bool IsFinite(const T_VECTOR& rA) {
+    return std::isfinite(rA[0]) && std::isfinite(rA[1]) && std::isfinite(rA[2]);
+}
+
 double SineOf(double dDegrees) {
     const double d = std::remainder(dDegrees, 360.0); // exact
     if (std::fabs(d) > 90.0) return SineOf(std::copysign(180.0, d) - d);

@@ -13,6 +13,12 @@ T_VECTOR Cross(const T_VECTOR& rA, const T_VECTOR& rB);
 double Dot(const T_VECTOR& rA, const T_VECTOR& rB);
 double Length(const T_VECTOR& rA);
 
+/// The direction of a vector, of length 1; zeros if it has none.
+T_VECTOR Unit(const T_VECTOR& rA);
+
+/// Whether all components are numbers that a deck can say.
+bool IsFinite(const T_VECTOR& rA);
+
 /// Sine and cosine of an angle in degrees, exact at whole quarters.
 double SineOf(double dDegrees);
 double CosineOf(double dDegrees);

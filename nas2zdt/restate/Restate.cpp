@@ -48,6 +48,7 @@ class CRestate {
 
     T_RESTATED_D Run(const std::string& sDeck) {
         m_source.Read(sDeck, m_rChoice.join);
+        for (const std::string& rFile : m_source.GetFiles()) m_restated.lines.AddFile(rFile);
         ChooseCase();
         for (std::size_t i = 0; i < m_source.GetCards().size(); ++i) Gather(static_cast<std::uint32_t>(i));
         for (const auto& pFamily : m_aFamilies) pFamily->Close();

@@ -53,7 +53,8 @@ TEST_P(RestateCases, AreRestated) {
 
 INSTANTIATE_TEST_SUITE_P(Families, RestateCases,
                          testing::Values("text", "grids", "supports", "links", "masses", "bars", "bushes", "shells",
-                                         "beamproperties", "properties", "materials"),
+                                         "beamproperties", "properties", "materials", "nodeloads", "elementloads",
+                                         "temperatures"),
                          [](const auto& rInfo) { return std::string(rInfo.param); });
 
 } // namespace

@@ -265,9 +265,10 @@ int CConvertNastran::ParseTEMPD(const T_DATA_D& rCard) {
         const std::int32_t iSID = fields.Int();
         T_LOAD_D& rSet = EnsureLoadSet(iSID);
         if (iPair > 0 && iSID == 0) continue;
-        if (rSet.bTEMPD) m_pDataPool->TellReplaced("TEMPD", false);
+        const double dTemperature = fields.Real();
+        if (rSet.bTEMPD) m_pDataPool->TellReplaced("TEMPD", rSet.dTEMPD == dTemperature);
         rSet.bTEMPD = 1;
-        rSet.dTEMPD = fields.Real();
+        rSet.dTEMPD = dTemperature;
     }
     return 1;
 }
