@@ -32,16 +32,10 @@ struct T_FAMILIES_D {
     }
 };
 
-<<<<<<< HEAD
 // Supports come last: they are gathered and written anew in a restated deck, too, where cards of the others stay.
-using FAMILIES =
-    T_FAMILIES_D<CGridRules, CLinkRules, CMassRules, CBarRules, CShellRules, CBeamPropertyRules, CPropertyRules,
-                 CMaterialRules, CNodeLoadRules, CElementLoadRules, CTemperatureRules, CSupportRules>;
-=======
-using FAMILIES = T_FAMILIES_D<CGridRules, CSupportRules, CLinkRules, CMassRules, CBarRules, CBushRules, CShellRules,
+using FAMILIES = T_FAMILIES_D<CGridRules, CLinkRules, CMassRules, CBarRules, CBushRules, CShellRules,
                               CBeamPropertyRules, CPropertyRules, CMaterialRules, CNodeLoadRules, CElementLoadRules,
-                              CTemperatureRules>;
->>>>>>> r2
+                              CTemperatureRules, CSupportRules>;
 
 } // namespace
 
