@@ -22,7 +22,7 @@ const std::vector<T_RULE_D> CGridRules::RULES = {
     {"grid-axes", CLASS_NOTE, "GRID", "CD", "restated: local axes by a frame that has them at the grid",
      "grid-cd-origin grid-cd-polar"},
     {"grid-defaults", CLASS_NOTE, "GRDSET", "defaults of grids", "restated: defaults of GRDSET filled in"},
-    {"grid-supports", CLASS_NOTE, "GRID", "PS", "restated: supports of PS in the set of supports"},
+    {"grid-supports", CLASS_NOTE, "GRID", "PS", "restated: supports of PS in the set of supports", "support-ps"},
     {"grid-frame", CLASS_MODEL, "GRID", "a CP that is no frame", "a position that isn't known: CP is no frame"},
     {"grid-cd", CLASS_MODEL, "GRID", "a CD that is no frame", "local axes that aren't known: CD is no frame"},
     {"frame-basic", CLASS_NOTE, "CORD1R CORD1C CORD1S CORD2R CORD2C CORD2S", "frames of grids or in frames",
@@ -106,6 +106,7 @@ void CGridRules::RestateGRID(CRestateCard& rCard) {
     const std::uint8_t nPS = rCard.IsBlank(6) ? m_defaults.nPS : rCard.Components(6);
     T_VECTOR position;
     for (std::size_t i = 0; i < 3; ++i) position[i] = rCard.Real(2 + i);
+    if (rCard.GetBroken() != CCardFields::NOWHERE) return; // before a frame is made for it
     const T_FRAME_D* pFrame = m_rModel.FindFrame(iCP);
     if (!pFrame) {
         rCard.Set(1, iCP);

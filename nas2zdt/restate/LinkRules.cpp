@@ -21,7 +21,7 @@ const std::vector<T_RULE_D> CLinkRules::RULES = {
     {"rigid-list", CLASS_NOTE, "RBE2", "THRU in its list, more lines than the converter takes",
      "restated: grids one by one, in RBE2 that are short enough", "thru too-many-lines"},
     {"rigid-element", CLASS_NOTE, "RBAR RBAR1 RBE1", "all independent components at one grid",
-     "restated: RBE2 that ties the same components", "reported"},
+     "restated: RBE2 that ties the same components"},
     {"rigid-expansion", CLASS_MODEL, "RBE2 RBAR RBAR1 RBE1", "ALPHA", "ALPHA, the expansion of a rigid element"},
 };
 
@@ -66,8 +66,10 @@ void CLinkRules::WriteLink(CRestateCard& rCard, CFieldValue id, std::int32_t iIn
 /// Reals at the end are ALPHA and its reference temperature.
 void CLinkRules::RestateRBE2(CRestateCard& rCard) {
     std::size_t iEnd = rCard.GetCount();
-    while (iEnd > FIRST_DEPENDENT && (rCard.IsBlank(iEnd - 1) || rCard.HasReal(iEnd - 1))) --iEnd;
-    const double dAlpha = iEnd < rCard.GetCount() ? rCard.Real(iEnd) : 0.0;
+    double dAlpha = 0.0;
+    while (iEnd > FIRST_DEPENDENT && (rCard.IsBlank(iEnd - 1) || rCard.HasReal(iEnd - 1))) {
+        if (!rCard.IsBlank(--iEnd)) dAlpha = rCard.Real(iEnd);
+    }
     bool bListed = iEnd > LONGEST_LIST;
     std::vector<std::int32_t> aDependent;
     for (const T_IDRANGE_D& rRange : ReadIdList(rCard, FIRST_DEPENDENT, iEnd)) {

@@ -57,12 +57,11 @@ CFieldValue InertiaField(const T_TENSOR& rTensor, const T_PLACE_D& rPlace) {
 
 const std::vector<T_RULE_D> CMassRules::RULES = {
     {"mass-axes", CLASS_NOTE, "CONM2", "CID", "restated: inertias and offsets in basic axes"},
-    {"mass-matrix", CLASS_NOTE, "CONM1", "a diagonal of one mass and three inertias", "restated: CONM2", "reported"},
-    {"mass-id", CLASS_NOTE, "CONM2", "an id that another element has", "restated: an id of its own", "replaced"},
-    {"spring-property", CLASS_NOTE, "CELAS1", "a blank PID", "restated: the property of the element's own id",
-     "celas1-property-missing"},
+    {"mass-matrix", CLASS_NOTE, "CONM1", "a diagonal of one mass and three inertias", "restated: CONM2"},
+    {"mass-id", CLASS_NOTE, "CONM2", "an id that another element has", "restated: an id of its own"},
+    {"spring-property", CLASS_NOTE, "CELAS1", "a blank PID", "restated: the property of the element's own id"},
     {"spring-components", CLASS_MODEL, "CELAS1 CELAS2", "different components of coincident grids",
-     "springs between different components of coincident grids", "celas1-both-components celas2-both-components"},
+     "springs between different components of coincident grids"},
 };
 
 std::vector<T_CARDRULES_D> CMassRules::GetCards() {

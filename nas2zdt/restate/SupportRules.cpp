@@ -5,10 +5,10 @@
 #include "nas2zdt/restate/FieldText.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
-#include <numeric>
-#include <tuple>
+#include <map>
+#include <optional>
+#include <set>
 
 namespace {
 
@@ -26,31 +26,28 @@ enum E_RULE {
     EQUATION_FORM
 };
 
-constexpr std::uint32_t NO_CARD = std::numeric_limits<std::uint32_t>::max();
+constexpr std::uint32_t NO_CARD = CSupportTable::NO_CARD;
 
 } // namespace
 
 const std::vector<T_RULE_D> CSupportRules::RULES = {
     {"supports", CLASS_NOTE, "SPC SPC1 SPCADD", "the supports of the chosen subcase, ranges and sums",
-     "restated: one card a grid in one set", "thru support-component-zero support-ps"},
+     "restated: one card a grid in one set", "thru fields-past-read"},
     {"support-sets", CLASS_MODEL, "SPC SPC1 MPC", "sets that aren't chosen", "of sets that aren't the file's"},
     {"support-cases", CLASS_MODEL, "SPC MPC", "the chosen set in other subcases",
      "added: the one set of the file, where subcases don't ask for it"},
     {"support-points", CLASS_MODEL, "SPC SPC1", "scalar points and grids that don't exist",
-     "supports of points that aren't grids", "support-grid-missing"},
-    {"support-components", CLASS_MODEL, "SPC SPC1", "component 0 or none of a grid", "supports without a component",
-     "support-no-component"},
+     "supports of points that aren't grids"},
+    {"support-components", CLASS_MODEL, "SPC SPC1", "component 0 or none of a grid", "supports without a component"},
     {"support-fields", CLASS_MODEL, "SPC SPC1 SPCADD MPC MPCADD", "a field that isn't what it should be",
      "taken without the fields that aren't what they should be"},
     {"support-enforced", CLASS_NOTE, "SPC", "an enforced value D", "restated: SPCD in the load sets of the subcases"},
     {"support-enforced-left", CLASS_MODEL, "SPC", "D where no plain load set is asked for",
      "enforced values that no load set can have"},
     {"displacement-points", CLASS_MODEL, "SPCD", "scalar points, grids that don't exist, component 0",
-     "enforced displacements of no component of a grid", "displacement-grid-missing"},
-    {"equation-links", CLASS_NOTE, "MPC", "equal components of two grids", "restated: a rigid link of two grids",
-     "mpc-factors mpc-term-lost"},
-    {"equation-form", CLASS_MODEL, "MPC", "all other equations", "equations that make no rigid link",
-     "mpc-terms mpc-second-component mpc-no-component mpc-grid-missing"},
+     "enforced displacements of no component of a grid"},
+    {"equation-links", CLASS_NOTE, "MPC", "equal components of two grids", "restated: a rigid link of two grids"},
+    {"equation-form", CLASS_MODEL, "MPC", "all other equations", "equations that make no rigid link"},
 };
 
 std::vector<T_CARDRULES_D> CSupportRules::GetCards() {
@@ -177,9 +174,7 @@ void CSupportRules::Begin() {
     FindLinks();
     TellLeft();
     EnforceDisplacements();
-    const bool bSupports =
-        std::any_of(m_aComponents.begin(), m_aComponents.end(), [](std::uint8_t n) { return n != 0; });
-    m_rModel.m_iAskedSPC = bSupports ? m_iSet : m_rModel.m_case.iSPC;
+    m_rModel.m_iAskedSPC = m_held.IsEmpty() ? m_rModel.m_case.iSPC : m_iSet;
     m_rModel.m_iAskedMPC = !m_aLinks.empty() ? m_iSet : m_rModel.m_case.iMPC;
 }
 
@@ -197,59 +192,17 @@ void CSupportRules::MergeSupports() {
     const auto& rRows = m_rModel.m_grids.GetRows();
     const bool bHeld = std::any_of(rRows.begin(), rRows.end(), [](const auto& rRow) { return rRow.second.nPS != 0; });
     if (!bHeld && m_supportSets.GetChosen() == 0) return;
-    m_aGrids =
-        m_rModel.m_grids.GetRange(std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max());
-    m_aComponents.resize(m_aGrids.size());
-    m_aFirstCards.resize(m_aGrids.size(), NO_CARD);
+    m_held.SetGrids(
+        m_rModel.m_grids.GetRange(std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
     for (const T_SUPPORT_D& rSupport : m_aSupports) {
-        if (m_supportSets.IsTaken(rSupport.iSET)) Merge(rSupport);
+        if (!m_supportSets.IsTaken(rSupport.iSET)) continue;
+        if (rSupport.ids.iSTEP != 1) m_rModel.CountRange(m_held.CountGrids(rSupport.ids));
+        m_held.Hold(rSupport.ids, rSupport.nCOMPONENTS, rSupport.iCARD);
     }
-    for (std::size_t i = 0; bHeld && i < m_aGrids.size(); ++i) {
-        const T_POINT_D& rGrid = *m_rModel.m_grids.Find(m_aGrids[i]);
-        if (rGrid.nPS != 0 && m_aFirstCards[i] == NO_CARD) m_aFirstCards[i] = rGrid.iCARD;
-        m_aComponents[i] |= rGrid.nPS;
-    }
-}
-
-/// A range goes from grid to grid that hasn't the component yet, so overlapping ranges cost no more than separate ones.
-void CSupportRules::Merge(const T_SUPPORT_D& rSupport) {
-    const auto [iFirst, iLast, iStep, bNamed] = rSupport.ids;
-    const auto pFirst = std::lower_bound(m_aGrids.begin(), m_aGrids.end(), iFirst);
-    const auto hold = [&](std::size_t i, std::uint8_t nComponents) {
-        if (m_aFirstCards[i] == NO_CARD && nComponents != 0) m_aFirstCards[i] = rSupport.iCARD;
-        m_aComponents[i] |= nComponents;
-    };
-    const auto iBegin = static_cast<std::uint32_t>(pFirst - m_aGrids.begin());
-    if (bNamed) {
-        if (pFirst != m_aGrids.end() && *pFirst == iFirst) hold(iBegin, rSupport.nCOMPONENTS);
-        return;
-    }
-    const auto pEnd = std::upper_bound(pFirst, m_aGrids.end(), iLast);
-    if (iStep != 1) {
-        m_rModel.CountRange(static_cast<std::size_t>(pEnd - pFirst));
-        for (auto p = pFirst; p != pEnd; ++p) {
-            if ((std::int64_t{*p} - iFirst) % iStep == 0) {
-                hold(static_cast<std::size_t>(p - m_aGrids.begin()), rSupport.nCOMPONENTS);
-            }
-        }
-        return;
-    }
-    const auto iEnd = static_cast<std::uint32_t>(pEnd - m_aGrids.begin());
-    for (std::size_t k = 0; k < m_aNextFree.size(); ++k) {
-        if (!(rSupport.nCOMPONENTS & (1u << k))) continue;
-        std::vector<std::uint32_t>& rNext = m_aNextFree[k];
-        if (rNext.empty()) {
-            rNext.resize(m_aGrids.size() + 1);
-            std::iota(rNext.begin(), rNext.end(), 0u);
-        }
-        const auto findFree = [&](std::uint32_t i) {
-            while (rNext[i] != i) i = rNext[i] = rNext[rNext[i]];
-            return i;
-        };
-        for (std::uint32_t i = findFree(iBegin); i < iEnd; i = findFree(i)) {
-            hold(i, static_cast<std::uint8_t>(1u << k));
-            rNext[i] = i + 1;
-        }
+    for (std::size_t i = 0; bHeld && i < m_held.GetCount(); ++i) {
+        const std::int32_t iGrid = m_held.GetGrid(i);
+        const T_POINT_D& rGrid = *m_rModel.m_grids.Find(iGrid);
+        m_held.Hold({iGrid, iGrid}, rGrid.nPS, rGrid.iCARD);
     }
 }
 
@@ -265,15 +218,15 @@ void CSupportRules::TellSupports() {
         bool bSame = rFirst.bSPC1 && rFirst.iSET == m_iSet;
         for (; i < m_aSupports.size() && m_aSupports[i].iCARD == rFirst.iCARD; ++i, ++nEntries) {
             const T_SUPPORT_D& rSupport = m_aSupports[i];
-            const auto pGrid = std::lower_bound(m_aGrids.begin(), m_aGrids.end(), rSupport.ids.iFIRST);
-            const bool bThere = pGrid != m_aGrids.end() && *pGrid == rSupport.ids.iFIRST;
-            const auto iGrid = static_cast<std::size_t>(pGrid - m_aGrids.begin());
+            const std::size_t iGrid = m_held.Find(rSupport.ids.iFIRST);
+            const bool bThere = iGrid != CSupportTable::NOWHERE;
             if (!rSupport.ids.bNAMED) {
                 bSame = false;
             } else if (!bThere) {
                 ++nMissing;
             } else {
-                bSame = bSame && m_aFirstCards[iGrid] == rSupport.iCARD && m_aComponents[iGrid] == rSupport.nCOMPONENTS;
+                bSame = bSame && m_held.GetFirstCard(iGrid) == rSupport.iCARD &&
+                        m_held.GetComponents(iGrid) == rSupport.nCOMPONENTS;
             }
             if (bThere && rSupport.ids.bNAMED && rSupport.nCOMPONENTS == 0) ++nNothing;
         }
@@ -395,10 +348,10 @@ void CSupportRules::Finish(CCardWriter& rWriter) {
         rWriter.Write("SPCD",
                       {rValue.iSET, rValue.iGRID, CFieldValue(ComponentText(rValue.nCOMPONENTS)), rValue.dVALUE});
     }
-    for (std::size_t i = 0; i < m_aGrids.size(); ++i) {
-        if (m_aComponents[i] == 0) continue;
-        rWriter.SetOrigin(m_rCards[m_aFirstCards[i]].origin);
-        rWriter.Write("SPC1", {m_iSet, CFieldValue(ComponentText(m_aComponents[i])), m_aGrids[i]});
+    for (std::size_t i = 0; i < m_held.GetCount(); ++i) {
+        if (m_held.GetComponents(i) == 0) continue;
+        rWriter.SetOrigin(m_rCards[m_held.GetFirstCard(i)].origin);
+        rWriter.Write("SPC1", {m_iSet, CFieldValue(ComponentText(m_held.GetComponents(i))), m_held.GetGrid(i)});
     }
     for (const T_EQUATION_D& rLink : m_aLinks) {
         rWriter.SetOrigin(m_rCards[rLink.iCARD].origin);

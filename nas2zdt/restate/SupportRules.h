@@ -4,6 +4,7 @@
 #include "nas2zdt/restate/IdList.h"
 #include "nas2zdt/restate/RuleFamily.h"
 #include "nas2zdt/restate/SetChoice.h"
+#include "nas2zdt/restate/SupportTable.h"
 
 #include <vector>
 
@@ -52,7 +53,6 @@ class CSupportRules : public CRuleFamily {
     void TellCases(const CSetChoice& rSets, std::int32_t T_CASE_D::*pAsked, const char* sKeyword,
                    std::uint32_t iFirstCard);
     void MergeSupports();
-    void Merge(const T_SUPPORT_D& rSupport);
     void TellSupports();
     void FindLinks();
     bool IsLink(const T_EQUATION_D& rEquation) const;
@@ -72,10 +72,5 @@ class CSupportRules : public CRuleFamily {
     std::vector<T_DISPLACEMENT_D> m_aDisplacements; // of SPCD
     std::vector<T_DISPLACEMENT_D> m_aEnforced;      // of SPC
     std::vector<T_DISPLACEMENT_D> m_aWritten;       // of SPC, in load sets
-
-    // the supports by the places of the grids in ascending order
-    std::vector<std::int32_t> m_aGrids;
-    std::vector<std::uint8_t> m_aComponents;
-    std::vector<std::uint32_t> m_aFirstCards;
-    std::array<std::vector<std::uint32_t>, 6> m_aNextFree; // grids without a component, for ranges
+    CSupportTable m_held;
 };

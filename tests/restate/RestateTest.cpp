@@ -57,4 +57,19 @@ INSTANTIATE_TEST_SUITE_P(Families, RestateCases,
                                          "temperatures"),
                          [](const auto& rInfo) { return std::string(rInfo.param); });
 
+/// A card of more than 1001 lines is lost, so an RBE2 has at most 8005 dependent grids.
+TEST(RestateLinks, LongListsAreSplit) {
+    std::string sGrids;
+    for (int i = 1; i <= 8007; ++i) sGrids += "GRID," + std::to_string(i) + "\n";
+    const std::string sOnce = RestateText(sGrids + "RBE2,9,1,123,2,THRU,9999\n").sTEXT;
+    std::istringstream cards(ShowCards(sOnce).substr(sGrids.size()));
+    std::string sFirst, sSecond;
+    std::getline(cards, sFirst);
+    std::getline(cards, sSecond);
+    EXPECT_TRUE(sFirst.starts_with("RBE2,9,1,123,2,3,"));
+    EXPECT_TRUE(sFirst.ends_with(",8005,8006"));
+    EXPECT_EQ(sSecond, "RBE2,10,1,123,8007");
+    EXPECT_EQ(RestateText(sOnce).sTEXT, sOnce);
+}
+
 } // namespace
