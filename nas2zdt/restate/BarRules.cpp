@@ -19,7 +19,7 @@ const std::vector<T_RULE_D> CBarRules::RULES = {
      "element-property-blank"},
     {"bar-defaults", CLASS_NOTE, "BAROR BEAMOR", "defaults of bars and beams", "restated: defaults filled in"},
     {"bar-form", CLASS_NOTE, "CBAR CBEAM CGAP", "a vector whose X1 is blank or an integer",
-     "restated: a vector of reals", "beam-no-orientation"},
+     "restated: a vector of reals"},
     {"bar-axes", CLASS_NOTE, "CBAR CBEAM", "a vector in the CD axes of end A", "restated: a vector in basic axes",
      "beam-vector-cd"},
     {"rod-conrod", CLASS_NOTE, "CONROD", "all", "restated: CROD with a PROD of its own"},

@@ -35,11 +35,11 @@ bool IsBetween(double dValue, double dA, double dB, double dX) {
 
 const std::vector<T_RULE_D> CBeamPropertyRules::RULES = {
     {"section-shape", CLASS_NOTE, "PBARL PBEAML", "TYPE I1, TUBE2, BOX1 of equal walls",
-     "restated: the same section by a TYPE that the file has", "bar-type bar-dimensions bar-shape"},
+     "restated: the same section by a TYPE that the file has", "bar-dimensions"},
     {"section-values", CLASS_NOTE, "PBARL PBEAML", "other TYPEs that the file hasn't",
-     "restated: A, I1, I2, I12, J worked out of the dimensions", "bar-type bar-turned bar-shape"},
+     "restated: A, I1, I2, I12, J worked out of the dimensions", "bar-turned bar-shape"},
     {"section-unknown", CLASS_MODEL, "PBARL PBEAML", "a TYPE that isn't known or dimensions that make no section",
-     "left out: a section of a TYPE that isn't known or of dimensions that make none", "bar-type"},
+     "left out: a section of a TYPE that isn't known or of dimensions that make none"},
     {"beam-constant", CLASS_NOTE, "PBEAML", "equal sections all along", "restated: PBARL"},
     {"beam-ends", CLASS_NOTE, "PBEAM PBEAML", "blank K1 and K2, values of end B, sections that differ",
      "restated: PBEAM with the values of both ends, K1 and K2", "meaning"},

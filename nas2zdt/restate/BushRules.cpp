@@ -52,10 +52,9 @@ bool HaveEqualAxes(const T_BUSHLINE_D* pLine) {
 const std::vector<T_RULE_D> CBushRules::RULES = {
     {"bush-pid", CLASS_NOTE, "CBUSH", "a blank PID", "restated: PID is EID", "element-property-blank"},
     {"bush-axes", CLASS_NOTE, "CBUSH", "CID, G0 or a vector whose angle the file has otherwise",
-     "restated: a vector whose angle in the file gives the meant axes",
-     "link-angle link-grid-cp link-vector-cd meaning"},
+     "restated: a vector whose angle in the file gives the meant axes", "link-grid-cp"},
     {"bush-turned", CLASS_NOTE, "CBUSH", "a CID whose second or third axis is along the element",
-     "restated: a PBUSH with the axes in the file's order", "meaning"},
+     "restated: a PBUSH with the axes in the file's order"},
 };
 
 std::vector<T_CARDRULES_D> CBushRules::GetCards() {

@@ -13,10 +13,9 @@ enum E_FIELD : std::size_t { FIELD_MID, FIELD_E, FIELD_G, FIELD_NU };
 } // namespace
 
 const std::vector<T_RULE_D> CMaterialRules::RULES = {
-    {"material-constants", CLASS_NOTE, "MAT1", "G and one of E, NU", "restated: the other of E, NU filled in",
-     "meaning"},
+    {"material-constants", CLASS_NOTE, "MAT1", "G and one of E, NU", "restated: the other of E, NU filled in"},
     {"material-thermal", CLASS_NOTE, "MAT4", "the id of a structural material",
-     "left out: a thermal material with the id of a structural one, since the file has one material an id", "replaced"},
+     "left out: a thermal material with the id of a structural one, since the file has one material an id"},
 };
 
 std::vector<T_CARDRULES_D> CMaterialRules::GetCards() {

@@ -36,6 +36,7 @@ const struct {
     {"FORCE,1,7,5,1.,0.,0.,1.", "model fields: CID"},
     {"CBAR,1,1,7,8,1.,0.,0.,\n,,456", "model fields-past-read: PB"},
     {"CBAR,1,1,7,8,1.,0.,0.,GGG", ""},
+    {"CBAR,1,1,7,8,1.,0.,0.,BGG", ""},
     {"CBAR,1,1,7,8,1.,0.,0.,GOO", "model fields-past-read: OFFT"},
     {"CBAR,1,1,7,8,,0.,1.", "model fields: X3"}, // no point in X1: a grid
     {"CTRIA3,1,1,7,8,3,5", "model fields: MCID"},

@@ -93,7 +93,7 @@ const std::vector<T_CASE_D> CASES = {
         "PSHELL property-material-missing 9 8\nCBUSH element-property-blank 4\n"},
     {"OtherElements", "CTUBE,1,6,1,2\nCSHEAR,2,2,1,2,3,4\n", "CTUBE tube-beam 1\nCSHEAR shear-plate 2\n"},
     {"BeamOrientations", "GRID,5,,,,,3\nGRID,6,,,,,4\nCBAR,1,1,1,2\nCBEAM,2,1,1,2,9\nCBAR,3,1,5,2,0.,1.,0.\n"
-        "CBEAM,4,1,6,2,0.,1.,0.\nCBAR,6,1,5,2,4\nCORD2R,3,,0.,0.,0.,1.,0.,0.\n,0.,1.,0.\n"
+        "CBEAM,4,1,6,2,0.,1.,0.\nCBAR,6,1,5,2,4\nCBAR,7,1,5,2,0.,1.,0.,BGG\nCORD2R,3,,0.,0.,0.,1.,0.,0.\n,0.,1.,0.\n"
         "CORD2R,4,,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\n",
         "CBAR beam-vector-cd 3 3\nCBAR beam-no-orientation 1\nCBEAM beam-no-orientation 2 9\n"},
 
