@@ -229,7 +229,8 @@ bool CElementLoadRules::SpreadPressure(CRestateCard& rCard, const T_CORNERS& rCo
 /// The converter takes a load without X2 for one at a point, and knows projected loads by length alone.
 void CElementLoadRules::RestatePLOAD1(CRestateCard& rCard) {
     const std::int32_t iEID = rCard.Int(1);
-    const double dX1 = rCard.Real(4), dX2 = rCard.Real(6);
+    const double dX1 = rCard.Real(4), dP1 = rCard.Real(5), dX2 = rCard.Real(6);
+    rCard.Real(7);
     const auto drop = [&](E_RULE eRule) {
         rCard.Drop();
         rCard.Tell(RULES[eRule]);
@@ -241,7 +242,7 @@ void CElementLoadRules::RestatePLOAD1(CRestateCard& rCard) {
         rCard.Set(6, {});
         rCard.Set(7, {});
     } else if (rCard.IsBlank(7)) {
-        rCard.Set(7, rCard.Real(5));
+        rCard.Set(7, dP1);
     }
     if (IsProjected(rCard) && (bPoint || IsInElementAxes(rCard))) {
         rCard.Set(3, rCard.Text(3).substr(0, 2));

@@ -79,9 +79,9 @@ const std::vector<T_CASE_D> CASES = {
     {"UnknownAndLost", "BEGIN BULK\nFOO,1\n", "FOO 1: 0 0 0 0 0 1 0 end-of-deck*1@2-2\n"},
     {"Reported", "BEGIN BULK\nRBAR,1\n,2\n$\n", "RBAR 1: 0 0 1 0 0 0 0 reported*1@2-3\n"},
     {"Skipped", "BEGIN BULK\nPLOTEL,1\n$\n", "PLOTEL 1: 0 0 0 1 0 0 0 skipped*1@2-2\n"},
-    {"Replaced", "BEGIN BULK\nGRID,1\nGRID,2\nGRID,9\nGRID,1\nGRID,1,,5.\nMAT4,5\nMAT1,5\nTEMPD,1,2.\nTEMPD,1,2.\nENDDATA\n",
+    {"Replaced", "BEGIN BULK\nGRID,1\nGRID,2\nGRID,9\nGRID,1\nGRID,1,,5.\nMAT4,5\nMAT1,5\nTEMPD,1,2.\nTEMPD,1,3.,1,3.\nENDDATA\n",
         "GRID 5: 5 2 0 0 0 0 0 duplicate*1@5-5 replaced*1@6-6\nMAT1 1: 1 0 0 0 0 0 0\n"
-        "MAT4 1: 1 1 0 0 0 0 0 replaced*1@8-8\nTEMPD 2: 2 1 0 0 0 0 0 replaced*1@10-10 altered*1\n"},
+        "MAT4 1: 1 1 0 0 0 0 0 replaced*1@8-8\nTEMPD 2: 2 2 0 0 0 0 0 replaced*1@10-10 duplicate*1@10-10 altered*1\n"},
     {"Fields", "BEGIN BULK\nGRID,1,,,,,,,9\nGRID,2,,,,,,,0\nGRID,3,,,,,,12,7,8\n$\n",
         "GRID 3: 3 0 0 0 0 0 0 fields*2@2-2@4-4 fields-past-read*1@4-4 unwritten*1\n"},
     {"PlusSign", "BEGIN BULK\nGRID,1,,1.0E+3,2.\nGRID,2,,1.,+A\n$\n", "GRID 2: 2 0 0 0 0 0 0 plus-sign*1@2-2\n"},
