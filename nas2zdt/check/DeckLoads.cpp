@@ -10,12 +10,6 @@ namespace {
 
 constexpr std::size_t MOST_PAIRS = 3; // of TEMP
 
-/// The vector with length 1; zero if it has none.
-T_VECTOR Unit(const T_VECTOR& rVector) {
-    const double dLength = Length(rVector);
-    return dLength > 0.0 ? Scale(rVector, 1.0 / dLength) : T_VECTOR{};
-}
-
 } // namespace
 
 std::vector<std::int32_t> CDeckTotals::ReadElements(std::size_t iFirst, std::size_t iEnd) {
