@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <set>
 #include <vector>
@@ -69,10 +70,14 @@ class CDeckModel {
         return pGrid && pGrid->bPLACED ? &pGrid->dX : nullptr;
     }
 
-    /// Ids that no card of the deck has: of frames, of elements, of properties.
+    /// Ids that no card of the deck has or, of frames and properties, refers to: a card that names something that isn't
+    /// there mustn't find it then.
     std::int32_t NewFrameId();
     std::int32_t NewElementId();
     std::int32_t NewPropertyId();
+
+    /// Finds the largest id of a frame or property that a card refers to; asked for at most once each.
+    std::function<std::int32_t()> m_findLastFrame, m_findLastProperty;
 
     /// Frames that can't be worked out, by their ids.
     const std::set<std::int32_t>& GetBadFrames() const { return m_badFrames; }
