@@ -20,9 +20,16 @@ std::int32_t NextId(std::int32_t& rLast, HAS has) {
     return iFree;
 }
 
+/// Moves rLast behind what cards refer to.
+void PassReferences(std::int32_t& rLast, std::function<std::int32_t()>& rFindLast) {
+    if (rFindLast) rLast = std::max(rLast, rFindLast());
+    rFindLast = nullptr;
+}
+
 } // namespace
 
 std::int32_t CDeckModel::NewFrameId() {
+    PassReferences(m_iLastFrame, m_findLastFrame);
     return NextId(m_iLastFrame, [&](std::int32_t i) { return m_frameCards.Has(i) || !m_newIds.insert(i).second; });
 }
 
@@ -31,6 +38,7 @@ std::int32_t CDeckModel::NewElementId() {
 }
 
 std::int32_t CDeckModel::NewPropertyId() {
+    PassReferences(m_iLastProperty, m_findLastProperty);
     return NextId(m_iLastProperty, [&](std::int32_t i) { return m_properties.Has(i) || !m_newIds.insert(i).second; });
 }
 
@@ -114,9 +122,6 @@ void CDeckModel::Resolve() {
         rGrid.dX = position;
     }
     m_iLastFrame = m_frameCards.GetLargestId();
-    for (const auto& [iID, rGrid] : m_grids.GetRows()) { // which may name frames that there aren't
-        m_iLastFrame = std::max({m_iLastFrame, rGrid.iCP, rGrid.iCD});
-    }
     m_iLastElement = std::max(m_iLastElement, m_elements.GetLargestId());
     m_iLastProperty = m_properties.GetLargestId();
 }

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -73,10 +74,14 @@ class CDeckModel {
         return pGrid && pGrid->bPLACED ? &pGrid->dX : nullptr;
     }
 
-    /// Ids that no card of the deck has: of frames, of elements, of properties.
+    /// Ids that no card of the deck has or, of frames and properties, refers to: a card that names something that isn't
+    /// there mustn't find it then.
     std::int32_t NewFrameId();
     std::int32_t NewElementId();
     std::int32_t NewPropertyId();
+
+    /// Finds the largest id of a frame or property that a card refers to; asked for at most once each.
+    std::function<std::int32_t()> m_findLastFrame, m_findLastProperty;
 
     /// Counts the ids that ranges stand for. Throws CFileException if they are more than may be.
     void CountRange(std::size_t nIDs);

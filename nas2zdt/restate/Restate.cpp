@@ -15,6 +15,7 @@
 #include <array>
 #include <map>
 #include <memory>
+#include <span>
 
 namespace {
 
@@ -39,6 +40,21 @@ std::vector<std::string_view> SplitWords(std::string_view sText) {
     return aWords;
 }
 
+/// A field that refers to something by its id.
+struct T_REFERENCE_D {
+    std::string_view sKEYWORD;
+    std::size_t iFIELD;
+};
+constexpr T_REFERENCE_D TO_FRAMES[] = {
+    {"GRID", 1},  {"GRID", 5},  {"GRDSET", 1}, {"GRDSET", 5}, {"CORD2R", 1}, {"CORD2C", 1}, {"CORD2S", 1},
+    {"CONM1", 2}, {"CONM2", 2}, {"CBUSH", 7},  {"FORCE", 2},  {"MOMENT", 2}, {"GRAV", 1},   {"PLOAD4", 8},
+};
+constexpr T_REFERENCE_D TO_PROPERTIES[] = {
+    {"CBAR", 1},   {"CBEAM", 1},  {"CBEND", 1},  {"CROD", 1},   {"CTUBE", 1},  {"CTRIA3", 1},
+    {"CTRIA6", 1}, {"CTRIAR", 1}, {"CQUAD4", 1}, {"CQUAD8", 1}, {"CQUADR", 1}, {"CSHEAR", 1},
+    {"CTETRA", 1}, {"CPENTA", 1}, {"CHEXA", 1},  {"CELAS1", 1}, {"CBUSH", 1},  {"CGAP", 1},
+};
+
 } // namespace
 
 class CRestate {
@@ -48,6 +64,8 @@ class CRestate {
           m_writer(rFile, m_restated.lines) {
         const T_RULEBENCH_D bench{m_model, m_told, m_source.GetCards()};
         m_aFamilies = MakeFamilies(bench);
+        m_model.m_findLastFrame = [this] { return FindLast(TO_FRAMES); };
+        m_model.m_findLastProperty = [this] { return FindLast(TO_PROPERTIES); };
         m_aRows.push_back({}); // of cards without rules
         for (const auto& pFamily : m_aFamilies) {
             for (T_CARDRULES_D& rRow : pFamily->GetCards()) m_aRows.push_back(std::move(rRow));
@@ -78,6 +96,7 @@ class CRestate {
   private:
     void ChooseCase();
     void Gather(std::uint32_t iCard);
+    std::int32_t FindLast(std::span<const T_REFERENCE_D> aReferences) const;
     void WriteControl();
     void RestateCard(const T_SOURCECARD_D& rSource);
     void Pass(const T_SOURCECARD_D& rSource);
@@ -134,6 +153,22 @@ void CRestate::Gather(std::uint32_t iCard) {
     if (!rRow.gather) return;
     m_card.Read(rSource);
     rSource.nNEEDS = rRow.gather(m_card, iCard);
+    if (m_card.GetBroken() != CCardFields::NOWHERE) rSource.nNEEDS |= NEED_ALWAYS; // to be told
+}
+
+/// The largest id in fields that refer to something, 0 at least.
+std::int32_t CRestate::FindLast(std::span<const T_REFERENCE_D> aReferences) const {
+    std::multimap<std::string_view, std::size_t> mapFields;
+    for (const T_REFERENCE_D& rReference : aReferences) mapFields.emplace(rReference.sKEYWORD, rReference.iFIELD);
+    std::int32_t iLast = 0;
+    CCardFields card;
+    for (const T_SOURCECARD_D& rSource : m_source.GetCards()) {
+        const auto [pFirst, pEnd] = mapFields.equal_range(m_aRows[rSource.iROW].sKEYWORD);
+        if (pFirst == pEnd) continue;
+        card.Read(rSource);
+        for (auto p = pFirst; p != pEnd; ++p) iLast = std::max(iLast, card.Int(p->second));
+    }
+    return iLast;
 }
 
 /// Copies the executive and case control. What asks for supports and equations asks for the set that has them.

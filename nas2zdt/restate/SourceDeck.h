@@ -62,6 +62,7 @@ class CSourceDeck : private CJoinSink {
 
     const std::vector<T_CONTROL_D>& GetControl() const { return m_aControl; }
     std::vector<T_SOURCECARD_D>& GetCards() { return m_aCards; }
+    const std::vector<T_SOURCECARD_D>& GetCards() const { return m_aCards; }
     const std::vector<std::string>& GetFiles() const { return m_aFiles; }
     const T_INPUTS& GetInputs() const { return m_inputs; }
 

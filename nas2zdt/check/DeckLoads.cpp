@@ -1,0 +1,335 @@
+// Loads and temperatures of a deck.
+
+#include "nas2zdt/check/DeckTotals.h"
+#include "nas2zdt/check/Measure.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr std::size_t MOST_PAIRS = 3; // of TEMP
+
+} // namespace
+
+std::vector<std::int32_t> CDeckTotals::ReadElements(std::size_t iFirst, std::size_t iEnd) {
+    return ReadRanges([&](std::int32_t iLow, std::int32_t iHigh) { return m_bodies.GetRange(iLow, iHigh); }, iFirst,
+                      iEnd);
+}
+
+void CDeckTotals::AddNodalLoad(std::int32_t iGrid, const T_VECTOR& rLoad) {
+    if (!IsSound()) return;
+    T_SETTOTALS_D& rSet = Set();
+    const T_VECTOR* pAt = m_model.FindPosition(iGrid);
+    const double dSize = std::fabs(rLoad[0]) + std::fabs(rLoad[1]) + std::fabs(rLoad[2]);
+    if (!pAt || dSize <= T_SETTOTALS_D::NO_LOAD) return;
+    if (IsMoment()) {
+        ++rSet.nMOMENTS;
+        rSet.nodal.AddMoment(rLoad);
+    } else {
+        ++rSet.nFORCES;
+        rSet.nodal.AddForce(rLoad, *pAt);
+    }
+}
+
+void CDeckTotals::TakeForce() {
+    const std::int32_t iGrid = m_card.Int(1);
+    const T_FRAME_D* pFrame = m_model.FindFrame(m_card.Int(2));
+    const T_VECTOR load = Scale({m_card.Real(4), m_card.Real(5), m_card.Real(6)}, m_card.Real(3));
+    const T_VECTOR* pAt = m_model.FindPosition(iGrid);
+    AddNodalLoad(iGrid, pFrame && pAt ? pFrame->VectorToBasic(load, *pAt) : T_VECTOR{});
+}
+
+/// From grid to grid.
+void CDeckTotals::TakeForceAlong() {
+    const T_VECTOR *pFrom = m_model.FindPosition(m_card.Int(3)), *pTo = m_model.FindPosition(m_card.Int(4));
+    const T_VECTOR direction = pFrom && pTo ? Unit(Subtract(*pTo, *pFrom)) : T_VECTOR{};
+    AddNodalLoad(m_card.Int(1), Scale(direction, m_card.Real(2)));
+}
+
+/// Along the product of the lines from grid to grid of two pairs.
+void CDeckTotals::TakeForceAcross() {
+    std::array<T_VECTOR, 4> points = {};
+    bool bAll = true;
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        const T_VECTOR* pPoint = m_model.FindPosition(m_card.Int(3 + i));
+        bAll = bAll && pPoint;
+        if (pPoint) points[i] = *pPoint;
+    }
+    const T_VECTOR direction = Unit(Cross(Subtract(points[1], points[0]), Subtract(points[3], points[2])));
+    AddNodalLoad(m_card.Int(1), bAll ? Scale(direction, m_card.Real(2)) : T_VECTOR{});
+}
+
+/// Several of one set add up. A vector in a frame that isn't rectangular is along the axes at its origin.
+void CDeckTotals::TakeGRAV() {
+    const T_FRAME_D* pFrame = m_model.FindFrame(m_card.Int(1));
+    const T_VECTOR load = Scale({m_card.Real(3), m_card.Real(4), m_card.Real(5)}, m_card.Real(2));
+    if (!IsSound()) return;
+    T_SETTOTALS_D& rSet = Set();
+    if (pFrame) rSet.gravity.Add(pFrame->VectorToBasic(load, pFrame->dORIGIN));
+}
+
+void CDeckTotals::TakeLOAD() {
+    const std::int32_t iSum = m_card.Int(0);
+    const double dScale = m_card.Real(1);
+    std::vector<std::pair<std::int32_t, double>> aParts;
+    for (std::size_t i = 2; i < m_card.GetCount(); i += 2) aParts.emplace_back(m_card.Int(i + 1), m_card.Real(i));
+    if (!IsSound()) return;
+    for (const auto& [iSet, dFactor] : aParts) {
+        if (iSet != 0) m_mapCombinations[iSum][iSet] += dScale * dFactor;
+    }
+}
+
+/// Only sets with loads can be combined.
+void CDeckTotals::AddCombinations() {
+    for (const auto& [iSum, rParts] : m_mapCombinations) {
+        for (const auto& [iSet, dFactor] : rParts) {
+            if (m_totals.mapSETS.contains(iSet)) m_totals.mapCOMBINATIONS[iSum][iSet] = dFactor;
+        }
+    }
+}
+
+/// The axes of a bar: X from end to end, Y in the plane of X and the orientation.
+bool CDeckTotals::FindAxes(const T_DECKBODY_D& rBar, std::array<T_VECTOR, 3>& rAxes) const {
+    std::array<T_VECTOR, 8> corners = {};
+    if (!FindCorners(rBar, corners)) return false;
+    const T_ORIENTATION_D& rOrientation = rBar.orientation;
+    T_VECTOR vector = rOrientation.vector.value_or(T_VECTOR{});
+    if (rOrientation.iG0) {
+        const T_VECTOR* pReference = m_model.FindPosition(*rOrientation.iG0);
+        if (!pReference) return false;
+        vector = Subtract(*pReference, corners[0]);
+    } else if (!rOrientation.bBASIC) {
+        const T_FRAME_D* pFrame = m_model.FindFrame(m_model.m_grids.Find(rBar.aNODES[0])->iCD);
+        if (!pFrame) return false;
+        vector = pFrame->VectorToBasic(vector, corners[0]);
+    }
+    rAxes[0] = Unit(Subtract(corners[1], corners[0]));
+    rAxes[2] = Unit(Cross(rAxes[0], vector));
+    rAxes[1] = Cross(rAxes[2], rAxes[0]);
+    return Length(rAxes[2]) > 0.0;
+}
+
+/// A load at X1, or from X1 to X2. Lengths and fractions, and a load in a basic direction for each unit of length or of
+/// that length as it is seen across the direction.
+void CDeckTotals::TakePLOAD1() {
+    const T_DECKBODY_D* pBar = m_bodies.Find(m_card.Int(1));
+    std::string sType, sScale;
+    for (const char c : m_card.Text(2)) sType += ToUpper(c);
+    for (const char c : m_card.Text(3)) sScale += ToUpper(c);
+    const double dP1 = m_card.Real(5), dP2 = m_card.Real(7, dP1);
+    double dX1 = m_card.Real(4), dX2 = m_card.Real(6, dX1);
+    const bool bKnown = (sType.size() == 2 || (sType.size() == 3 && sType[2] == 'E')) &&
+                        (sType[0] == 'F' || sType[0] == 'M') && sType[1] >= 'X' && sType[1] <= 'Z';
+    const bool bFractions = sScale.starts_with("FR"), bProjected = sScale == "LEPR" || sScale == "FRPR";
+    if (!IsSound()) return;
+    T_SETTOTALS_D& rSet = Set();
+    std::array<T_VECTOR, 8> corners = {};
+    if (!bKnown || !pBar || pBar->eBODY != BODY_LINE || !FindCorners(*pBar, corners)) return;
+    if (sScale != "LE" && sScale != "FR" && !bProjected) return;
+    const T_VECTOR along = Subtract(corners[1], corners[0]);
+    const double dLength = Length(along);
+    if (!(dLength > 0.0) || std::fabs(dP1) + std::fabs(dP2) <= T_SETTOTALS_D::NO_LOAD) return;
+    if (!bFractions) {
+        dX1 /= dLength;
+        dX2 /= dLength;
+    }
+    const auto iAxis = static_cast<std::size_t>(sType[1] - 'X');
+    const bool bOwn = sType.size() == 3;
+    std::array<T_VECTOR, 3> axes = T_FRAME_D().dAXES;
+    if (bOwn && iAxis == 0) {
+        axes[0] = Unit(along);
+    } else if (bOwn && !FindAxes(*pBar, axes)) {
+        return;
+    }
+    const bool bMoment = sType[0] == 'M';
+    ++rSet.nLINELOADS;
+    if (dX1 != dX2) {
+        const double dSeen = bProjected && !bOwn ? Length(Cross(axes[iAxis], along)) / dLength : 1.0;
+        AddLineLoad(rSet.line, {corners[0], corners[1], axes[iAxis], bMoment, dX1, dP1 * dSeen, dX2, dP2 * dSeen});
+    } else if (bMoment) {
+        rSet.line.AddMoment(Scale(axes[iAxis], dP1));
+    } else {
+        rSet.line.AddForce(Scale(axes[iAxis], dP1), Add(corners[0], Scale(along, dX1)));
+    }
+}
+
+/// On a face of grids, towards its normal.
+void CDeckTotals::TakePLOAD() {
+    const double dP = m_card.Real(1);
+    std::vector<T_VECTOR> aCorners;
+    bool bAll = true;
+    for (std::size_t i = 2; i < 6; ++i) {
+        const std::int32_t iGrid = m_card.Int(i);
+        if (iGrid == 0 && i == 5) break;
+        const T_VECTOR* pCorner = m_model.FindPosition(iGrid);
+        bAll = bAll && pCorner;
+        if (pCorner) aCorners.push_back(*pCorner);
+    }
+    if (!IsSound()) return;
+    T_SETTOTALS_D& rSet = Set();
+    if (!bAll || std::fabs(dP) <= T_SETTOTALS_D::NO_LOAD) return;
+    ++rSet.nPRESSURES;
+    AddFaceLoad(rSet.pressure, {aCorners, {dP, dP, dP, dP}, {}, {}});
+}
+
+void CDeckTotals::TakePLOAD2() {
+    const double dP = m_card.Real(1);
+    const std::vector<std::int32_t> aElements = ReadElements(2, m_card.GetCount());
+    if (!IsSound()) return;
+    Set();
+    for (const std::int32_t iEID : aElements) {
+        const T_DECKBODY_D& rBody = *m_bodies.Find(iEID);
+        if (rBody.eBODY == BODY_TRIANGLE || rBody.eBODY == BODY_QUAD) AddPressure(rBody, {dP, dP, dP, dP}, {});
+    }
+}
+
+/// A vector in a frame that isn't rectangular is along the axes at the middle of the face.
+void CDeckTotals::TakePLOAD4() {
+    T_PRESSURE_D pressure;
+    const double dP = m_card.Real(2);
+    const std::array<double, 4> dCorners = {dP, m_card.Real(3, dP), m_card.Real(4, dP), m_card.Real(5, dP)};
+    const bool bThru = m_card.Is(6, "THRU");
+    pressure.iFIRST = bThru ? 0 : m_card.Int(6);
+    pressure.iOTHER = bThru ? 0 : m_card.Int(7);
+    pressure.iCID = m_card.Int(8);
+    pressure.direction = {m_card.Real(9), m_card.Real(10), m_card.Real(11)};
+    const std::int32_t iFirst = m_card.Int(1), iLast = bThru ? m_card.Int(7) : iFirst;
+    if (!IsSound()) return;
+    Set();
+    const std::vector<std::int32_t> aElements = m_bodies.GetRange(iFirst, iLast);
+    CountRange(aElements.size());
+    for (const std::int32_t iEID : aElements) AddPressure(*m_bodies.Find(iEID), dCorners, pressure);
+}
+
+/// The corners of the face that a load on a solid names: a triangle by a corner of it, or for a tetrahedron by the
+/// corner beyond; four corners by two that are opposite in it. All corners of a plate.
+std::vector<std::size_t> CDeckTotals::FindFace(const T_DECKBODY_D& rBody, std::int32_t iFirst, std::int32_t iOther) {
+    std::vector<std::size_t> aPlaces;
+    if (rBody.eBODY == BODY_TRIANGLE || rBody.eBODY == BODY_QUAD) {
+        for (std::size_t i = 0; i < BODY_CORNERS[rBody.eBODY]; ++i) aPlaces.push_back(i);
+        return aPlaces;
+    }
+    const auto isAt = [&](std::size_t i, std::int32_t iGrid) { return rBody.aNODES[i] == iGrid; };
+    for (std::int32_t iFace = 1; aPlaces.empty() && !FaceCorners(rBody.eBODY, iFace).empty(); ++iFace) {
+        const std::span<const std::uint8_t> corners = FaceCorners(rBody.eBODY, iFace);
+        const auto placeOf = [&](std::int32_t iGrid) {
+            for (std::size_t i = 0; i < corners.size(); ++i) {
+                if (isAt(corners[i], iGrid)) return static_cast<std::int32_t>(i);
+            }
+            return -1;
+        };
+        const std::int32_t iAt = placeOf(iFirst), iBeyond = placeOf(iOther);
+        const bool bTetra = rBody.eBODY == BODY_TETRA;
+        const bool bHit = corners.size() == 4 ? iAt >= 0 && iBeyond >= 0 && (iAt ^ iBeyond) == 2
+                          : bTetra            ? iAt >= 0 && iBeyond < 0
+                                              : iAt >= 0 && iOther == 0;
+        if (bHit) aPlaces.assign(corners.begin(), corners.end());
+    }
+    if (bool bHasOther = false; rBody.eBODY == BODY_TETRA) {
+        for (std::size_t i = 0; i < 4; ++i) bHasOther = bHasOther || isAt(i, iOther);
+        if (!bHasOther) aPlaces.clear();
+    }
+    return aPlaces;
+}
+
+/// The pressures of a solid's face that aren't alike count as their mean, since their order around it isn't settled.
+void CDeckTotals::AddPressure(const T_DECKBODY_D& rBody, std::array<double, 4> dP, const T_PRESSURE_D& rPressure) {
+    std::array<T_VECTOR, 8> corners = {};
+    const std::vector<std::size_t> aPlaces = FindFace(rBody, rPressure.iFIRST, rPressure.iOTHER);
+    const bool bSolid = rBody.eBODY > BODY_QUAD;
+    const std::size_t nPlaces = aPlaces.size();
+    if (nPlaces == 0 || !FindCorners(rBody, corners)) return;
+    double dSize = 0.0, dMean = 0.0;
+    for (std::size_t i = 0; i < nPlaces; ++i) {
+        dSize += std::fabs(dP[i]);
+        dMean += dP[i] / static_cast<double>(nPlaces);
+    }
+    if (dSize <= T_SETTOTALS_D::NO_LOAD) return;
+    if (bSolid) dP.fill(dMean);
+    std::vector<T_VECTOR> aFace;
+    T_VECTOR middle = {}, inside = {};
+    for (const std::size_t i : aPlaces) {
+        aFace.push_back(corners[i]);
+        middle = Add(middle, Scale(corners[i], 1.0 / static_cast<double>(nPlaces)));
+    }
+    for (std::size_t i = 0; i < BODY_CORNERS[rBody.eBODY]; ++i) {
+        inside = Add(inside, Scale(corners[i], 1.0 / static_cast<double>(BODY_CORNERS[rBody.eBODY])));
+    }
+    T_FACELOAD_D load = {aFace, dP, {}, {}};
+    if (bSolid) load.inside = inside;
+    if (rPressure.direction != T_VECTOR{}) {
+        const T_FRAME_D* pFrame = m_model.FindFrame(rPressure.iCID);
+        if (!pFrame) return;
+        load.direction = pFrame->VectorToBasic(rPressure.direction, middle);
+    }
+    T_SETTOTALS_D& rSet = Set();
+    ++rSet.nPRESSURES;
+    AddFaceLoad(rSet.pressure, load);
+}
+
+void CDeckTotals::TakeTEMP() {
+    std::vector<std::pair<std::int32_t, double>> aPairs;
+    for (std::size_t i = 0; i < MOST_PAIRS; ++i) {
+        if (!m_card.IsBlank(1 + 2 * i)) aPairs.emplace_back(m_card.Int(1 + 2 * i), m_card.Real(2 + 2 * i));
+    }
+    if (!IsSound()) return;
+    T_SETTOTALS_D& rSet = Set();
+    for (const auto& [iGrid, dValue] : aPairs) {
+        if (IsGrid(iGrid)) rSet.mapTEMPERATURES[iGrid] = dValue;
+    }
+}
+
+void CDeckTotals::TakeTEMPD() {
+    std::vector<std::pair<std::int32_t, double>> aPairs;
+    for (std::size_t i = 0; i < m_card.GetCount(); i += 2) {
+        if (!m_card.IsBlank(i)) aPairs.emplace_back(m_card.Int(i), m_card.Real(i + 1));
+    }
+    if (!IsSound()) return;
+    for (const auto& [iSet, dValue] : aPairs) {
+        m_totals.mapSETS[iSet];
+        m_mapDefaultTemperatures[iSet] = dValue;
+    }
+}
+
+/// All grids without a temperature of their own have the default one.
+void CDeckTotals::AddTemperatures() {
+    for (const auto& [iSet, dValue] : m_mapDefaultTemperatures) {
+        CountRange(m_model.m_grids.GetRows().size());
+        for (const auto& rRow : m_model.m_grids.GetRows()) {
+            m_totals.mapSETS[iSet].mapTEMPERATURES.emplace(rRow.first, dValue);
+        }
+    }
+}
+
+/// Of plates the mean temperature, of bars the mean of both ends; then further elements.
+void CDeckTotals::TakeElementTemperatures() {
+    constexpr std::size_t LIST = 8;
+    const bool bBar = m_card.GetKeyword() == "TEMPRB";
+    const double dMean = bBar ? (m_card.Real(2) + m_card.Real(3)) / 2 : m_card.Real(2);
+    std::vector<std::int32_t> aElements = ReadElements(1, 2);
+    const std::size_t iList = bBar ? 2 * LIST : LIST;
+    const std::vector<std::int32_t> aFurther = ReadElements(iList, m_card.GetCount());
+    aElements.insert(aElements.end(), aFurther.begin(), aFurther.end());
+    if (!IsSound()) return;
+    T_SETTOTALS_D& rSet = Set();
+    for (const std::int32_t iEID : aElements) rSet.mapELEMENTTEMPERATURES[iEID] = dMean;
+}
+
+void CDeckTotals::TakeSPCD() {
+    std::vector<std::pair<std::array<std::int32_t, 2>, double>> aMoved;
+    for (std::size_t i = 1; i <= 4; i += 3) {
+        const std::int32_t iGrid = m_card.Int(i);
+        const std::uint8_t nComponents = m_card.Components(i + 1);
+        const double dValue = m_card.Real(i + 2);
+        for (std::int32_t k = 0; k < 6 && IsGrid(iGrid) && dValue != 0.0; ++k) {
+            if (nComponents & (1u << k)) aMoved.push_back({{iGrid, k + 1}, dValue});
+        }
+    }
+    if (!IsSound()) return;
+    T_SETTOTALS_D& rSet = Set();
+    for (const auto& [aPlace, dValue] : aMoved) {
+        rSet.displacements.Add({aPlace[0], aPlace[1]});
+        rSet.displacement.Add(dValue);
+    }
+}
