@@ -1,6 +1,7 @@
 #pragma once
 // What a deck means, as far as several families of rules need it.
 
+#include "messages/RunError.h"
 #include "nas2zdt/restate/Frame.h"
 #include "nas2zdt/restate/IdTable.h"
 #include "nas2zdt/restate/Rule.h"
@@ -49,7 +50,8 @@ enum E_NEED : std::uint8_t {
 class CDeckModel {
   public:
     /// sDeck is the main deck; ranges stand for at most nMostRanges ids.
-    CDeckModel(const std::string& sDeck, std::int64_t nMostRanges) : m_sDeck(sDeck), m_nMostRanges(nMostRanges) {}
+    explicit CDeckModel(const std::string& sDeck = {}, std::int64_t nMostRanges = T_LIMITS_D().nRANGES)
+        : m_sDeck(sDeck), m_nMostRanges(nMostRanges) {}
 
     CIdTable<T_POINT_D> m_grids;
     CIdTable<T_FRAMECARD_D> m_frameCards;
