@@ -302,7 +302,7 @@ void CDeckTotals::AddTemperatures() {
     }
 }
 
-/// Of plates the mean temperature, of bars the mean of both ends; then further elements.
+/// Of plates the mean temperature, of bars the mean of both ends; on further elements of the kind, too.
 void CDeckTotals::TakeElementTemperatures() {
     constexpr std::size_t LIST = 8;
     const bool bBar = m_card.GetKeyword() == "TEMPRB";
@@ -313,7 +313,11 @@ void CDeckTotals::TakeElementTemperatures() {
     aElements.insert(aElements.end(), aFurther.begin(), aFurther.end());
     if (!IsSound()) return;
     T_SETTOTALS_D& rSet = Set();
-    for (const std::int32_t iEID : aElements) rSet.mapELEMENTTEMPERATURES[iEID] = dMean;
+    for (const std::int32_t iEID : aElements) {
+        const E_BODY eBody = m_bodies.Find(iEID)->eBODY;
+        const bool bPlate = eBody == BODY_TRIANGLE || eBody == BODY_QUAD;
+        if (bBar ? eBody == BODY_LINE : bPlate) rSet.mapELEMENTTEMPERATURES[iEID] = dMean;
+    }
 }
 
 void CDeckTotals::TakeSPCD() {

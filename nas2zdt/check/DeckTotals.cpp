@@ -3,6 +3,7 @@
 #include "nas2zdt/check/DeckTotals.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
 
 const std::vector<CDeckTotals::T_ROW_D> CDeckTotals::ROWS = {
@@ -203,11 +204,12 @@ void CDeckTotals::TakeSpring() {
 
 void CDeckTotals::TakeMass() {
     const std::int32_t iEID = m_card.Int(0);
-    const T_DECKMASS_D mass = {m_card.Int(1),
-                               m_card.Int(2),
-                               m_card.Real(3),
-                               {m_card.Real(4), m_card.Real(5), m_card.Real(6)},
-                               m_card.Real(8) + m_card.Real(10) + m_card.Real(13)};
+    T_DECKMASS_D mass = {
+        m_card.Int(1), m_card.Int(2), m_card.Real(3), {m_card.Real(4), m_card.Real(5), m_card.Real(6)}, {}};
+    for (std::size_t i = 8; i <= 13; ++i) {
+        const double dValue = m_card.Real(i);
+        mass.inertia.Add(i == 8 || i == 10 || i == 13 ? dValue : 0.0, std::fabs(dValue));
+    }
     if (IsSound()) m_masses.Put(iEID, mass);
 }
 
@@ -230,7 +232,9 @@ void CDeckTotals::TakePointMatrix() {
     }
     bPoint = bPoint && dDiagonal[0] == dDiagonal[1] && dDiagonal[1] == dDiagonal[2];
     if (!bPoint || !IsSound()) return;
-    m_masses.Put(iEID, {iGrid, 0, dDiagonal[0], {}, dDiagonal[3] + dDiagonal[4] + dDiagonal[5]});
+    T_SUM_D inertia;
+    for (std::size_t i = 3; i < 6; ++i) inertia.Add(dDiagonal[i]);
+    m_masses.Put(iEID, {iGrid, 0, dDiagonal[0], {}, inertia});
 }
 
 void CDeckTotals::AddModel() {
@@ -261,7 +265,7 @@ void CDeckTotals::AddMasses() {
         const T_FRAME_D* pFrame = m_model.FindFrame(mass.iCID);
         if (m_masses.Find(iEID) != &mass || !pGrid || (!pFrame && mass.iCID != -1)) continue;
         const T_VECTOR at = mass.iCID == -1 ? mass.offset : Add(*pGrid, pFrame->VectorToBasic(mass.offset, *pGrid));
-        m_totals.AddMass(mass.dMASS, at, mass.dINERTIA);
+        m_totals.AddMass(mass.dMASS, at, mass.inertia);
     }
 }
 

@@ -157,7 +157,7 @@ class CDeckTotals {
         std::int32_t iGRID, iCID;
         double dMASS;
         T_VECTOR offset;
-        double dINERTIA;
+        T_SUM_D inertia; // the trace, in the digits of all values
     };
     CIdTable<T_DECKMASS_D> m_masses;
 

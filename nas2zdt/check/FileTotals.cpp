@@ -113,7 +113,9 @@ class CFileTotals {
         ForEachScalarLink(m_rPool, links);
         ForEachGeneralLink(m_rPool, links);
         const auto mass = [&](const T_MASS_ROW& r) {
-            if (const T_VECTOR* pAt = Find(r.iNODE)) m_totals.AddMass(r.dMX, *pAt, r.dRMX + r.dRMY + r.dRMZ);
+            T_SUM_D inertia;
+            for (const double d : {r.dRMX, r.dRMY, r.dRMZ}) inertia.Add(d);
+            if (const T_VECTOR* pAt = Find(r.iNODE)) m_totals.AddMass(r.dMX, *pAt, inertia);
         };
         ForEachMass(m_rPool, CRowVisitor{mass, IGNORE_LEFT});
     }

@@ -142,11 +142,11 @@ void T_TOTALS_D::AddMeasure(E_BODY eBody, const std::array<T_VECTOR, 8>& rCorner
     aMEASURES[eBody].Add(MeasureBody(eBody, rCorners));
 }
 
-void T_TOTALS_D::AddMass(double dMass, const T_VECTOR& rAt, double dInertia) {
+void T_TOTALS_D::AddMass(double dMass, const T_VECTOR& rAt, const T_SUM_D& rInertia) {
     ++nMASSES;
     mass.Add(dMass);
     massMoment.Add(Scale(rAt, dMass));
-    inertia.Add(dInertia);
+    inertia.Add(rInertia.dSUM, rInertia.dSIZE);
 }
 
 std::vector<T_TOTALROW_D> ListTotals(const T_TOTALS_D& rTotals) {

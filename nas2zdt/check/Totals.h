@@ -120,7 +120,7 @@ struct T_TOTALS_D {
     template <class FIND>
     void AddElement(E_BODY eBody, std::int32_t iEID, const std::int32_t* pNodes, FIND find);
 
-    void AddMass(double dMass, const T_VECTOR& rAt, double dInertia);
+    void AddMass(double dMass, const T_VECTOR& rAt, const T_SUM_D& rInertia);
 
   private:
     void AddElementIds(E_BODY eBody, std::int32_t iEID, const std::int32_t* pNodes);

@@ -146,7 +146,7 @@ void CDeckJoin::Step() {
 
 void CDeckJoin::TakeLine(std::string_view sLine) {
     const bool bBegins = BeginsBulk(sLine, m_rRules.bFORGIVING);
-    const bool bEnds = StartsWithoutCase(sLine, "CEND");
+    const bool bEnds = StartsWithoutCase(sLine, "CEND") && !(m_rRules.bFORGIVING && m_bBulk);
     m_rSink.OnLine(Line(sLine));
     if (!bBegins && !bEnds) return;
     m_bBulk = bBegins; // from here on the deck has its own markers

@@ -42,7 +42,8 @@ class CJoinSink {
 struct T_JOINRULES_D {
     std::int64_t nDECKS = T_LIMITS_D().nDECKS; // most decks that are opened; one that is included twice counts twice
     std::map<std::string, std::string> mapFOLDERS; // of logical names, which are in upper case
-    bool bFORGIVING = false; // BEGIN BULK may be written in any way or lack, an INCLUDE may lead nowhere
+    bool bFORGIVING = false; // BEGIN BULK may be written in any way or lack, nothing but ENDDATA ends the bulk section,
+                             // an INCLUDE may lead nowhere
 };
 
 /// Includes are replaced by the decks that they name, at any depth. Names are looked for from the folder of the deck

@@ -30,17 +30,25 @@ bool AreOnALine(const T_VECTOR& rA, const T_VECTOR& rB) {
     return Length(Cross(rA, rB)) <= PARALLEL * Length(rA) * Length(rB);
 }
 
+/// The vector or its opposite: the one towards rSide or, where that is across it, towards rOther. Which one it is must
+/// not hang on rounding.
+T_VECTOR Towards(const T_VECTOR& rVector, const T_VECTOR& rSide, const T_VECTOR& rOther) {
+    const double dSide = Dot(rVector, rSide);
+    const bool bAcross = std::fabs(dSide) <= PARALLEL * Length(rVector) * Length(rSide);
+    return (bAcross ? Dot(rVector, rOther) : dSide) < 0.0 ? Scale(rVector, -1.0) : rVector;
+}
+
 /// The vector whose angle in the file turns a link's Y axis to rY, or half a turn from it, which is the same for
 /// stiffnesses along axes. The file counts from where Y is level; its angle is that of the Y axis itself for links that
 /// are level (from 0 to 180) or upright (from 90 to 270), and for others 90 degrees less (from -90 to 90).
 T_VECTOR VectorForFile(const T_VECTOR& rY, const T_VECTOR& rAlong) {
     constexpr double LEVEL = 0.0001; // the converter's
     if (std::fabs(rAlong[0]) < LEVEL && std::fabs(rAlong[1]) < LEVEL) {
-        return -rY[1] * rAlong[2] > 0.0 ? Scale(rY, -1.0) : rY; // not along the global X axis cross the link
+        return Towards(rY, {0.0, rAlong[2], 0.0}, {1.0, 0.0, 0.0}); // not along the global X axis cross the link
     }
     const T_VECTOR vector = std::fabs(rAlong[2]) < LEVEL ? rY : Cross(rAlong, rY);
-    const T_VECTOR upwards = Cross(rAlong, {-rAlong[1], rAlong[0], 0.0});
-    return Dot(vector, upwards) < 0.0 ? Scale(vector, -1.0) : vector;
+    const T_VECTOR level = {-rAlong[1], rAlong[0], 0.0};
+    return Towards(vector, Cross(rAlong, level), level);
 }
 
 bool HaveEqualAxes(const T_BUSHLINE_D* pLine) {
@@ -135,6 +143,7 @@ void CBushRules::RestateAxes(CRestateCard& rCard, const T_VECTOR& rFrom, const T
     const bool bVector = Length(difference) > PARALLEL;
     const bool bCID = bTurned || bFrame == rCard.IsBlank(FIELD_CID);
     if (!bVector && !bCID) return;
+    if (rCard.GetBroken() != CCardFields::NOWHERE) return; // goes through as it stands, and needs no frame
     if (bTurned) {
         rCard.Set(FIELD_PID, TurnedProperty(iPID, meant.iTURN, rCard.GetOrigin()));
         rCard.Tell(RULES[BUSH_TURNED]);

@@ -130,21 +130,23 @@ void CSourceDeck::OnLine(const T_JOINLINE_D& rLine) {
     while (!sText.empty() && (sText.back() == '\n' || sText.back() == '\r')) sText.remove_suffix(1);
     const T_ORIGINLINE_D origin{static_cast<std::uint32_t>(rLine.iFILE), rLine.iLINE};
     if (sText.starts_with('$') || sText.starts_with(CTRL_Z)) return;
-    if (TakeMarker(sText)) return EndCard();
+    if (TakeMarker(sText, rLine.bBULK)) return EndCard();
     if (rLine.bBULK) {
         TakeBulk(sText, origin);
     } else {
+        EndCard();
         TakeControl(sText, origin);
     }
 }
 
-/// Markers of sections aren't lines of any. A BEGIN may say which part begins.
-bool CSourceDeck::TakeMarker(std::string_view sText) {
+/// Markers of sections aren't lines of any, but for a CEND in its place. A BEGIN may say which part begins.
+bool CSourceDeck::TakeMarker(std::string_view sText, bool bBulk) {
     const std::size_t iFirst = sText.find_first_not_of(" \t");
     if (iFirst == std::string_view::npos) return false;
     const char c = ToUpper(sText[iFirst]);
-    if (c != 'B' && c != 'E') return false;
+    if (c != 'B' && c != 'C' && c != 'E') return false;
     if (StartsWithoutCase(sText, "ENDDATA")) return true;
+    if (StartsWithoutCase(sText, "CEND")) return bBulk;
     sText.remove_prefix(iFirst);
     if (!StartsWithoutCase(sText, "BEGIN") || sText.size() == 5 || (sText[5] != ' ' && sText[5] != '\t')) return false;
     std::string sUpper(sText.substr(0, sText.find('$')));

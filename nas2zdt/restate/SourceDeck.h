@@ -75,7 +75,7 @@ class CSourceDeck : private CJoinSink {
     void OnMissing(const std::string& sName, const T_JOINLINE_D& rLine) override;
 
     void TakeControl(std::string_view sText, const T_ORIGINLINE_D& rOrigin);
-    bool TakeMarker(std::string_view sText);
+    bool TakeMarker(std::string_view sText, bool bBulk);
     void TakeBulk(std::string_view sText, const T_ORIGINLINE_D& rOrigin);
     void BeginCard(std::string_view sText, const T_ORIGINLINE_D& rOrigin);
     void AddLine(std::string_view sText);
