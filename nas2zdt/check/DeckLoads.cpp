@@ -117,8 +117,8 @@ void CDeckTotals::TakePLOAD1() {
     std::string sType, sScale;
     for (const char c : m_card.Text(2)) sType += ToUpper(c);
     for (const char c : m_card.Text(3)) sScale += ToUpper(c);
-    const double dP1 = m_card.Real(5), dP2 = m_card.Real(7, dP1);
     double dX1 = m_card.Real(4), dX2 = m_card.Real(6, dX1);
+    const double dP1 = m_card.Real(5), dGiven = m_card.Real(7, dP1), dP2 = dX1 == dX2 ? dP1 : dGiven;
     const bool bKnown = (sType.size() == 2 || (sType.size() == 3 && sType[2] == 'E')) &&
                         (sType[0] == 'F' || sType[0] == 'M') && sType[1] >= 'X' && sType[1] <= 'Z';
     const bool bFractions = sScale.starts_with("FR"), bProjected = sScale == "LEPR" || sScale == "FRPR";
