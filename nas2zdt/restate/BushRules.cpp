@@ -15,6 +15,7 @@ enum E_FIELD : std::size_t { FIELD_EID, FIELD_PID, FIELD_GA, FIELD_GB, FIELD_X1,
 
 constexpr double COINCIDENT = 1e-4; // grids that are nearer have no line between them
 constexpr double PARALLEL = 1e-6;   // directions that differ by less, as a sine, are the same
+constexpr double NEARLY = 1e-4;     // a vector nearer to the element, as a sine, says nothing of its axes
 
 /// The part of a vector across another, of unit length; zero if there is none.
 T_VECTOR Across(const T_VECTOR& rVector, const T_VECTOR& rAlong) {
@@ -111,7 +112,7 @@ bool CBushRules::FindMeant(const CCardFields& rCard, const T_VECTOR& rFrom, cons
         const T_VECTOR vector = {rCard.Real(FIELD_X1), rCard.Real(FIELD_X2), rCard.Real(FIELD_X3)};
         rMeant.dY = pFrame->VectorToBasic(vector, rFrom);
     }
-    return Across(rMeant.dY, rAlong) != T_VECTOR{};
+    return Length(Cross(rMeant.dY, rAlong)) > NEARLY * Length(rMeant.dY) * Length(rAlong);
 }
 
 /// The vector that the converter makes the angle of.

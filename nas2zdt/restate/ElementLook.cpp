@@ -2,6 +2,8 @@
 
 #include "nas2zdt/restate/ElementLook.h"
 
+#include "nas2zdt/restate/PlateThickness.h"
+
 #include "nas2zdt/text/Words.h"
 
 #include <algorithm>
@@ -61,8 +63,10 @@ double CElementLook::GetThickness(std::int32_t iEID) {
     m_card.Read(m_rCards[*m_rModel.m_elements.Find(iEID)]);
     const std::uint32_t* pProperty = m_rModel.m_properties.Find(m_card.Int(1, iEID));
     if (!pProperty) return 0.0;
-    m_card.Read(m_rCards[*pProperty]);
-    return m_card.GetKeyword() == "PSHELL" ? m_card.Real(2) : 0.0;
+    CCardFields property;
+    property.Read(m_rCards[*pProperty]);
+    if (property.GetKeyword() != "PSHELL") return 0.0;
+    return ReadThickness(m_card, ThicknessOf(m_card.GetKeyword()), property.Real(2));
 }
 
 std::vector<std::int32_t> CElementLook::ReadList(const CCardFields& rCard, std::size_t iFrom, E_ELEMENT eKind) const {

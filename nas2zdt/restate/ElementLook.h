@@ -22,7 +22,7 @@ class CElementLook {
     /// The grids at its corners, by its card; none if there is no such element.
     std::vector<std::int32_t> GetCorners(std::int32_t iEID);
 
-    /// The thickness of a plate by its PSHELL, 0 if that isn't known.
+    /// The thickness of a plate by its card and its PSHELL, 0 if that isn't known.
     double GetThickness(std::int32_t iEID);
 
     /// The ids of a card's fields from iFrom on. THRU stands for the elements of a kind that there are.

@@ -4,8 +4,7 @@
 
 #include "nas2zdt/restate/FieldText.h"
 
-#include <array>
-#include <cmath>
+#include <algorithm>
 
 namespace {
 
@@ -23,51 +22,40 @@ const std::vector<T_RULE_D> CShellRules::RULES = {
 };
 
 std::vector<T_CARDRULES_D> CShellRules::GetCards() {
-    const std::vector<std::pair<const char*, T_PLACES_D>> aKeywords = {
-        {"CQUAD4", {10, 4, 9}}, {"CQUADR", {10, 4, 9}},  {"CQUAD8", {10, 4, 16}}, {"CTRIA3", {10, 3, 9}},
-        {"CTRIAR", {10, 3, 9}}, {"CTRIA6", {10, 3, 13}}, {"CSHEAR", {}},          {"CTETRA", {}},
-        {"CPENTA", {}},         {"CHEXA", {}},
-    };
     std::vector<T_CARDRULES_D> aCards;
-    for (const auto& [sKeyword, places] : aKeywords) {
+    for (const char* sKeyword :
+         {"CQUAD4", "CQUADR", "CQUAD8", "CTRIA3", "CTRIAR", "CTRIA6", "CSHEAR", "CTETRA", "CPENTA", "CHEXA"}) {
+        const T_THICKNESS_D places = ThicknessOf(sKeyword);
         aCards.push_back({sKeyword,
-                          [this, places = places](const CCardFields& rCard, std::uint32_t iCard) {
+                          [this, places](const CCardFields& rCard, std::uint32_t iCard) {
                               m_rModel.m_elements.Put(rCard.Int(0), iCard);
                               const bool bThickness = places.nCORNERS > 0 && rCard.GetCount() > places.iFIRST;
                               return rCard.IsBlank(1) || bThickness ? NEED_ALWAYS : NEED_NOTHING;
                           },
-                          [this, places = places](CRestateCard& rCard) { RestateElement(rCard, places); }});
+                          [this, places](CRestateCard& rCard) { RestateElement(rCard, places); }});
     }
     return aCards;
 }
 
-void CShellRules::RestateElement(CRestateCard& rCard, const T_PLACES_D& rPlaces) {
+void CShellRules::RestateElement(CRestateCard& rCard, const T_THICKNESS_D& rPlaces) {
     const std::int32_t iPID = rCard.Int(1, rCard.Int(0));
     if (rCard.IsBlank(1)) {
         rCard.Set(1, iPID);
         rCard.Tell(RULES[SHELL_PID]);
     }
-    for (std::size_t i = 0; i < rPlaces.nCORNERS; ++i) {
-        if (!rCard.IsBlank(rPlaces.iFIRST + i)) return RestateThickness(rCard, rPlaces, iPID);
-    }
+    if (HasThickness(rCard, rPlaces)) RestateThickness(rCard, rPlaces, iPID);
 }
 
-/// A blank corner has the property's thickness. With TFLAG 1 corners have parts of it.
-void CShellRules::RestateThickness(CRestateCard& rCard, const T_PLACES_D& rPlaces, std::int32_t iPID) {
+void CShellRules::RestateThickness(CRestateCard& rCard, const T_THICKNESS_D& rPlaces, std::int32_t iPID) {
     const T_BASE_D& rBase = FindBase(iPID);
     if (!rBase.bSHELL) return;
-    const bool bPart = rCard.Int(rPlaces.iFLAG) == 1;
-    std::array<double, 4> aT = {};
-    for (std::size_t i = 0; i < rPlaces.nCORNERS; ++i) {
-        aT[i] = bPart ? rCard.Real(rPlaces.iFIRST + i, 1.0) * rBase.dT : rCard.Real(rPlaces.iFIRST + i, rBase.dT);
-        if (aT[i] != aT[0]) return;
-    }
-    if (!std::isfinite(aT[0]) || !(aT[0] > 0.0)) return;
-    if (aT[0] != rBase.dT) {
-        const auto [pShell, bNew] = m_mapShells.try_emplace({iPID, aT[0]}, 0);
+    const double dT = ReadThickness(rCard, rPlaces, rBase.dT);
+    if (dT == 0.0) return;
+    if (dT != rBase.dT) {
+        const auto [pShell, bNew] = m_mapShells.try_emplace({iPID, dT}, 0);
         if (bNew) {
             pShell->second = m_rModel.NewPropertyId();
-            m_aShells.push_back({pShell->second, iPID, aT[0], rCard.GetOrigin()});
+            m_aShells.push_back({pShell->second, iPID, dT, rCard.GetOrigin()});
         }
         rCard.Set(1, pShell->second);
     }

@@ -1,6 +1,7 @@
 #pragma once
 // Rules for shells and solids: thicknesses of their own, defaults.
 
+#include "nas2zdt/restate/PlateThickness.h"
 #include "nas2zdt/restate/RuleFamily.h"
 
 #include <cstddef>
@@ -18,13 +19,6 @@ class CShellRules : public CRuleFamily {
     static const std::vector<T_RULE_D> RULES;
 
   private:
-    /// Where a card has its corners' thicknesses and what they mean.
-    struct T_PLACES_D {
-        std::size_t iFIRST = 0;
-        std::size_t nCORNERS = 0; // 0 for cards without thicknesses
-        std::size_t iFLAG = 0;
-    };
-
     /// A PSHELL, as far as a thickness needs it.
     struct T_BASE_D {
         bool bSHELL = false;
@@ -32,8 +26,8 @@ class CShellRules : public CRuleFamily {
         std::vector<std::string> aFIELDS;
     };
 
-    void RestateElement(CRestateCard& rCard, const T_PLACES_D& rPlaces);
-    void RestateThickness(CRestateCard& rCard, const T_PLACES_D& rPlaces, std::int32_t iPID);
+    void RestateElement(CRestateCard& rCard, const T_THICKNESS_D& rPlaces);
+    void RestateThickness(CRestateCard& rCard, const T_THICKNESS_D& rPlaces, std::int32_t iPID);
     const T_BASE_D& FindBase(std::int32_t iPID);
 
     std::map<std::int32_t, T_BASE_D> m_mapBases;                         // of the properties that were asked for

@@ -158,7 +158,8 @@ class CRestatable {
         Add(aFields);
     }
 
-    /// Gives an element an id that no other has. False if the id of another card was used already.
+    /// Gives an element an id that no other has. False if the id of another card was used already. A PELAS has ids of
+    /// its own.
     bool IsNew(T_MADECARD_D& rCard) {
         const std::string& rKeyword = rCard.aFIELDS[0];
         if (rCard.aFIELDS.size() < 2) return false;
@@ -166,6 +167,12 @@ class CRestatable {
             rCard.aFIELDS[1] = std::to_string(++m_iElement);
         } else if (rKeyword == "GRID" || rKeyword.starts_with("CORD")) {
             return false;
+        } else if (rKeyword == "PELAS") {
+            for (const std::size_t i : {std::size_t{1}, std::size_t{5}}) {
+                if (i < rCard.aFIELDS.size()) rCard.aFIELDS[i] = std::to_string(++m_iSpring);
+            }
+        } else if (rKeyword.starts_with('P') && !rKeyword.starts_with("PLOAD")) {
+            return m_properties.insert(rCard.aFIELDS[1]).second;
         }
         return true;
     }
@@ -199,6 +206,8 @@ class CRestatable {
     CChance m_chance;
     std::string m_sText;
     int m_iElement = 0;
+    int m_iSpring = 1000;
+    std::set<std::string> m_properties; // ids in use
 };
 
 class RestateProperty : public testing::TestWithParam<std::uint64_t> {
