@@ -128,9 +128,15 @@ std::string RealText(double dValue, std::size_t nWidth) {
 std::string PlainField(std::string_view sField) {
     T_NUMBER_D number;
     if (Split(sField, number)) return Join(number);
-    std::string sText(sField);
+    std::string sText(sField.substr(0, FindForeign(sField)));
     std::transform(sText.begin(), sText.end(), sText.begin(), &ToUpper);
     return sText;
+}
+
+std::size_t FindForeign(std::string_view sField) {
+    const auto isForeign = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == ',' || c == '$'; };
+    const auto pFound = std::find_if(sField.begin(), sField.end(), isForeign);
+    return pFound == sField.end() ? std::string_view::npos : static_cast<std::size_t>(pFound - sField.begin());
 }
 
 std::string AddToField(std::string_view sField, std::string_view sStep) {

@@ -22,8 +22,12 @@ std::string RealText(double dValue);
 /// The nearest that has at most nWidth characters; nWidth is 16 at least.
 std::string RealText(double dValue, std::size_t nWidth);
 
+/// The place of the first character that no field can have, npos if there is none: fields of columns may hold any.
+std::size_t FindForeign(std::string_view sField);
+
 /// The field in the form that the converter reads whole: upper case, exponents with "E", without a "+" and, in numbers,
-/// without needless signs. The same for a field that is in this form.
+/// without needless signs; what isn't a number ends before a foreign character. The same for a field that is in this
+/// form.
 std::string PlainField(std::string_view sField);
 
 /// The sum of a field and a step; the field itself if either isn't a number.

@@ -99,6 +99,7 @@ class CRestate {
     std::int32_t FindLast(std::span<const T_REFERENCE_D> aReferences) const;
     void WriteControl();
     void RestateCard(const T_SOURCECARD_D& rSource);
+    void TellField(std::size_t i);
     void Pass(const T_SOURCECARD_D& rSource);
 
     const T_CHOICE_D& m_rChoice;
@@ -203,15 +204,19 @@ void CRestate::RestateCard(const T_SOURCECARD_D& rSource) {
     m_card.Read(rSource);
     rRow.restate(m_card);
     if (m_card.GetBroken() != CCardFields::NOWHERE) {
-        const std::string sField =
-            std::to_string(m_card.GetBroken() + 2) + ": " + std::string(m_card.Text(m_card.GetBroken()));
-        m_told.Tell(DECK_RULES[DECK_BROKEN], m_card.GetKeyword(), rSource.origin, "field " + sField);
+        TellField(m_card.GetBroken());
         return Pass(rSource);
     }
     for (const auto& [pRule, sDetail] : m_card.m_aTold)
         m_told.Tell(*pRule, m_card.GetKeyword(), rSource.origin, sDetail);
     if (!m_card.IsChanged()) return Pass(rSource);
     m_card.Finish(m_writer);
+}
+
+/// Tells of a field of the card in hand that isn't what it should be.
+void CRestate::TellField(std::size_t i) {
+    const std::string sField = "field " + std::to_string(i + 2) + ": " + std::string(m_card.Text(i));
+    m_told.Tell(DECK_RULES[DECK_BROKEN], m_card.GetKeyword(), m_card.GetOrigin(), sField);
 }
 
 /// Lets a card through, in columns that the converter cuts as NASTRAN does.
@@ -232,6 +237,7 @@ void CRestate::Pass(const T_SOURCECARD_D& rSource) {
     }
     for (std::size_t i = 0; i < m_card.GetCount(); ++i) {
         const std::string_view sField = m_card.Text(i);
+        if (FindForeign(sField) != std::string_view::npos) TellField(i);
         bOtherwise = bOtherwise || (IsReal(sField) && sField.find_first_of("Dd+") != std::string_view::npos) ||
                      sField.find(':') != std::string_view::npos;
         if (PlainField(sField).find("ENDDATA") == std::string::npos) continue;
