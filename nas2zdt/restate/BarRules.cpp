@@ -17,12 +17,13 @@ enum E_FIELD : std::size_t { FIELD_EID, FIELD_PID, FIELD_GA, FIELD_GB, FIELD_X1,
 const std::vector<T_RULE_D> CBarRules::RULES = {
     {"bar-pid", CLASS_NOTE, "CBAR CBEAM CBEND CGAP CROD CTUBE", "a blank PID", "restated: PID is EID",
      "element-property-blank"},
-    {"bar-defaults", CLASS_NOTE, "BAROR BEAMOR", "defaults of bars and beams", "restated: defaults filled in"},
+    {"bar-defaults", CLASS_NOTE, "BAROR BEAMOR", "defaults of bars and beams", "restated: defaults filled in",
+     "skipped"},
     {"bar-form", CLASS_NOTE, "CBAR CBEAM CGAP", "a vector whose X1 is blank or an integer",
      "restated: a vector of reals"},
     {"bar-axes", CLASS_NOTE, "CBAR CBEAM", "a vector in the CD axes of end A", "restated: a vector in basic axes",
      "beam-vector-cd"},
-    {"rod-conrod", CLASS_NOTE, "CONROD", "all", "restated: CROD with a PROD of its own"},
+    {"rod-conrod", CLASS_NOTE, "CONROD", "all", "restated: CROD with a PROD of its own", "fields"},
     {"rod-tube", CLASS_NOTE, "CTUBE", "all", "restated: CROD", "tube-beam"},
 };
 

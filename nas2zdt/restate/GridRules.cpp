@@ -19,7 +19,7 @@ const std::vector<T_RULE_D> CGridRules::RULES = {
     {"grid-basic", CLASS_NOTE, "GRID", "CP", "restated: at its basic position"},
     {"grid-axes", CLASS_NOTE, "GRID", "CD", "restated: local axes by a frame that has them at the grid",
      "grid-cd-origin grid-cd-polar"},
-    {"grid-defaults", CLASS_NOTE, "GRDSET", "defaults of grids", "restated: defaults of GRDSET filled in"},
+    {"grid-defaults", CLASS_NOTE, "GRDSET", "defaults of grids", "restated: defaults of GRDSET filled in", "skipped"},
     {"grid-supports", CLASS_NOTE, "GRID", "PS", "restated: supports of PS in the set of supports", "support-ps"},
     {"grid-frame", CLASS_MODEL, "GRID", "a CP that is no frame", "a position that isn't known: CP is no frame"},
     {"grid-cd", CLASS_MODEL, "GRID", "a CD that is no frame", "local axes that aren't known: CD is no frame"},

@@ -32,7 +32,7 @@ constexpr std::uint32_t NO_CARD = CSupportTable::NO_CARD;
 
 const std::vector<T_RULE_D> CSupportRules::RULES = {
     {"supports", CLASS_NOTE, "SPC SPC1 SPCADD", "the supports of the chosen subcase, ranges and sums",
-     "restated: one card a grid in one set", "thru fields-past-read"},
+     "restated: one card a grid in one set", "skipped thru fields-past-read"},
     {"support-sets", CLASS_MODEL, "SPC SPC1 MPC", "sets that aren't chosen", "of sets that aren't the file's"},
     {"support-cases", CLASS_MODEL, "SPC MPC", "the chosen set in other subcases",
      "added: the one set of the file, where subcases don't ask for it"},
@@ -46,7 +46,8 @@ const std::vector<T_RULE_D> CSupportRules::RULES = {
      "enforced values that no load set can have"},
     {"displacement-points", CLASS_MODEL, "SPCD", "scalar points, grids that don't exist, component 0",
      "enforced displacements of no component of a grid"},
-    {"equation-links", CLASS_NOTE, "MPC", "equal components of two grids", "restated: a rigid link of two grids"},
+    {"equation-links", CLASS_NOTE, "MPC MPCADD", "equal components of two grids", "restated: a rigid link of two grids",
+     "skipped"},
     {"equation-form", CLASS_MODEL, "MPC", "all other equations", "equations that make no rigid link"},
 };
 
