@@ -60,8 +60,8 @@ constexpr T_REFERENCE_D TO_PROPERTIES[] = {
 class CRestate {
   public:
     CRestate(const std::string& sDeck, CFile& rFile, const T_CHOICE_D& rChoice)
-        : m_rChoice(rChoice), m_rFile(rFile), m_source(m_told, rChoice.iPART), m_model(sDeck, rChoice.nRANGES),
-          m_writer(rFile, m_restated.lines) {
+        : m_rChoice(rChoice), m_rFile(rFile), m_source(m_told, rChoice.iPART, rChoice.nRANGES),
+          m_model(sDeck, rChoice.nRANGES), m_writer(rFile, m_restated.lines) {
         const T_RULEBENCH_D bench{m_model, m_told, m_source.GetCards()};
         m_aFamilies = MakeFamilies(bench);
         m_model.m_findLastFrame = [this] { return FindLast(TO_FRAMES); };

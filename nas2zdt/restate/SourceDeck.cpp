@@ -21,7 +21,6 @@ constexpr std::size_t FIELD_WIDTH = 8;
 constexpr std::size_t MARK_COLUMN = 72; // from 0
 constexpr std::size_t FREE_COLUMNS = 10;
 constexpr std::size_t SHORTEST_LARGE = 57; // with all four of its fields
-constexpr std::int32_t MOST_REPLICAS = 10000000;
 
 /// Whether there is a byte in sText that makes the converter cut a line otherwise than NASTRAN does; among the fields,
 /// also one that makes it read a number otherwise. CTextStore::SLACK bytes behind sText must be readable.
@@ -294,9 +293,11 @@ void CSourceDeck::Replicate(std::string_view sText, const T_ORIGINLINE_D& rOrigi
     std::string_view sCommon = m_sCommon;
     line.Read({&sCommon, 1});
     if (sCommon.empty() || nCards < 1) return fail();
-    if (nCards > MOST_REPLICAS) {
+    m_nMade += nCards;
+    if (m_nMade > m_nMostMade) {
         throw CFileException(m_aFiles[rOrigin.iFILE] + ":" + std::to_string(rOrigin.iLINE),
-                             "a line of replication asks for more than " + std::to_string(MOST_REPLICAS) + " cards");
+                             "limit on ranges: replication makes more than " + std::to_string(m_nMostMade) +
+                                 " cards in all; the option --limit ranges=N sets it");
     }
     for (std::int32_t i = 0; i < nCards; ++i) {
         std::string_view sBefore = m_aCards.back().Text();

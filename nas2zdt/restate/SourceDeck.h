@@ -54,8 +54,9 @@ struct T_SOURCECARD_D {
 /// by their places; cards that lines of replication stand for are made. Of a deck with parts, one is read.
 class CSourceDeck : private CJoinSink {
   public:
-    /// iPart is the superelement to be read, 0 for the main model.
-    CSourceDeck(CTold& rTold, std::int32_t iPart) : m_rTold(rTold), m_iPart(iPart) {}
+    /// iPart is the superelement to be read, 0 for the main model. Replication makes at most nMostMade cards.
+    CSourceDeck(CTold& rTold, std::int32_t iPart, std::int64_t nMostMade = T_LIMITS_D().nRANGES)
+        : m_rTold(rTold), m_iPart(iPart), m_nMostMade(nMostMade) {}
 
     /// Throws CFileException with the place in a deck if that can't be joined.
     void Read(const std::string& sDeck, const T_JOINRULES_D& rRules);
@@ -85,6 +86,8 @@ class CSourceDeck : private CJoinSink {
 
     CTold& m_rTold;
     std::int32_t m_iPart;
+    std::int64_t m_nMostMade;
+    std::int64_t m_nMade = 0;   // cards, by replication
     std::int32_t m_iInPart = 0; // the part that the lines in hand belong to
     bool m_bBulk = false;
     CTextStore m_texts;
