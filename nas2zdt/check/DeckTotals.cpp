@@ -262,9 +262,9 @@ void CDeckTotals::AddElements() {
 void CDeckTotals::AddMasses() {
     for (const auto& [iEID, mass] : m_masses.GetRows()) {
         const T_VECTOR* pGrid = m_model.FindPosition(mass.iGRID);
-        const T_FRAME_D* pFrame = m_model.FindFrame(mass.iCID);
+        const T_FRAME_D* pFrame = mass.iCID == -1 ? nullptr : m_model.FindFrame(mass.iCID);
         if (m_masses.Find(iEID) != &mass || !pGrid || (!pFrame && mass.iCID != -1)) continue;
-        const T_VECTOR at = mass.iCID == -1 ? mass.offset : Add(*pGrid, pFrame->VectorToBasic(mass.offset, *pGrid));
+        const T_VECTOR at = pFrame ? Add(*pGrid, pFrame->VectorToBasic(mass.offset, *pGrid)) : mass.offset;
         m_totals.AddMass(mass.dMASS, at, mass.inertia);
     }
 }
