@@ -88,7 +88,6 @@ class CRestate {
         m_rFile.Close();
         m_restated.files = m_source.GetInputs();
         m_restated.aFILES = m_source.GetFiles();
-        for (const std::string& rFile : m_restated.aFILES) m_restated.lines.AddFile(rFile);
         m_restated.aTOLD = m_told.GetAll();
         return std::move(m_restated);
     }

@@ -39,14 +39,23 @@ bool HasOddByte(std::string_view sText, bool bFields) {
     return AnySet(odd);
 }
 
+/// Whether eight columns hold the word at which the converter ends a deck, wherever it stands.
+bool HoldsEnd(std::string_view sColumns) {
+    return StartsWithoutCase(sColumns, "ENDDATA") ||
+           (!sColumns.empty() && StartsWithoutCase(sColumns.substr(1), "ENDDATA"));
+}
+
 /// Whether the converter cuts a line of fixed fields as NASTRAN does and reads its numbers so, too.
 bool IsPlain(std::string_view sText) {
     if (sText.size() > static_cast<std::size_t>(LONGEST_BULK_LINE)) return false;
     const std::string_view sFirst = sText.substr(0, FIELD_WIDTH);
     if (sFirst.find('*') != std::string_view::npos && sText.size() < SHORTEST_LARGE) return false;
-    if (HasOddByte(sFirst, false)) return false;
+    if (HasOddByte(sFirst, false) || HoldsEnd(sFirst)) return false;
     if (sText.size() <= FIELD_WIDTH) return true;
-    if (sText.size() > MARK_COLUMN && HasOddByte(sText.substr(MARK_COLUMN), false)) return false;
+    if (sText.size() > MARK_COLUMN) {
+        const std::string_view sMark = sText.substr(MARK_COLUMN);
+        if (sMark.size() > FIELD_WIDTH || HasOddByte(sMark, false) || HoldsEnd(sMark)) return false;
+    }
     return !HasOddByte(sText.substr(FIELD_WIDTH, MARK_COLUMN - FIELD_WIDTH), true);
 }
 
@@ -181,7 +190,7 @@ void CSourceDeck::TakeBulk(std::string_view sText, const T_ORIGINLINE_D& rOrigin
 void CSourceDeck::BeginCard(std::string_view sText, const T_ORIGINLINE_D& rOrigin) {
     EndCard();
     const std::string_view sFirst = FirstField(sText);
-    if (!IsWord(sFirst)) {
+    if (!IsWord(sFirst) || HoldsEnd(sFirst)) {
         m_rTold.Tell(RULES[TEXT_UNREADABLE], sFirst, rOrigin);
         return;
     }
