@@ -258,7 +258,7 @@ void CDeckTotals::AddPressure(const T_DECKBODY_D& rBody, std::array<double, 4> d
     }
     T_FACELOAD_D load = {aFace, dP, {}, {}};
     if (bSolid) load.inside = inside;
-    if (rPressure.direction != T_VECTOR{}) {
+    if (!IsZero(rPressure.direction)) {
         const T_FRAME_D* pFrame = m_model.FindFrame(rPressure.iCID);
         if (!pFrame) return;
         load.direction = pFrame->VectorToBasic(rPressure.direction, middle);

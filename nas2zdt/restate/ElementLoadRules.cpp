@@ -328,7 +328,7 @@ void CElementLoadRules::WritePressure(CRestateCard& rCard, std::int32_t iEID, bo
 bool CElementLoadRules::SetDirection(CRestateCard& rCard, std::int32_t iEID, std::vector<CFieldValue>& rFields) {
     const T_VECTOR components = {rCard.Real(9), rCard.Real(10), rCard.Real(11)};
     const std::int32_t iCID = rCard.Int(8);
-    const bool bNormal = components == T_VECTOR();
+    const bool bNormal = IsZero(components);
     const bool bUnit = bNormal || std::fabs(Length(components) - 1.0) < SMALL;
     const bool bSurface = !rCard.IsBlank(12) || !rCard.IsBlank(13);
     if (iCID == 0 && bUnit && !bSurface) return true;
@@ -344,7 +344,7 @@ bool CElementLoadRules::SetDirection(CRestateCard& rCard, std::int32_t iEID, std
     T_VECTOR direction = {};
     if (pFrame && (!bTurns || FindCentre(iEID, centre))) direction = pFrame->VectorToBasic(components, centre);
     if (!bUnit) direction = Unit(direction);
-    const bool bKnown = IsFinite(direction) && direction != T_VECTOR();
+    const bool bKnown = IsFinite(direction) && !IsZero(direction);
     TellOnce(rCard, !bKnown ? PRESSURE_UNKNOWN : bTurns ? PRESSURE_TURNING : PRESSURE_DIRECTION);
     for (std::size_t i = 0; i < 3; ++i) rFields[9 + i] = direction[i];
     return bKnown;

@@ -48,6 +48,10 @@ bool IsFinite(const T_VECTOR& rA) {
     return std::isfinite(rA[0]) && std::isfinite(rA[1]) && std::isfinite(rA[2]);
 }
 
+bool IsZero(const T_VECTOR& rA) {
+    return rA[0] == 0.0 && rA[1] == 0.0 && rA[2] == 0.0;
+}
+
 double SineOf(double dDegrees) {
     const double d = std::remainder(dDegrees, 360.0); // exact
     if (std::fabs(d) > 90.0) return SineOf(std::copysign(180.0, d) - d);

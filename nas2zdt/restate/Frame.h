@@ -12,6 +12,7 @@ T_VECTOR Scale(const T_VECTOR& rA, double dFactor);
 T_VECTOR Cross(const T_VECTOR& rA, const T_VECTOR& rB);
 double Dot(const T_VECTOR& rA, const T_VECTOR& rB);
 double Length(const T_VECTOR& rA);
+bool IsZero(const T_VECTOR& rA);
 
 /// The direction of a vector, of length 1; zeros if it has none.
 T_VECTOR Unit(const T_VECTOR& rA);

@@ -132,7 +132,7 @@ void CGridRules::RestateGRID(CRestateCard& rCard) {
 std::int32_t CGridRules::AxesFrame(std::int32_t iCD, const T_VECTOR& rPosition, const T_ORIGINLINE_D& rOrigin) {
     const T_FRAME_D* pFrame = m_rModel.FindFrame(iCD);
     if (!pFrame) return 0;
-    if (pFrame->eKIND == FRAME_RECTANGULAR && pFrame->dORIGIN == T_VECTOR{}) return iCD;
+    if (pFrame->eKIND == FRAME_RECTANGULAR && IsZero(pFrame->dORIGIN)) return iCD;
     const std::array<T_VECTOR, 3> axes = pFrame->AxesAt(rPosition);
     const auto [pAxes, bNew] = m_mapAxes.try_emplace(axes, 0);
     if (bNew) {

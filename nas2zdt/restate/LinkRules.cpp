@@ -50,11 +50,11 @@ std::vector<T_CARDRULES_D> CLinkRules::GetCards() {
 }
 
 /// Writes an RBE2, or several if it would have too many lines.
-void CLinkRules::WriteLink(CRestateCard& rCard, CFieldValue id, std::int32_t iIndependent, std::string_view sComponents,
-                           const std::vector<std::int32_t>& rDependent) {
+void CLinkRules::WriteLink(CRestateCard& rCard, const CFieldValue& rID, std::int32_t iIndependent,
+                           std::string_view sComponents, const std::vector<std::int32_t>& rDependent) {
     constexpr std::size_t MOST = LONGEST_LIST - FIRST_DEPENDENT;
     for (std::size_t i = 0; i < std::max<std::size_t>(rDependent.size(), 1); i += MOST) {
-        std::vector<CFieldValue> aFields = {i == 0 ? id : CFieldValue(m_rModel.NewElementId()), iIndependent,
+        std::vector<CFieldValue> aFields = {i == 0 ? rID : CFieldValue(m_rModel.NewElementId()), iIndependent,
                                             sComponents};
         const auto pFirst = rDependent.begin() + static_cast<std::ptrdiff_t>(i);
         aFields.insert(aFields.end(), pFirst,

@@ -20,7 +20,7 @@ class CLinkRules : public CRuleFamily {
     void RestateRBAR(CRestateCard& rCard);
     void RestateRBAR1(CRestateCard& rCard);
     void RestateRBE1(CRestateCard& rCard);
-    void WriteLink(CRestateCard& rCard, CFieldValue id, std::int32_t iIndependent, std::string_view sComponents,
+    void WriteLink(CRestateCard& rCard, const CFieldValue& rID, std::int32_t iIndependent, std::string_view sComponents,
                    const std::vector<std::int32_t>& rDependent);
     void WriteRigid(CRestateCard& rCard, std::int32_t iIndependent, std::uint8_t nTied, std::int32_t iDependent,
                     double dAlpha);

@@ -173,7 +173,7 @@ void CNodeLoadRules::RestateByGrids(CRestateCard& rCard, bool bCross) {
         const T_VECTOR cross = Cross(direction, Unit(DirectionOf(rCard.Int(5), rCard.Int(6))));
         direction = Length(cross) > SMALL_SINE ? Unit(cross) : T_VECTOR();
     }
-    if (direction == T_VECTOR()) {
+    if (IsZero(direction)) {
         rCard.Drop();
         return rCard.Tell(RULES[FORCE_DIRECTION]);
     }
