@@ -16,8 +16,8 @@ bool IsInBox(double dX, double dY) {
 }
 
 /// The points that the picture is scaled for: nodes of parts, since grids far away may only give directions.
-std::vector<T_VECT_D> FindVisible(const T_SCEN_D& rScene, const std::vector<bool>& aUsed) {
-    std::vector<T_VECT_D> aVisible;
+std::vector<T_VECTOR> FindVisible(const T_SCEN_D& rScene, const std::vector<bool>& aUsed) {
+    std::vector<T_VECTOR> aVisible;
     for (std::size_t i = 0; i < aUsed.size(); ++i) {
         if (aUsed[i] && IsFinite(rScene.aPOINTS[i])) aVisible.push_back(rScene.aPOINTS[i]);
     }
@@ -30,7 +30,7 @@ std::vector<T_VECT_D> FindVisible(const T_SCEN_D& rScene, const std::vector<bool
 void AddFreeNodes(T_DRAW_D& rDrawing, const std::vector<bool>& aUsed) {
     for (std::uint32_t i = 0; i < aUsed.size(); ++i) {
         if (aUsed[i]) continue;
-        const T_VECT_D& rPlace = rDrawing.aPLACES[i];
+        const T_VECTOR& rPlace = rDrawing.aPLACES[i];
         if (IsInBox(rPlace[0], rPlace[1]) && std::abs(rPlace[2]) < 1e5) {
             rDrawing.aSHAPES.push_back({KIND_NODE, 1, {i}});
         } else {
@@ -41,7 +41,7 @@ void AddFreeNodes(T_DRAW_D& rDrawing, const std::vector<bool>& aUsed) {
 
 /// A face counts by its middle, a line by its nearer end and a little more: most lines run along edges of faces, half
 /// of which would hide them.
-double DepthOf(const T_SHAP_D& rShape, const std::vector<T_VECT_D>& aPlaces) {
+double DepthOf(const T_SHAP_D& rShape, const std::vector<T_VECTOR>& aPlaces) {
     constexpr double IN_FRONT = 6.0; // pixels
     double dSum = 0.0, dNearest = aPlaces[rShape.aCORNERS[0]][2];
     for (std::size_t i = 0; i < rShape.nCORNERS; ++i) {
@@ -75,7 +75,7 @@ T_DRAW_D LayOut(const T_SCEN_D& rScene) {
     drawing.aVISIBLE = FindVisible(rScene, aUsed);
     const CIsometricView view(drawing.aVISIBLE, MODEL);
     drawing.aPLACES.reserve(rScene.aPOINTS.size());
-    for (const T_VECT_D& rPoint : rScene.aPOINTS) drawing.aPLACES.push_back(view.Project(rPoint));
+    for (const T_VECTOR& rPoint : rScene.aPOINTS) drawing.aPLACES.push_back(view.Project(rPoint));
 
     drawing.aSHAPES = MakeShapes(rScene, drawing.aPLACES, drawing.nNOWHERE);
     AddFreeNodes(drawing, aUsed);

@@ -16,13 +16,13 @@ constexpr std::size_t MOST_MARKS = 200; // of a kind
 struct T_SYMB_D {
     E_KIND iKIND = KIND_MASS;
     double dX = 0.0, dY = 0.0;
-    T_VECT_D direction = {}; // turned: right, up, towards the eye; of length 1, zero for a mark without direction
+    T_VECTOR direction = {}; // turned: right, up, towards the eye; of length 1, zero for a mark without direction
     double dSIZE = 0.0;      // a load's share of the largest of its kind
 };
 
 struct T_DRAW_D {
-    std::vector<T_VECT_D> aVISIBLE; // points that the picture is scaled for
-    std::vector<T_VECT_D> aPLACES;  // of the nodes
+    std::vector<T_VECTOR> aVISIBLE; // points that the picture is scaled for
+    std::vector<T_VECTOR> aPLACES;  // of the nodes
     std::vector<T_SHAP_D> aSHAPES;  // from far to near
     std::vector<T_SYMB_D> aMARKS;   // on top of them
     double dJOINED = 0.0;           // pixels below which nodes are drawn as one
@@ -38,23 +38,23 @@ T_DRAW_D LayOut(const T_SCEN_D& rScene);
 
 /// Shapes of all lines, plates and solids whose corners have a place in aPlaces, which holds that of each node in the
 /// picture. Of solids only outer faces that are turned to the eye. Adds the parts without a place to rNowhere.
-std::vector<T_SHAP_D> MakeShapes(const T_SCEN_D& rScene, const std::vector<T_VECT_D>& aPlaces, std::size_t& rNowhere);
+std::vector<T_SHAP_D> MakeShapes(const T_SCEN_D& rScene, const std::vector<T_VECTOR>& aPlaces, std::size_t& rNowhere);
 
 /// Joins near corners until there are at most some 30,000 shapes; the only shape of a kind keeps a dot. Returns the
 /// distance in pixels below which corners were joined, 0 for none.
-double Simplify(std::vector<T_SHAP_D>& rShapes, const std::vector<T_VECT_D>& aPlaces);
+double Simplify(std::vector<T_SHAP_D>& rShapes, const std::vector<T_VECTOR>& aPlaces);
 
 /// Marks of all masses, grounded springs, links without length, supports, loads and beam references. aPlaces holds the
 /// place of each node.
 std::vector<T_SYMB_D> MakeSymbols(const T_SCEN_D& rScene, const CIsometricView& rView,
-                                  const std::vector<T_VECT_D>& aPlaces);
+                                  const std::vector<T_VECTOR>& aPlaces);
 
 /// Keeps the largest of near marks of one kind and direction, until no kind has more than MOST_MARKS. Returns whether
 /// any were removed.
 bool ThinOut(std::vector<T_SYMB_D>& rSymbols);
 
 /// The normal of a face in the picture by its corners' order, of any length.
-inline T_VECT_D FaceNormal(const T_SHAP_D& rFace, const std::vector<T_VECT_D>& aPlaces) {
-    const auto Place = [&](std::size_t i) -> const T_VECT_D& { return aPlaces[rFace.aCORNERS[i]]; };
-    return Cross(Minus(Place(2), Place(0)), Minus(Place(rFace.nCORNERS - 1u), Place(1)));
+inline T_VECTOR FaceNormal(const T_SHAP_D& rFace, const std::vector<T_VECTOR>& aPlaces) {
+    const auto Place = [&](std::size_t i) -> const T_VECTOR& { return aPlaces[rFace.aCORNERS[i]]; };
+    return Cross(Subtract(Place(2), Place(0)), Subtract(Place(rFace.nCORNERS - 1u), Place(1)));
 }

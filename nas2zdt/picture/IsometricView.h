@@ -1,7 +1,7 @@
 #pragma once
 // Projects points into a picture.
 
-#include "nas2zdt/picture/Vector.h"
+#include "nas2zdt/geometry/Vector.h"
 
 #include <vector>
 
@@ -14,17 +14,17 @@ struct T_FRAM_D {
 class CIsometricView {
   public:
     /// Fits the finite ones of aPoints into rFrame, centred.
-    CIsometricView(const std::vector<T_VECT_D>& aPoints, const T_FRAM_D& rFrame);
+    CIsometricView(const std::vector<T_VECTOR>& aPoints, const T_FRAM_D& rFrame);
 
     /// Components of a vector to the right, upwards and towards the eye.
-    static T_VECT_D Turn(const T_VECT_D& v);
+    static T_VECTOR Turn(const T_VECTOR& v);
 
     /// Place of a point: x, y, and the distance towards the eye, all in pixels. Not-a-number if the point isn't finite.
-    T_VECT_D Project(const T_VECT_D& point) const;
+    T_VECTOR Project(const T_VECTOR& point) const;
 
   private:
     double m_dUnit = 1.0;   // largest coordinate, divided by which nothing overflows
-    T_VECT_D m_centre = {}; // of the turned points
+    T_VECTOR m_centre = {}; // of the turned points
     double m_dScale = 1.0;  // pixels
     double m_dX = 0.0, m_dY = 0.0;
 };

@@ -111,8 +111,8 @@ void Hold(T_SCEN_D& rScene, std::int32_t iNode, const std::array<bool, 6>& rComp
     }
 }
 
-void AddArrow(T_SCEN_D& rScene, E_KIND iKind, const T_VECT_D& at, const T_VECT_D& direction, double dSize) {
-    if (IsFinite(at) && direction != T_VECT_D{}) rScene.aARROWS.push_back({iKind, at, direction, dSize});
+void AddArrow(T_SCEN_D& rScene, E_KIND iKind, const T_VECTOR& at, const T_VECTOR& direction, double dSize) {
+    if (IsFinite(at) && direction != T_VECTOR{}) rScene.aARROWS.push_back({iKind, at, direction, dSize});
 }
 
 void AddNodalLoad(T_SCEN_D& rScene, E_KIND iKind, const T_NODALLOAD_ROW& rRow) {
@@ -122,15 +122,15 @@ void AddNodalLoad(T_SCEN_D& rScene, E_KIND iKind, const T_NODALLOAD_ROW& rRow) {
         return;
     }
     ++rScene.aCOUNTS[iKind].nPRESENT;
-    const T_VECT_D value = {rRow.dX, rRow.dY, rRow.dZ};
+    const T_VECTOR value = {rRow.dX, rRow.dY, rRow.dZ};
     AddArrow(rScene, iKind, rScene.aPOINTS[iPlace], Unit(value), Largest(value));
 }
 
 /// Normal of a face, by the right hand rule. Diagonals are of length 1, so that large coordinates don't overflow.
-T_VECT_D Normal(const T_SHAP_D& rFace, const std::vector<T_VECT_D>& aPoints) {
-    const auto Point = [&](std::size_t i) -> const T_VECT_D& { return aPoints[rFace.aCORNERS[i]]; };
-    const T_VECT_D first = Unit(Minus(Point(2), Point(0)));
-    return Unit(Cross(first, Unit(Minus(Point(rFace.nCORNERS - 1u), Point(1)))));
+T_VECTOR Normal(const T_SHAP_D& rFace, const std::vector<T_VECTOR>& aPoints) {
+    const auto Point = [&](std::size_t i) -> const T_VECTOR& { return aPoints[rFace.aCORNERS[i]]; };
+    const T_VECTOR first = Unit(Subtract(Point(2), Point(0)));
+    return Unit(Cross(first, Unit(Subtract(Point(rFace.nCORNERS - 1u), Point(1)))));
 }
 
 /// A pressure goes along its direction, else along the normal of a plate or into a solid.
@@ -150,24 +150,24 @@ void AddPressure(const CDataPool& rDataPool, T_SCEN_D& rScene, const T_CORNERPRE
         return;
     }
     const T_SHAP_D face = FaceOfPart(part, rRow.bSOLID ? static_cast<std::size_t>(rRow.iFACE - 1) : 0);
-    const T_VECT_D at = Middle(face.aCORNERS, face.nCORNERS, rScene.aPOINTS);
-    T_VECT_D direction = Normal(face, rScene.aPOINTS);
+    const T_VECTOR at = Middle(face.aCORNERS, face.nCORNERS, rScene.aPOINTS);
+    T_VECTOR direction = Normal(face, rScene.aPOINTS);
     if (rRow.bSOLID) {
-        const T_VECT_D inward = Minus(Middle(part.aNODES, CELL_CORNERS[part.iCELL], rScene.aPOINTS), at);
-        if (Dot(direction, inward) < 0.0) direction = Minus({}, direction);
+        const T_VECTOR inward = Subtract(Middle(part.aNODES, CELL_CORNERS[part.iCELL], rScene.aPOINTS), at);
+        if (Dot(direction, inward) < 0.0) direction = Subtract({}, direction);
     }
     if (rRow.bVECTOR) direction = Unit(rRow.dN);
     const auto& [p1, p2, p3, p4] = rRow.dP;
-    if (p1 + p2 + p3 + p4 < 0.0) direction = Minus({}, direction); // mixed signs: by their sum
+    if (p1 + p2 + p3 + p4 < 0.0) direction = Subtract({}, direction); // mixed signs: by their sum
     AddArrow(rScene, KIND_PRESSURE, at, direction, std::abs(p1) + std::abs(p2) + std::abs(p3) + std::abs(p4));
 }
 
 void AddGravity(T_SCEN_D& rScene, const T_GRAVITY_ROW& rRow) {
     ++rScene.aCOUNTS[KIND_GRAVITY].nPRESENT;
-    const T_VECT_D direction = Unit({rRow.dX, rRow.dY, rRow.dZ});
-    std::vector<T_VECT_D>& rKnown = rScene.aGRAVITY;
+    const T_VECTOR direction = Unit({rRow.dX, rRow.dY, rRow.dZ});
+    std::vector<T_VECTOR>& rKnown = rScene.aGRAVITY;
     constexpr std::size_t MOST_DIRECTIONS = 6; // as many as fit into the picture
-    if (direction == T_VECT_D{} || rKnown.size() == MOST_DIRECTIONS) return;
+    if (direction == T_VECTOR{} || rKnown.size() == MOST_DIRECTIONS) return;
     if (std::find(rKnown.begin(), rKnown.end(), direction) == rKnown.end()) rKnown.push_back(direction);
 }
 
@@ -175,12 +175,12 @@ void AddGravity(T_SCEN_D& rScene, const T_GRAVITY_ROW& rRow) {
 void AddReference(T_SCEN_D& rScene, const T_BEAM_ROW& rRow) {
     T_PART_D part;
     if (!MakePart(rScene, rRow, part)) return;
-    const T_VECT_D& rFrom = rScene.aPOINTS[part.aNODES[0]];
-    const T_VECT_D& rTo = rScene.aPOINTS[part.aNODES[1]];
-    const T_VECT_D axis = Unit(Minus(rTo, rFrom));
-    const T_VECT_D reference = Unit(Minus({rRow.dX, rRow.dY, rRow.dZ}, rFrom));
-    const T_VECT_D side = Unit(Cross(Unit(Cross(axis, reference)), axis));
-    const T_VECT_D middle = {rFrom[0] / 2 + rTo[0] / 2, rFrom[1] / 2 + rTo[1] / 2, rFrom[2] / 2 + rTo[2] / 2};
+    const T_VECTOR& rFrom = rScene.aPOINTS[part.aNODES[0]];
+    const T_VECTOR& rTo = rScene.aPOINTS[part.aNODES[1]];
+    const T_VECTOR axis = Unit(Subtract(rTo, rFrom));
+    const T_VECTOR reference = Unit(Subtract({rRow.dX, rRow.dY, rRow.dZ}, rFrom));
+    const T_VECTOR side = Unit(Cross(Unit(Cross(axis, reference)), axis));
+    const T_VECTOR middle = {rFrom[0] / 2 + rTo[0] / 2, rFrom[1] / 2 + rTo[1] / 2, rFrom[2] / 2 + rTo[2] / 2};
     AddArrow(rScene, KIND_REFERENCE, middle, side, 0.0);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 // What a picture of a converted model shows: the parts that the target file holds, at the places that it gives them.
 
-#include "nas2zdt/picture/Vector.h"
+#include "nas2zdt/geometry/Vector.h"
 #include "writer/rows/ElementRows.h"
 
 #include <array>
@@ -81,8 +81,8 @@ T_SHAP_D FaceOfPart(const T_PART_D& rPart, std::size_t iFace);
 /// A load or a direction at a point.
 struct T_ARRW_D {
     E_KIND iKIND = KIND_FORCE;
-    T_VECT_D at = {};
-    T_VECT_D direction = {}; // of length 1
+    T_VECTOR at = {};
+    T_VECTOR direction = {}; // of length 1
     double dSIZE = 0.0;      // the load's magnitude
 };
 
@@ -94,7 +94,7 @@ struct T_CONT_D {
 
 struct T_SCEN_D {
     std::vector<std::int32_t> aIDS; // of the nodes, as written
-    std::vector<T_VECT_D> aPOINTS;  // global positions, in step
+    std::vector<T_VECTOR> aPOINTS;  // global positions, in step
     CKeyIndex index;                // from the id of a node, as written, to its place
 
     std::vector<T_PART_D> aPARTS;
@@ -102,7 +102,7 @@ struct T_SCEN_D {
 
     std::vector<std::uint8_t> aHELD; // held components of each node, bit 0 for the first
     std::vector<T_ARRW_D> aARROWS;   // without gravity and loads on nodes without position
-    std::vector<T_VECT_D> aGRAVITY;  // its directions
+    std::vector<T_VECTOR> aGRAVITY;  // its directions
     std::size_t nCASES = 0;          // load cases
     std::size_t nFACELESS = 0;       // pressures on solids that name no face
 

@@ -14,7 +14,7 @@ struct T_SIDE_D {
     std::uint8_t iFACE;
 };
 
-bool HasPlace(const T_PART_D& rPart, const std::vector<T_VECT_D>& aPlaces) {
+bool HasPlace(const T_PART_D& rPart, const std::vector<T_VECTOR>& aPlaces) {
     const std::size_t nCorners = CELL_CORNERS[rPart.iCELL];
     return std::all_of(rPart.aNODES.begin(), rPart.aNODES.begin() + static_cast<std::ptrdiff_t>(nCorners),
                        [&](std::uint32_t iNode) { return IsFinite(aPlaces[iNode]); });
@@ -22,15 +22,15 @@ bool HasPlace(const T_PART_D& rPart, const std::vector<T_VECT_D>& aPlaces) {
 
 /// Whether a face of a solid is turned to the eye. The solid's middle tells its outside, since corners may go round
 /// either way.
-bool LooksAtEye(const T_SHAP_D& rFace, const T_PART_D& rPart, const std::vector<T_VECT_D>& aPlaces) {
-    const T_VECT_D normal = FaceNormal(rFace, aPlaces);
-    const T_VECT_D outward = Minus(Middle(rFace.aCORNERS, rFace.nCORNERS, aPlaces),
-                                   Middle(rPart.aNODES, CELL_CORNERS[rPart.iCELL], aPlaces));
+bool LooksAtEye(const T_SHAP_D& rFace, const T_PART_D& rPart, const std::vector<T_VECTOR>& aPlaces) {
+    const T_VECTOR normal = FaceNormal(rFace, aPlaces);
+    const T_VECTOR outward = Subtract(Middle(rFace.aCORNERS, rFace.nCORNERS, aPlaces),
+                                      Middle(rPart.aNODES, CELL_CORNERS[rPart.iCELL], aPlaces));
     const double dOutward = Dot(normal, outward);
     return dOutward == 0.0 || (dOutward > 0.0) == (normal[2] > 0.0);
 }
 
-void AddOuterFaces(const T_SCEN_D& rScene, const std::vector<T_VECT_D>& aPlaces, std::vector<T_SIDE_D>& rSides,
+void AddOuterFaces(const T_SCEN_D& rScene, const std::vector<T_VECTOR>& aPlaces, std::vector<T_SIDE_D>& rSides,
                    std::vector<T_SHAP_D>& rShapes) {
     std::sort(rSides.begin(), rSides.end(), [](const T_SIDE_D& a, const T_SIDE_D& b) { return a.aSORTED < b.aSORTED; });
     for (std::size_t i = 0, iNext = 0; i < rSides.size(); i = iNext) {
@@ -89,7 +89,7 @@ struct T_CRNR_D {
 /// Replaces each corner by the best one of its cell in a grid of dCell pixels.
 class CCells {
   public:
-    CCells(const std::vector<T_SHAP_D>& aShapes, const std::vector<T_VECT_D>& aPlaces,
+    CCells(const std::vector<T_SHAP_D>& aShapes, const std::vector<T_VECTOR>& aPlaces,
            const std::vector<std::uint8_t>& aRanks, double dCell)
         : m_aBest(aPlaces.size()) {
         std::vector<bool> aSeen(aPlaces.size());
@@ -115,7 +115,7 @@ class CCells {
     }
 
   private:
-    static std::uint64_t Key(const T_VECT_D& place, double dCell) {
+    static std::uint64_t Key(const T_VECTOR& place, double dCell) {
         constexpr double OFFSET = 1 << 20; // places lie within a few thousand pixels
         std::uint64_t nKey = 0;
         for (const double d : place) nKey = nKey << 21 | static_cast<std::uint64_t>(std::floor(d / dCell) + OFFSET);
@@ -151,7 +151,7 @@ void DropCollapsed(std::vector<T_SHAP_D>& rShapes, std::size_t nPlaces) {
 
 } // namespace
 
-std::vector<T_SHAP_D> MakeShapes(const T_SCEN_D& rScene, const std::vector<T_VECT_D>& aPlaces, std::size_t& rNowhere) {
+std::vector<T_SHAP_D> MakeShapes(const T_SCEN_D& rScene, const std::vector<T_VECTOR>& aPlaces, std::size_t& rNowhere) {
     std::vector<T_SHAP_D> aShapes;
     std::vector<T_SIDE_D> aSides;
     for (std::size_t i = 0; i < rScene.aPARTS.size(); ++i) {
@@ -176,7 +176,7 @@ std::vector<T_SHAP_D> MakeShapes(const T_SCEN_D& rScene, const std::vector<T_VEC
     return aShapes;
 }
 
-double Simplify(std::vector<T_SHAP_D>& rShapes, const std::vector<T_VECT_D>& aPlaces) {
+double Simplify(std::vector<T_SHAP_D>& rShapes, const std::vector<T_VECTOR>& aPlaces) {
     constexpr std::size_t MOST = 30000;
     double dCell = 0.0;
     std::vector<std::uint8_t> aRanks;

@@ -39,7 +39,7 @@ std::vector<std::string> Notes(const T_SCEN_D& rScene, const T_DRAW_D& rDrawing)
     const auto& rPoints = rDrawing.aVISIBLE;
     for (std::size_t i = 0; i < 3 && !rPoints.empty(); ++i) {
         const auto [pLeast, pMost] = std::minmax_element(
-            rPoints.begin(), rPoints.end(), [i](const T_VECT_D& a, const T_VECT_D& b) { return a[i] < b[i]; });
+            rPoints.begin(), rPoints.end(), [i](const T_VECTOR& a, const T_VECTOR& b) { return a[i] < b[i]; });
         aNotes.push_back(std::string(1, "XYZ"[i]) + " " + Number((*pLeast)[i]) + " to " + Number((*pMost)[i]));
     }
     const auto Count = [&](const char* sText, std::size_t n) {

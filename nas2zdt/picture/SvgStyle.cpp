@@ -28,7 +28,7 @@ void WriteStyle(CFile& rFile, const T_DRAW_D& rDrawing) {
     std::size_t nFaces = 0, nLines = 0;
     for (const T_SHAP_D& rShape : rDrawing.aSHAPES) {
         if (rShape.nCORNERS < 2) continue;
-        const T_VECT_D side = Minus(rDrawing.aPLACES[rShape.aCORNERS[1]], rDrawing.aPLACES[rShape.aCORNERS[0]]);
+        const T_VECTOR side = Subtract(rDrawing.aPLACES[rShape.aCORNERS[1]], rDrawing.aPLACES[rShape.aCORNERS[0]]);
         (rShape.nCORNERS > 2 ? dFaces : dLines) += std::hypot(side[0], side[1]);
         ++(rShape.nCORNERS > 2 ? nFaces : nLines);
     }

@@ -12,17 +12,17 @@
 namespace {
 
 /// The light comes from above and a little from the left. Faces look the same from both sides.
-std::int32_t ShadeOf(const T_SHAP_D& rShape, const std::vector<T_VECT_D>& aPlaces) {
-    const T_VECT_D light = Unit({-0.35, -0.85, 0.45}); // of the picture: right, down, towards the eye
-    T_VECT_D normal = Unit(FaceNormal(rShape, aPlaces));
-    if (normal[2] < 0.0) normal = Minus({}, normal);
+std::int32_t ShadeOf(const T_SHAP_D& rShape, const std::vector<T_VECTOR>& aPlaces) {
+    const T_VECTOR light = Unit({-0.35, -0.85, 0.45}); // of the picture: right, down, towards the eye
+    T_VECTOR normal = Unit(FaceNormal(rShape, aPlaces));
+    if (normal[2] < 0.0) normal = Subtract({}, normal);
     const double dBright = (1.0 + Dot(normal, light)) / 2.0;
     const double dLast = static_cast<double>(SHADES.size() - 1);
     return static_cast<std::int32_t>(std::lround(std::clamp(dBright, 0.0, 1.0) * dLast));
 }
 
-void WriteShape(CFile& rFile, const T_SHAP_D& rShape, const std::vector<T_VECT_D>& aPlaces, double dDot) {
-    const T_VECT_D& rFirst = aPlaces[rShape.aCORNERS[0]];
+void WriteShape(CFile& rFile, const T_SHAP_D& rShape, const std::vector<T_VECTOR>& aPlaces, double dDot) {
+    const T_VECTOR& rFirst = aPlaces[rShape.aCORNERS[0]];
     const char* sClass = LOOKS[rShape.iKIND].sCLASS;
     if (rShape.nCORNERS > 2) {
         WriteLine(rFile, "<path class=\"%s%d\" d=\"M%g %g", sClass, ShadeOf(rShape, aPlaces), Tenth(rFirst[0]),
@@ -32,7 +32,7 @@ void WriteShape(CFile& rFile, const T_SHAP_D& rShape, const std::vector<T_VECT_D
                   Tenth(rFirst[0]), Tenth(rFirst[1]));
     }
     for (std::size_t i = 1; i < rShape.nCORNERS; ++i) {
-        const T_VECT_D& rPlace = aPlaces[rShape.aCORNERS[i]];
+        const T_VECTOR& rPlace = aPlaces[rShape.aCORNERS[i]];
         WriteLine(rFile, " %g %g", Tenth(rPlace[0]), Tenth(rPlace[1]));
     }
     if (rShape.nCORNERS == 1) WriteLine(rFile, "h%gv%gh%g", dDot, dDot, -dDot);
@@ -41,10 +41,10 @@ void WriteShape(CFile& rFile, const T_SHAP_D& rShape, const std::vector<T_VECT_D
 
 void WriteAxes(CFile& rFile) {
     constexpr double X = 75, Y = 780, LENGTH = 42;
-    constexpr std::array<std::pair<const char*, T_VECT_D>, 3> AXES = {
+    constexpr std::array<std::pair<const char*, T_VECTOR>, 3> AXES = {
         {{"X", {1, 0, 0}}, {"Y", {0, 1, 0}}, {"Z", {0, 0, 1}}}};
     for (const auto& [sName, axis] : AXES) {
-        const T_VECT_D turned = CIsometricView::Turn(axis);
+        const T_VECTOR turned = CIsometricView::Turn(axis);
         WriteLine(rFile, "<path class=\"axis\" d=\"M75 780L%g %g\"/>\n", Tenth(X + turned[0] * LENGTH),
                   Tenth(Y - turned[1] * LENGTH));
         WriteText(rFile, Tenth(X - 4 + turned[0] * LENGTH * 1.3), Tenth(Y + 4 - turned[1] * LENGTH * 1.3), "axisname",
@@ -53,11 +53,11 @@ void WriteAxes(CFile& rFile) {
 }
 
 /// Gravity acts on the whole model, so its arrows are in a row beside it.
-void WriteGravity(CFile& rFile, const std::vector<T_VECT_D>& aGravity) {
+void WriteGravity(CFile& rFile, const std::vector<T_VECTOR>& aGravity) {
     double dX = 65.0;
-    for (const T_VECT_D& rDirection : aGravity) {
+    for (const T_VECTOR& rDirection : aGravity) {
         constexpr double HALF = 24.0; // of the arrow
-        const T_VECT_D turned = CIsometricView::Turn(rDirection);
+        const T_VECTOR turned = CIsometricView::Turn(rDirection);
         WriteMark(rFile, {KIND_GRAVITY, dX + turned[0] * HALF, 110.0 - turned[1] * HALF, turned, 1.0});
         dX += 60.0;
     }

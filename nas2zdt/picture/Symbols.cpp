@@ -49,18 +49,18 @@ void ThinOutCells(std::vector<T_SYMB_D>& rSymbols, double dCell) {
 } // namespace
 
 std::vector<T_SYMB_D> MakeSymbols(const T_SCEN_D& rScene, const CIsometricView& rView,
-                                  const std::vector<T_VECT_D>& aPlaces) {
+                                  const std::vector<T_VECTOR>& aPlaces) {
     constexpr double SHORT = 3.0; // pixels: a shorter link can't be seen
     std::vector<T_SYMB_D> aSymbols;
     for (const T_ARRW_D& rArrow : rScene.aARROWS) {
-        const T_VECT_D place = rView.Project(rArrow.at);
+        const T_VECTOR place = rView.Project(rArrow.at);
         aSymbols.push_back({rArrow.iKIND, place[0], place[1], CIsometricView::Turn(rArrow.direction), rArrow.dSIZE});
     }
     for (const T_PART_D& rPart : rScene.aPARTS) {
-        const T_VECT_D& rPlace = aPlaces[rPart.aNODES[0]];
+        const T_VECTOR& rPlace = aPlaces[rPart.aNODES[0]];
         bool bMark = rPart.iCELL == CELL_POINT;
         if (rPart.iKIND == KIND_RIGID || rPart.iKIND == KIND_ELASTIC || rPart.iKIND == KIND_GENERAL) {
-            const T_VECT_D apart = Minus(aPlaces[rPart.aNODES[1]], rPlace);
+            const T_VECTOR apart = Subtract(aPlaces[rPart.aNODES[1]], rPlace);
             bMark = std::hypot(apart[0], apart[1]) < SHORT;
         }
         if (bMark && IsFinite(rPlace)) aSymbols.push_back({rPart.iKIND, rPlace[0], rPlace[1], {}, 0.0});

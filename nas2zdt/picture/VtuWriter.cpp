@@ -92,7 +92,7 @@ void WritePoints(CFile& rFile, const T_SCEN_D& rScene) {
     });
     rFile.Write("</PointData>\n<Points>\n");
     WriteArray<double>(rFile, "Points", 3, rScene.aPOINTS.size() * 3, [&](auto add) {
-        for (const T_VECT_D& rPoint : rScene.aPOINTS) {
+        for (const T_VECTOR& rPoint : rScene.aPOINTS) {
             for (const double d : rPoint) add(d);
         }
     });

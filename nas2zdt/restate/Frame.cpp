@@ -14,44 +14,6 @@ constexpr double SMALL = 1e-12;
 
 } // namespace
 
-T_VECTOR Add(const T_VECTOR& rA, const T_VECTOR& rB) {
-    return {rA[0] + rB[0], rA[1] + rB[1], rA[2] + rB[2]};
-}
-
-T_VECTOR Subtract(const T_VECTOR& rA, const T_VECTOR& rB) {
-    return {rA[0] - rB[0], rA[1] - rB[1], rA[2] - rB[2]};
-}
-
-T_VECTOR Scale(const T_VECTOR& rA, double dFactor) {
-    return {rA[0] * dFactor, rA[1] * dFactor, rA[2] * dFactor};
-}
-
-T_VECTOR Cross(const T_VECTOR& rA, const T_VECTOR& rB) {
-    return {rA[1] * rB[2] - rA[2] * rB[1], rA[2] * rB[0] - rA[0] * rB[2], rA[0] * rB[1] - rA[1] * rB[0]};
-}
-
-double Dot(const T_VECTOR& rA, const T_VECTOR& rB) {
-    return rA[0] * rB[0] + rA[1] * rB[1] + rA[2] * rB[2];
-}
-
-double Length(const T_VECTOR& rA) {
-    return std::hypot(rA[0], rA[1], rA[2]);
-}
-
-T_VECTOR Unit(const T_VECTOR& rA) {
-    const double dLength = Length(rA);
-    if (!(dLength > 0.0) || !std::isfinite(dLength)) return {};
-    return {rA[0] / dLength, rA[1] / dLength, rA[2] / dLength};
-}
-
-bool IsFinite(const T_VECTOR& rA) {
-    return std::isfinite(rA[0]) && std::isfinite(rA[1]) && std::isfinite(rA[2]);
-}
-
-bool IsZero(const T_VECTOR& rA) {
-    return rA[0] == 0.0 && rA[1] == 0.0 && rA[2] == 0.0;
-}
-
 double SineOf(double dDegrees) {
     const double d = std::remainder(dDegrees, 360.0); // exact
     if (std::fabs(d) > 90.0) return SineOf(std::copysign(180.0, d) - d);

@@ -1,24 +1,10 @@
 #pragma once
 // Coordinate systems in basic terms.
 
+#include "nas2zdt/geometry/Vector.h"
+
 #include <array>
 #include <cstdint>
-
-using T_VECTOR = std::array<double, 3>;
-
-T_VECTOR Add(const T_VECTOR& rA, const T_VECTOR& rB);
-T_VECTOR Subtract(const T_VECTOR& rA, const T_VECTOR& rB);
-T_VECTOR Scale(const T_VECTOR& rA, double dFactor);
-T_VECTOR Cross(const T_VECTOR& rA, const T_VECTOR& rB);
-double Dot(const T_VECTOR& rA, const T_VECTOR& rB);
-double Length(const T_VECTOR& rA);
-bool IsZero(const T_VECTOR& rA);
-
-/// The direction of a vector, of length 1; zeros if it has none.
-T_VECTOR Unit(const T_VECTOR& rA);
-
-/// Whether all components are numbers that a deck can say.
-bool IsFinite(const T_VECTOR& rA);
 
 /// Sine and cosine of an angle in degrees, exact at whole quarters.
 double SineOf(double dDegrees);

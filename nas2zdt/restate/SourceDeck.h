@@ -89,7 +89,6 @@ class CSourceDeck : private CJoinSink {
     std::int64_t m_nMostMade;
     std::int64_t m_nMade = 0;   // cards, by replication
     std::int32_t m_iInPart = 0; // the part that the lines in hand belong to
-    bool m_bBulk = false;
     CTextStore m_texts;
     std::vector<T_CONTROL_D> m_aControl;
     std::vector<T_SOURCECARD_D> m_aCards;
