@@ -116,7 +116,7 @@ double MeasureBody(E_BODY eBody, const std::array<T_VECTOR, 8>& rCorners) {
         VisitQuad(p, [&](const auto&, const T_VECTOR& rNormal) { dSum += Length(rNormal); });
         return dSum;
     case BODY_TETRA:
-        return Dot(TriangleNormal(p), Subtract(p[3], p[0])) / 6;
+        return Dot(TriangleNormal(p), Subtract(rCorners[3], rCorners[0])) / 6;
     case BODY_WEDGE:
         for (const std::array<double, 3>& rPoint : TRIANGLE_POINTS) {
             for (const double dT : PLACES) dSum += Jacobian(WedgeWeights(rPoint, dT), p) / 6;
@@ -143,9 +143,10 @@ std::span<const std::uint8_t> FaceCorners(E_BODY eBody, std::int32_t iFace) {
 void AddFaceLoad(T_RESULTANT_D& rResultant, const T_FACELOAD_D& rLoad) {
     const T_VECTOR* pCorners = rLoad.aCORNERS.data();
     const std::size_t nCorners = rLoad.aCORNERS.size();
+    const std::span<const T_VECTOR> aCorners = rLoad.aCORNERS;
     const T_VECTOR normal = nCorners == 3
                                 ? TriangleNormal(pCorners)
-                                : Cross(Subtract(pCorners[2], pCorners[0]), Subtract(pCorners[3], pCorners[1]));
+                                : Cross(Subtract(aCorners[2], aCorners[0]), Subtract(aCorners[3], aCorners[1]));
     const bool bTurned = rLoad.inside && Dot(normal, Subtract(*rLoad.inside, pCorners[0])) < 0.0;
     const auto addPoint = [&](const auto& rWeights, const T_VECTOR& rNormal) {
         double dP = 0.0;
