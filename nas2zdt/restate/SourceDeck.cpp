@@ -84,7 +84,8 @@ std::string_view Keyword(std::string_view sFirst) {
 }
 
 bool IsWord(std::string_view sFirst) {
-    return !sFirst.empty() && sFirst.find_first_of(" \t") == std::string_view::npos;
+    const std::size_t nWord = Keyword(sFirst).size();
+    return nWord > 0 && nWord <= FIELD_WIDTH && sFirst.find_first_of(" \t") == std::string_view::npos;
 }
 
 } // namespace
