@@ -39,8 +39,8 @@ CFieldValue::CFieldValue(std::string_view sText) : m_sText(PlainField(sText)) {}
 
 void CCardWriter::Write(std::string_view sKeyword, std::span<const CFieldValue> aFields) {
     while (!aFields.empty() && aFields.back().GetText().empty()) aFields = aFields.first(aFields.size() - 1);
-    const bool bSmall = std::all_of(aFields.begin(), aFields.end(),
-                                    [](const CFieldValue& rField) { return rField.GetText().size() <= FIELD_WIDTH; });
+    const auto fits = [](const CFieldValue& rField) { return rField.GetText().size() <= FIELD_WIDTH; };
+    const bool bSmall = sKeyword.size() <= FIELD_WIDTH && std::all_of(aFields.begin(), aFields.end(), fits);
     m_sText.clear();
     std::int32_t nLines = 0;
     std::size_t i = 0;
