@@ -45,8 +45,6 @@ class CCardWriter {
     /// Whole lines as they are, each with its line feed. They count as lines from the origin on.
     void Copy(std::string_view sLines, std::int32_t nLines);
 
-    std::int32_t GetLineCount() const { return m_nLines; }
-
   private:
     void AddLines(std::int32_t nLines, bool bOneByOne);
 
