@@ -18,6 +18,13 @@ constexpr TEXTWORD RepeatInWord(char c) {
     return TEXTWORD(0x0101010101010101) * static_cast<unsigned char>(c);
 }
 
+/// The highest bit of each character that isn't c.
+constexpr TEXTWORD FindOthers(TEXTWORD nWord, char c) {
+    constexpr TEXTWORD LOW_BITS = RepeatInWord(0x7F);
+    const TEXTWORD nOther = nWord ^ RepeatInWord(c);
+    return (((nOther & LOW_BITS) + LOW_BITS) | nOther) & ~LOW_BITS;
+}
+
 /// From the platform's order of bytes to that of a word, and back.
 constexpr TEXTWORD OrderWord(TEXTWORD nWord) {
     return std::endian::native == std::endian::big ? __builtin_bswap64(nWord) : nWord;

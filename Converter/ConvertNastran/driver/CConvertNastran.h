@@ -122,7 +122,7 @@ class CConvertNastran {
     void TakeObservedGroup(CDeckObserver& rObserver);
     void TakeToldGroup();
     void TellCard();
-    void LoseUnknown(E_GROUP eGroup);
+    void LoseUnknown();
     void LoseGroup(E_LOSS eLoss);
     void TellText();
     void TellJoining(const T_LINE_D& rLine);

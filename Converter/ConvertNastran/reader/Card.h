@@ -49,6 +49,14 @@ struct T_RAWLINE_D {
     bool bCUT = false; // whether a ":" and what is behind it were taken off
 };
 
+/// Whether a field may be anything but blank or zero.
+inline bool HoldsValue(std::string_view sField) {
+    for (const char c : sField) {
+        if (c != '0' && c != '.') return true;
+    }
+    return false;
+}
+
 /// What became of the fields of a card of an observed run, as far as its handler took them. Places count from 0.
 struct T_FIELDUSE_D {
     struct T_SKIP_D {

@@ -49,17 +49,7 @@ bool HasFieldToTell(const T_QUIET_D& rQuiet, const T_DATA_D& rCard) {
         return false;
     };
     const auto isFilled = [](std::string_view s) { return !s.empty(); };
-    const auto isOfValue = [](char c) { return c != '0' && c != '.'; };
-    const auto hasValue = [&](std::string_view s) { return std::any_of(s.begin(), s.end(), isOfValue); };
-    return anyField(rWatch.nFILLED, isFilled) || anyField(rWatch.nVALUES, hasValue);
-}
-
-/// A quick test of a card on a small field line of nText characters, false if it takes a closer look: most lines end
-/// before the first field that is watched or wasn't read.
-bool IsSurelyQuiet(const T_QUIET_D& rQuiet, const T_DATA_D& rCard, std::size_t nText) {
-    const T_QUIET_D::T_WATCH_D& rWatch = rQuiet.aWATCHES[static_cast<std::size_t>(rCard.iKEYWORD)];
-    return !rCard.pUSE->bTELL && !rQuiet.bTELLALL && nText <= rWatch.nCOLUMNS &&
-           nText <= T_LINE_D::ColumnsBefore(rCard.pUSE->nREACHED);
+    return anyField(rWatch.nFILLED, isFilled) || anyField(rWatch.nVALUES, &HoldsValue);
 }
 
 } // namespace
@@ -73,27 +63,14 @@ void TellDeletedFields(CDeckObserver& rObserver, std::span<const std::string_vie
     if (nDeleted > 0) rObserver.OnFieldsDeleted(nDeleted, iLine);
 }
 
-/// Assembles and dispatches the group in hand, and tells what came of it. Nearly all groups take the way down to the
-/// end, which is kept short: the others have functions of their own, which aren't to be inlined into it.
-void CConvertNastran::TakeObservedGroup(CDeckObserver& rObserver) {
-    if (m_fp.HasReadMore()) rObserver.OnBytesRead(m_fp.GetBytesRead());
-    if (!IsPlainSmallLine(m_aLines)) return TakeToldGroup();
-    m_fieldUse.bTELL = false;
-    AssembleCard();
-    if (m_card.iKEYWORD < 0) return LoseUnknown(ClassifyGroup(m_aLines));
-    m_fieldUse.nREACHED = 0;
-    DispatchCard(m_card);
-    if (!IsSurelyQuiet(*m_pQuiet, m_card, m_aLines.First().nTEXT)) return TellCard();
-    m_pQuiet->Count(m_card.iKEYWORD);
-}
-
-/// The same of a group that isn't one plain line: whether NASTRAN cuts it alike takes a closer look.
+/// Assembles and dispatches the group in hand, which isn't one plain line, and tells what came of it: whether NASTRAN
+/// cuts it alike takes a closer look.
 [[gnu::noinline]] void CConvertNastran::TakeToldGroup() {
     const E_GROUP eGroup = ClassifyGroup(m_aLines);
     TellText();
     m_fieldUse.bTELL = true;
     AssembleCard();
-    if (m_card.iKEYWORD < 0) return LoseUnknown(eGroup);
+    if (m_card.iKEYWORD < 0) return TellLoss(*m_options.pOBSERVER, LOSS_UNKNOWN_WORD, eGroup, m_aLines, m_card);
     m_fieldUse.nREACHED = 0;
     DispatchCard(m_card);
     TellCard();
@@ -109,9 +86,9 @@ void CConvertNastran::TakeObservedGroup(CDeckObserver& rObserver) {
     }
 }
 
-/// Tells that the group in hand, which is assembled, begins with a word that isn't in the vocabulary.
-[[gnu::noinline]] void CConvertNastran::LoseUnknown(E_GROUP eGroup) {
-    TellLoss(*m_options.pOBSERVER, LOSS_UNKNOWN_WORD, eGroup, m_aLines, m_card);
+/// Tells that the plain line in hand, which is assembled, begins with a word that isn't in the vocabulary.
+[[gnu::noinline]] void CConvertNastran::LoseUnknown() {
+    TellLoss(*m_options.pOBSERVER, LOSS_UNKNOWN_WORD, ClassifyGroup(m_aLines), m_aLines, m_card);
 }
 
 /// Tells the text of a plain small field line before the first of its fields is joined: NASTRAN doesn't join it.

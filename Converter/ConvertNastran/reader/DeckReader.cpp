@@ -4,6 +4,7 @@
 #include "messages/MsgDll.h"
 #include "reader/DeckObserver.h"
 #include "reader/NastranStrParser.h"
+#include "reader/PlainFields.h"
 
 #include <algorithm>
 #include <limits>
@@ -24,6 +25,14 @@ void TestLength(std::size_t nText, std::int32_t nLongest, std::int32_t iLine) {
     if (nText > static_cast<std::size_t>(nLongest)) throw CRunError(FAILURE_LINE_TOO_LONG, iLine, nLongest);
 }
 
+/// A quick test of a card on a small field line of nText characters, false if it takes a closer look: most lines end
+/// before the first field that is watched or wasn't read.
+bool IsSurelyQuiet(const T_QUIET_D& rQuiet, const T_DATA_D& rCard, std::size_t nText) {
+    const T_QUIET_D::T_WATCH_D& rWatch = rQuiet.aWATCHES[static_cast<std::size_t>(rCard.iKEYWORD)];
+    return !rCard.pUSE->bTELL && !rQuiet.bTELLALL && nText <= rWatch.nCOLUMNS &&
+           nText <= T_LINE_D::ColumnsBefore(rCard.pUSE->nREACHED);
+}
+
 } // namespace
 
 /// Fills the line behind the group with the next one of the deck, normalized; null at the end of the deck. Throws
@@ -42,6 +51,20 @@ T_LINE_D* CConvertNastran::FetchLine(std::int32_t nLongest) {
     T_LINE_D& rLine = m_aLines.Next();
     CNastranStrParser::NormalizeLine(sRaw, rLine);
     return &rLine;
+}
+
+/// Assembles and dispatches the group in hand, and tells what came of it. Nearly all groups take the way down to the
+/// end, which is kept short: the others have functions of their own, which aren't to be inlined into it.
+inline void CConvertNastran::TakeObservedGroup(CDeckObserver& rObserver) {
+    if (m_fp.HasReadMore()) rObserver.OnBytesRead(m_fp.GetBytesRead());
+    if (!IsPlainSmallLine(m_aLines)) return TakeToldGroup();
+    m_fieldUse.bTELL = false;
+    AssembleCard();
+    if (m_card.iKEYWORD < 0) return LoseUnknown();
+    m_fieldUse.nREACHED = 0;
+    DispatchCard(m_card);
+    if (!IsSurelyQuiet(*m_pQuiet, m_card, m_aLines.First().nTEXT)) return TellCard();
+    m_pQuiet->Count(m_card.iKEYWORD);
 }
 
 /// Reads m_fp to its end. Returns 1.

@@ -42,14 +42,15 @@ class CFieldCursor {
     std::string_view Text() { return FieldToText(Next()); }
 
     /// Passes over as many fields as there are names: those that the format gives them, "-" for a place that it leaves
-    /// blank, BY_PLACE where the name follows from the fields before.
+    /// blank, BY_PLACE where the name follows from the fields before. They are remembered unless all are blank or zero.
     template <class... NAMES>
     void Skip(NAMES... names) {
+        if (IsAtEnd()) return;
         const std::size_t iFirst = m_iNext;
         m_iNext = std::min(m_iNext + sizeof...(names), m_rCard.aFIELDS.size());
         if (!m_rCard.pUSE) return;
         bool bFilled = false;
-        for (std::size_t i = iFirst; i < m_iNext; ++i) bFilled |= !m_rCard.aFIELDS[i].empty();
+        for (std::size_t i = iFirst; i < m_iNext; ++i) bFilled |= HoldsValue(m_rCard.aFIELDS[i]);
         if (bFilled) NoteSkipped(iFirst, {names...});
     }
     static constexpr const char* BY_PLACE = nullptr;

@@ -37,6 +37,7 @@ bool CLineReader::Fill(std::size_t nWanted) {
         m_bSpecial = m_bSpecial || HasSpecial(m_pBuffer.get() + m_iEnd, static_cast<std::size_t>(nRead));
         m_iEnd += static_cast<std::size_t>(nRead);
         m_nBytesRead += static_cast<std::uint64_t>(nRead);
+        m_bReadMore = true;
     }
     std::memset(m_pBuffer.get() + m_iEnd, 0, CNastranStrParser::SLACK);
     return m_iEnd > m_iNext;

@@ -37,7 +37,7 @@ class CLineReader {
     std::uint64_t GetBytesRead() const { return m_nBytesRead; }
 
     /// Whether that number has changed since this was asked last.
-    bool HasReadMore() { return std::exchange(m_nBytesTold, m_nBytesRead) != m_nBytesRead; }
+    bool HasReadMore() { return m_bReadMore && std::exchange(m_bReadMore, false); }
 
     /// Whether the deck, as far as it was read, may hold a NUL or a Ctrl-Z.
     bool HasSpecialBytes() const { return m_bSpecial; }
@@ -53,7 +53,7 @@ class CLineReader {
     std::size_t m_iNext = 0;           // first byte not handed out yet
     std::size_t m_iEnd = 0;            // end of what was read
     std::uint64_t m_nBytesRead = 0;
-    std::uint64_t m_nBytesTold = 0;
-    bool m_bEnd = false;     // the file has no more
-    bool m_bSpecial = false; // a NUL or a Ctrl-Z was met; the few decks with one are searched line by line
+    bool m_bReadMore = false; // since somebody asked
+    bool m_bEnd = false;      // the file has no more
+    bool m_bSpecial = false;  // a NUL or a Ctrl-Z was met; the few decks with one are searched line by line
 };

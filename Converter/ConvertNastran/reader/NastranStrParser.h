@@ -36,13 +36,11 @@ class CNastranStrParser {
     template <class JOIN>
     static std::string_view RemoveBlanksOf8(char* pField, JOIN join) {
         // A bit for each column that isn't blank. Most fields are one word, which is its own result.
-        constexpr TEXTWORD LOW_BITS = RepeatInWord(0x7F);
-        const TEXTWORD nOther = LoadWord(pField) ^ RepeatInWord(' ');
-        const TEXTWORD nFilled = (((nOther & LOW_BITS) + LOW_BITS) | nOther) & ~LOW_BITS;
+        const TEXTWORD nFilled = FindOthers(LoadWord(pField), ' ');
         if (nFilled == 0) return {pField, pField};
         const int iFirst = std::countr_zero(nFilled) / 8;
         const int nText = 8 - std::countl_zero(nFilled) / 8 - iFirst;
-        const TEXTWORD nOneWord = (~LOW_BITS >> (64 - 8 * nText)) << (8 * iFirst);
+        const TEXTWORD nOneWord = (RepeatInWord('\x80') >> (64 - 8 * nText)) << (8 * iFirst);
         if (nFilled != nOneWord) {
             join();
             return RemoveBlanks(pField, pField + WORD_LENGTH);

@@ -11,6 +11,6 @@ bool HavePlainFields(const CLineGroup& rLines);
 /// The same of a card on one small field line, where blanks inside a field don't matter.
 inline bool IsPlainSmallLine(const CLineGroup& rLines) {
     const T_LINE_D& rLine = rLines.First();
-    if (rLines.GetCount() > 1 || rLine.bMARKED || rLine.bTABBED || rLine.bCUT) return false;
+    if (rLines.GetCount() > 1 || (rLine.bMARKED | rLine.bTABBED | rLine.bCUT)) return false;
     return LoadWord(rLine.aTEXT + 72) == RepeatInWord(' ');
 }

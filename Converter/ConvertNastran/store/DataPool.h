@@ -120,7 +120,10 @@ class CDataPool {
 
     /// Whether one of some grids may be missing: a quick answer for those who tell it, false while nobody is to be
     /// told.
-    bool MayMissGrid(std::span<const std::int32_t> aGrids) const { return m_pLeftSink && !m_grids.HasAll(aGrids); }
+    template <std::size_t COUNT>
+    bool MayMissGrid(std::span<const std::int32_t, COUNT> aGrids) const {
+        return m_pLeftSink && !m_grids.HasAll(aGrids);
+    }
 
     /// Finds the first of some grids that is missing. False for none, also while nobody is to be told.
     bool FindMissingGrid(std::span<const std::int32_t> aGrids, std::int32_t& rMissing) const {

@@ -11,7 +11,8 @@
 class CIdStretch {
   public:
     bool Has(std::int32_t iID) const { return From(m_iFirst, iID) < m_nIds; }
-    bool HasAll(std::span<const std::int32_t> aIds) const {
+    template <std::size_t COUNT>
+    bool HasAll(std::span<const std::int32_t, COUNT> aIds) const {
         bool bAll = true;
         for (const std::int32_t iID : aIds) bAll &= Has(iID);
         return bAll;
@@ -26,12 +27,21 @@ class CIdStretch {
             m_iFirst = static_cast<std::int32_t>(iFirst);
             m_nIds = static_cast<std::uint32_t>(iNext - iFirst);
         };
-        rTable.ForEachKey([&](std::int32_t iID) {
-            if (iID != iNext) {
-                keepLongest();
-                iFirst = iID;
+        rTable.ForEachKeyBlock([&](std::span<const std::int32_t> aIds) {
+            const auto nIds = static_cast<std::uint32_t>(aIds.size());
+            std::uint32_t nOff = 0; // none of the usual block, which needs no look at its single ids
+            for (std::uint32_t i = 0; i < nIds; ++i) nOff |= From(static_cast<std::int32_t>(iNext), aIds[i]) - i;
+            if (nOff == 0) {
+                iNext += nIds;
+                return;
             }
-            iNext = std::int64_t(iID) + 1;
+            for (const std::int32_t iID : aIds) {
+                if (iID != iNext) {
+                    keepLongest();
+                    iFirst = iID;
+                }
+                iNext = std::int64_t(iID) + 1;
+            }
         });
         keepLongest();
     }

@@ -39,7 +39,7 @@ void CKeyIndex::Grow() {
 
 void CKeyIndex::Add(std::int32_t iKey, std::uint32_t iPlace) {
     const auto nKey = static_cast<std::uint32_t>(iKey);
-    std::uint32_t iPage = FindPage(nKey / PAGE);
+    std::uint32_t iPage = m_nPages > 0 && nKey / PAGE == m_nLastGroup ? m_iLastPage : FindPage(nKey / PAGE);
     if (iPage == NONE) {
         iPage = m_nPages;
         if (iPage == m_aBlocks.size() * BLOCK) m_aBlocks.push_back(std::make_unique_for_overwrite<T_BLOCK_D>());
@@ -49,5 +49,7 @@ void CKeyIndex::Add(std::int32_t iKey, std::uint32_t iPlace) {
         if (!TryPut(m_aEntries, added)) m_mapCrowded.emplace(added.nGroup, added.iPage);
         ++m_nPages;
     }
+    m_nLastGroup = nKey / PAGE;
+    m_iLastPage = iPage;
     Page(iPage)[nKey % PAGE] = iPlace;
 }

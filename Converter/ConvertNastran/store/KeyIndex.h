@@ -66,4 +66,6 @@ class CKeyIndex {
     std::map<std::uint32_t, std::uint32_t> m_mapCrowded; // from a group to its page, those without a place above
     std::vector<std::unique_ptr<T_BLOCK_D>> m_aBlocks;   // the pages; they never move
     std::uint32_t m_nPages = 0;
+    std::uint32_t m_nLastGroup = 0; // of the last key that was added: the next one often is its neighbour
+    std::uint32_t m_iLastPage = 0;
 };

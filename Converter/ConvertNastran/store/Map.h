@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <stdexcept>
 #include <type_traits>
 #include <utility>
@@ -134,12 +135,11 @@ class CMap {
         for (std::size_t i = 0; i < m_nRecords; ++i) visit(KeyAt(i), At(i));
     }
 
-    /// Calls visit(id) for the keys of all records in the order of insertion.
+    /// Calls visit with the keys of all records in the order of insertion, a block of them at a time.
     template <class VISIT>
-    void ForEachKey(VISIT visit) const {
-        for (std::size_t iBegin = 0; iBegin < m_nRecords; iBegin += BLOCK) { // block by block
-            const std::int32_t* const pKeys = &KeyAt(iBegin);
-            std::for_each(pKeys, pKeys + std::min(BLOCK, m_nRecords - iBegin), visit);
+    void ForEachKeyBlock(VISIT visit) const {
+        for (std::size_t iBegin = 0; iBegin < m_nRecords; iBegin += BLOCK) {
+            visit(std::span(&KeyAt(iBegin), std::min(BLOCK, m_nRecords - iBegin)));
         }
     }
 

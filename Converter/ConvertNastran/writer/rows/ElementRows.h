@@ -7,6 +7,8 @@
 
 #include <array>
 #include <span>
+#include <type_traits>
+#include <utility>
 
 /// A grid at its position in the basic frame.
 struct T_NODE_ROW {
@@ -68,16 +70,13 @@ void VisitElement(const CDataPool& rPool, std::int32_t iEID, const T_ELEM_D& rEl
     const std::int32_t iMID = pProperty ? pProperty->iMID : 1;
     if (pProperty && rPool.m_pLeftSink) pProperty->bUSED = true;
     const auto Node = [&](std::size_t iSlot) { return rPool.MapNodeId(rElement.iNODE[iSlot]); };
-    const auto Test = [&](std::span<const std::int32_t> aNodes) {
+    const auto Test = [&](auto aNodes) { // a span of fixed length: it costs every element
         if (rPool.MayMissGrid(aNodes)) TellMissingGrid(rPool, iEID, rElement, aNodes, rVisitor);
     };
     const auto Line = [&](const auto& r) {
         rVisitor(r);
-        Test(std::array{r.iNODE1, r.iNODE2});
-    };
-    const auto Face = [&](const auto& r) {
-        rVisitor(r);
-        Test({r.aNODES.data(), r.nCORNERS});
+        const std::array aNodes = {r.iNODE1, r.iNODE2};
+        Test(std::span(aNodes));
     };
     switch (rElement.iTYPE) {
     case TYPE_ROD:
@@ -94,25 +93,34 @@ void VisitElement(const CDataPool& rPool, std::int32_t iEID, const T_ELEM_D& rEl
     case TYPE_SHEAR:
     case TYPE_PLATE: {
         const bool bFour = rElement.iSUBTYPE == SHAPE_QUAD4 || rElement.iSUBTYPE == SHAPE_QUAD8;
-        Face(T_PLATE_ROW{iEID,
-                         iMID,
-                         iPID,
-                         {Node(0), Node(1), Node(2), bFour ? Node(3) : 0},
-                         bFour ? std::size_t{4} : std::size_t{3},
-                         rElement.iTYPE == TYPE_SHEAR});
+        const T_PLATE_ROW row = {iEID,
+                                 iMID,
+                                 iPID,
+                                 {Node(0), Node(1), Node(2), bFour ? Node(3) : 0},
+                                 bFour ? std::size_t{4} : std::size_t{3},
+                                 rElement.iTYPE == TYPE_SHEAR};
+        rVisitor(row);
+        bFour ? Test(std::span(row.aNODES)) : Test(std::span(row.aNODES).template first<3>());
         if (rElement.iTYPE == TYPE_SHEAR) rVisitor(ElementLoss(LEFT_SHEAR_PLATE, iEID, rElement));
         break;
     }
-    case TYPE_SOLID: // the slots are those of a hexahedron
+    case TYPE_SOLID: { // the slots are those of a hexahedron
+        T_SOLID_ROW row = {iEID, iMID, iPID, {}, 0};
+        const auto Solid = [&](const auto& rSlots) {
+            constexpr std::size_t COUNT = std::tuple_size_v<std::decay_t<decltype(rSlots)>>;
+            for (const std::size_t iSlot : rSlots) row.aNODES[row.nCORNERS++] = Node(iSlot);
+            rVisitor(row);
+            Test(std::span(std::as_const(row.aNODES)).template first<COUNT>());
+        };
         if (rElement.iSUBTYPE == SHAPE_TETRA) {
-            Face(T_SOLID_ROW{iEID, iMID, iPID, {Node(0), Node(1), Node(2), Node(4)}, 4});
+            Solid(std::array<std::size_t, 4>{0, 1, 2, 4});
         } else if (rElement.iSUBTYPE == SHAPE_PENTA) {
-            Face(T_SOLID_ROW{iEID, iMID, iPID, {Node(0), Node(1), Node(2), Node(4), Node(5), Node(6)}, 6});
+            Solid(std::array<std::size_t, 6>{0, 1, 2, 4, 5, 6});
         } else {
-            Face(T_SOLID_ROW{
-                iEID, iMID, iPID, {Node(0), Node(1), Node(2), Node(3), Node(4), Node(5), Node(6), Node(7)}, 8});
+            Solid(std::array<std::size_t, 8>{0, 1, 2, 3, 4, 5, 6, 7});
         }
         break;
+    }
     default:
         return rVisitor(ElementLoss(LEFT_ELEMENT_FORM, iEID, rElement));
     }
