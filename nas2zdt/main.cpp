@@ -2,6 +2,7 @@
 
 #include "driver/ConvertNastranApp.h"
 #include "messages/ZdtMsgMgr.h"
+#include "nas2zdt/check/CheckOutput.h"
 #include "nas2zdt/command/DeckRun.h"
 #include "nas2zdt/command/Jobs.h"
 #include "nas2zdt/command/Options.h"
@@ -25,6 +26,7 @@ constexpr int EXIT_DONE = 0;
 constexpr int EXIT_FAILED = 1;
 constexpr int EXIT_USAGE = 2;
 constexpr int EXIT_LOSS = 3;
+constexpr int EXIT_UNSOUND = 4;
 
 int Usage(const std::string& sWhy) {
     TellHint(sWhy + "\nTry 'nas2zdt --help'.");
@@ -47,7 +49,7 @@ class CBatch {
         : m_rOptions(rOptions), m_rJobs(rJobs), m_inputs(rJobs.decks) {}
 
     int Run() {
-        const bool bJson = m_rOptions.eACCOUNT == ACCOUNT_JSON;
+        const bool bJson = m_rOptions.IsJson();
         if (bJson) std::cout << "{\"version\":2,\"decks\":[";
         for (std::size_t i = 0; i < m_rJobs.aJOBS.size(); ++i) {
             if (bJson && i > 0) std::cout << ',';
@@ -56,12 +58,14 @@ class CBatch {
         if (bJson) std::cout << "]}\n";
         SaveLog();
         // failing to show the log doesn't fail the run, failing to show an account does
-        if (!std::cout.flush() && m_rOptions.eACCOUNT != ACCOUNT_NONE) {
+        const bool bAsked = m_rOptions.eACCOUNT != WANTED_NONE || m_rOptions.eCHECK != WANTED_NONE;
+        if (!std::cout.flush() && bAsked) {
             m_bFailed = true;
-            Fail("the account can't be written to standard output");
+            Fail("the account or check can't be written to standard output");
         }
         if (m_bFailed) return EXIT_FAILED;
-        return m_bLoss ? EXIT_LOSS : EXIT_DONE;
+        if (m_bLoss) return EXIT_LOSS;
+        return m_bUnsound ? EXIT_UNSOUND : EXIT_DONE;
     }
 
   private:
@@ -72,10 +76,18 @@ class CBatch {
         const CAccount* pAccount = run.GetAccount();
         m_bFailed = m_bFailed || !rResult.sERROR.empty();
         for (const std::string& sLine : rResult.aLOG) m_log.AppendMessageF("%s", {PlainText(sLine)});
-        if (m_rOptions.eACCOUNT == ACCOUNT_JSON) std::cout << AccountJson(rResult, *pAccount) << std::flush;
-        if (m_rOptions.eACCOUNT == ACCOUNT_TABLE && rResult.bACCOUNT) std::cout << AccountTable(rResult, *pAccount);
+        const T_CHECK_D* pCheck = run.GetCheck();
+        if (m_rOptions.IsJson()) {
+            const bool bCheck = m_rOptions.eCHECK != WANTED_NONE;
+            const std::string sCheck = !bCheck ? "" : pCheck ? CheckJson(*pCheck) : "null";
+            std::cout << ResultJson(rResult, m_rOptions.eACCOUNT != WANTED_NONE ? pAccount : nullptr, sCheck)
+                      << std::flush;
+        }
+        const bool bAccount = m_rOptions.eACCOUNT == WANTED_TABLE && rResult.bACCOUNT;
+        if (bAccount && !m_rOptions.IsJson()) std::cout << AccountTable(rResult, *pAccount);
+        if (pCheck) TellCheck(rJob.sDECK, *pCheck);
         if (rResult.bACCOUNT) TellLosses(rJob.sDECK, *pAccount);
-        const bool bTold = m_rJobs.aJOBS.size() > 1 && !m_rOptions.bQUIET && m_rOptions.eACCOUNT != ACCOUNT_JSON;
+        const bool bTold = m_rJobs.aJOBS.size() > 1 && !m_rOptions.bQUIET && !m_rOptions.IsJson();
         if (bTold && rResult.sERROR.empty()) {
             std::cout << PlainText(rJob.sDECK) << ": " << Paint(stdout, COLOUR_GREEN, "converted") << " into "
                       << PlainText(rJob.sTARGET) << '\n';
@@ -83,9 +95,25 @@ class CBatch {
         std::cout << std::flush;
     }
 
+    /// Shows a check, and fails a run of a deck with errors.
+    void TellCheck(const std::string& sDeck, const T_CHECK_D& rCheck) {
+        const auto paint = [](const std::string& sText) { return Paint(stdout, COLOUR_RED, sText); };
+        if (!m_rOptions.IsJson()) std::cout << CheckTable(sDeck, rCheck, paint) << std::flush;
+        const std::uint64_t nErrors = rCheck.findings.GetCount(SEVERITY_ERROR);
+        const std::size_t nUnexplained = CountDifferences(rCheck).nUNEXPLAINED;
+        if (nUnexplained > 0) {
+            TellHint(sDeck + ": " + std::to_string(nUnexplained) +
+                     " totals of deck and file differ, and the account "
+                     "doesn't say why: a fault of this program, which its makers would like to know of");
+        }
+        if (nErrors == 0) return;
+        m_bUnsound = true;
+        TellHint(sDeck + ": " + std::to_string(nErrors) + (nErrors == 1 ? " error" : " errors") + " of the deck");
+    }
+
     /// Warns of losses, and fails a run that has those that --strict names.
     void TellLosses(const std::string& sDeck, const CAccount& rAccount) {
-        const char* const sWhere = m_rOptions.eACCOUNT == ACCOUNT_NONE ? "; see --account" : "";
+        const char* const sWhere = m_rOptions.eACCOUNT == WANTED_NONE ? "; see --account" : "";
         if (!m_rOptions.bNOWARNINGS) {
             for (const std::string& sLine : MakeWarnings(rAccount, m_rOptions.allowed, m_rOptions.bFAITHFUL)) {
                 std::string sText = sDeck + ": warning: ";
@@ -122,6 +150,7 @@ class CBatch {
     CZdtMsgMgr m_log{m_dialogs}; // of all decks
     bool m_bFailed = false;
     bool m_bLoss = false;
+    bool m_bUnsound = false;
 };
 
 int Run(int nArgs, char** aArgs) {

@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 . scripts/packages.sh
 seconds=${1:-20}
 [ $# -eq 0 ] || shift
-targets=${*:-deck include field map restate}
+targets=${*:-deck include field map restate check}
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
@@ -36,10 +36,11 @@ trap 'rm -rf "$scratch" "$runs"' EXIT
 corpus=$PWD/build/fuzz/corpus
 findings=$PWD/build/fuzz/findings
 bin=$PWD/build/fuzz/bin
-mkdir -p "$corpus/deck" "$corpus/include" "$corpus/field" "$corpus/map" "$corpus/restate" "$findings"
+mkdir -p "$corpus/deck" "$corpus/include" "$corpus/field" "$corpus/map" "$corpus/restate" "$corpus/check" "$findings"
 for deck in examples/*.dat; do
     cp "$deck" "$corpus/deck/"
     cp "$deck" "$corpus/restate/"
+    cp "$deck" "$corpus/check/"
     { printf "BEGIN BULK\nINCLUDE,A.DAT\nINCLUDE 'b.dat'\n"; cat "$deck"; printf '\036BEGIN BULK\nINCLUDE B.DAT\n'
       cat "$deck"; printf '\036'; cat "$deck"; } >"$corpus/include/$(basename "$deck")"
 done

@@ -2,7 +2,7 @@
 
 #include "nas2zdt/account/AccountOutput.h"
 
-#include "nas2zdt/text/Escape.h"
+#include "nas2zdt/text/Json.h"
 #include "nas2zdt/text/TextReader.h"
 #include "platform/PlainText.h"
 
@@ -70,23 +70,9 @@ std::string Row(const std::string& sName, const T_WORD_D& rWord) {
     return sRow + "\n";
 }
 
-std::string Member(std::string_view sName, std::uint64_t nValue) {
-    return JsonText(sName) + ":" + std::to_string(nValue);
-}
-
-template <class LIST, class WRITE>
-std::string Array(const LIST& aList, WRITE write) {
-    std::string sText = "[";
-    for (const auto& rItem : aList) {
-        if (sText.size() > 1) sText += ",";
-        sText += write(rItem);
-    }
-    return sText + "]";
-}
-
 std::string WordObject(const T_WORD_D& rWord) {
     std::string sText = "{\"keyword\":" + JsonText(rWord.sNAME);
-    for (const T_COLUMN_D& rColumn : COLUMNS) sText += "," + Member(rColumn.sNAME, rWord.*rColumn.pVALUE);
+    for (const T_COLUMN_D& rColumn : COLUMNS) sText += "," + JsonMember(rColumn.sNAME, rWord.*rColumn.pVALUE);
     return sText + "}";
 }
 
@@ -100,14 +86,36 @@ std::string PlaceObject(const T_PLACE_D& rPlace, const CAccount& rAccount) {
 std::string LossObject(const T_WORD_D& rWord, const T_NOTE_D& rNote, const CAccount& rAccount) {
     return "{\"class\":" + JsonText(ClassName(rNote.eCLASS)) + ",\"kind\":" + JsonText(NoteKind(rNote)) +
            ",\"keyword\":" + JsonText(rWord.sNAME) + ",\"code\":" + JsonText(NoteCode(rNote.eNOTE)) +
-           ",\"text\":" + JsonText(NoteText(rNote)) + "," + Member("count", rNote.nCOUNT) + ",\"places\":" +
-           Array(rNote.aPLACES, [&](const T_PLACE_D& rPlace) { return PlaceObject(rPlace, rAccount); }) +
-           ",\"ids\":" + Array(rNote.aIDS, [](std::int32_t iID) { return std::to_string(iID); }) + "}";
+           ",\"text\":" + JsonText(NoteText(rNote)) + "," + JsonMember("count", rNote.nCOUNT) + ",\"places\":" +
+           JsonArray(rNote.aPLACES, [&](const T_PLACE_D& rPlace) { return PlaceObject(rPlace, rAccount); }) +
+           ",\"ids\":" + JsonArray(rNote.aIDS, [](std::int32_t iID) { return std::to_string(iID); }) + "}";
 }
 
 std::string SectionObject(const T_SECTION_D& rSection) {
-    return "{\"section\":" + JsonText(rSection.sNAME) + "," + Member("blocks", rSection.nBLOCKS) + "," +
-           Member("lines", rSection.nLINES) + "}";
+    return "{\"section\":" + JsonText(rSection.sNAME) + "," + JsonMember("blocks", rSection.nBLOCKS) + "," +
+           JsonMember("lines", rSection.nLINES) + "}";
+}
+
+std::string AccountObject(const T_RESULT_D& rResult, const CAccount& rAccount) {
+    const std::vector<const T_WORD_D*> aWords = rAccount.GetWords();
+    std::vector<const T_WORD_D*> aCounted = aWords;
+    std::erase_if(aCounted, [](const T_WORD_D* pWord) { return !pWord->HasCounts(); });
+    const CAccount::CLASS_COUNTS aCounts = rAccount.GetLossCounts();
+    std::string sClasses;
+    std::string sLost;
+    for (std::size_t i = 0; i < CLASS_COUNT; ++i) {
+        const auto eClass = static_cast<E_LOSS_CLASS>(i);
+        sClasses += (i > 0 ? "," : "") + JsonMember(ClassName(eClass), aCounts[i]);
+        for (const T_WORD_D* pWord : aWords) {
+            for (const T_NOTE_D& rNote : pWord->aNOTES) {
+                if (rNote.eCLASS == eClass) sLost += (sLost.empty() ? "" : ",") + LossObject(*pWord, rNote, rAccount);
+            }
+        }
+    }
+    return "{" + JsonMember("losses", std::accumulate(aCounts.begin(), aCounts.end(), std::uint64_t(0))) +
+           ",\"classes\":{" + sClasses +
+           "},\"keywords\":" + JsonArray(aCounted, [](const T_WORD_D* pWord) { return WordObject(*pWord); }) +
+           ",\"lost\":[" + sLost + "],\"sections\":" + JsonArray(rResult.aSECTIONS, &SectionObject) + "}";
 }
 
 /// The losses of a class, each a line.
@@ -191,28 +199,10 @@ std::string AccountTable(const T_RESULT_D& rResult, const CAccount& rAccount) {
     return sText;
 }
 
-std::string AccountJson(const T_RESULT_D& rResult, const CAccount& rAccount) {
-    std::string sText = "{\"deck\":" + JsonText(rResult.sDECK) + ",\"target\":" + JsonText(rResult.sTARGET) +
-                        ",\"error\":" + (rResult.sERROR.empty() ? "null" : JsonText(rResult.sERROR)) +
-                        ",\"log\":" + Array(rResult.aLOG, [](const std::string& sLine) { return JsonText(sLine); });
-    if (!rResult.bACCOUNT) return sText + ",\"account\":null}";
-    const std::vector<const T_WORD_D*> aWords = rAccount.GetWords();
-    std::vector<const T_WORD_D*> aCounted = aWords;
-    std::erase_if(aCounted, [](const T_WORD_D* pWord) { return !pWord->HasCounts(); });
-    const CAccount::CLASS_COUNTS aCounts = rAccount.GetLossCounts();
-    std::string sClasses;
-    std::string sLost;
-    for (std::size_t i = 0; i < CLASS_COUNT; ++i) {
-        const auto eClass = static_cast<E_LOSS_CLASS>(i);
-        sClasses += (i > 0 ? "," : "") + Member(ClassName(eClass), aCounts[i]);
-        for (const T_WORD_D* pWord : aWords) {
-            for (const T_NOTE_D& rNote : pWord->aNOTES) {
-                if (rNote.eCLASS == eClass) sLost += (sLost.empty() ? "" : ",") + LossObject(*pWord, rNote, rAccount);
-            }
-        }
-    }
-    return sText + ",\"account\":{" +
-           Member("losses", std::accumulate(aCounts.begin(), aCounts.end(), std::uint64_t(0))) + ",\"classes\":{" +
-           sClasses + "},\"keywords\":" + Array(aCounted, [](const T_WORD_D* pWord) { return WordObject(*pWord); }) +
-           ",\"lost\":[" + sLost + "],\"sections\":" + Array(rResult.aSECTIONS, &SectionObject) + "}}";
+std::string ResultJson(const T_RESULT_D& rResult, const CAccount* pAccount, const std::string& sCheck) {
+    return "{\"deck\":" + JsonText(rResult.sDECK) + ",\"target\":" + JsonText(rResult.sTARGET) +
+           ",\"error\":" + (rResult.sERROR.empty() ? "null" : JsonText(rResult.sERROR)) +
+           ",\"log\":" + JsonArray(rResult.aLOG, [](const std::string& sLine) { return JsonText(sLine); }) +
+           ",\"account\":" + (pAccount && rResult.bACCOUNT ? AccountObject(rResult, *pAccount) : "null") +
+           (sCheck.empty() ? "" : ",\"check\":" + sCheck) + "}";
 }

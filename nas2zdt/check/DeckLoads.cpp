@@ -10,17 +10,23 @@ namespace {
 
 constexpr std::size_t MOST_PAIRS = 3; // of TEMP
 
+bool IsPlate(const T_DECKELEMENT_D& rElement) {
+    const E_BODY eBody = rElement.GetKind().eBODY;
+    return eBody == BODY_TRIANGLE || eBody == BODY_QUAD;
+}
+
 } // namespace
 
-std::vector<std::int32_t> CDeckTotals::ReadElements(std::size_t iFirst, std::size_t iEnd) {
-    return ReadRanges([&](std::int32_t iLow, std::int32_t iHigh) { return m_bodies.GetRange(iLow, iHigh); }, iFirst,
-                      iEnd);
+const std::vector<std::int32_t>& CDeckTotals::ReadElements(std::size_t iFirst, std::size_t iEnd) {
+    const auto has = [&](std::int32_t iEID) { return m_rDeck.FindElement(iEID) != nullptr; };
+    const auto getRange = [&](std::int32_t iLow, std::int32_t iHigh) { return m_rDeck.GetElementRange(iLow, iHigh); };
+    return ReadRanges(has, getRange, iFirst, iEnd);
 }
 
 void CDeckTotals::AddNodalLoad(std::int32_t iGrid, const T_VECTOR& rLoad) {
     if (!IsSound()) return;
     T_SETTOTALS_D& rSet = Set();
-    const T_VECTOR* pAt = m_model.FindPosition(iGrid);
+    const T_VECTOR* pAt = m_rModel.FindPosition(iGrid);
     const double dSize = std::fabs(rLoad[0]) + std::fabs(rLoad[1]) + std::fabs(rLoad[2]);
     if (!pAt || dSize <= T_SETTOTALS_D::NO_LOAD) return;
     if (IsMoment()) {
@@ -33,18 +39,18 @@ void CDeckTotals::AddNodalLoad(std::int32_t iGrid, const T_VECTOR& rLoad) {
 }
 
 void CDeckTotals::TakeForce() {
-    const std::int32_t iGrid = m_card.Int(1);
-    const T_FRAME_D* pFrame = m_model.FindFrame(m_card.Int(2));
-    const T_VECTOR load = Scale({m_card.Real(4), m_card.Real(5), m_card.Real(6)}, m_card.Real(3));
-    const T_VECTOR* pAt = m_model.FindPosition(iGrid);
+    const std::int32_t iGrid = m_pCard->Int(1);
+    const T_FRAME_D* pFrame = m_rModel.FindFrame(m_pCard->Int(2));
+    const T_VECTOR load = Scale({m_pCard->Real(4), m_pCard->Real(5), m_pCard->Real(6)}, m_pCard->Real(3));
+    const T_VECTOR* pAt = m_rModel.FindPosition(iGrid);
     AddNodalLoad(iGrid, pFrame && pAt ? pFrame->VectorToBasic(load, *pAt) : T_VECTOR{});
 }
 
 /// From grid to grid.
 void CDeckTotals::TakeForceAlong() {
-    const T_VECTOR *pFrom = m_model.FindPosition(m_card.Int(3)), *pTo = m_model.FindPosition(m_card.Int(4));
+    const T_VECTOR *pFrom = m_rModel.FindPosition(m_pCard->Int(3)), *pTo = m_rModel.FindPosition(m_pCard->Int(4));
     const T_VECTOR direction = pFrom && pTo ? Unit(Subtract(*pTo, *pFrom)) : T_VECTOR{};
-    AddNodalLoad(m_card.Int(1), Scale(direction, m_card.Real(2)));
+    AddNodalLoad(m_pCard->Int(1), Scale(direction, m_pCard->Real(2)));
 }
 
 /// Along the product of the lines from grid to grid of two pairs.
@@ -52,28 +58,28 @@ void CDeckTotals::TakeForceAcross() {
     std::array<T_VECTOR, 4> points = {};
     bool bAll = true;
     for (std::size_t i = 0; i < points.size(); ++i) {
-        const T_VECTOR* pPoint = m_model.FindPosition(m_card.Int(3 + i));
+        const T_VECTOR* pPoint = m_rModel.FindPosition(m_pCard->Int(3 + i));
         bAll = bAll && pPoint;
         if (pPoint) points[i] = *pPoint;
     }
     const T_VECTOR direction = Unit(Cross(Subtract(points[1], points[0]), Subtract(points[3], points[2])));
-    AddNodalLoad(m_card.Int(1), bAll ? Scale(direction, m_card.Real(2)) : T_VECTOR{});
+    AddNodalLoad(m_pCard->Int(1), bAll ? Scale(direction, m_pCard->Real(2)) : T_VECTOR{});
 }
 
 /// Several of one set add up. A vector in a frame that isn't rectangular is along the axes at its origin.
 void CDeckTotals::TakeGRAV() {
-    const T_FRAME_D* pFrame = m_model.FindFrame(m_card.Int(1));
-    const T_VECTOR load = Scale({m_card.Real(3), m_card.Real(4), m_card.Real(5)}, m_card.Real(2));
+    const T_FRAME_D* pFrame = m_rModel.FindFrame(m_pCard->Int(1));
+    const T_VECTOR load = Scale({m_pCard->Real(3), m_pCard->Real(4), m_pCard->Real(5)}, m_pCard->Real(2));
     if (!IsSound()) return;
     T_SETTOTALS_D& rSet = Set();
     if (pFrame) rSet.gravity.Add(pFrame->VectorToBasic(load, pFrame->dORIGIN));
 }
 
 void CDeckTotals::TakeLOAD() {
-    const std::int32_t iSum = m_card.Int(0);
-    const double dScale = m_card.Real(1);
+    const std::int32_t iSum = m_pCard->Int(0);
+    const double dScale = m_pCard->Real(1);
     std::vector<std::pair<std::int32_t, double>> aParts;
-    for (std::size_t i = 2; i < m_card.GetCount(); i += 2) aParts.emplace_back(m_card.Int(i + 1), m_card.Real(i));
+    for (std::size_t i = 2; i < m_pCard->GetCount(); i += 2) aParts.emplace_back(m_pCard->Int(i + 1), m_pCard->Real(i));
     if (!IsSound()) return;
     for (const auto& [iSet, dFactor] : aParts) {
         if (iSet != 0) m_mapCombinations[iSum][iSet] += dScale * dFactor;
@@ -90,20 +96,10 @@ void CDeckTotals::AddCombinations() {
 }
 
 /// The axes of a bar: X from end to end, Y in the plane of X and the orientation.
-bool CDeckTotals::FindAxes(const T_DECKBODY_D& rBar, std::array<T_VECTOR, 3>& rAxes) const {
+bool CDeckTotals::FindAxes(const T_DECKELEMENT_D& rBar, std::array<T_VECTOR, 3>& rAxes) const {
     std::array<T_VECTOR, 8> corners = {};
-    if (!FindCorners(rBar, corners)) return false;
-    const T_ORIENTATION_D& rOrientation = rBar.orientation;
-    T_VECTOR vector = rOrientation.vector.value_or(T_VECTOR{});
-    if (rOrientation.iG0) {
-        const T_VECTOR* pReference = m_model.FindPosition(*rOrientation.iG0);
-        if (!pReference) return false;
-        vector = Subtract(*pReference, corners[0]);
-    } else if (!rOrientation.bBASIC) {
-        const T_FRAME_D* pFrame = m_model.FindFrame(m_model.m_grids.Find(rBar.aNODES[0])->iCD);
-        if (!pFrame) return false;
-        vector = pFrame->VectorToBasic(vector, corners[0]);
-    }
+    T_VECTOR vector;
+    if (!FindCorners(rBar, corners) || !m_rDeck.FindVector(rBar, vector)) return false;
     rAxes[0] = Unit(Subtract(corners[1], corners[0]));
     rAxes[2] = Unit(Cross(rAxes[0], vector));
     rAxes[1] = Cross(rAxes[2], rAxes[0]);
@@ -113,19 +109,19 @@ bool CDeckTotals::FindAxes(const T_DECKBODY_D& rBar, std::array<T_VECTOR, 3>& rA
 /// A load at X1, or from X1 to X2. Lengths and fractions, and a load in a basic direction for each unit of length or of
 /// that length as it is seen across the direction.
 void CDeckTotals::TakePLOAD1() {
-    const T_DECKBODY_D* pBar = m_bodies.Find(m_card.Int(1));
+    const T_DECKELEMENT_D* pBar = m_rDeck.FindElement(m_pCard->Int(1));
     std::string sType, sScale;
-    for (const char c : m_card.Text(2)) sType += ToUpper(c);
-    for (const char c : m_card.Text(3)) sScale += ToUpper(c);
-    double dX1 = m_card.Real(4), dX2 = m_card.Real(6, dX1);
-    const double dP1 = m_card.Real(5), dGiven = m_card.Real(7, dP1), dP2 = dX1 == dX2 ? dP1 : dGiven;
+    for (const char c : m_pCard->Text(2)) sType += ToUpper(c);
+    for (const char c : m_pCard->Text(3)) sScale += ToUpper(c);
+    double dX1 = m_pCard->Real(4), dX2 = m_pCard->Real(6, dX1);
+    const double dP1 = m_pCard->Real(5), dGiven = m_pCard->Real(7, dP1), dP2 = dX1 == dX2 ? dP1 : dGiven;
     const bool bKnown = (sType.size() == 2 || (sType.size() == 3 && sType[2] == 'E')) &&
                         (sType[0] == 'F' || sType[0] == 'M') && sType[1] >= 'X' && sType[1] <= 'Z';
     const bool bFractions = sScale.starts_with("FR"), bProjected = sScale == "LEPR" || sScale == "FRPR";
     if (!IsSound()) return;
     T_SETTOTALS_D& rSet = Set();
     std::array<T_VECTOR, 8> corners = {};
-    if (!bKnown || !pBar || pBar->eBODY != BODY_LINE || !FindCorners(*pBar, corners)) return;
+    if (!bKnown || !pBar || pBar->GetKind().eBODY != BODY_LINE || !FindCorners(*pBar, corners)) return;
     if (sScale != "LE" && sScale != "FR" && !bProjected) return;
     const T_VECTOR along = Subtract(corners[1], corners[0]);
     const double dLength = Length(along);
@@ -156,13 +152,13 @@ void CDeckTotals::TakePLOAD1() {
 
 /// On a face of grids, towards its normal.
 void CDeckTotals::TakePLOAD() {
-    const double dP = m_card.Real(1);
+    const double dP = m_pCard->Real(1);
     std::vector<T_VECTOR> aCorners;
     bool bAll = true;
     for (std::size_t i = 2; i < 6; ++i) {
-        const std::int32_t iGrid = m_card.Int(i);
+        const std::int32_t iGrid = m_pCard->Int(i);
         if (iGrid == 0 && i == 5) break;
-        const T_VECTOR* pCorner = m_model.FindPosition(iGrid);
+        const T_VECTOR* pCorner = m_rModel.FindPosition(iGrid);
         bAll = bAll && pCorner;
         if (pCorner) aCorners.push_back(*pCorner);
     }
@@ -174,72 +170,74 @@ void CDeckTotals::TakePLOAD() {
 }
 
 void CDeckTotals::TakePLOAD2() {
-    const double dP = m_card.Real(1);
-    const std::vector<std::int32_t> aElements = ReadElements(2, m_card.GetCount());
+    const double dP = m_pCard->Real(1);
+    const std::vector<std::int32_t>& aElements = ReadElements(2, m_pCard->GetCount());
     if (!IsSound()) return;
     Set();
     for (const std::int32_t iEID : aElements) {
-        const T_DECKBODY_D& rBody = *m_bodies.Find(iEID);
-        if (rBody.eBODY == BODY_TRIANGLE || rBody.eBODY == BODY_QUAD) AddPressure(rBody, {dP, dP, dP, dP}, {});
+        const T_DECKELEMENT_D& rElement = *m_rDeck.FindElement(iEID);
+        if (IsPlate(rElement)) AddPressure(rElement, {dP, dP, dP, dP}, {});
     }
 }
 
 /// A vector in a frame that isn't rectangular is along the axes at the middle of the face.
 void CDeckTotals::TakePLOAD4() {
     T_PRESSURE_D pressure;
-    const double dP = m_card.Real(2);
-    const std::array<double, 4> dCorners = {dP, m_card.Real(3, dP), m_card.Real(4, dP), m_card.Real(5, dP)};
-    const bool bThru = m_card.Is(6, "THRU");
-    pressure.iFIRST = bThru ? 0 : m_card.Int(6);
-    pressure.iOTHER = bThru ? 0 : m_card.Int(7);
-    pressure.iCID = m_card.Int(8);
-    pressure.direction = {m_card.Real(9), m_card.Real(10), m_card.Real(11)};
-    const std::int32_t iFirst = m_card.Int(1), iLast = bThru ? m_card.Int(7) : iFirst;
+    const double dP = m_pCard->Real(2);
+    const std::array<double, 4> dCorners = {dP, m_pCard->Real(3, dP), m_pCard->Real(4, dP), m_pCard->Real(5, dP)};
+    const bool bThru = m_pCard->Is(6, "THRU");
+    pressure.iFIRST = bThru ? 0 : m_pCard->Int(6);
+    pressure.iOTHER = bThru ? 0 : m_pCard->Int(7);
+    pressure.iCID = m_pCard->Int(8);
+    pressure.direction = {m_pCard->Real(9), m_pCard->Real(10), m_pCard->Real(11)};
+    const std::int32_t iFirst = m_pCard->Int(1), iLast = bThru ? m_pCard->Int(7) : iFirst;
     if (!IsSound()) return;
     Set();
-    const std::vector<std::int32_t> aElements = m_bodies.GetRange(iFirst, iLast);
+    if (!bThru) {
+        const T_DECKELEMENT_D* pElement = m_rDeck.FindElement(iFirst);
+        if (pElement) AddPressure(*pElement, dCorners, pressure);
+        return;
+    }
+    const std::vector<std::int32_t> aElements = m_rDeck.GetElementRange(iFirst, iLast);
     CountRange(aElements.size());
-    for (const std::int32_t iEID : aElements) AddPressure(*m_bodies.Find(iEID), dCorners, pressure);
+    for (const std::int32_t iEID : aElements) AddPressure(*m_rDeck.FindElement(iEID), dCorners, pressure);
 }
 
 /// The corners of the face that a load on a solid names: a triangle by a corner of it, or for a tetrahedron by the
 /// corner beyond; four corners by two that are opposite in it. All corners of a plate.
-std::vector<std::size_t> CDeckTotals::FindFace(const T_DECKBODY_D& rBody, std::int32_t iFirst, std::int32_t iOther) {
-    std::vector<std::size_t> aPlaces;
-    if (rBody.eBODY == BODY_TRIANGLE || rBody.eBODY == BODY_QUAD) {
-        for (std::size_t i = 0; i < BODY_CORNERS[rBody.eBODY]; ++i) aPlaces.push_back(i);
-        return aPlaces;
-    }
-    const auto isAt = [&](std::size_t i, std::int32_t iGrid) { return rBody.aNODES[i] == iGrid; };
-    for (std::int32_t iFace = 1; aPlaces.empty() && !FaceCorners(rBody.eBODY, iFace).empty(); ++iFace) {
-        const std::span<const std::uint8_t> corners = FaceCorners(rBody.eBODY, iFace);
+std::span<const std::uint8_t> CDeckTotals::FindFace(const T_DECKELEMENT_D& rElement, std::int32_t iFirst,
+                                                    std::int32_t iOther) const {
+    static constexpr std::array<std::uint8_t, 4> PLATE = {0, 1, 2, 3};
+    const E_BODY eBody = rElement.GetKind().eBODY;
+    if (IsPlate(rElement)) return std::span(PLATE).first(BODY_CORNERS[eBody]);
+    const std::span<const std::int32_t> aNodes = m_rDeck.GetCorners(rElement);
+    const bool bTetra = eBody == BODY_TETRA;
+    if (bTetra && std::find(aNodes.begin(), aNodes.end(), iOther) == aNodes.end()) return {};
+    for (std::int32_t iFace = 1; !FaceCorners(eBody, iFace).empty(); ++iFace) {
+        const std::span<const std::uint8_t> corners = FaceCorners(eBody, iFace);
         const auto placeOf = [&](std::int32_t iGrid) {
             for (std::size_t i = 0; i < corners.size(); ++i) {
-                if (isAt(corners[i], iGrid)) return static_cast<std::int32_t>(i);
+                if (aNodes[corners[i]] == iGrid) return static_cast<std::int32_t>(i);
             }
             return -1;
         };
         const std::int32_t iAt = placeOf(iFirst), iBeyond = placeOf(iOther);
-        const bool bTetra = rBody.eBODY == BODY_TETRA;
         const bool bHit = corners.size() == 4 ? iAt >= 0 && iBeyond >= 0 && (iAt ^ iBeyond) == 2
                           : bTetra            ? iAt >= 0 && iBeyond < 0
                                               : iAt >= 0 && iOther == 0;
-        if (bHit) aPlaces.assign(corners.begin(), corners.end());
+        if (bHit) return corners;
     }
-    if (bool bHasOther = false; rBody.eBODY == BODY_TETRA) {
-        for (std::size_t i = 0; i < 4; ++i) bHasOther = bHasOther || isAt(i, iOther);
-        if (!bHasOther) aPlaces.clear();
-    }
-    return aPlaces;
+    return {};
 }
 
 /// The pressures of a solid's face that aren't alike count as their mean, since their order around it isn't settled.
-void CDeckTotals::AddPressure(const T_DECKBODY_D& rBody, std::array<double, 4> dP, const T_PRESSURE_D& rPressure) {
+void CDeckTotals::AddPressure(const T_DECKELEMENT_D& rElement, std::array<double, 4> dP,
+                              const T_PRESSURE_D& rPressure) {
     std::array<T_VECTOR, 8> corners = {};
-    const std::vector<std::size_t> aPlaces = FindFace(rBody, rPressure.iFIRST, rPressure.iOTHER);
-    const bool bSolid = rBody.eBODY > BODY_QUAD;
+    const std::span<const std::uint8_t> aPlaces = FindFace(rElement, rPressure.iFIRST, rPressure.iOTHER);
+    const bool bSolid = !IsPlate(rElement);
     const std::size_t nPlaces = aPlaces.size();
-    if (nPlaces == 0 || !FindCorners(rBody, corners)) return;
+    if (nPlaces == 0 || !FindCorners(rElement, corners)) return;
     double dSize = 0.0, dMean = 0.0;
     for (std::size_t i = 0; i < nPlaces; ++i) {
         dSize += std::fabs(dP[i]);
@@ -247,19 +245,20 @@ void CDeckTotals::AddPressure(const T_DECKBODY_D& rBody, std::array<double, 4> d
     }
     if (dSize <= T_SETTOTALS_D::NO_LOAD) return;
     if (bSolid) dP.fill(dMean);
-    std::vector<T_VECTOR> aFace;
+    std::array<T_VECTOR, 4> aFace = {};
     T_VECTOR middle = {}, inside = {};
-    for (const std::size_t i : aPlaces) {
-        aFace.push_back(corners[i]);
-        middle = Add(middle, Scale(corners[i], 1.0 / static_cast<double>(nPlaces)));
+    for (std::size_t i = 0; i < nPlaces; ++i) {
+        aFace[i] = corners[aPlaces[i]];
+        middle = Add(middle, Scale(aFace[i], 1.0 / static_cast<double>(nPlaces)));
     }
-    for (std::size_t i = 0; i < BODY_CORNERS[rBody.eBODY]; ++i) {
-        inside = Add(inside, Scale(corners[i], 1.0 / static_cast<double>(BODY_CORNERS[rBody.eBODY])));
+    const std::size_t nCorners = rElement.GetKind().nCORNERS;
+    for (std::size_t i = 0; i < nCorners; ++i) {
+        inside = Add(inside, Scale(corners[i], 1.0 / static_cast<double>(nCorners)));
     }
-    T_FACELOAD_D load = {aFace, dP, {}, {}};
+    T_FACELOAD_D load = {std::span(aFace).first(nPlaces), dP, {}, {}};
     if (bSolid) load.inside = inside;
     if (!IsZero(rPressure.direction)) {
-        const T_FRAME_D* pFrame = m_model.FindFrame(rPressure.iCID);
+        const T_FRAME_D* pFrame = m_rModel.FindFrame(rPressure.iCID);
         if (!pFrame) return;
         load.direction = pFrame->VectorToBasic(rPressure.direction, middle);
     }
@@ -271,19 +270,20 @@ void CDeckTotals::AddPressure(const T_DECKBODY_D& rBody, std::array<double, 4> d
 void CDeckTotals::TakeTEMP() {
     std::vector<std::pair<std::int32_t, double>> aPairs;
     for (std::size_t i = 0; i < MOST_PAIRS; ++i) {
-        if (!m_card.IsBlank(1 + 2 * i)) aPairs.emplace_back(m_card.Int(1 + 2 * i), m_card.Real(2 + 2 * i));
+        if (!m_pCard->IsBlank(1 + 2 * i)) aPairs.emplace_back(m_pCard->Int(1 + 2 * i), m_pCard->Real(2 + 2 * i));
     }
     if (!IsSound()) return;
-    T_SETTOTALS_D& rSet = Set();
+    Set();
+    CIdValues<double>& rValues = m_mapTemperatures[m_pCard->Int(0)];
     for (const auto& [iGrid, dValue] : aPairs) {
-        if (IsGrid(iGrid)) rSet.mapTEMPERATURES[iGrid] = dValue;
+        if (IsGrid(iGrid)) rValues.Put(iGrid, dValue);
     }
 }
 
 void CDeckTotals::TakeTEMPD() {
     std::vector<std::pair<std::int32_t, double>> aPairs;
-    for (std::size_t i = 0; i < m_card.GetCount(); i += 2) {
-        if (!m_card.IsBlank(i)) aPairs.emplace_back(m_card.Int(i), m_card.Real(i + 1));
+    for (std::size_t i = 0; i < m_pCard->GetCount(); i += 2) {
+        if (!m_pCard->IsBlank(i)) aPairs.emplace_back(m_pCard->Int(i), m_pCard->Real(i + 1));
     }
     if (!IsSound()) return;
     for (const auto& [iSet, dValue] : aPairs) {
@@ -295,37 +295,41 @@ void CDeckTotals::TakeTEMPD() {
 /// All grids without a temperature of their own have the default one.
 void CDeckTotals::AddTemperatures() {
     for (const auto& [iSet, dValue] : m_mapDefaultTemperatures) {
-        CountRange(m_model.m_grids.GetRows().size());
-        for (const auto& rRow : m_model.m_grids.GetRows()) {
-            m_totals.mapSETS[iSet].mapTEMPERATURES.emplace(rRow.first, dValue);
-        }
+        CIdValues<double> values;
+        CountRange(m_rModel.m_grids.GetRows().size());
+        for (const auto& rRow : m_rModel.m_grids.GetRows()) values.Put(rRow.first, dValue);
+        const auto own = [&](std::int32_t iGrid, double dOwn) { values.Put(iGrid, dOwn); };
+        const auto pOwn = m_mapTemperatures.find(iSet);
+        if (pOwn != m_mapTemperatures.end()) pOwn->second.Settle([](double, double dLater) { return dLater; }, own);
+        m_mapTemperatures[iSet] = std::move(values);
     }
+    for (auto& [iSet, rValues] : m_mapTemperatures) rValues.AddTo(m_totals.mapSETS[iSet].temperatures);
+    for (auto& [iSet, rValues] : m_mapElementTemperatures) rValues.AddTo(m_totals.mapSETS[iSet].elementTemperatures);
 }
 
 /// Of plates the mean temperature, of bars the mean of both ends; on further elements of the kind, too.
 void CDeckTotals::TakeElementTemperatures() {
-    constexpr std::size_t LIST = 8;
-    const bool bBar = m_card.GetKeyword() == "TEMPRB";
-    const double dMean = bBar ? (m_card.Real(2) + m_card.Real(3)) / 2 : m_card.Real(2);
+    const bool bBar = m_pCard->GetKeyword() == "TEMPRB";
+    const double dMean = bBar ? (m_pCard->Real(2) + m_pCard->Real(3)) / 2 : m_pCard->Real(2);
     std::vector<std::int32_t> aElements = ReadElements(1, 2);
-    const std::size_t iList = bBar ? 2 * LIST : LIST;
-    const std::vector<std::int32_t> aFurther = ReadElements(iList, m_card.GetCount());
+    const std::size_t iList = bBar ? 16 : 6; // of a plate, also in the places that the format leaves blank
+    const std::vector<std::int32_t> aFurther = ReadElements(iList, m_pCard->GetCount());
     aElements.insert(aElements.end(), aFurther.begin(), aFurther.end());
     if (!IsSound()) return;
-    T_SETTOTALS_D& rSet = Set();
+    Set();
+    CIdValues<double>& rValues = m_mapElementTemperatures[m_pCard->Int(0)];
     for (const std::int32_t iEID : aElements) {
-        const E_BODY eBody = m_bodies.Find(iEID)->eBODY;
-        const bool bPlate = eBody == BODY_TRIANGLE || eBody == BODY_QUAD;
-        if (bBar ? eBody == BODY_LINE : bPlate) rSet.mapELEMENTTEMPERATURES[iEID] = dMean;
+        const T_DECKELEMENT_D& rElement = *m_rDeck.FindElement(iEID);
+        if (bBar ? rElement.GetKind().eBODY == BODY_LINE : IsPlate(rElement)) rValues.Put(iEID, dMean);
     }
 }
 
 void CDeckTotals::TakeSPCD() {
     std::vector<std::pair<std::array<std::int32_t, 2>, double>> aMoved;
     for (std::size_t i = 1; i <= 4; i += 3) {
-        const std::int32_t iGrid = m_card.Int(i);
-        const std::uint8_t nComponents = m_card.Components(i + 1);
-        const double dValue = m_card.Real(i + 2);
+        const std::int32_t iGrid = m_pCard->Int(i);
+        const std::uint8_t nComponents = m_pCard->Components(i + 1);
+        const double dValue = m_pCard->Real(i + 2);
         for (std::int32_t k = 0; k < 6 && IsGrid(iGrid) && dValue != 0.0; ++k) {
             if (nComponents & (1u << k)) aMoved.push_back({{iGrid, k + 1}, dValue});
         }

@@ -10,58 +10,26 @@ constexpr std::uint8_t ALL_SIX = 0x3F;
 
 } // namespace
 
-/// Ids of a table that a list names: single ones, "a THRU b", "a THRU b BY n", "a THRU b EXCEPT c d ...".
-std::vector<std::int32_t> CDeckTotals::ReadRanges(const GET_RANGE& getRange, std::size_t iFirst, std::size_t iEnd) {
-    std::vector<std::int32_t> aIDs;
-    for (std::size_t i = iFirst; i < iEnd; ++i) {
-        if (m_card.IsBlank(i)) continue;
-        const std::int32_t iFrom = m_card.Int(i);
-        if (!m_card.Is(i + 1, "THRU")) {
-            const std::vector<std::int32_t> aOne = getRange(iFrom, iFrom);
-            aIDs.insert(aIDs.end(), aOne.begin(), aOne.end());
-            continue;
-        }
-        const std::int32_t iTo = m_card.Int(i + 2);
-        const std::int32_t iLow = std::min(iFrom, iTo), iHigh = std::max(iFrom, iTo);
-        i += 2;
-        std::int64_t nStep = 1;
-        if (m_card.Is(i + 1, "BY")) {
-            nStep = std::max(m_card.Int(i + 2, 1), 1);
-            i += 2;
-        }
-        std::set<std::int32_t> excepted;
-        if (m_card.Is(i + 1, "EXCEPT")) {
-            for (++i; m_card.HasInt(i + 1) && m_card.Int(i + 1) >= iLow && m_card.Int(i + 1) <= iHigh; ++i) {
-                excepted.insert(m_card.Int(i + 1));
-            }
-        }
-        const std::vector<std::int32_t> aRange = getRange(iLow, iHigh);
-        CountRange(aRange.size());
-        for (const std::int32_t iID : aRange) {
-            if ((std::int64_t{iID} - iLow) % nStep == 0 && !excepted.contains(iID)) aIDs.push_back(iID);
-        }
-    }
-    return aIDs;
-}
-
-std::vector<std::int32_t> CDeckTotals::ReadGrids(std::size_t iFirst, std::size_t iEnd) {
-    return ReadRanges([&](std::int32_t iLow, std::int32_t iHigh) { return m_model.m_grids.GetRange(iLow, iHigh); },
-                      iFirst, iEnd);
+const std::vector<std::int32_t>& CDeckTotals::ReadGrids(std::size_t iFirst, std::size_t iEnd) {
+    const auto has = [&](std::int32_t iGrid) { return IsGrid(iGrid); };
+    const auto getRange = [&](std::int32_t iLow, std::int32_t iHigh) { return m_rModel.m_grids.GetRange(iLow, iHigh); };
+    return ReadRanges(has, getRange, iFirst, iEnd);
 }
 
 void CDeckTotals::CountRange(std::size_t nIDs) {
     constexpr std::size_t MOST = 50000000;
     m_nRanges += nIDs;
-    if (m_nRanges > MOST) throw CFileException(m_sDeck, "ranges stand for more than " + std::to_string(MOST) + " ids");
+    if (m_nRanges > MOST)
+        throw CFileException(m_rDeck.GetFiles()[0], "ranges stand for more than " + std::to_string(MOST) + " ids");
 }
 
 void CDeckTotals::TakeSPC() {
-    const std::int32_t iSet = m_card.Int(0);
+    const std::int32_t iSet = m_pCard->Int(0);
     std::vector<T_SUPPORT_D> aSupports;
     for (std::size_t i = 1; i <= 4; i += 3) {
-        const std::int32_t iGrid = m_card.Int(i);
-        const std::uint8_t nComponents = m_card.Components(i + 1);
-        m_card.Real(i + 2);
+        const std::int32_t iGrid = m_pCard->Int(i);
+        const std::uint8_t nComponents = m_pCard->Components(i + 1);
+        m_pCard->Real(i + 2);
         if (IsGrid(iGrid)) aSupports.push_back({iSet, iGrid, nComponents});
     }
     if (!IsSound()) return;
@@ -70,20 +38,20 @@ void CDeckTotals::TakeSPC() {
 }
 
 void CDeckTotals::TakeSPC1() {
-    const std::int32_t iSet = m_card.Int(0);
-    const std::uint8_t nComponents = m_card.Components(1);
-    const std::vector<std::int32_t> aGrids = ReadGrids(2, m_card.GetCount());
+    const std::int32_t iSet = m_pCard->Int(0);
+    const std::uint8_t nComponents = m_pCard->Components(1);
+    const std::vector<std::int32_t> aGrids = ReadGrids(2, m_pCard->GetCount());
     if (!IsSound()) return;
     m_supportSets.sets.insert(iSet);
     for (const std::int32_t iGrid : aGrids) m_aSupports.push_back({iSet, iGrid, nComponents});
 }
 
 void CDeckTotals::TakeSum() {
-    T_SETS_D& rSets = m_card.GetKeyword() == "SPCADD" ? m_supportSets : m_equationSets;
-    const std::int32_t iSum = m_card.Int(0);
+    T_SETS_D& rSets = m_pCard->GetKeyword() == "SPCADD" ? m_supportSets : m_equationSets;
+    const std::int32_t iSum = m_pCard->Int(0);
     std::vector<std::int32_t> aSets;
-    for (std::size_t i = 1; i < m_card.GetCount(); ++i) {
-        if (!m_card.IsBlank(i)) aSets.push_back(m_card.Int(i));
+    for (std::size_t i = 1; i < m_pCard->GetCount(); ++i) {
+        if (!m_pCard->IsBlank(i)) aSets.push_back(m_pCard->Int(i));
     }
     if (!IsSound()) return;
     std::vector<std::int32_t>& rSum = rSets.mapSUMS[iSum];
@@ -120,27 +88,29 @@ std::set<std::int32_t> CDeckTotals::T_SETS_D::FindTaken(bool bAsked, std::int32_
 }
 
 void CDeckTotals::AddSupports() {
-    const std::set<std::int32_t> taken = m_supportSets.FindTaken(m_bAsked, m_case.iSPC);
-    for (const auto& [iGrid, grid] : m_model.m_grids.GetRows()) {
-        if (m_model.m_grids.Find(iGrid) == &grid && grid.nPS != 0) m_totals.mapHELD[iGrid] = grid.nPS;
+    const std::set<std::int32_t> taken = m_supportSets.FindTaken(m_rDeck.AsksForSets(), m_rDeck.GetCase().iSPC);
+    CIdValues<std::uint8_t> held;
+    for (const auto& [iGrid, grid] : m_rModel.m_grids.GetRows()) {
+        if (m_rModel.m_grids.Find(iGrid) == &grid && grid.nPS != 0) held.Put(iGrid, grid.nPS);
     }
     for (const T_SUPPORT_D& rSupport : m_aSupports) {
         if (rSupport.nCOMPONENTS == 0 || !taken.contains(rSupport.iSET)) continue;
-        m_totals.mapHELD[rSupport.iGRID] |= rSupport.nCOMPONENTS;
+        held.Put(rSupport.iGRID, rSupport.nCOMPONENTS);
     }
+    m_totals.AddSupports(held);
 }
 
 /// A rigid link is an equation of two terms that makes a component of two grids equal. Terms begin in fields 1 and 4 of
 /// each line.
 void CDeckTotals::TakeMPC() {
     constexpr std::size_t LINE = 8;
-    const std::int32_t iSet = m_card.Int(0);
+    const std::int32_t iSet = m_pCard->Int(0);
     std::vector<std::array<std::int32_t, 2>> aEnds;
     std::vector<double> aFactors;
-    for (std::size_t iLine = 0; iLine < m_card.GetCount(); iLine += LINE) {
+    for (std::size_t iLine = 0; iLine < m_pCard->GetCount(); iLine += LINE) {
         for (const std::size_t i : {iLine + 1, iLine + 4}) {
-            const std::int32_t iGrid = m_card.Int(i), iComponent = m_card.Int(i + 1);
-            const double dFactor = m_card.Real(i + 2);
+            const std::int32_t iGrid = m_pCard->Int(i), iComponent = m_pCard->Int(i + 1);
+            const double dFactor = m_pCard->Real(i + 2);
             if (iGrid == 0 || dFactor == 0.0) continue;
             aEnds.push_back({iGrid, iComponent});
             aFactors.push_back(dFactor);
@@ -158,12 +128,12 @@ void CDeckTotals::TakeMPC() {
 /// Equal components are along the axes of each grid, which must be the same.
 void CDeckTotals::AddEquations() {
     constexpr double SAME = 1e-9;
-    const std::set<std::int32_t> taken = m_equationSets.FindTaken(m_bAsked, m_case.iMPC);
+    const std::set<std::int32_t> taken = m_equationSets.FindTaken(m_rDeck.AsksForSets(), m_rDeck.GetCase().iMPC);
     for (const T_EQUATION_D& rEquation : m_aEquations) {
-        const T_POINT_D* pMaster = m_model.m_grids.Find(rEquation.iMASTER);
-        const T_POINT_D* pSlave = m_model.m_grids.Find(rEquation.iSLAVE);
+        const T_POINT_D* pMaster = m_rModel.m_grids.Find(rEquation.iMASTER);
+        const T_POINT_D* pSlave = m_rModel.m_grids.Find(rEquation.iSLAVE);
         if (!taken.contains(rEquation.iSET) || !pMaster || !pSlave) continue;
-        const T_FRAME_D *pFirst = m_model.FindFrame(pMaster->iCD), *pSecond = m_model.FindFrame(pSlave->iCD);
+        const T_FRAME_D *pFirst = m_rModel.FindFrame(pMaster->iCD), *pSecond = m_rModel.FindFrame(pSlave->iCD);
         if (!pFirst || !pSecond) continue;
         const auto iAxis = static_cast<std::size_t>(rEquation.iCOMPONENT - 1) % 3;
         if (Length(Subtract(pFirst->AxesAt(pMaster->dX)[iAxis], pSecond->AxesAt(pSlave->dX)[iAxis])) > SAME) continue;
@@ -180,10 +150,10 @@ void CDeckTotals::AddRigid(std::int32_t iMaster, std::int32_t iSlave, std::uint8
 
 /// A thermal expansion at the end is no grid.
 void CDeckTotals::TakeRBE2() {
-    const std::int32_t iMaster = m_card.Int(1);
-    const std::uint8_t nComponents = m_card.Components(2);
-    std::size_t iEnd = m_card.GetCount();
-    if (iEnd > 4 && m_card.HasReal(iEnd - 1)) --iEnd;
+    const std::int32_t iMaster = m_pCard->Int(1);
+    const std::uint8_t nComponents = m_pCard->Components(2);
+    std::size_t iEnd = m_pCard->GetCount();
+    if (iEnd > 4 && m_pCard->HasReal(iEnd - 1)) --iEnd;
     const std::vector<std::int32_t> aSlaves = ReadGrids(3, iEnd);
     if (!IsSound()) return;
     for (const std::int32_t iSlave : aSlaves) AddRigid(iMaster, iSlave, nComponents);
@@ -206,10 +176,10 @@ void CDeckTotals::TakeRBE1() {
     constexpr std::size_t LINE = 8;
     std::vector<T_END_D> aFree, aTied;
     bool bTied = false;
-    for (std::size_t iLine = 0; iLine < m_card.GetCount(); iLine += LINE) {
-        bTied = bTied || m_card.Is(iLine, "UM");
+    for (std::size_t iLine = 0; iLine < m_pCard->GetCount(); iLine += LINE) {
+        bTied = bTied || m_pCard->Is(iLine, "UM");
         for (const std::size_t i : {iLine + 1, iLine + 3, iLine + 5}) {
-            const T_END_D end = {m_card.Int(i), m_card.Components(i + 1)};
+            const T_END_D end = {m_pCard->Int(i), m_pCard->Components(i + 1)};
             if (end.iGRID != 0) (bTied ? aTied : aFree).push_back(end);
         }
     }
@@ -218,9 +188,9 @@ void CDeckTotals::TakeRBE1() {
 
 /// Without dependent components all that aren't independent are.
 void CDeckTotals::TakeRBAR() {
-    const std::int32_t iA = m_card.Int(1), iB = m_card.Int(2);
-    const T_END_D freeA = {iA, m_card.Components(3)}, freeB = {iB, m_card.Components(4)};
-    T_END_D tiedA = {iA, m_card.Components(5)}, tiedB = {iB, m_card.Components(6)};
+    const std::int32_t iA = m_pCard->Int(1), iB = m_pCard->Int(2);
+    const T_END_D freeA = {iA, m_pCard->Components(3)}, freeB = {iB, m_pCard->Components(4)};
+    T_END_D tiedA = {iA, m_pCard->Components(5)}, tiedB = {iB, m_pCard->Components(6)};
     if (tiedA.nCOMPONENTS == 0 && tiedB.nCOMPONENTS == 0) {
         tiedA.nCOMPONENTS = static_cast<std::uint8_t>(ALL_SIX & ~freeA.nCOMPONENTS);
         tiedB.nCOMPONENTS = static_cast<std::uint8_t>(ALL_SIX & ~freeB.nCOMPONENTS);

@@ -1,215 +1,83 @@
-// Grids, frames, elements and masses of a deck.
+// Nodes, elements and masses of a deck.
 
 #include "nas2zdt/check/DeckTotals.h"
 
 #include <algorithm>
 #include <cmath>
-#include <string_view>
 
 const std::vector<CDeckTotals::T_ROW_D> CDeckTotals::ROWS = {
-    {"GRDSET", PHASE_DEFAULTS, &CDeckTotals::TakeGRDSET},
-    {"BAROR", PHASE_DEFAULTS, &CDeckTotals::TakeBAROR},
-    {"BEAMOR", PHASE_DEFAULTS, &CDeckTotals::TakeBEAMOR},
-    {"GRID", PHASE_MODEL, &CDeckTotals::TakeGRID},
-    {"CORD1R", PHASE_MODEL, &CDeckTotals::TakeByGrids},
-    {"CORD1C", PHASE_MODEL, &CDeckTotals::TakeByGrids},
-    {"CORD1S", PHASE_MODEL, &CDeckTotals::TakeByGrids},
-    {"CORD2R", PHASE_MODEL, &CDeckTotals::TakeByPoints},
-    {"CORD2C", PHASE_MODEL, &CDeckTotals::TakeByPoints},
-    {"CORD2S", PHASE_MODEL, &CDeckTotals::TakeByPoints},
-    {"CBAR", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_LINE, 2>},
-    {"CBEAM", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_LINE, 2>},
-    {"CBEND", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_LINE, 2>},
-    {"CROD", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_LINE, 2>},
-    {"CTUBE", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_LINE, 2>},
-    {"CONROD", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_LINE, 1>},
-    {"CTRIA3", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_TRIANGLE, 2>},
-    {"CTRIA6", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_TRIANGLE, 2>},
-    {"CTRIAR", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_TRIANGLE, 2>},
-    {"CQUAD4", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_QUAD, 2>},
-    {"CQUAD8", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_QUAD, 2>},
-    {"CQUADR", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_QUAD, 2>},
-    {"CSHEAR", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_QUAD, 2>},
-    {"CTETRA", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_TETRA, 2>},
-    {"CPENTA", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_WEDGE, 2>},
-    {"CHEXA", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_HEXA, 2>},
-    {"CBUSH", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_LINK, 2>},
-    {"CGAP", PHASE_MODEL, &CDeckTotals::TakeElement<BODY_LINK, 2>},
-    {"CELAS1", PHASE_MODEL, &CDeckTotals::TakeSpring},
-    {"CELAS2", PHASE_MODEL, &CDeckTotals::TakeSpring},
-    {"CONM2", PHASE_MODEL, &CDeckTotals::TakeMass},
-    {"CONM1", PHASE_MODEL, &CDeckTotals::TakePointMatrix},
-    {"SPC", PHASE_REST, &CDeckTotals::TakeSPC},
-    {"SPC1", PHASE_REST, &CDeckTotals::TakeSPC1},
-    {"SPCADD", PHASE_REST, &CDeckTotals::TakeSum},
-    {"MPC", PHASE_REST, &CDeckTotals::TakeMPC},
-    {"MPCADD", PHASE_REST, &CDeckTotals::TakeSum},
-    {"RBE2", PHASE_REST, &CDeckTotals::TakeRBE2},
-    {"RBE1", PHASE_REST, &CDeckTotals::TakeRBE1},
-    {"RBAR", PHASE_REST, &CDeckTotals::TakeRBAR},
-    {"FORCE", PHASE_REST, &CDeckTotals::TakeForce},
-    {"MOMENT", PHASE_REST, &CDeckTotals::TakeForce},
-    {"FORCE1", PHASE_REST, &CDeckTotals::TakeForceAlong},
-    {"MOMENT1", PHASE_REST, &CDeckTotals::TakeForceAlong},
-    {"FORCE2", PHASE_REST, &CDeckTotals::TakeForceAcross},
-    {"MOMENT2", PHASE_REST, &CDeckTotals::TakeForceAcross},
-    {"GRAV", PHASE_REST, &CDeckTotals::TakeGRAV},
-    {"LOAD", PHASE_REST, &CDeckTotals::TakeLOAD},
-    {"PLOAD", PHASE_REST, &CDeckTotals::TakePLOAD},
-    {"PLOAD1", PHASE_REST, &CDeckTotals::TakePLOAD1},
-    {"PLOAD2", PHASE_REST, &CDeckTotals::TakePLOAD2},
-    {"PLOAD4", PHASE_REST, &CDeckTotals::TakePLOAD4},
-    {"TEMP", PHASE_REST, &CDeckTotals::TakeTEMP},
-    {"TEMPD", PHASE_REST, &CDeckTotals::TakeTEMPD},
-    {"TEMPP1", PHASE_REST, &CDeckTotals::TakeElementTemperatures},
-    {"TEMPRB", PHASE_REST, &CDeckTotals::TakeElementTemperatures},
-    {"SPCD", PHASE_REST, &CDeckTotals::TakeSPCD},
+    {"CONM2", &CDeckTotals::TakeMass},
+    {"CONM1", &CDeckTotals::TakePointMatrix},
+    {"SPC", &CDeckTotals::TakeSPC},
+    {"SPC1", &CDeckTotals::TakeSPC1},
+    {"SPCADD", &CDeckTotals::TakeSum},
+    {"MPC", &CDeckTotals::TakeMPC},
+    {"MPCADD", &CDeckTotals::TakeSum},
+    {"RBE2", &CDeckTotals::TakeRBE2},
+    {"RBE1", &CDeckTotals::TakeRBE1},
+    {"RBAR", &CDeckTotals::TakeRBAR},
+    {"FORCE", &CDeckTotals::TakeForce},
+    {"MOMENT", &CDeckTotals::TakeForce},
+    {"FORCE1", &CDeckTotals::TakeForceAlong},
+    {"MOMENT1", &CDeckTotals::TakeForceAlong},
+    {"FORCE2", &CDeckTotals::TakeForceAcross},
+    {"MOMENT2", &CDeckTotals::TakeForceAcross},
+    {"GRAV", &CDeckTotals::TakeGRAV},
+    {"LOAD", &CDeckTotals::TakeLOAD},
+    {"PLOAD", &CDeckTotals::TakePLOAD},
+    {"PLOAD1", &CDeckTotals::TakePLOAD1},
+    {"PLOAD2", &CDeckTotals::TakePLOAD2},
+    {"PLOAD4", &CDeckTotals::TakePLOAD4},
+    {"TEMP", &CDeckTotals::TakeTEMP},
+    {"TEMPD", &CDeckTotals::TakeTEMPD},
+    {"TEMPP1", &CDeckTotals::TakeElementTemperatures},
+    {"TEMPRB", &CDeckTotals::TakeElementTemperatures},
+    {"SPCD", &CDeckTotals::TakeSPCD},
 };
 
-CDeckTotals::CDeckTotals(const std::string& sDeck, const T_CHOICE_D& rChoice) : m_sDeck(sDeck) {
-    CTold told;
-    CSourceDeck source(told, rChoice.iPART);
-    source.Read(sDeck, rChoice.join);
-    ChooseCase(source, rChoice);
-    std::map<std::string_view, const T_ROW_D*> mapRows;
-    for (const T_ROW_D& rRow : ROWS) mapRows[rRow.sKEYWORD] = &rRow;
-    using PLAN = std::vector<std::pair<const T_SOURCECARD_D*, const T_ROW_D*>>;
-    std::array<PLAN, PHASE_COUNT> aPlans;
-    for (const T_SOURCECARD_D& rCard : source.GetCards()) {
-        m_card.Read(rCard);
-        const auto pRow = mapRows.find(m_card.GetKeyword());
-        if (pRow != mapRows.end()) aPlans[pRow->second->ePHASE].emplace_back(&rCard, pRow->second);
+CDeckTotals::CDeckTotals(const CCheckDeck& rDeck) : m_rDeck(rDeck), m_rModel(rDeck.GetModel()) {
+    for (const T_ROW_D& rRow : ROWS) m_mapRows[rRow.sKEYWORD] = &rRow;
+}
+
+/// Cards of a kind mostly follow each other.
+void CDeckTotals::TakeCard(const CCardFields& rCard) {
+    m_pCard = &rCard;
+    if (!m_pRow || m_pRow->sKEYWORD != rCard.GetKeyword()) {
+        const auto pRow = m_mapRows.find(rCard.GetKeyword());
+        m_pRow = pRow == m_mapRows.end() ? nullptr : pRow->second;
     }
-    for (const PLAN& rPlan : aPlans) {
-        if (&rPlan == &aPlans[PHASE_REST]) AddModel();
-        for (const auto& [pCard, pRow] : rPlan) {
-            m_card.Read(*pCard);
-            (this->*pRow->TAKE)();
-        }
+    if (m_pRow) {
+        (this->*m_pRow->TAKE)();
+    } else {
+        m_elementMasses.TakeCard(rCard);
     }
+}
+
+void CDeckTotals::Finish() {
+    m_elementMasses.Finish();
+    AddNodes();
+    AddElements();
+    AddMasses();
     AddSupports();
     AddEquations();
     AddTemperatures();
     AddCombinations();
 }
 
-void CDeckTotals::ChooseCase(const CSourceDeck& rSource, const T_CHOICE_D& rChoice) {
-    CCaseRequests requests;
-    bool bCase = false;
-    for (const T_CONTROL_D& rLine : rSource.GetControl()) {
-        if (StartsWithoutCase(rLine.sTEXT, "CEND")) {
-            bCase = true;
-        } else if (bCase) {
-            const T_CASELINE_D line = ReadCaseLine(rLine.sTEXT);
-            m_bAsked = m_bAsked || line.pASKED;
-            requests.Add(line);
-        }
+T_SETTOTALS_D& CDeckTotals::Set() {
+    const std::int32_t iSet = m_pCard->Int(0);
+    if (!m_pSet || iSet != m_iSet) {
+        m_iSet = iSet;
+        m_pSet = &m_totals.mapSETS[iSet];
     }
-    const std::vector<T_CASE_D> aCases = requests.GetCases();
-    m_case = aCases.front();
-    for (const T_CASE_D& rCase : aCases) {
-        if (rCase.iID == rChoice.iSUBCASE) {
-            m_case = rCase;
-            break;
-        }
-    }
-}
-
-void CDeckTotals::TakeGRDSET() {
-    const T_GRIDDEFAULTS_D defaults = {m_card.Int(1), m_card.Int(5), m_card.Components(6)};
-    if (IsSound()) m_gridDefaults = defaults;
-}
-
-void CDeckTotals::TakeGRID() {
-    T_POINT_D grid;
-    const std::int32_t iGrid = m_card.Int(0);
-    grid.iCP = m_card.Int(1, m_gridDefaults.iCP);
-    grid.dX = {m_card.Real(2), m_card.Real(3), m_card.Real(4)};
-    grid.iCD = m_card.Int(5, m_gridDefaults.iCD);
-    grid.nPS = m_card.IsBlank(6) ? m_gridDefaults.nPS : m_card.Components(6);
-    if (IsSound()) m_model.m_grids.Put(iGrid, grid);
-}
-
-namespace {
-
-E_FRAME FrameKind(std::string_view sKeyword) {
-    return sKeyword.back() == 'R' ? FRAME_RECTANGULAR : sKeyword.back() == 'C' ? FRAME_CYLINDRICAL : FRAME_SPHERICAL;
-}
-
-} // namespace
-
-void CDeckTotals::TakeByGrids() {
-    for (std::size_t i = 0; i <= 4; i += 4) {
-        if (m_card.IsBlank(i)) continue;
-        T_FRAMECARD_D frame;
-        frame.eKIND = FrameKind(m_card.GetKeyword());
-        frame.bGRIDS = true;
-        const std::int32_t iCID = m_card.Int(i);
-        frame.iG = {m_card.Int(i + 1), m_card.Int(i + 2), m_card.Int(i + 3)};
-        if (IsSound()) m_model.m_frameCards.Put(iCID, frame);
-    }
-}
-
-void CDeckTotals::TakeByPoints() {
-    T_FRAMECARD_D frame;
-    frame.eKIND = FrameKind(m_card.GetKeyword());
-    const std::int32_t iCID = m_card.Int(0);
-    frame.iRID = m_card.Int(1);
-    for (std::size_t i = 0; i < 9; ++i) frame.dPOINTS[i / 3][i % 3] = m_card.Real(2 + i);
-    if (IsSound()) m_model.m_frameCards.Put(iCID, frame);
-}
-
-/// The orientation of a bar or of BAROR: a vector or grid from field iFirst on, then OFFT, whose "B" stands for a basic
-/// vector.
-CDeckTotals::T_ORIENTATION_D CDeckTotals::ReadOrientation(std::size_t iFirst) const {
-    T_ORIENTATION_D read;
-    read.bBASIC = !m_card.IsBlank(iFirst + 3) && ToUpper(m_card.Text(iFirst + 3)[0]) == 'B';
-    if (m_card.HasInt(iFirst) && m_card.IsBlank(iFirst + 1) && m_card.IsBlank(iFirst + 2)) {
-        read.iG0 = m_card.Int(iFirst);
-    } else if (!m_card.IsBlank(iFirst) || !m_card.IsBlank(iFirst + 1) || !m_card.IsBlank(iFirst + 2)) {
-        read.vector = {m_card.Real(iFirst), m_card.Real(iFirst + 1), m_card.Real(iFirst + 2)};
-    }
-    return read;
-}
-
-void CDeckTotals::TakeBody(E_BODY eBody, std::size_t iFirst) {
-    T_DECKBODY_D body{eBody, {}};
-    const std::int32_t iEID = m_card.Int(0);
-    for (std::size_t i = 0; i < BODY_CORNERS[eBody]; ++i) body.aNODES[i] = m_card.Int(iFirst + i);
-    const bool bBeam = m_card.GetKeyword() == "CBEAM";
-    body.bBAR = bBeam || m_card.GetKeyword() == "CBAR";
-    if (body.bBAR) {
-        const T_ORIENTATION_D& rDefaults = bBeam ? m_beamDefaults : m_barDefaults;
-        body.orientation = ReadOrientation(4);
-        if (!body.orientation.iG0 && !body.orientation.vector) {
-            body.orientation.iG0 = rDefaults.iG0;
-            body.orientation.vector = rDefaults.vector;
-        }
-        if (m_card.IsBlank(7)) body.orientation.bBASIC = rDefaults.bBASIC;
-    }
-    if (IsSound()) m_bodies.Put(iEID, body);
-}
-
-/// An end without a grid or without a component is ground.
-void CDeckTotals::TakeSpring() {
-    std::array<std::int32_t, 8> nodes = {};
-    std::size_t nEnds = 0;
-    const std::int32_t iEID = m_card.Int(0);
-    for (std::size_t i = 2; i <= 4; i += 2) {
-        const std::int32_t iGrid = m_card.Int(i), iComponent = m_card.Int(i + 1);
-        if (iGrid != 0 && iComponent != 0) nodes[nEnds++] = iGrid;
-    }
-    if (nEnds > 0 && IsSound()) m_bodies.Put(iEID, {BODY_LINK, nodes});
+    return *m_pSet;
 }
 
 void CDeckTotals::TakeMass() {
-    const std::int32_t iEID = m_card.Int(0);
+    const std::int32_t iEID = m_pCard->Int(0);
     T_DECKMASS_D mass = {
-        m_card.Int(1), m_card.Int(2), m_card.Real(3), {m_card.Real(4), m_card.Real(5), m_card.Real(6)}, {}};
-    for (std::size_t i = 8; i <= 13; ++i) {
-        const double dValue = m_card.Real(i);
-        mass.inertia.Add(i == 8 || i == 10 || i == 13 ? dValue : 0.0, std::fabs(dValue));
-    }
+        m_pCard->Int(1), m_pCard->Int(2), m_pCard->Real(3), {m_pCard->Real(4), m_pCard->Real(5), m_pCard->Real(6)}, {}};
+    for (std::size_t i = 0; i < mass.dINERTIA.size(); ++i) mass.dINERTIA[i] = m_pCard->Real(8 + i);
     if (IsSound()) m_masses.Put(iEID, mass);
 }
 
@@ -219,10 +87,10 @@ void CDeckTotals::TakePointMatrix() {
     constexpr std::array<std::size_t, 6> DIAGONAL = {0, 2, 5, 9, 14, 20};
     bool bPoint = true;
     std::array<double, 6> dDiagonal = {};
-    const std::int32_t iEID = m_card.Int(0), iGrid = m_card.Int(1);
-    m_card.Int(2);
+    const std::int32_t iEID = m_pCard->Int(0), iGrid = m_pCard->Int(1);
+    m_pCard->Int(2);
     for (std::size_t i = 0; i < 21; ++i) {
-        const double dValue = m_card.Real(3 + i);
+        const double dValue = m_pCard->Real(3 + i);
         const auto pPlace = std::find(DIAGONAL.begin(), DIAGONAL.end(), i);
         if (pPlace != DIAGONAL.end()) {
             dDiagonal[static_cast<std::size_t>(pPlace - DIAGONAL.begin())] = dValue;
@@ -232,48 +100,103 @@ void CDeckTotals::TakePointMatrix() {
     }
     bPoint = bPoint && dDiagonal[0] == dDiagonal[1] && dDiagonal[1] == dDiagonal[2];
     if (!bPoint || !IsSound()) return;
-    T_SUM_D inertia;
-    for (std::size_t i = 3; i < 6; ++i) inertia.Add(dDiagonal[i]);
-    m_masses.Put(iEID, {iGrid, 0, dDiagonal[0], {}, inertia});
+    m_masses.Put(iEID, {iGrid, 0, dDiagonal[0], {}, {dDiagonal[3], 0.0, dDiagonal[4], 0.0, 0.0, dDiagonal[5]}});
 }
 
-void CDeckTotals::AddModel() {
-    m_model.Resolve();
-    for (const auto& rRow : m_model.m_grids.GetRows()) {
+void CDeckTotals::AddNodes() {
+    for (const auto& rRow : m_rModel.m_grids.GetRows()) {
         const auto& [iGrid, grid] = rRow;
-        if (m_model.m_grids.Find(iGrid) != &grid) continue; // a later one has its id
+        if (m_rModel.m_grids.Find(iGrid) != &grid) continue; // a later one has its id
         m_totals.AddNode(iGrid, grid.dX);
-        const T_FRAME_D* pFrame = grid.iCD == 0 ? nullptr : m_model.FindFrame(grid.iCD);
+        const T_FRAME_D* pFrame = grid.iCD == 0 ? nullptr : m_rModel.FindFrame(grid.iCD);
         if (pFrame) m_totals.AddAxes(iGrid, pFrame->AxesAt(grid.dX));
     }
-    AddElements();
-    AddMasses();
 }
 
+/// Of a spring an end without a grid or component is ground, and an element in a blank property's place its own.
 void CDeckTotals::AddElements() {
-    for (const auto& [iEID, body] : m_bodies.GetRows()) {
-        if (m_bodies.Find(iEID) != &body) continue;
-        m_totals.AddElement(body.eBODY, iEID, body.aNODES.data(),
-                            [&](std::int32_t iGrid) { return m_model.FindPosition(iGrid); });
+    CElementSum sum(m_totals);
+    for (const T_DECKELEMENT_D& rElement : m_rDeck.GetElements()) {
+        if (m_rDeck.FindElement(rElement.iEID) != &rElement) continue;
+        const T_ELEMENTKIND_D& rKind = rElement.GetKind();
+        const std::span<const std::int32_t> aCorners = m_rDeck.GetCorners(rElement);
+        std::array<std::int32_t, 8> aNodes = {};
+        if (rKind.eFORM == FORM_SPRING) {
+            std::size_t nEnds = 0;
+            for (std::size_t i = 0; i < aCorners.size(); ++i) {
+                if (aCorners[i] != 0 && (rElement.nENDS & (1u << i))) aNodes[nEnds++] = aCorners[i];
+            }
+            if (nEnds == 0) continue;
+        } else {
+            std::copy(aCorners.begin(), aCorners.end(), aNodes.begin());
+        }
+        if (rKind.eFORM == FORM_DAMPER || rKind.eFORM == FORM_SCALARMASS) {
+            ++m_totals.aFORMS[rKind.eFORM];
+            continue;
+        }
+        T_SUMMEDELEMENT_D element = {rKind.eFORM, rKind.eBODY, rElement.iEID};
+        if (rKind.eBODY != BODY_LINK) Weigh(rElement, element);
+        sum.Add(element, aNodes.data(), [&](std::int32_t iGrid, T_VECTOR& rPosition) {
+            const T_VECTOR* pPosition = m_rDeck.FindPosition(iGrid);
+            if (pPosition) rPosition = *pPosition;
+            return pPosition != nullptr;
+        });
     }
+}
+
+/// Solids have no property in the file, which is why they are in no group of one. A plate's own thickness takes the
+/// place of the property's.
+void CDeckTotals::Weigh(const T_DECKELEMENT_D& rElement, T_SUMMEDELEMENT_D& rSummed) {
+    if (rElement.iPID == 0) {
+        const T_PROPERTYMASS_D* pOwn = m_elementMasses.FindRod(rElement.iEID);
+        if (!pOwn) return;
+        rSummed.iMID = pOwn->iMID;
+        rSummed.dMASS = pOwn->dMASS;
+        rSummed.dADDED = pOwn->dADDED;
+        return;
+    }
+    if (rSummed.eFORM < FORM_TETRA) rSummed.iPID = rElement.iPID;
+    if (!m_pProperty || rElement.iPID != m_iPID) {
+        m_pProperty = m_elementMasses.Find(rElement.iPID);
+        m_iPID = rElement.iPID;
+    }
+    if (!m_pProperty) return;
+    rSummed.iMID = m_pProperty->iMID;
+    rSummed.dADDED = m_pProperty->dADDED;
+    rSummed.dMASS = m_elementMasses.FindPlate(rElement.iEID, *m_pProperty);
 }
 
 /// An offset is in the axes of a frame at the grid, or with frame -1 the position itself.
 void CDeckTotals::AddMasses() {
     for (const auto& [iEID, mass] : m_masses.GetRows()) {
-        const T_VECTOR* pGrid = m_model.FindPosition(mass.iGRID);
-        const T_FRAME_D* pFrame = mass.iCID == -1 ? nullptr : m_model.FindFrame(mass.iCID);
+        const T_VECTOR* pGrid = m_rModel.FindPosition(mass.iGRID);
+        const T_FRAME_D* pFrame = mass.iCID == -1 ? nullptr : m_rModel.FindFrame(mass.iCID);
         if (m_masses.Find(iEID) != &mass || !pGrid || (!pFrame && mass.iCID != -1)) continue;
         const T_VECTOR at = pFrame ? Add(*pGrid, pFrame->VectorToBasic(mass.offset, *pGrid)) : mass.offset;
-        m_totals.AddMass(mass.dMASS, at, mass.inertia);
+        m_totals.AddMass(mass.dMASS, at, mass.dINERTIA, pFrame ? pFrame->AxesAt(*pGrid) : T_FRAME_D().dAXES);
     }
 }
 
-bool CDeckTotals::FindCorners(const T_DECKBODY_D& rBody, std::array<T_VECTOR, 8>& rCorners) const {
-    for (std::size_t i = 0; i < BODY_CORNERS[rBody.eBODY]; ++i) {
-        const T_VECTOR* pPosition = m_model.FindPosition(rBody.aNODES[i]);
+bool CDeckTotals::FindCorners(const T_DECKELEMENT_D& rElement, std::array<T_VECTOR, 8>& rCorners) const {
+    const std::span<const std::int32_t> aCorners = m_rDeck.GetCorners(rElement);
+    for (std::size_t i = 0; i < aCorners.size(); ++i) {
+        const T_VECTOR* pPosition = m_rModel.FindPosition(aCorners[i]);
         if (!pPosition) return false;
         rCorners[i] = *pPosition;
     }
     return true;
+}
+
+T_TOTALS_D TotalDeck(const CCheckDeck& rDeck) {
+    CDeckTotals totals(rDeck);
+    CCardTaker* const pTaker = &totals;
+    rDeck.WalkSized(totals);
+    rDeck.Walk({&pTaker, 1});
+    totals.Finish();
+    return totals.TakeTotals();
+}
+
+T_TOTALS_D TotalDeck(const std::string& sDeck, const T_CHOICE_D& rChoice) {
+    const CCheckDeck deck(sDeck, rChoice);
+    return TotalDeck(deck);
 }

@@ -2,15 +2,13 @@
 // A deck added up as NASTRAN means it. Cards are read here a second time, apart from the rules of restating, so that
 // these can be held to it.
 
+#include "nas2zdt/check/CheckDeck.h"
+#include "nas2zdt/check/DeckMasses.h"
 #include "nas2zdt/check/Totals.h"
-#include "nas2zdt/restate/CardFields.h"
-#include "nas2zdt/restate/DeckModel.h"
-#include "nas2zdt/restate/Restate.h"
-#include "nas2zdt/restate/SourceDeck.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -18,55 +16,36 @@
 #include <utility>
 #include <vector>
 
-/// Adds up what the converted cards mean. Of cards with one id the last counts. Not counted are cards with a field
-/// that isn't what it should be, and those that aren't converted in any form, such as CPYRAM, CMASS2, RFORCE, SPOINT,
-/// RBE3; equations that make no rigid link; RBAR and RBE1 whose six independent components aren't at one grid; CONM1
-/// that is no mass in a point.
-class CDeckTotals {
+/// Adds up what cards mean. Of cards with one id the last counts. Not counted are cards with a field that isn't what it
+/// should be; loads that the file has no form for, such as RFORCE; equations that make no rigid link; RBAR and RBE1
+/// whose six independent components aren't at one grid; scalar points and what is on them.
+class CDeckTotals : public CCardTaker {
   public:
-    /// Throws CFileException if the deck can't be joined, or if its ranges stand for more than any deck needs.
-    CDeckTotals(const std::string& sDeck, const T_CHOICE_D& rChoice);
+    explicit CDeckTotals(const CCheckDeck& rDeck);
 
-    const T_TOTALS_D& GetTotals() const { return m_totals; }
+    void TakeCard(const CCardFields& rCard) override;
+
+    /// Once the cards are taken. Throws CFileException if ranges stand for more than any deck needs.
+    void Finish();
+
+    /// May be called once.
+    T_TOTALS_D TakeTotals() { return std::move(m_totals); }
 
   private:
-    /// Cards of a phase need what those of the phases before tell.
-    enum E_PHASE : std::uint8_t { PHASE_DEFAULTS, PHASE_MODEL, PHASE_REST, PHASE_COUNT };
     struct T_ROW_D {
         std::string_view sKEYWORD;
-        E_PHASE ePHASE;
         void (CDeckTotals::*TAKE)();
     };
     static const std::vector<T_ROW_D> ROWS;
 
-    void ChooseCase(const CSourceDeck& rSource, const T_CHOICE_D& rChoice);
-    void AddModel();
+    void AddNodes();
     void AddElements();
+    void Weigh(const T_DECKELEMENT_D& rElement, T_SUMMEDELEMENT_D& rSummed);
     void AddMasses();
 
-    // defaults
-    void TakeGRDSET();
-    void TakeBAROR() { m_barDefaults = ReadOrientation(4); }
-    void TakeBEAMOR() { m_beamDefaults = ReadOrientation(4); }
-
-    // grids, frames, elements
-    void TakeGRID();
-    void TakeByGrids();
-    void TakeByPoints();
-    template <E_BODY BODY, std::size_t FIRST>
-    void TakeElement() {
-        TakeBody(BODY, FIRST);
-    }
-    void TakeBody(E_BODY eBody, std::size_t iFirst);
-    void TakeSpring();
+    // masses
     void TakeMass();
     void TakePointMatrix();
-    struct T_ORIENTATION_D {
-        std::optional<std::int32_t> iG0;
-        std::optional<T_VECTOR> vector;
-        bool bBASIC = false; // the vector, else in the axes of the first grid
-    };
-    T_ORIENTATION_D ReadOrientation(std::size_t iFirst) const;
 
     // supports and links
     void TakeSPC();
@@ -89,9 +68,9 @@ class CDeckTotals {
     void AddEquations();
     void AddRigid(std::int32_t iMaster, std::int32_t iSlave, std::uint8_t nComponents);
     void AddRigidBody(const std::vector<T_END_D>& rFree, const std::vector<T_END_D>& rTied);
-    std::vector<std::int32_t> ReadGrids(std::size_t iFirst, std::size_t iEnd);
-    using GET_RANGE = std::function<std::vector<std::int32_t>(std::int32_t, std::int32_t)>;
-    std::vector<std::int32_t> ReadRanges(const GET_RANGE& getRange, std::size_t iFirst, std::size_t iEnd);
+    const std::vector<std::int32_t>& ReadGrids(std::size_t iFirst, std::size_t iEnd);
+    template <class HAS, class GET_RANGE>
+    const std::vector<std::int32_t>& ReadRanges(HAS has, GET_RANGE getRange, std::size_t iFirst, std::size_t iEnd);
 
     // loads
     void TakeForce();
@@ -107,57 +86,50 @@ class CDeckTotals {
     void TakeTEMPD();
     void TakeElementTemperatures();
     void TakeSPCD();
-    struct T_DECKBODY_D {
-        E_BODY eBODY;
-        std::array<std::int32_t, 8> aNODES;
-        bool bBAR = false;
-        T_ORIENTATION_D orientation = {};
-    };
     void AddNodalLoad(std::int32_t iGrid, const T_VECTOR& rLoad);
-    bool FindAxes(const T_DECKBODY_D& rBar, std::array<T_VECTOR, 3>& rAxes) const;
+    bool FindAxes(const T_DECKELEMENT_D& rBar, std::array<T_VECTOR, 3>& rAxes) const;
     struct T_PRESSURE_D {
         std::int32_t iFIRST = 0, iOTHER = 0; // grids that name a face
         std::int32_t iCID = 0;
         T_VECTOR direction = {}; // zero for the normal
     };
-    static std::vector<std::size_t> FindFace(const T_DECKBODY_D& rBody, std::int32_t iFirst, std::int32_t iOther);
-    void AddPressure(const T_DECKBODY_D& rBody, std::array<double, 4> dP, const T_PRESSURE_D& rPressure);
+    std::span<const std::uint8_t> FindFace(const T_DECKELEMENT_D& rElement, std::int32_t iFirst,
+                                           std::int32_t iOther) const;
+    void AddPressure(const T_DECKELEMENT_D& rElement, std::array<double, 4> dP, const T_PRESSURE_D& rPressure);
     void AddTemperatures();
     void AddCombinations();
-    std::vector<std::int32_t> ReadElements(std::size_t iFirst, std::size_t iEnd);
-    T_SETTOTALS_D& Set() { return m_totals.mapSETS[m_card.Int(0)]; }
-    bool IsMoment() const { return m_card.GetKeyword().starts_with('M'); }
+    const std::vector<std::int32_t>& ReadElements(std::size_t iFirst, std::size_t iEnd);
+    T_SETTOTALS_D& Set();
+    bool IsMoment() const { return m_pCard->GetKeyword().starts_with('M'); }
 
     /// Whether all fields of the card that were read are what they should be.
-    bool IsSound() const { return m_card.GetBroken() == CCardFields::NOWHERE; }
+    bool IsSound() const { return m_pCard->GetBroken() == CCardFields::NOWHERE; }
 
     /// Counts ids that ranges stand for. Throws CFileException if they are more than any deck needs.
     void CountRange(std::size_t nIDs);
 
-    bool IsGrid(std::int32_t iGrid) const { return m_model.m_grids.Has(iGrid); }
-    bool FindCorners(const T_DECKBODY_D& rBody, std::array<T_VECTOR, 8>& rCorners) const;
+    bool IsGrid(std::int32_t iGrid) const { return m_rDeck.GetModel().m_grids.Has(iGrid); }
+    bool FindCorners(const T_DECKELEMENT_D& rElement, std::array<T_VECTOR, 8>& rCorners) const;
 
-    std::string m_sDeck;
+    const CCheckDeck& m_rDeck;
+    const CDeckModel& m_rModel;
+    std::map<std::string_view, const T_ROW_D*> m_mapRows;
+    const T_ROW_D* m_pRow = nullptr;      // of the last card
+    const CCardFields* m_pCard = nullptr; // the card in hand
+    std::vector<std::int32_t> m_aIDs;     // of its list
     std::size_t m_nRanges = 0;
-    CDeckModel m_model;
-    CCardFields m_card; // the card in hand
+    CDeckMasses m_elementMasses;
     T_TOTALS_D m_totals;
-    bool m_bAsked = false; // whether case control asks for sets
-    T_CASE_D m_case;
-
-    struct T_GRIDDEFAULTS_D {
-        std::int32_t iCP = 0, iCD = 0;
-        std::uint8_t nPS = 0;
-    };
-    T_GRIDDEFAULTS_D m_gridDefaults;
-    T_ORIENTATION_D m_barDefaults, m_beamDefaults;
-    CIdTable<T_DECKBODY_D> m_bodies;
+    T_SETTOTALS_D* m_pSet = nullptr; // of the last load
+    std::int32_t m_iSet = 0;
+    const T_PROPERTYMASS_D* m_pProperty = nullptr; // of the last element
+    std::int32_t m_iPID = 0;
 
     struct T_DECKMASS_D {
         std::int32_t iGRID, iCID;
         double dMASS;
         T_VECTOR offset;
-        T_SUM_D inertia; // the trace, in the digits of all values
+        std::array<double, 6> dINERTIA; // I11, I21, I22, I31, I32, I33 about its point, in the axes of its frame
     };
     CIdTable<T_DECKMASS_D> m_masses;
 
@@ -171,10 +143,50 @@ class CDeckTotals {
         std::int32_t iSET, iMASTER, iSLAVE, iCOMPONENT;
     };
     std::vector<T_EQUATION_D> m_aEquations;
+    std::map<std::int32_t, CIdValues<double>> m_mapTemperatures, m_mapElementTemperatures;
     std::map<std::int32_t, double> m_mapDefaultTemperatures;
     std::map<std::int32_t, std::map<std::int32_t, double>> m_mapCombinations;
 };
 
-inline T_TOTALS_D TotalDeck(const std::string& sDeck, const T_CHOICE_D& rChoice) {
-    return CDeckTotals(sDeck, rChoice).GetTotals();
+/// Ids of a table that a list names: single ones, "a THRU b", "a THRU b BY n", "a THRU b EXCEPT c d ...". They are
+/// valid until the next list.
+template <class HAS, class GET_RANGE>
+const std::vector<std::int32_t>& CDeckTotals::ReadRanges(HAS has, GET_RANGE getRange, std::size_t iFirst,
+                                                         std::size_t iEnd) {
+    m_aIDs.clear();
+    for (std::size_t i = iFirst; i < iEnd; ++i) {
+        if (m_pCard->IsBlank(i)) continue;
+        const std::int32_t iFrom = m_pCard->Int(i);
+        if (!m_pCard->Is(i + 1, "THRU")) {
+            if (has(iFrom)) m_aIDs.push_back(iFrom);
+            continue;
+        }
+        const std::int32_t iTo = m_pCard->Int(i + 2);
+        const std::int32_t iLow = std::min(iFrom, iTo), iHigh = std::max(iFrom, iTo);
+        i += 2;
+        std::int64_t nStep = 1;
+        if (m_pCard->Is(i + 1, "BY")) {
+            nStep = std::max(m_pCard->Int(i + 2, 1), 1);
+            i += 2;
+        }
+        std::set<std::int32_t> excepted;
+        if (m_pCard->Is(i + 1, "EXCEPT")) {
+            for (++i; m_pCard->HasInt(i + 1) && m_pCard->Int(i + 1) >= iLow && m_pCard->Int(i + 1) <= iHigh; ++i) {
+                excepted.insert(m_pCard->Int(i + 1));
+            }
+        }
+        const std::vector<std::int32_t> aRange = getRange(iLow, iHigh);
+        CountRange(aRange.size());
+        for (const std::int32_t iID : aRange) {
+            if ((std::int64_t{iID} - iLow) % nStep == 0 && !excepted.contains(iID)) m_aIDs.push_back(iID);
+        }
+    }
+    return m_aIDs;
 }
+
+/// The totals of a deck. Throws CFileException if its ranges stand for more than any deck needs.
+T_TOTALS_D TotalDeck(const CCheckDeck& rDeck);
+
+/// The same of a file. Throws CFileException if the deck can't be joined, or if its ranges stand for more than any
+/// deck needs.
+T_TOTALS_D TotalDeck(const std::string& sDeck, const T_CHOICE_D& rChoice);

@@ -25,10 +25,10 @@ struct T_FILEBODY_D {
 
 class CFileTotals {
   public:
-    explicit CFileTotals(const CDataPool& rPool) : m_rPool(rPool) {
+    explicit CFileTotals(const CDataPool& rPool) : m_rPool(rPool), m_bMapped(!rPool.m_mapNodeId.IsEmpty()) {
         const auto node = [&](const T_NODE_ROW& r) {
             const T_VECTOR position = {r.dX, r.dY, r.dZ};
-            m_positions.Put(r.iNODE, position);
+            if (m_bMapped) m_positions.Put(r.iNODE, position);
             m_totals.AddNode(r.iNODE, position);
         };
         ForEachNode(rPool, CRowVisitor{node, IGNORE_LEFT});
@@ -47,7 +47,20 @@ class CFileTotals {
     T_TOTALS_D Take() { return std::move(m_totals); }
 
   private:
-    const T_VECTOR* Find(std::int32_t iNode) const { return m_positions.Find(iNode); }
+    /// Looks a node of the file up. Those are the grids of the model, unless ids are mapped.
+    bool Find(std::int32_t iNode, T_VECTOR& rPosition) const {
+        if (m_bMapped) {
+            const T_VECTOR* pPosition = m_positions.Find(iNode);
+            if (pPosition) rPosition = *pPosition;
+            return pPosition != nullptr;
+        }
+        const T_NODS_D* pNode = m_rPool.NODS.Find(iNode);
+        if (pNode) rPosition = {pNode->dGX, pNode->dGY, pNode->dGZ};
+        return pNode != nullptr;
+    }
+    bool Has(std::int32_t iNode) const {
+        return m_bMapped ? m_positions.Has(iNode) : m_rPool.NODS.Find(iNode) != nullptr;
+    }
 
     /// Three points: the origin, one on X, one in the XY plane.
     void AddAxis(const CLocalAxis& r) {
@@ -62,13 +75,12 @@ class CFileTotals {
         m_totals.AddAxes(r.iNODE, axes);
     }
 
-    void Add(E_BODY eBody, std::int32_t iEID, const std::int32_t* pNodes) {
-        m_totals.AddElement(eBody, iEID, pNodes, [&](std::int32_t iNode) { return Find(iNode); });
+    void Add(const T_SUMMEDELEMENT_D& rElement, const std::int32_t* pNodes) {
+        m_elements.Add(rElement, pNodes, [&](std::int32_t iNode, T_VECTOR& rAt) { return Find(iNode, rAt); });
     }
-    template <class ROW>
-    void AddLink(const ROW& r) {
-        const std::array aNodes = {r.iNODE1, r.iNODE2};
-        Add(BODY_LINK, r.iEID, aNodes.data());
+    void AddLink(E_FORM eForm, std::int32_t iEID, std::int32_t iNode1, std::int32_t iNode2) {
+        const std::array aNodes = {iNode1, iNode2};
+        Add({eForm, BODY_LINK, iEID}, aNodes.data());
     }
 
     /// Body and nodes of a row of elements.
@@ -86,47 +98,70 @@ class CFileTotals {
         return {r.nCORNERS == 4 ? BODY_TETRA : r.nCORNERS == 6 ? BODY_WEDGE : BODY_HEXA, r.aNODES, {}, {}};
     }
 
+    static T_SUMMEDELEMENT_D SummedOf(const T_TRUSS_ROW& r) { return {FORM_ROD, BODY_LINE, r.iEID, r.iPID, r.iMID}; }
+    static T_SUMMEDELEMENT_D SummedOf(const T_PLATE_ROW& r) {
+        const bool bThree = r.nCORNERS == 3;
+        const E_FORM eForm = r.bPLANESTRESS ? FORM_SHEAR : bThree ? FORM_TRIANGLE : FORM_QUAD;
+        return {eForm, bThree ? BODY_TRIANGLE : BODY_QUAD, r.iEID, r.iPID, r.iMID};
+    }
+    static T_SUMMEDELEMENT_D SummedOf(const T_SOLID_ROW& r) {
+        if (r.nCORNERS == 4) return {FORM_TETRA, BODY_TETRA, r.iEID, 0, r.iMID};
+        if (r.nCORNERS == 6) return {FORM_WEDGE, BODY_WEDGE, r.iEID, 0, r.iMID};
+        return {FORM_HEXA, BODY_HEXA, r.iEID, 0, r.iMID};
+    }
+    template <class ROW>
+    static T_SUMMEDELEMENT_D SummedOf(const ROW& r) {
+        return {FORM_BEAM, BODY_LINE, r.iEID, r.iPID, r.iMID};
+    }
+    template <class ROW>
+    static std::array<std::int32_t, 2> NodesOf(const ROW& r) {
+        return {r.iNODE1, r.iNODE2};
+    }
+    static const std::array<std::int32_t, 4>& NodesOf(const T_PLATE_ROW& r) { return r.aNODES; }
+    static const std::array<std::int32_t, 8>& NodesOf(const T_SOLID_ROW& r) { return r.aNODES; }
+
     void AddElements() {
         const CRowVisitor elements{
             [&](const auto& r) {
-                const T_FILEBODY_D body = BodyOf(r);
-                Add(body.eBODY, r.iEID, body.aNODES.data());
+                const auto& rNodes = NodesOf(r);
+                Add(SummedOf(r), rNodes.data());
             },
             IGNORE_LEFT,
         };
         ForEachElement(m_rPool, elements);
         ForEachConrod(m_rPool, elements);
         const CRowVisitor springs{
-            [&](const T_ELASTICLINK_ROW& r) { AddLink(r); },
-            [&](const T_GROUNDSPRING_ROW& r) {
-                const std::array aNodes = {r.iNODE, 0};
-                Add(BODY_LINK, r.iEID, aNodes.data());
-            },
+            [&](const T_ELASTICLINK_ROW& r) { AddLink(FORM_SPRING, r.iEID, r.iNODE1, r.iNODE2); },
+            [&](const T_GROUNDSPRING_ROW& r) { AddLink(FORM_SPRING, r.iEID, r.iNODE, 0); },
             IGNORE_LEFT,
         };
         ForEachElasticLink(m_rPool, m_rPool.CEL1, springs);
         ForEachElasticLink(m_rPool, m_rPool.CEL2, springs);
-        const CRowVisitor links{
-            [&](const auto& r) { AddLink(r); },
-            IGNORE_LEFT,
+        const auto linksOf = [&](E_FORM eForm) {
+            return CRowVisitor{
+                [this, eForm](const auto& r) { AddLink(eForm, r.iEID, r.iNODE1, r.iNODE2); },
+                IGNORE_LEFT,
+            };
         };
-        ForEachScalarLink(m_rPool, links);
-        ForEachGeneralLink(m_rPool, links);
+        ForEachScalarLink(m_rPool, linksOf(FORM_SPRING));
+        ForEachGeneralLink(m_rPool, linksOf(FORM_LINK));
         const auto mass = [&](const T_MASS_ROW& r) {
-            T_SUM_D inertia;
-            for (const double d : {r.dRMX, r.dRMY, r.dRMZ}) inertia.Add(d);
-            if (const T_VECTOR* pAt = Find(r.iNODE)) m_totals.AddMass(r.dMX, *pAt, inertia);
+            T_VECTOR at;
+            if (Find(r.iNODE, at))
+                m_totals.AddMass(r.dMX, at, {r.dRMX, 0.0, r.dRMY, 0.0, 0.0, r.dRMZ}, T_FRAME_D().dAXES);
         };
         ForEachMass(m_rPool, CRowVisitor{mass, IGNORE_LEFT});
     }
 
     void AddTies() {
+        CIdValues<std::uint8_t> held;
         const auto support = [&](const T_CONSTRAINT_ROW& r) {
-            for (std::size_t i = 0; i < r.bDOF.size() && Find(r.iNODE); ++i) {
-                if (r.bDOF[i]) m_totals.mapHELD[r.iNODE] |= static_cast<std::uint8_t>(1u << i);
-            }
+            unsigned nHeld = 0;
+            for (std::size_t i = 0; i < r.bDOF.size(); ++i) nHeld |= r.bDOF[i] ? 1u << i : 0u;
+            if (Has(r.iNODE)) held.Put(r.iNODE, static_cast<std::uint8_t>(nHeld));
         };
         ForEachConstraint(m_rPool, CRowVisitor{support, IGNORE_LEFT});
+        m_totals.AddSupports(held);
         const CRowVisitor links{
             [&](const T_RIGIDLINK_ROW& r) {
                 for (const std::int32_t iSlave : r.aSLAVES) {
@@ -136,7 +171,7 @@ class CFileTotals {
                 }
             },
             [&](const T_EQUATION_ROW& r) {
-                if (!Find(r.iMASTER) || !Find(r.iSLAVE) || r.iCOMP < 1 || r.iCOMP > 6) return;
+                if (!Has(r.iMASTER) || !Has(r.iSLAVE) || r.iCOMP < 1 || r.iCOMP > 6) return;
                 m_totals.rigid.Add({r.iMASTER, r.iCOMP, r.iSLAVE});
             },
             IGNORE_LEFT,
@@ -149,13 +184,13 @@ class CFileTotals {
         T_SETTOTALS_D& rSet = m_totals.mapSETS[rCase.iSID];
         ForEachGravity(rCase.rSET, [&](const T_GRAVITY_ROW& r) { rSet.gravity.Add({r.dX, r.dY, r.dZ}); });
         const auto force = [&](const T_NODALLOAD_ROW& r) {
-            const T_VECTOR* pAt = Find(r.iNODE);
-            if (!pAt) return;
+            T_VECTOR at;
+            if (!Find(r.iNODE, at)) return;
             ++rSet.nFORCES;
-            rSet.nodal.AddForce({r.dX, r.dY, r.dZ}, *pAt);
+            rSet.nodal.AddForce({r.dX, r.dY, r.dZ}, at);
         };
         const auto moment = [&](const T_NODALLOAD_ROW& r) {
-            if (!Find(r.iNODE)) return;
+            if (!Has(r.iNODE)) return;
             ++rSet.nMOMENTS;
             rSet.nodal.AddMoment({r.dX, r.dY, r.dZ});
         };
@@ -171,16 +206,19 @@ class CFileTotals {
             IGNORE_LEFT,
         };
         ForEachPressure(m_rPool, rCase.rSET, pressures);
+        CIdValues<double> nodes, elements;
         const auto temperature = [&](const T_NODETEMPERATURE_ROW& r) {
-            if (Find(r.iNODE)) rSet.mapTEMPERATURES[r.iNODE] = r.dT;
+            if (Has(r.iNODE)) nodes.Put(r.iNODE, r.dT);
         };
         ForEachNodeTemperature(m_rPool, rCase, CRowVisitor{temperature, IGNORE_LEFT});
+        nodes.AddTo(rSet.temperatures);
         const auto element = [&](const T_ELEMENTTEMPERATURE_ROW& r) {
-            if (m_rPool.ELEM.Find(r.iEID)) rSet.mapELEMENTTEMPERATURES[r.iEID] = r.dT;
+            if (m_rPool.ELEM.Find(r.iEID)) elements.Put(r.iEID, r.dT);
         };
         ForEachElementTemperature(m_rPool, rCase.rSET, CRowVisitor{element, IGNORE_LEFT});
+        elements.AddTo(rSet.elementTemperatures);
         const auto displacement = [&](const T_DISPLACEMENT_ROW& r) {
-            for (std::size_t i = 0; i < r.dD.size() && Find(r.iNODE); ++i) {
+            for (std::size_t i = 0; i < r.dD.size() && Has(r.iNODE); ++i) {
                 if (r.dD[i] == 0.0) continue;
                 rSet.displacements.Add({r.iNODE, static_cast<std::int32_t>(i + 1)});
                 rSet.displacement.Add(r.dD[i]);
@@ -202,9 +240,7 @@ class CFileTotals {
         };
         if (pElement) VisitElement(m_rPool, iEID, *pElement, visitor);
         for (std::size_t i = 0; bFound && i < BODY_CORNERS[rBody.eBODY]; ++i) {
-            const T_VECTOR* pCorner = Find(rBody.aNODES[i]);
-            if (pCorner) rBody.dCORNERS[i] = *pCorner;
-            bFound = pCorner != nullptr;
+            bFound = Find(rBody.aNODES[i], rBody.dCORNERS[i]);
         }
         return bFound;
     }
@@ -273,8 +309,10 @@ class CFileTotals {
     }
 
     const CDataPool& m_rPool;
-    CIdTable<T_VECTOR> m_positions;
+    bool m_bMapped;                 // whether nodes of the file may have other ids than their grids
+    CIdTable<T_VECTOR> m_positions; // of nodes, if they may
     T_TOTALS_D m_totals;
+    CElementSum m_elements{m_totals};
 };
 
 } // namespace

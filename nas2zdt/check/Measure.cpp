@@ -30,7 +30,7 @@ T_VECTOR Combine(const VALUES& rWeights, const T_VECTOR* pCorners) {
     return sum;
 }
 
-T_WEIGHTS_D<4> QuadWeights(double dR, double dS) {
+constexpr T_WEIGHTS_D<4> QuadWeights(double dR, double dS) {
     constexpr double R[4] = {-1, 1, 1, -1}, S[4] = {-1, -1, 1, 1};
     T_WEIGHTS_D<4> weights = {};
     for (std::size_t i = 0; i < 4; ++i) {
@@ -82,10 +82,18 @@ T_VECTOR TriangleNormal(const T_VECTOR* pCorners) {
 /// Calls visit(weights of the corners, normal whose length is the point's share of the area) at each point.
 template <class VISIT>
 void VisitQuad(const T_VECTOR* pCorners, VISIT visit) {
-    for (const double dR : PLACES) {
-        for (const double dS : PLACES) {
-            const T_WEIGHTS_D<4> weights = QuadWeights(dR, dS);
-            visit(weights.dN, Cross(Combine(weights.dD[0], pCorners), Combine(weights.dD[1], pCorners)));
+    static constexpr std::array<std::array<double, 4>, 4> WEIGHTS = {
+        QuadWeights(-GAUSS, -GAUSS).dN, QuadWeights(-GAUSS, GAUSS).dN, QuadWeights(GAUSS, -GAUSS).dN,
+        QuadWeights(GAUSS, GAUSS).dN};
+    // dX/dr = (along + s twist) / 4 and dX/ds = (across + r twist) / 4
+    const T_VECTOR first = Subtract(pCorners[1], pCorners[0]), second = Subtract(pCorners[2], pCorners[3]);
+    const T_VECTOR along = Add(first, second), twist = Subtract(second, first);
+    const T_VECTOR across = Subtract(Add(pCorners[3], pCorners[2]), Add(pCorners[0], pCorners[1]));
+    for (std::size_t i = 0; i < 2; ++i) {
+        const T_VECTOR s = Add(across, Scale(twist, PLACES[i]));
+        for (std::size_t k = 0; k < 2; ++k) {
+            const T_VECTOR r = Add(along, Scale(twist, PLACES[k]));
+            visit(WEIGHTS[2 * i + k], Scale(Cross(r, s), 1.0 / 16));
         }
     }
 }
@@ -127,6 +135,9 @@ double MeasureBody(E_BODY eBody, const std::array<T_VECTOR, 8>& rCorners) {
             dSum += Jacobian(HexaWeights(PLACES[i & 1], PLACES[i >> 1 & 1], PLACES[i >> 2]), p);
         }
         return dSum;
+    case BODY_PYRAMID: // a hexahedron whose top is one point
+        return MeasureBody(BODY_HEXA, {rCorners[0], rCorners[1], rCorners[2], rCorners[3], rCorners[4], rCorners[4],
+                                       rCorners[4], rCorners[4]});
     default:
         return 0.0;
     }

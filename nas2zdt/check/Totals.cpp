@@ -43,18 +43,10 @@ class CRowList {
         Vector({"force x", "force y", "force z"}, rResultant.force);
         Vector({"moment x", "moment y", "moment z"}, rResultant.moment);
     }
-    /// Values by ids.
-    void Values(const std::map<std::int32_t, double>& rValues) {
-        T_LISTSUM_D ids;
-        T_SUM_D sum, weighted;
-        for (const auto& [iID, dValue] : rValues) {
-            ids.Add({iID});
-            sum.Add(dValue);
-            weighted.Add(WeightOf(iID) * dValue);
-        }
-        Count(ids);
-        Value("sum", sum);
-        Value("sum by id", weighted);
+    void Values(const T_VALUESUM_D& rValues) {
+        Count(rValues.ids);
+        Value("sum", rValues.sum);
+        Value("sum by id", rValues.weighted);
     }
 
     std::vector<T_TOTALROW_D> Take() { return std::move(m_aRows); }
@@ -79,9 +71,9 @@ void ListSet(CRowList& rRows, std::int32_t iSet, const T_SETTOTALS_D& rSet) {
     rRows.Begin("gravity", iSet);
     rRows.Vector({"x", "y", "z"}, rSet.gravity);
     rRows.Begin("temperatures", iSet);
-    rRows.Values(rSet.mapTEMPERATURES);
+    rRows.Values(rSet.temperatures);
     rRows.Begin("element temperatures", iSet);
-    rRows.Values(rSet.mapELEMENTTEMPERATURES);
+    rRows.Values(rSet.elementTemperatures);
     rRows.Begin("displacements", iSet);
     rRows.Count(rSet.displacements);
     rRows.Value("sum", rSet.displacement);
@@ -132,27 +124,123 @@ void T_TOTALS_D::AddAxes(std::int32_t iNode, const std::array<T_VECTOR, 3>& rAxe
     axisY.Add(rAxes[1]);
 }
 
-void T_TOTALS_D::AddElementIds(E_BODY eBody, std::int32_t iEID, const std::int32_t* pNodes) {
-    std::array<std::int32_t, 9> aIDs = {iEID};
-    std::copy_n(pNodes, BODY_CORNERS[eBody], aIDs.begin() + 1);
-    aELEMENTS[eBody].Add(aIDs.data(), BODY_CORNERS[eBody] + 1);
+namespace {
+
+/// The group of an id; mostly that of the element before.
+void Choose(std::map<std::int32_t, T_GROUPTOTALS_D>& rGroups, std::int32_t iID, std::int32_t& rLast,
+            T_GROUPTOTALS_D*& rpGroup) {
+    if (iID == 0) {
+        rpGroup = nullptr;
+    } else if (iID != rLast || !rpGroup) {
+        rpGroup = &rGroups[iID];
+    }
+    rLast = iID;
 }
 
-void T_TOTALS_D::AddMeasure(E_BODY eBody, const std::array<T_VECTOR, 8>& rCorners) {
-    aMEASURES[eBody].Add(MeasureBody(eBody, rCorners));
+} // namespace
+
+void CElementSum::AddIds(const T_SUMMEDELEMENT_D& rElement, const std::int32_t* pNodes) {
+    std::array<std::int32_t, 9> aIDs = {rElement.iEID};
+    const std::size_t nCorners = BODY_CORNERS[rElement.eBODY];
+    std::copy_n(pNodes, nCorners, aIDs.begin() + 1);
+    m_rTotals.aELEMENTS[rElement.eBODY].Add(aIDs.data(), nCorners + 1);
+    ++m_rTotals.aFORMS[rElement.eFORM];
+    Choose(m_rTotals.mapPROPERTIES, rElement.iPID, m_iPID, m_pProperty);
+    Choose(m_rTotals.mapMATERIALS, rElement.iMID, m_iMID, m_pMaterial);
+    for (T_GROUPTOTALS_D* pGroup : {m_pProperty, m_pMaterial}) {
+        if (pGroup) ++pGroup->nELEMENTS;
+    }
 }
 
-void T_TOTALS_D::AddMass(double dMass, const T_VECTOR& rAt, const T_SUM_D& rInertia) {
+void CElementSum::AddMeasure(const T_SUMMEDELEMENT_D& rElement, const std::array<T_VECTOR, 8>& rCorners) {
+    if (rElement.eBODY == BODY_LINK) return;
+    const double dMeasure = MeasureBody(rElement.eBODY, rCorners);
+    const double dMass = rElement.dMASS * dMeasure, dAdded = rElement.dADDED * dMeasure;
+    m_rTotals.aMEASURES[rElement.eBODY].Add(dMeasure);
+    for (T_GROUPTOTALS_D* pGroup : {m_pProperty, m_pMaterial}) {
+        if (!pGroup) continue;
+        pGroup->measure.Add(dMeasure);
+        if (dMass != 0.0 || dAdded != 0.0) pGroup->mass.Add(dMass + dAdded);
+    }
+    const std::span<const T_VECTOR> aCorners(rCorners.data(), BODY_CORNERS[rElement.eBODY]);
+    if (dMass != 0.0) m_rTotals.structure.Add(dMass, aCorners);
+    if (dAdded != 0.0) m_rTotals.added.Add(dAdded, aCorners);
+}
+
+void T_MASSTOTALS_D::Add(double dMass, std::span<const T_VECTOR> aPoints) {
+    const double dShare = dMass / static_cast<double>(aPoints.size()), dSize = std::fabs(dShare);
+    mass.Add(dMass);
+    for (const T_VECTOR& p : aPoints) {
+        const double dReach = std::fabs(p[0]) + std::fabs(p[1]) + std::fabs(p[2]);
+        moment.Add(Scale(p, dShare), dSize * dReach);
+        const std::array<double, 6> dProducts = {p[0] * p[0], p[1] * p[1], p[2] * p[2],
+                                                 p[0] * p[1], p[0] * p[2], p[1] * p[2]};
+        for (std::size_t i = 0; i < dProducts.size(); ++i) {
+            aSECOND[i].Add(dShare * dProducts[i], dSize * dReach * dReach);
+        }
+    }
+}
+
+T_VECTOR T_MASSTOTALS_D::GetCentre() const {
+    return Scale(moment.dSUM, 1.0 / mass.dSUM);
+}
+
+std::array<double, 6> T_MASSTOTALS_D::GetInertia() const {
+    const T_VECTOR c = GetCentre();
+    const std::array<double, 6> dProducts = {c[0] * c[0], c[1] * c[1], c[2] * c[2],
+                                             c[0] * c[1], c[0] * c[2], c[1] * c[2]};
+    std::array<double, 6> d = {};
+    for (std::size_t i = 0; i < d.size(); ++i) d[i] = aSECOND[i].dSUM - mass.dSUM * dProducts[i];
+    return {d[1] + d[2], d[0] + d[2], d[0] + d[1], d[3], d[4], d[5]};
+}
+
+T_MASSTOTALS_D operator+(const T_MASSTOTALS_D& rA, const T_MASSTOTALS_D& rB) {
+    T_MASSTOTALS_D sum = rA;
+    sum.mass.Add(rB.mass.dSUM, rB.mass.dSIZE);
+    sum.moment.Add(rB.moment.dSUM, rB.moment.dSIZE);
+    for (std::size_t i = 0; i < sum.aSECOND.size(); ++i) sum.aSECOND[i].Add(rB.aSECOND[i].dSUM, rB.aSECOND[i].dSIZE);
+    return sum;
+}
+
+/// Moments of inertia I and the second moments S that they are made of: Ixx = Syy + Szz, Ixy = Sxy.
+void T_TOTALS_D::AddMass(double dMass, const T_VECTOR& rAt, const std::array<double, 6>& rInertia,
+                         const std::array<T_VECTOR, 3>& rAxes) {
+    const auto& [d11, d21, d22, d31, d32, d33] = rInertia;
     ++nMASSES;
     mass.Add(dMass);
     massMoment.Add(Scale(rAt, dMass));
-    inertia.Add(rInertia.dSUM, rInertia.dSIZE);
+    double dSize = 0.0;
+    for (const double d : rInertia) dSize += std::fabs(d);
+    inertia.Add(d11 + d22 + d33, dSize);
+    points.Add(dMass, {&rAt, 1});
+    if (dSize == 0.0) return;
+    const double dHalf = (d11 + d22 + d33) / 2;
+    const double dS[3][3] = {{dHalf - d11, d21, d31}, {d21, dHalf - d22, d32}, {d31, d32, dHalf - d33}};
+    constexpr std::size_t PAIRS[6][2] = {{0, 0}, {1, 1}, {2, 2}, {0, 1}, {0, 2}, {1, 2}};
+    for (std::size_t k = 0; k < points.aSECOND.size(); ++k) {
+        double dSum = 0.0;
+        for (std::size_t i = 0; i < 3; ++i) {
+            for (std::size_t j = 0; j < 3; ++j) dSum += dS[i][j] * rAxes[i][PAIRS[k][0]] * rAxes[j][PAIRS[k][1]];
+        }
+        points.aSECOND[k].Add(dSum, dSize);
+    }
+}
+
+void T_TOTALS_D::AddSupports(CIdValues<std::uint8_t>& rHeld) {
+    const auto both = [](std::uint8_t n, std::uint8_t nMore) { return static_cast<std::uint8_t>(n | nMore); };
+    rHeld.Settle(both, [&](std::int32_t iNode, std::uint8_t nHeld) {
+        if (nHeld != 0) ++nHELD;
+        for (std::size_t i = 0; i < aHELD.size(); ++i) {
+            if (nHeld & (1u << i)) aHELD[i].Add({iNode});
+        }
+    });
 }
 
 std::vector<T_TOTALROW_D> ListTotals(const T_TOTALS_D& rTotals) {
-    static constexpr const char* BODIES[BODY_COUNT] = {"lines",  "triangles", "quads", "tetrahedra",
-                                                       "wedges", "hexahedra", "links"};
-    static constexpr const char* MEASURES[BODY_COUNT] = {"length", "area", "area", "volume", "volume", "volume", ""};
+    static constexpr const char* BODIES[BODY_COUNT] = {"lines",  "triangles", "quads",    "tetrahedra",
+                                                       "wedges", "hexahedra", "pyramids", "links"};
+    static constexpr const char* MEASURES[BODY_COUNT] = {"length", "area",   "area",   "volume",
+                                                         "volume", "volume", "volume", ""};
     CRowList rows;
     rows.Begin("nodes");
     rows.Count(rTotals.nodes);
@@ -173,13 +261,7 @@ std::vector<T_TOTALROW_D> ListTotals(const T_TOTALS_D& rTotals) {
     rows.Begin("supports");
     static constexpr const char* COMPONENTS[6] = {"component 1", "component 2", "component 3",
                                                   "component 4", "component 5", "component 6"};
-    for (std::size_t i = 0; i < 6; ++i) {
-        T_LISTSUM_D held;
-        for (const auto& [iNode, nHeld] : rTotals.mapHELD) {
-            if (nHeld & (1u << i)) held.Add({iNode});
-        }
-        rows.Count(COMPONENTS[i], held.nCOUNT, held.nCHECK);
-    }
+    for (std::size_t i = 0; i < 6; ++i) rows.Count(COMPONENTS[i], rTotals.aHELD[i].nCOUNT, rTotals.aHELD[i].nCHECK);
     rows.Begin("rigid links");
     rows.Count(rTotals.rigid);
     rows.Begin("masses");
@@ -190,7 +272,9 @@ std::vector<T_TOTALROW_D> ListTotals(const T_TOTALS_D& rTotals) {
     for (const auto& [iSet, rSet] : rTotals.mapSETS) ListSet(rows, iSet, rSet);
     for (const auto& [iSet, rFactors] : rTotals.mapCOMBINATIONS) {
         rows.Begin("combinations", iSet);
-        rows.Values(rFactors);
+        T_VALUESUM_D factors;
+        for (const auto& [iPart, dFactor] : rFactors) factors.Add(iPart, dFactor);
+        rows.Values(factors);
     }
     return rows.Take();
 }

@@ -3,12 +3,15 @@
 
 #include "nas2zdt/restate/Frame.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <map>
+#include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// A sum and the sum of the absolute values, in whose digits it is known.
@@ -43,6 +46,51 @@ struct T_LISTSUM_D {
     void Add(std::initializer_list<std::int32_t> aIDs) { Add(aIDs.begin(), aIDs.size()); }
 };
 
+/// A number from 1 to 2 out of an id. A sum of values with such weights tells which id has which.
+double WeightOf(std::int32_t iID);
+
+/// Values of nodes or elements.
+struct T_VALUESUM_D {
+    T_LISTSUM_D ids;
+    T_SUM_D sum, weighted;
+
+    void Add(std::int32_t iID, double dValue) {
+        ids.Add({iID});
+        sum.Add(dValue);
+        weighted.Add(WeightOf(iID) * dValue);
+    }
+};
+
+/// Values by ids, of which a later one takes the place of an earlier one.
+template <class VALUE>
+class CIdValues {
+  public:
+    void Put(std::int32_t iID, VALUE value) { m_aValues.emplace_back(iID, value); }
+    bool IsEmpty() const { return m_aValues.empty(); }
+
+    /// Calls visit(id, value) by ascending id, once for each. Values of one id are joined by join(earlier, later).
+    template <class JOIN, class VISIT>
+    void Settle(JOIN join, VISIT visit) {
+        const auto byId = [](const auto& a, const auto& b) { return a.first < b.first; };
+        if (!std::is_sorted(m_aValues.begin(), m_aValues.end(), byId)) {
+            std::stable_sort(m_aValues.begin(), m_aValues.end(), byId);
+        }
+        for (std::size_t i = 0; i < m_aValues.size();) {
+            auto [iID, value] = m_aValues[i];
+            for (++i; i < m_aValues.size() && m_aValues[i].first == iID; ++i) value = join(value, m_aValues[i].second);
+            visit(iID, value);
+        }
+    }
+
+    /// Adds the last value of each id.
+    void AddTo(T_VALUESUM_D& rSum) {
+        Settle([](VALUE, VALUE later) { return later; }, [&](std::int32_t iID, VALUE value) { rSum.Add(iID, value); });
+    }
+
+  private:
+    std::vector<std::pair<std::int32_t, VALUE>> m_aValues;
+};
+
 /// Forces and moments about the origin of the basic frame.
 struct T_RESULTANT_D {
     T_VECTORSUM_D force, moment;
@@ -54,9 +102,6 @@ struct T_RESULTANT_D {
     void AddMoment(const T_VECTOR& rMoment) { moment.Add(rMoment); }
 };
 
-/// A number from 1 to 2 out of an id. A sum of values with such weights tells which id has which.
-double WeightOf(std::int32_t iID);
-
 /// What is measured of elements: lengths, areas, volumes. Springs, bushes and gaps aren't measured.
 enum E_BODY : std::uint8_t {
     BODY_LINE,
@@ -65,11 +110,54 @@ enum E_BODY : std::uint8_t {
     BODY_TETRA,
     BODY_WEDGE,
     BODY_HEXA,
+    BODY_PYRAMID,
     BODY_LINK, // of two nodes, the second 0 for ground
     BODY_COUNT
 };
 
-constexpr std::array<std::size_t, BODY_COUNT> BODY_CORNERS = {2, 3, 4, 4, 6, 8, 2};
+constexpr std::array<std::size_t, BODY_COUNT> BODY_CORNERS = {2, 3, 4, 4, 6, 8, 5, 2};
+
+/// What an element is for the analysis.
+enum E_FORM : std::uint8_t {
+    FORM_ROD,
+    FORM_BEAM,
+    FORM_TRIANGLE,
+    FORM_QUAD,
+    FORM_SHEAR,
+    FORM_TETRA,
+    FORM_WEDGE,
+    FORM_HEXA,
+    FORM_PYRAMID,
+    FORM_SPRING,
+    FORM_LINK, // bushes and gaps
+    FORM_DAMPER,
+    FORM_SCALARMASS,
+    FORM_COUNT
+};
+
+/// Elements of one property or material.
+struct T_GROUPTOTALS_D {
+    std::uint64_t nELEMENTS = 0;
+    T_SUM_D measure; // length, area or volume
+    T_SUM_D mass;    // by density and non-structural
+};
+
+/// Masses, their first moments, and their second moments xx, yy, zz, xy, xz, yz about the origin.
+struct T_MASSTOTALS_D {
+    T_SUM_D mass;
+    T_VECTORSUM_D moment;
+    std::array<T_SUM_D, 6> aSECOND;
+
+    /// A mass in equal parts at some points.
+    void Add(double dMass, std::span<const T_VECTOR> aPoints);
+
+    /// No numbers if there is no mass, as of the next.
+    T_VECTOR GetCentre() const;
+
+    /// Ixx, Iyy, Izz, then the sums of m x y, m x z, m y z, about the centre of gravity.
+    std::array<double, 6> GetInertia() const;
+};
+T_MASSTOTALS_D operator+(const T_MASSTOTALS_D& rA, const T_MASSTOTALS_D& rB);
 
 /// A load set. Loads on nodes and elements that don't exist are none, and neither is one of at most NO_LOAD.
 struct T_SETTOTALS_D {
@@ -82,9 +170,9 @@ struct T_SETTOTALS_D {
     std::uint64_t nLINELOADS = 0;
     T_RESULTANT_D line;
     T_VECTORSUM_D gravity;
-    std::map<std::int32_t, double> mapTEMPERATURES;        // of nodes
-    std::map<std::int32_t, double> mapELEMENTTEMPERATURES; // mean
-    T_LISTSUM_D displacements;                             // node and component of those that aren't zero
+    T_VALUESUM_D temperatures;        // of nodes
+    T_VALUESUM_D elementTemperatures; // mean
+    T_LISTSUM_D displacements;        // node and component of those that aren't zero
     T_SUM_D displacement;
 };
 
@@ -100,8 +188,16 @@ struct T_TOTALS_D {
     std::array<T_LISTSUM_D, BODY_COUNT> aELEMENTS; // by id and corners in order
     std::array<T_SUM_D, BODY_COUNT> aMEASURES;     // of elements whose nodes exist
 
-    std::map<std::int32_t, std::uint8_t> mapHELD; // components of nodes, bit 0 for component 1
-    T_LISTSUM_D rigid;                            // master, component, slave
+    std::array<std::uint64_t, FORM_COUNT> aFORMS = {};
+    std::map<std::int32_t, T_GROUPTOTALS_D> mapPROPERTIES; // of elements but solids
+    std::map<std::int32_t, T_GROUPTOTALS_D> mapMATERIALS;
+    T_MASSTOTALS_D structure; // of elements by density, each with equal parts at its corners
+    T_MASSTOTALS_D added;     // likewise, non-structural
+    T_MASSTOTALS_D points;    // masses at nodes
+
+    std::array<T_LISTSUM_D, 6> aHELD; // nodes, by component
+    std::uint64_t nHELD = 0;          // nodes with any
+    T_LISTSUM_D rigid;                // master, component, slave
 
     std::uint64_t nMASSES = 0;
     T_SUM_D mass;
@@ -116,28 +212,47 @@ struct T_TOTALS_D {
     /// Axes X, Y, Z of unit length.
     void AddAxes(std::int32_t iNode, const std::array<T_VECTOR, 3>& rAxes);
 
-    /// pNodes are the corners of the body. find(id) gives a const T_VECTOR*, null for a node that doesn't exist.
-    template <class FIND>
-    void AddElement(E_BODY eBody, std::int32_t iEID, const std::int32_t* pNodes, FIND find);
+    /// rInertia are I11, I21, I22, I31, I32, I33 about rAt in axes of unit length.
+    void AddMass(double dMass, const T_VECTOR& rAt, const std::array<double, 6>& rInertia,
+                 const std::array<T_VECTOR, 3>& rAxes);
 
-    void AddMass(double dMass, const T_VECTOR& rAt, const T_SUM_D& rInertia);
-
-  private:
-    void AddElementIds(E_BODY eBody, std::int32_t iEID, const std::int32_t* pNodes);
-    void AddMeasure(E_BODY eBody, const std::array<T_VECTOR, 8>& rCorners);
+    /// Adds up held components of nodes, bit 0 for component 1.
+    void AddSupports(CIdValues<std::uint8_t>& rHeld);
 };
 
-template <class FIND>
-void T_TOTALS_D::AddElement(E_BODY eBody, std::int32_t iEID, const std::int32_t* pNodes, FIND find) {
-    AddElementIds(eBody, iEID, pNodes);
-    std::array<T_VECTOR, 8> corners = {};
-    for (std::size_t i = 0; i < BODY_CORNERS[eBody]; ++i) {
-        const T_VECTOR* pPosition = find(pNodes[i]);
-        if (!pPosition) return;
-        corners[i] = *pPosition;
+/// An element to be added up.
+struct T_SUMMEDELEMENT_D {
+    E_FORM eFORM;
+    E_BODY eBODY;
+    std::int32_t iEID;
+    std::int32_t iPID = 0, iMID = 0;  // 0 for none
+    double dMASS = 0.0, dADDED = 0.0; // for each unit of its measure: by density, non-structural
+};
+
+/// Adds elements to totals, which must outlive it.
+class CElementSum {
+  public:
+    explicit CElementSum(T_TOTALS_D& rTotals) : m_rTotals(rTotals) {}
+
+    /// pNodes are the corners of the body. find(id, position) gives false for a node that doesn't exist.
+    template <class FIND>
+    void Add(const T_SUMMEDELEMENT_D& rElement, const std::int32_t* pNodes, FIND find) {
+        AddIds(rElement, pNodes);
+        std::array<T_VECTOR, 8> corners;
+        for (std::size_t i = 0; i < BODY_CORNERS[rElement.eBODY]; ++i) {
+            if (!find(pNodes[i], corners[i])) return;
+        }
+        AddMeasure(rElement, corners);
     }
-    AddMeasure(eBody, corners);
-}
+
+  private:
+    void AddIds(const T_SUMMEDELEMENT_D& rElement, const std::int32_t* pNodes);
+    void AddMeasure(const T_SUMMEDELEMENT_D& rElement, const std::array<T_VECTOR, 8>& rCorners);
+
+    T_TOTALS_D& m_rTotals;
+    T_GROUPTOTALS_D *m_pProperty = nullptr, *m_pMaterial = nullptr; // of the element before
+    std::int32_t m_iPID = 0, m_iMID = 0;
+};
 
 /// One number of the totals.
 struct T_TOTALROW_D {

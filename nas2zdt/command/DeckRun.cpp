@@ -3,6 +3,7 @@
 #include "nas2zdt/command/DeckRun.h"
 
 #include "messages/ZdtMsgMgr.h"
+#include "nas2zdt/check/FileTotals.h"
 #include "nas2zdt/command/Terminal.h"
 #include "nas2zdt/picture/Picture.h"
 #include "nas2zdt/text/TextReader.h"
@@ -111,23 +112,20 @@ void CDeckRun::Run() {
     if (m_rOptions.NeedsAccount()) m_pAccount = std::make_unique<CAccount>();
     if (!m_rJob.sREFUSED.empty()) return Fail(m_rJob.sDECK + ": " + m_rJob.sREFUSED);
     try {
+        if (m_rOptions.eCHECK != WANTED_NONE) Check();
         if (!m_rOptions.IsPrepared()) return Convert(m_rJob.sDECK, nullptr);
         CTempPath folder;
         folder.MakeFolder();
         CTempPath deck;
         CFile file;
         deck.MakeFile(file, FindTarget(folder.GetPath() + "/deck"), folder.GetPath());
-        T_JOINRULES_D rules = m_rOptions.choice.join;
-        rules.nDECKS = m_rOptions.limits.nDECKS;
-        rules.bFORGIVING = m_rOptions.bFAITHFUL;
         if (m_rOptions.bFAITHFUL) {
-            T_CHOICE_D choice = m_rOptions.choice;
-            choice.join = std::move(rules);
-            choice.nRANGES = m_rOptions.limits.nRANGES;
-            m_restated = RestateDeck(m_rJob.sDECK, file, choice);
+            m_restated = RestateDeck(m_rJob.sDECK, file, Choice());
             m_rInputs.insert(m_restated.files.begin(), m_restated.files.end());
             KeepRestated(deck.GetPath());
         } else {
+            T_JOINRULES_D rules = Choice().join;
+            rules.bFORGIVING = false;
             T_JOINED_D joined = FlattenDeck(m_rJob.sDECK, file, rules);
             m_rInputs.insert(joined.files.begin(), joined.files.end());
             m_restated.lines = std::move(joined.lines);
@@ -138,6 +136,25 @@ void CDeckRun::Run() {
     } catch (const std::exception& rError) {
         Fail(m_rJob.sDECK +
              (IsOutOfMemory(rError) ? ": not enough memory" : std::string(": internal error: ") + rError.what()));
+    }
+}
+
+/// How the deck is read as NASTRAN means it.
+T_CHOICE_D CDeckRun::Choice() const {
+    T_CHOICE_D choice = m_rOptions.choice;
+    choice.join.nDECKS = m_rOptions.limits.nDECKS;
+    choice.join.bFORGIVING = true;
+    choice.nRANGES = m_rOptions.limits.nRANGES;
+    return choice;
+}
+
+/// Checks the deck before it is converted, so that both never need memory at a time. A deck that can't be read fails
+/// when it is converted.
+void CDeckRun::Check() {
+    try {
+        m_pCheck = std::make_unique<T_CHECK_D>(CheckDeck(m_rJob.sDECK, Choice(), m_rOptions.dTOLERANCE));
+    } catch (const CFileException& rError) {
+        TellHint(rError.GetText());
     }
 }
 
@@ -169,7 +186,7 @@ CFile& CDeckRun::Open(const T_INPUTS& rDecks) {
 /// Converts sDeck, which is the job's deck or, with pLines, the file it was joined into.
 void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
     CProgressLine progress;
-    CCommandDialogs dialogs(progress, !m_rOptions.bQUIET && m_rOptions.eACCOUNT != ACCOUNT_JSON);
+    CCommandDialogs dialogs(progress, !m_rOptions.bQUIET && !m_rOptions.IsJson());
     CRunWatch watch(m_pAccount.get(), pLines, m_rJob.sDECK, progress);
     if (m_pAccount) m_pAccount->SetLines(pLines);
     CConvertNastran run(dialogs);
@@ -184,6 +201,9 @@ void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
         m_pAccount->AddRestated(m_restated.aTOLD, m_restated.aFILES);
         m_result.bACCOUNT = true;
     }
+    if (m_pCheck) {
+        m_pCheck->aREVIEW = ReviewTotals(m_pCheck->totals, TotalFile(run.GetDataPool()), m_pAccount.get());
+    }
     if (dialogs.m_sFileError.empty()) {
         FinishTarget();
     } else {
@@ -197,7 +217,7 @@ void CDeckRun::FinishTarget() {
     const std::string& sWritten = m_pTarget->GetTemporaryPath();
     std::vector<T_SECTION_D> aSections;
     try {
-        if (m_rOptions.eACCOUNT != ACCOUNT_NONE && !sWritten.empty()) aSections = CountSections(sWritten);
+        if (m_rOptions.eACCOUNT != WANTED_NONE && !sWritten.empty()) aSections = CountSections(sWritten);
     } catch (const CFileException& rError) { // the file is whole all the same
         Fail(m_rJob.sTARGET + ": can't be read for the account: " + rError.GetCause());
     }

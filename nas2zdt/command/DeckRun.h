@@ -3,6 +3,7 @@
 
 #include "driver/CConvertNastran.h"
 #include "nas2zdt/account/AccountOutput.h"
+#include "nas2zdt/check/Check.h"
 #include "nas2zdt/command/Jobs.h"
 #include "nas2zdt/command/Options.h"
 #include "nas2zdt/flatten/Flatten.h"
@@ -27,14 +28,19 @@ class CDeckRun : private COutput {
 
     const T_RESULT_D& GetResult() const { return m_result; }
 
-    /// Null unless the options ask for an account or for strictness.
+    /// Null unless the options need an account.
     const CAccount* GetAccount() const { return m_pAccount.get(); }
+
+    /// Null unless the options ask for a check and the deck could be read for it.
+    const T_CHECK_D* GetCheck() const { return m_pCheck.get(); }
 
   private:
     CFile& Open(const T_INPUTS& rDecks) override;
     void Convert(const std::string& sDeck, const CLineMap* pLines);
     void FinishTarget();
     void KeepRestated(const std::string& sDeck);
+    T_CHOICE_D Choice() const;
+    void Check();
     void DrawModel(const CDataPool& rPool);
     void FailRun(T_FAIL_D failure, const CLineMap* pLines);
     void Fail(const std::string& sWhy);
@@ -46,5 +52,6 @@ class CDeckRun : private COutput {
     bool m_bRefused = false;               // whether an output is a file that the run has read
     T_RESTATED_D m_restated;               // of a joined deck, too; the account refers to it
     std::unique_ptr<CAccount> m_pAccount;
+    std::unique_ptr<T_CHECK_D> m_pCheck;
     T_RESULT_D m_result;
 };

@@ -72,10 +72,12 @@ std::string TestOutput(const std::string& sFile, const std::string& sWhat, COutp
 /// An error if the options don't fit the number of decks, else empty.
 std::string TestUsage(const T_OPTIONS_D& rOptions, bool bFolder) {
     const bool bChosen = rOptions.choice.iSUBCASE || rOptions.choice.iPART != 0;
+    const bool bCheck = rOptions.eCHECK != WANTED_NONE;
     if (!rOptions.bFAITHFUL && !rOptions.sRESTATED.empty()) return "--restated needs --faithful";
-    if (!rOptions.bFAITHFUL && bChosen) return "--subcase and --super need --faithful";
-    if (!rOptions.IsPrepared() && !rOptions.choice.join.mapFOLDERS.empty())
-        return "--logical needs --faithful or --flatten";
+    if (!rOptions.bFAITHFUL && !bCheck && bChosen) return "--subcase and --super need --faithful or --check";
+    if (!rOptions.IsPrepared() && !bCheck && !rOptions.choice.join.mapFOLDERS.empty())
+        return "--logical needs --faithful, --flatten or --check";
+    if (!bCheck && rOptions.dTOLERANCE >= 0.0) return "--tolerance needs --check";
     if (rOptions.aDECKS.size() == 1) return {};
     if (!rOptions.sOUTPUT.empty() && !bFolder) return "-o must name a folder for several decks: " + rOptions.sOUTPUT;
     if (!rOptions.sVIEW.empty() || !rOptions.sVTU.empty()) return "--view and --vtu take one deck";

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <iterator>
 #include <system_error>
 
@@ -37,9 +38,17 @@ bool Keep(T_OPTIONS_D& rOptions, const std::string& sValue) {
     return !sValue.empty();
 }
 
-bool SetAccount(T_OPTIONS_D& rOptions, const std::string& sValue) {
-    rOptions.eACCOUNT = sValue.empty() ? ACCOUNT_TABLE : ACCOUNT_JSON;
+template <E_FORMAT_WANTED T_OPTIONS_D::*FORMAT>
+bool SetFormat(T_OPTIONS_D& rOptions, const std::string& sValue) {
+    rOptions.*FORMAT = sValue.empty() ? WANTED_TABLE : WANTED_JSON;
     return sValue.empty() || sValue == "json";
+}
+
+/// A length from 0 on.
+bool SetTolerance(T_OPTIONS_D& rOptions, const std::string& sValue) {
+    const char* const pEnd = sValue.data() + sValue.size();
+    const auto [pRead, error] = std::from_chars(sValue.data(), pEnd, rOptions.dTOLERANCE);
+    return error == std::errc() && pRead == pEnd && std::isfinite(rOptions.dTOLERANCE) && rOptions.dTOLERANCE >= 0.0;
 }
 
 bool SetStrict(T_OPTIONS_D& rOptions, const std::string& sValue) {
@@ -120,15 +129,17 @@ bool SetLimit(T_OPTIONS_D& rOptions, const std::string& sText) {
 // clang-format off
 constexpr T_OPTION_D OPTIONS[] = {
     {"-o",             VALUE_NEEDED,  "PATH", "the result goes to the file PATH, or into the folder PATH", &Keep<&T_OPTIONS_D::sOUTPUT>},
-    {"--account",      VALUE_ALLOWED, "json", "tells what became of every keyword, as a table or as JSON", &SetAccount},
+    {"--account",      VALUE_ALLOWED, "json", "tells what became of every keyword, as a table or as JSON", &SetFormat<&T_OPTIONS_D::eACCOUNT>},
+    {"--check",        VALUE_ALLOWED, "json", "tells whether the deck is sound, and sums of deck and result", &SetFormat<&T_OPTIONS_D::eCHECK>},
+    {"--tolerance",    VALUE_NEEDED,  "D",    "with --check, the distance within which nodes coincide; 0 for none", &SetTolerance},
     {"--strict",       VALUE_ALLOWED, "any",  "exit status 3 for a loss of model or mass, or for any",     &SetStrict},
     {"--allow",        VALUE_NEEDED,  "KIND", "--strict and the warnings pass over this kind, keyword or KEYWORD:KIND", &TakeAllowed},
     {"--no-warnings",  VALUE_NONE,    "",     "says nothing of losses on standard error",                  &Set<&T_OPTIONS_D::bNOWARNINGS>},
     {"--flatten",      VALUE_NONE,    "",     "joins the deck with its includes first, as NASTRAN means",  &Set<&T_OPTIONS_D::bFLATTEN>},
     {"--faithful",     VALUE_NONE,    "",     "restates the deck first, so that the file says what NASTRAN means", &Set<&T_OPTIONS_D::bFAITHFUL>},
     {"--restated",     VALUE_NEEDED,  "FILE", "keeps the restated deck",                                   &Keep<&T_OPTIONS_D::sRESTATED>},
-    {"--subcase",      VALUE_NEEDED,  "N",    "with --faithful, the subcase whose supports the file has",  &SetSubcase},
-    {"--super",        VALUE_NEEDED,  "N",    "with --faithful, the superelement to convert; 0 is the main model", &SetPart},
+    {"--subcase",      VALUE_NEEDED,  "N",    "with --faithful or --check, the subcase whose supports count",  &SetSubcase},
+    {"--super",        VALUE_NEEDED,  "N",    "with --faithful or --check, the superelement; 0 is the main model", &SetPart},
     {"--logical",      VALUE_NEEDED,  "NAME=FOLDER", "the folder that INCLUDE 'NAME:...' stands for",      &SetLogical},
     {"--view",         VALUE_NEEDED,  "FILE", "draws the resolved model as an SVG picture",                &Keep<&T_OPTIONS_D::sVIEW>},
     {"--vtu",          VALUE_NEEDED,  "FILE", "writes the resolved model as a VTK unstructured grid",      &Keep<&T_OPTIONS_D::sVTU>},
@@ -235,7 +246,8 @@ std::string HelpText() {
     }
     return sText + "\n"
                    "Several decks convert one after the other; -o then names a folder.\n"
-                   "exit status: 0 success, 1 a run failed, 2 wrong usage, 3 a loss (--strict)\n";
+                   "exit status: 0 success, 1 a run failed, 2 wrong usage, 3 a loss (--strict),\n"
+                   "4 an error of a deck (--check)\n";
 }
 
 std::string_view NameOfLimit(E_FAILURE eFailure) {

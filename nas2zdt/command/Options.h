@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-/// The form of the account.
-enum E_ACCOUNT_FORM { ACCOUNT_NONE, ACCOUNT_TABLE, ACCOUNT_JSON };
+/// The form of the account or the check.
+enum E_FORMAT_WANTED { WANTED_NONE, WANTED_TABLE, WANTED_JSON };
 
 /// Which losses fail a run.
 enum E_STRICT { STRICT_NONE, STRICT_RESULTS, STRICT_ANY };
@@ -27,11 +27,13 @@ struct T_OPTIONS_D {
     std::string sRESTATED; // the restated deck; empty for none
     E_STRICT eSTRICT = STRICT_NONE;
     T_ALLOWED allowed; // kinds of loss that neither fail a run nor are warned of
-    E_ACCOUNT_FORM eACCOUNT = ACCOUNT_NONE;
-    std::string sLOG;    // empty for none
-    std::string sOUTPUT; // file or folder; empty for the deck's folder
-    std::string sVIEW;   // picture of the model; empty for none
-    std::string sVTU;    // grid of the model; empty for none
+    E_FORMAT_WANTED eACCOUNT = WANTED_NONE;
+    E_FORMAT_WANTED eCHECK = WANTED_NONE;
+    double dTOLERANCE = -1.0; // within which nodes coincide; negative for one that fits the model
+    std::string sLOG;         // empty for none
+    std::string sOUTPUT;      // file or folder; empty for the deck's folder
+    std::string sVIEW;        // picture of the model; empty for none
+    std::string sVTU;         // grid of the model; empty for none
     T_LIMITS_D limits;
     std::vector<std::string> aDECKS;
 
@@ -39,8 +41,13 @@ struct T_OPTIONS_D {
     bool IsPrepared() const { return bFLATTEN || bFAITHFUL; }
 
     /// Whether losses are counted, and whether those that change no result are, too.
-    bool NeedsAccount() const { return NeedsNotes() || eSTRICT != STRICT_NONE || !bNOWARNINGS; }
-    bool NeedsNotes() const { return eACCOUNT != ACCOUNT_NONE || eSTRICT == STRICT_ANY; }
+    bool NeedsAccount() const {
+        return NeedsNotes() || eSTRICT != STRICT_NONE || !bNOWARNINGS || eCHECK != WANTED_NONE;
+    }
+    bool NeedsNotes() const { return eACCOUNT != WANTED_NONE || eSTRICT == STRICT_ANY; }
+
+    /// Whether standard output is one JSON object.
+    bool IsJson() const { return eACCOUNT == WANTED_JSON || eCHECK == WANTED_JSON; }
 };
 
 /// Reads the arguments without the program's name. Returns 1, or 0 with the error in rWhy.

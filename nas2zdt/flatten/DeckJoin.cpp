@@ -33,6 +33,21 @@ bool BeginsBulk(std::string_view sLine, bool bForgiving) {
     return StartsWithoutCase(sLine, "BEGIN") && sLine.size() > 5 && (sLine[5] == ' ' || sLine[5] == '\t');
 }
 
+/// Whether a line may do more than to be handed on, by its first characters.
+bool MayDirect(std::string_view sLine) {
+    switch (ToUpper(sLine[0])) {
+    case 'C':
+        return sLine.size() > 1 && ToUpper(sLine[1]) == 'E';
+    case 'B':
+    case 'E':
+    case 'I':
+    case CTRL_Z:
+        return true;
+    default:
+        return IsWhite(sLine[0]);
+    }
+}
+
 /// Whether a card comes in a deck before any section marker.
 bool HoldsBulkData(const std::string& sPath, bool bForgiving) {
     CTextReader reader;
@@ -133,15 +148,30 @@ void CDeckJoin::Step() {
         return Leave();
     }
     ++rLevel.iLINE;
+    if (!MayDirect(sLine)) return m_rSink.OnLine(Line(sLine));
     const bool bEnd = StartsWithoutCase(sLine, "ENDDATA") && (m_bBulk || !m_rRules.bFORGIVING);
     if (bEnd || sLine.starts_with(CTRL_Z)) {
         if (m_aLevels.size() == 1) m_rSink.OnLine(Line(sLine));
+        if (bEnd) PassRest();
         return Leave();
     }
     const char c = sLine[0];
     const bool bMayInclude = c == 'I' || c == 'i' || c == ' ' || c == '\t';
     if (CIncludeStatement statement; bMayInclude && statement.Begin(sLine)) return Include(statement);
     TakeLine(sLine);
+}
+
+/// Reads on behind an ENDDATA: nothing there counts, but somebody may have meant it to.
+void CDeckJoin::PassRest() {
+    T_LEVEL_D& rLevel = m_aLevels.back();
+    T_JOINLINE_D first;
+    std::size_t nLines = 0;
+    std::string_view sLine;
+    while (rLevel.pREADER->Read(sLine) && !sLine.starts_with(CTRL_Z)) {
+        ++rLevel.iLINE;
+        if (IsBulkLine(sLine) && nLines++ == 0) first = Line({});
+    }
+    if (nLines > 0) m_rSink.OnBehindEnd(first, nLines);
 }
 
 void CDeckJoin::TakeLine(std::string_view sLine) {

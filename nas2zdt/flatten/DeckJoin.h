@@ -17,7 +17,8 @@ class CTextReader;
 
 /// A line of one of the decks.
 struct T_JOINLINE_D {
-    std::string_view sTEXT; // with its line feed, which only the last line of a deck may lack
+    std::string_view sTEXT; // with its line feed, which only the last line of a deck may lack; what is behind it may be
+                            // read as of CTextReader
     std::size_t iFILE = 0;  // from 0, in the order in which decks are opened
     std::int32_t iLINE = 0; // from 1
     bool bBULK = false;     // whether it is in the bulk section
@@ -36,6 +37,12 @@ class CJoinSink {
 
     /// A deck that is included can't be opened.
     virtual void OnMissing(const std::string& sName, const T_JOINLINE_D& rLine) = 0;
+
+    /// Cards stand behind the ENDDATA of a deck: nLines lines begin with a keyword, the first of them is rFirst.
+    virtual void OnBehindEnd(const T_JOINLINE_D& rFirst, std::size_t nLines) {
+        static_cast<void>(rFirst);
+        static_cast<void>(nLines);
+    }
 };
 
 /// How a deck and its includes are read.
@@ -69,6 +76,7 @@ class CDeckJoin {
 
     void Enter(const std::string& sPath, std::unique_ptr<CTextReader> pReader, bool bEnclosed);
     void Leave();
+    void PassRest();
     void Step();
     void TakeLine(std::string_view sLine);
     void Include(CIncludeStatement& rStatement);

@@ -33,8 +33,10 @@ inline T_VECTOR Cross(const T_VECTOR& a, const T_VECTOR& b) {
     return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
 }
 
+/// Exact to a rounding or two, whatever the components are.
 inline double Length(const T_VECTOR& a) {
-    return std::hypot(a[0], a[1], a[2]);
+    const double dSquare = Dot(a, a);
+    return dSquare > 1e-290 && dSquare < 1e290 ? std::sqrt(dSquare) : std::hypot(a[0], a[1], a[2]);
 }
 
 inline double Largest(const T_VECTOR& a) {

@@ -6,26 +6,33 @@
 #include "nas2zdt/text/Words.h"
 
 void CCardFields::Read(const T_SOURCECARD_D& rCard) {
+    m_origin = rCard.origin;
+    m_iBroken = NOWHERE;
+    m_bIntegerForReal = false;
+    m_bColumns = rCard.bCOLUMNS;
+    if (m_bColumns) return ReadColumns(rCard.Text());
     m_aLines.clear();
-    m_bColumns = rCard.bPLAIN;
     for (std::string_view sRest = rCard.Text(); !sRest.empty();) {
         const std::size_t iFeed = sRest.find('\n');
         m_aLines.push_back(sRest.substr(0, iFeed));
         sRest.remove_prefix(iFeed + 1);
-        m_bColumns = m_bColumns && m_aLines.back().substr(0, LINE_FIELDS).find('*') == std::string_view::npos;
     }
+    m_text.Read(m_aLines);
+    m_nKeyword = 0;
     m_sKeyword.clear();
-    if (m_bColumns) {
-        m_nFields = LINE_FIELDS * m_aLines.size();
-        for (const char c : TrimText(m_aLines[0].substr(0, LINE_FIELDS))) m_sKeyword += ToUpper(c);
-    } else {
-        m_text.Read(m_aLines);
-        m_nFields = m_text.GetFields().size();
-        for (const char c : m_text.GetKeyword()) m_sKeyword += ToUpper(c);
-    }
+    for (const char c : m_text.GetKeyword()) m_sKeyword += ToUpper(c);
+    m_nFields = m_text.GetFields().size();
     while (m_nFields > 0 && Text(m_nFields - 1).empty()) --m_nFields;
-    m_origin = rCard.origin;
-    m_iBroken = NOWHERE;
+}
+
+void CCardFields::ReadColumns(std::string_view sText) {
+    m_columns.Read(sText);
+    m_nFields = m_columns.GetCount();
+    const T_COLUMNS_D keyword = m_columns.GetKeyword();
+    if (keyword.nWORD == m_nKeyword) return; // most cards stand among others of their kind
+    m_nKeyword = keyword.nWORD;
+    m_sKeyword.clear();
+    for (const char c : keyword.Text()) m_sKeyword += ToUpper(c);
 }
 
 bool CCardFields::Is(std::size_t i, std::string_view sUpper) const {
@@ -33,30 +40,31 @@ bool CCardFields::Is(std::size_t i, std::string_view sUpper) const {
 }
 
 std::int32_t CCardFields::Int(std::size_t i, std::int32_t iDefault) const {
-    if (IsBlank(i)) return iDefault;
     std::int32_t iValue = 0;
-    if (ReadInteger(Text(i), iValue)) return iValue;
+    if (m_bColumns && ReadShortInt(m_columns.Cut(i).Short(), iValue)) return iValue;
+    const std::string_view sField = Text(i);
+    if (sField.empty()) return iDefault;
+    if (ReadInteger(sField, iValue)) return iValue;
     Complain(i);
     return iDefault;
 }
 
 double CCardFields::Real(std::size_t i, double dDefault) const {
-    if (IsBlank(i)) return dDefault;
     double dValue = 0.0;
-    if (ReadReal(Text(i), dValue)) return dValue;
+    const bool bShort = m_bColumns && ReadShortReal(m_columns.Cut(i).Short(), dValue);
+    const std::string_view sField = Text(i);
+    if (!bShort && sField.empty()) return dDefault;
+    if (bShort || ReadReal(sField, dValue)) {
+        m_bIntegerForReal = m_bIntegerForReal || (sField.find('.') == std::string_view::npos && !IsReal(sField));
+        return dValue;
+    }
     Complain(i);
     return dDefault;
 }
 
 std::uint8_t CCardFields::Components(std::size_t i) const {
     std::uint8_t nBits = 0;
-    for (const char c : Text(i)) {
-        if (c >= '1' && c <= '6') {
-            nBits |= static_cast<std::uint8_t>(1u << (c - '1'));
-        } else if (c != '0') {
-            Complain(i);
-        }
-    }
+    if (!ReadComponents(Text(i), nBits)) Complain(i);
     return nBits;
 }
 

@@ -2,6 +2,7 @@
 // The fields of a card with their values.
 
 #include "nas2zdt/restate/CardText.h"
+#include "nas2zdt/restate/ColumnFields.h"
 #include "nas2zdt/restate/SourceDeck.h"
 #include "nas2zdt/text/Words.h"
 
@@ -27,7 +28,7 @@ class CCardFields {
 
     std::string_view Text(std::size_t i) const {
         if (i >= m_nFields) return {};
-        return m_bColumns ? Column(i) : m_text.GetFields()[i];
+        return m_bColumns ? m_columns.Text(i) : m_text.GetFields()[i];
     }
     bool IsBlank(std::size_t i) const { return Text(i).empty(); }
 
@@ -48,18 +49,14 @@ class CCardFields {
     static constexpr std::size_t NOWHERE = static_cast<std::size_t>(-1);
     std::size_t GetBroken() const { return m_iBroken; }
 
+    /// Whether a field that was asked for as a real number was an integer, which NASTRAN doesn't take.
+    bool HasIntegerForReal() const { return m_bIntegerForReal; }
+
     /// How the lines of a card are cut that isn't plain.
     const CCardText& GetText() const { return m_text; }
 
   private:
-    static constexpr std::size_t LINE_FIELDS = 8;
-
-    /// A field of a small field line.
-    std::string_view Column(std::size_t i) const {
-        const std::string_view sLine = m_aLines[i / LINE_FIELDS];
-        const std::size_t iColumn = LINE_FIELDS * (1 + i % LINE_FIELDS);
-        return iColumn < sLine.size() ? TrimText(sLine.substr(iColumn, LINE_FIELDS)) : std::string_view();
-    }
+    void ReadColumns(std::string_view sText);
 
     void Complain(std::size_t i) const {
         if (m_iBroken == NOWHERE) m_iBroken = i;
@@ -67,9 +64,12 @@ class CCardFields {
 
     T_ORIGINLINE_D m_origin;
     std::string m_sKeyword;
-    std::vector<std::string_view> m_aLines;
-    bool m_bColumns = false; // whether all lines are plain small field lines, whose fields are cut when asked for
+    TEXTWORD m_nKeyword = 0; // of a card of columns, as it is written there
+    bool m_bColumns = false; // whether all lines are of columns
+    CColumnFields m_columns; // if so
     CCardText m_text;        // else
+    std::vector<std::string_view> m_aLines;
     std::size_t m_nFields = 0;
     mutable std::size_t m_iBroken = NOWHERE;
+    mutable bool m_bIntegerForReal = false;
 };

@@ -3,6 +3,7 @@
 #include "nas2zdt/restate/FieldText.h"
 
 #include "nas2zdt/text/Words.h"
+#include "reader/ShortNumber.h"
 
 #include <algorithm>
 #include <charconv>
@@ -84,6 +85,7 @@ std::string WithPoint(std::string_view sText) {
 } // namespace
 
 bool ReadInteger(std::string_view sField, std::int32_t& rValue) {
+    if (ReadShortInt(sField, rValue)) return true;
     if (sField.starts_with('+')) sField.remove_prefix(1);
     const char* const pEnd = sField.data() + sField.size();
     const auto [pRead, error] = std::from_chars(sField.data(), pEnd, rValue);
@@ -91,6 +93,7 @@ bool ReadInteger(std::string_view sField, std::int32_t& rValue) {
 }
 
 bool ReadReal(std::string_view sField, double& rValue) {
+    if (ReadShortReal(sField, rValue)) return true;
     T_NUMBER_D number;
     if (!Split(sField, number)) return false;
     const char* pBegin = sField.data() + (sField[0] == '+' ? 1 : 0);
@@ -101,6 +104,19 @@ bool ReadReal(std::string_view sField, double& rValue) {
     const auto [pAgain, again] = std::from_chars(sText.data(), sText.data() + sText.size(), rValue);
     if (again == std::errc::result_out_of_range && number.bNEGATIVEEXPONENT) rValue = 0.0;
     return again == std::errc() || (again == std::errc::result_out_of_range && number.bNEGATIVEEXPONENT);
+}
+
+bool ReadComponents(std::string_view sField, std::uint8_t& rBits) {
+    rBits = 0;
+    bool bDigits = true;
+    for (const char c : sField) {
+        if (c >= '1' && c <= '6') {
+            rBits |= static_cast<std::uint8_t>(1u << (c - '1'));
+        } else {
+            bDigits = bDigits && c == '0';
+        }
+    }
+    return bDigits;
 }
 
 bool IsReal(std::string_view sField) {

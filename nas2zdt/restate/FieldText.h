@@ -13,6 +13,10 @@ bool ReadInteger(std::string_view sField, std::int32_t& rValue);
 /// finite.
 bool ReadReal(std::string_view sField, double& rValue);
 
+/// Components by their digits: bit 0 for component 1. Zeros and a blank are none. False if there is another character;
+/// rBits are then those of the others.
+bool ReadComponents(std::string_view sField, std::uint8_t& rBits);
+
 /// Whether a field is a number that can't be an integer.
 bool IsReal(std::string_view sField);
 

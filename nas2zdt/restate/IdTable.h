@@ -9,15 +9,39 @@
 #include <utility>
 #include <vector>
 
+/// Ids in ascending order, put in order when they are first asked for.
+class CSortedIds {
+  public:
+    void Clear() { m_aIDs.clear(); }
+
+    /// The ids from iFirst to iLast that there are in rRows, ascending.
+    template <class ROWS, class ID>
+    std::vector<std::int32_t> GetRange(const ROWS& rRows, ID getId, std::int32_t iFirst, std::int32_t iLast) {
+        if (m_aIDs.empty()) {
+            m_aIDs.reserve(rRows.size());
+            for (const auto& rRow : rRows) m_aIDs.push_back(getId(rRow));
+            if (!std::is_sorted(m_aIDs.begin(), m_aIDs.end())) std::sort(m_aIDs.begin(), m_aIDs.end());
+            m_aIDs.erase(std::unique(m_aIDs.begin(), m_aIDs.end()), m_aIDs.end());
+        }
+        const auto pFirst = std::lower_bound(m_aIDs.begin(), m_aIDs.end(), iFirst);
+        return {pFirst, std::max(pFirst, std::upper_bound(pFirst, m_aIDs.end(), iLast))};
+    }
+
+  private:
+    std::vector<std::int32_t> m_aIDs;
+};
+
 /// Keeps rows in the order of the deck; of two with one id the later one counts.
 template <class ROW>
 class CIdTable {
   public:
+    void Reserve(std::size_t nRows) { m_aRows.reserve(nRows); }
+
     void Put(std::int32_t iID, ROW row) {
         m_index.Add(iID, static_cast<std::uint32_t>(m_aRows.size()));
         m_aRows.emplace_back(iID, std::move(row));
         m_iLargest = std::max(m_iLargest, iID);
-        m_aSorted.clear();
+        m_sorted.Clear();
     }
 
     const ROW* Find(std::int32_t iID) const {
@@ -25,6 +49,8 @@ class CIdTable {
         return iRow == CKeyIndex::NONE ? nullptr : &m_aRows[iRow].second;
     }
     ROW* Find(std::int32_t iID) { return const_cast<ROW*>(std::as_const(*this).Find(iID)); }
+    /// Its place in GetRows(), CKeyIndex::NONE if there is none.
+    std::uint32_t FindRow(std::int32_t iID) const { return m_index.Find(iID); }
     bool Has(std::int32_t iID) const { return Find(iID) != nullptr; }
 
     /// Zero or the largest id, if that is greater.
@@ -36,18 +62,13 @@ class CIdTable {
 
     /// The ids from iFirst to iLast that there are, ascending.
     std::vector<std::int32_t> GetRange(std::int32_t iFirst, std::int32_t iLast) const {
-        if (m_aSorted.empty()) {
-            for (const auto& [iID, row] : m_aRows) m_aSorted.push_back(iID);
-            std::sort(m_aSorted.begin(), m_aSorted.end());
-            m_aSorted.erase(std::unique(m_aSorted.begin(), m_aSorted.end()), m_aSorted.end());
-        }
-        const auto pFirst = std::lower_bound(m_aSorted.begin(), m_aSorted.end(), iFirst);
-        return {pFirst, std::max(pFirst, std::upper_bound(pFirst, m_aSorted.end(), iLast))};
+        return m_sorted.GetRange(
+            m_aRows, [](const auto& rRow) { return rRow.first; }, iFirst, iLast);
     }
 
   private:
     std::vector<std::pair<std::int32_t, ROW>> m_aRows;
     CKeyIndex m_index;
     std::int32_t m_iLargest = 0;
-    mutable std::vector<std::int32_t> m_aSorted; // made when it is first asked for
+    mutable CSortedIds m_sorted;
 };

@@ -5,10 +5,8 @@
 #include "nas2zdt/restate/CardText.h"
 #include "nas2zdt/restate/FieldText.h"
 #include "nas2zdt/text/Words.h"
-#include "reader/Card.h"
 #include "reader/FieldParser.h"
 #include "reader/LineReader.h"
-#include "reader/TextBytes.h"
 
 #include <algorithm>
 #include <cstring>
@@ -20,44 +18,6 @@ enum E_TEXTRULE { TEXT_UNREADABLE, TEXT_PART, TEXT_INCLUDE, TEXT_INCLUDE_BULK, T
 constexpr std::size_t FIELD_WIDTH = 8;
 constexpr std::size_t MARK_COLUMN = 72; // from 0
 constexpr std::size_t FREE_COLUMNS = 10;
-constexpr std::size_t SHORTEST_LARGE = 57; // with all four of its fields
-
-/// Whether there is a byte in sText that makes the converter cut a line otherwise than NASTRAN does; among the fields,
-/// also one that makes it read a number otherwise. CTextStore::SLACK bytes behind sText must be readable.
-bool HasOddByte(std::string_view sText, bool bFields) {
-    T_BYTES odd{};
-    for (std::size_t i = 0; i < sText.size(); i += sizeof(T_BYTES)) {
-        const T_BYTES bytes = LoadBytes(sText.data() + i);
-        T_BYTES found =
-            Mask(bytes < ' ') | Mask(bytes == '$') | Mask(bytes == ':') | Mask(bytes == '=') | Mask(bytes == ',');
-        if (bFields) found |= Mask(bytes == '*') | Mask(bytes == 'D') | Mask(bytes == 'd');
-        if (sText.size() - i < sizeof(T_BYTES)) {
-            found &= Mask(PLACES_OF_BYTES < static_cast<unsigned char>(sText.size() - i));
-        }
-        odd |= found;
-    }
-    return AnySet(odd);
-}
-
-/// Whether eight columns hold the word at which the converter ends a deck, wherever it stands.
-bool HoldsEnd(std::string_view sColumns) {
-    return StartsWithoutCase(sColumns, "ENDDATA") ||
-           (!sColumns.empty() && StartsWithoutCase(sColumns.substr(1), "ENDDATA"));
-}
-
-/// Whether the converter cuts a line of fixed fields as NASTRAN does and reads its numbers so, too.
-bool IsPlain(std::string_view sText) {
-    if (sText.size() > static_cast<std::size_t>(LONGEST_BULK_LINE)) return false;
-    const std::string_view sFirst = sText.substr(0, FIELD_WIDTH);
-    if (sFirst.find('*') != std::string_view::npos && sText.size() < SHORTEST_LARGE) return false;
-    if (HasOddByte(sFirst, false) || HoldsEnd(sFirst)) return false;
-    if (sText.size() <= FIELD_WIDTH) return true;
-    if (sText.size() > MARK_COLUMN) {
-        const std::string_view sMark = sText.substr(MARK_COLUMN);
-        if (sMark.size() > FIELD_WIDTH || HasOddByte(sMark, false) || HoldsEnd(sMark)) return false;
-    }
-    return !HasOddByte(sText.substr(FIELD_WIDTH, MARK_COLUMN - FIELD_WIDTH), true);
-}
 
 /// Field 1 of a line, without the blanks around it.
 std::string_view FirstField(std::string_view sText) {
@@ -104,9 +64,10 @@ const std::vector<T_RULE_D> CSourceDeck::RULES = {
      "restated: continuation lines put behind the line of their mark", "stray-line"},
 };
 
-void CTextStore::Append(std::string_view sText) {
-    if (sText.size() > m_nRoom) {
-        const std::size_t nBlock = std::max(BLOCK, m_nOpen + sText.size());
+/// Makes room at the end of the text that grows.
+char* CTextStore::Extend(std::size_t nText) {
+    if (nText > m_nRoom) {
+        const std::size_t nBlock = std::max(BLOCK, 2 * (m_nOpen + nText)); // a long text moves seldom
         auto pBlock = std::make_unique_for_overwrite<char[]>(nBlock + SLACK);
         std::memset(pBlock.get() + nBlock, 0, SLACK);
         if (m_nOpen > 0) std::memcpy(pBlock.get(), m_pEnd - m_nOpen, m_nOpen);
@@ -114,17 +75,39 @@ void CTextStore::Append(std::string_view sText) {
         m_nRoom = nBlock - m_nOpen;
         m_aBlocks.push_back(std::move(pBlock));
     }
-    if (!sText.empty()) std::memcpy(m_pEnd, sText.data(), sText.size());
-    m_pEnd += sText.size();
-    m_nRoom -= sText.size();
-    m_nOpen += sText.size();
+    m_pEnd += nText;
+    m_nRoom -= nText;
+    m_nOpen += nText;
+    return m_pEnd - nText;
 }
 
-void CSourceDeck::Read(const std::string& sDeck, const T_JOINRULES_D& rRules) {
+void CTextStore::Append(std::string_view sText) {
+    if (!sText.empty()) std::memcpy(Extend(sText.size()), sText.data(), sText.size());
+}
+
+void CTextStore::AppendLine(std::string_view sText) {
+    char* pText = Extend(sText.size() + 1);
+    if (!sText.empty()) std::memcpy(pText, sText.data(), sText.size());
+    pText[sText.size()] = '\n';
+}
+
+void CTextStore::Drop(std::string_view sText) {
+    if (sText.data() + sText.size() != m_pEnd) return;
+    m_pEnd -= sText.size();
+    m_nRoom += sText.size();
+    m_nOpen = 0;
+}
+
+void CSourceDeck::Read(const std::string& sDeck, const T_JOINRULES_D& rRules, CCardSink* pSink) {
+    m_pSink = pSink;
     CDeckJoin join(*this, rRules);
     join.Run(sDeck);
     EndCard();
     JoinStrays();
+    if (m_pSink) {
+        for (const T_SOURCECARD_D& rCard : m_aCards) m_pSink->OnCard(rCard);
+        m_aCards.clear();
+    }
     m_inputs = join.GetInputs();
     for (const auto& [sKeyword, nCount] : m_mapParts) m_rTold.Tell(RULES[TEXT_PART], sKeyword, {}, {}, nCount);
 }
@@ -139,9 +122,14 @@ void CSourceDeck::OnLine(const T_JOINLINE_D& rLine) {
     while (!sText.empty() && (sText.back() == '\n' || sText.back() == '\r')) sText.remove_suffix(1);
     const T_ORIGINLINE_D origin{static_cast<std::uint32_t>(rLine.iFILE), rLine.iLINE};
     if (sText.starts_with('$') || sText.starts_with(CTRL_Z)) return;
+    const T_LINELOOK_D look = rLine.bBULK ? LookAtLine(sText) : T_LINELOOK_D();
+    if (look.bCARD) {
+        if (!look.bCOLUMNS || !GiveLine(rLine, sText, origin)) BeginCard(sText, origin, look);
+        return;
+    }
     if (TakeMarker(sText, rLine.bBULK)) return EndCard();
     if (rLine.bBULK) {
-        TakeBulk(sText, origin);
+        TakeBulk(sText, origin, look);
     } else {
         EndCard();
         TakeControl(sText, origin);
@@ -150,8 +138,9 @@ void CSourceDeck::OnLine(const T_JOINLINE_D& rLine) {
 
 /// Markers of sections aren't lines of any, but for a CEND in its place. A BEGIN may say which part begins.
 bool CSourceDeck::TakeMarker(std::string_view sText, bool bBulk) {
-    const std::size_t iFirst = sText.find_first_not_of(" \t");
-    if (iFirst == std::string_view::npos) return false;
+    std::size_t iFirst = 0;
+    while (iFirst < sText.size() && (sText[iFirst] == ' ' || sText[iFirst] == '\t')) ++iFirst;
+    if (iFirst == sText.size()) return false;
     const char c = ToUpper(sText[iFirst]);
     if (c != 'B' && c != 'C' && c != 'E') return false;
     if (StartsWithoutCase(sText, "ENDDATA")) return true;
@@ -178,38 +167,60 @@ void CSourceDeck::TakeControl(std::string_view sText, const T_ORIGINLINE_D& rOri
     m_aControl.push_back({m_texts.GetOpen(), rOrigin});
 }
 
-void CSourceDeck::TakeBulk(std::string_view sText, const T_ORIGINLINE_D& rOrigin) {
+void CSourceDeck::TakeBulk(std::string_view sText, const T_ORIGINLINE_D& rOrigin, const T_LINELOOK_D& rLook) {
     const char c = sText.empty() ? ' ' : sText[0];
-    if (c != ' ' && c != '\t' && c != '+' && c != '*' && c != ',' && c != '=') return BeginCard(sText, rOrigin);
+    if (c != ' ' && c != '\t' && c != '+' && c != '*' && c != ',' && c != '=') return BeginCard(sText, rOrigin, rLook);
     if (TrimText(sText.substr(0, sText.find('$'))).empty()) return;
     const std::string_view sFirst = FirstField(sText);
     if (c == '=' || sFirst.starts_with("*(")) return Replicate(sText, rOrigin);
-    if (sFirst.empty() || sFirst[0] == '+' || sFirst[0] == '*') return AddLine(sText);
-    BeginCard(sText, rOrigin);
+    if (sFirst.empty() || sFirst[0] == '+' || sFirst[0] == '*') return AddLine(sText, rLook);
+    BeginCard(sText, rOrigin, rLook);
 }
 
-void CSourceDeck::BeginCard(std::string_view sText, const T_ORIGINLINE_D& rOrigin) {
+void CSourceDeck::BeginCard(std::string_view sText, const T_ORIGINLINE_D& rOrigin, const T_LINELOOK_D& rLook) {
     EndCard();
-    const std::string_view sFirst = FirstField(sText);
-    if (!IsWord(sFirst) || HoldsEnd(sFirst)) {
-        m_rTold.Tell(RULES[TEXT_UNREADABLE], sFirst, rOrigin);
-        return;
+    if (!rLook.bCARD) {
+        const std::string_view sFirst = FirstField(sText);
+        if (!IsWord(sFirst) || HoldsEnd(sFirst)) return m_rTold.Tell(RULES[TEXT_UNREADABLE], sFirst, rOrigin);
     }
     if (m_iInPart != m_iPart) {
-        std::string sKeyword(Keyword(sFirst));
+        std::string sKeyword(Keyword(FirstField(sText)));
         std::transform(sKeyword.begin(), sKeyword.end(), sKeyword.begin(), &ToUpper);
         ++m_mapParts[sKeyword];
         return;
     }
+    GiveCard();
     m_texts.Begin();
-    m_aCards.push_back({nullptr, 0, rOrigin, 0, 0, sText[0] != ' '});
+    const bool bAtFirst = sText[0] != ' ';
+    m_aCards.push_back({nullptr, 0, rOrigin, 0, 0, bAtFirst, bAtFirst});
     m_bOpen = true;
     m_sLastMark.clear();
-    AddLine(sText);
+    AddLine(sText, rLook);
+}
+
+/// Hands the last card on. One that lines from elsewhere may be joined to waits for the end of the deck, and so do all
+/// behind it.
+void CSourceDeck::GiveCard() {
+    if (!m_pSink || m_aCards.empty() || IsWaiting()) return;
+    const T_SOURCECARD_D card = m_aCards.back();
+    m_aCards.pop_back();
+    if (!m_pSink->OnCard(card)) m_texts.Drop(card.Text());
+}
+
+/// The short way for a card that ends with its line: the next one begins another. False if it isn't gone.
+bool CSourceDeck::GiveLine(const T_JOINLINE_D& rLine, std::string_view sText, const T_ORIGINLINE_D& rOrigin) {
+    if (!m_pSink || sText.size() > MARK_COLUMN || m_iInPart != m_iPart) return false;
+    const char cNext = ToUpper(*(rLine.sTEXT.data() + rLine.sTEXT.size()));
+    if (cNext < 'A' || cNext > 'Z' || cNext == 'E' || cNext == 'I') return false; // a deck may begin or end there
+    EndCard();
+    GiveCard();
+    if (IsWaiting() || !m_pSink->OnLine(sText, rOrigin)) return false;
+    m_sGiven = sText;
+    return true;
 }
 
 /// Adds a line to the card in hand, or begins a stray one if its mark is another.
-void CSourceDeck::AddLine(std::string_view sText) {
+void CSourceDeck::AddLine(std::string_view sText, const T_LINELOOK_D& rLook) {
     if (!m_bOpen) return; // of a line that can't be read, or of another part
     const bool bGoesOn = !m_texts.GetOpen().empty();
     if (bGoesOn && !(m_sLastMark.empty() && m_aWaiting.empty())) {
@@ -221,12 +232,15 @@ void CSourceDeck::AddLine(std::string_view sText) {
             m_aStrays.push_back({{}, m_aCards.size() - 1});
         }
     }
-    m_texts.Append(sText);
-    const std::string_view sOpen = m_texts.GetOpen();
-    const bool bPlain = IsPlain(sOpen.substr(sOpen.size() - sText.size()));
-    m_aCards.back().bPLAIN = m_aCards.back().bPLAIN && bPlain;
-    m_texts.Append('\n');
-    m_sLastMark = LastMark(sText, bPlain);
+    m_texts.AppendLine(sText);
+    T_SOURCECARD_D& rCard = m_aCards.back();
+    rCard.bPLAIN = rCard.bPLAIN && rLook.bPLAIN;
+    rCard.bCOLUMNS = rCard.bCOLUMNS && rLook.bCOLUMNS;
+    if (rLook.bPLAIN && sText.size() <= MARK_COLUMN) {
+        m_sLastMark.clear();
+    } else {
+        m_sLastMark = LastMark(sText, rLook.bPLAIN);
+    }
 }
 
 /// Keeps the text of the card or of the stray line in hand.
@@ -259,7 +273,7 @@ void CSourceDeck::JoinStrays() {
         m_texts.Append(m_aStrays[iStray].sTEXT);
         rCard.pTEXT = m_texts.GetOpen().data();
         rCard.nTEXT = static_cast<std::uint32_t>(m_texts.GetOpen().size());
-        rCard.bPLAIN = false;
+        rCard.bPLAIN = rCard.bCOLUMNS = false;
         aJoined[iStray] = true;
     };
     const auto lastMark = [](std::string_view sLines) {
@@ -291,7 +305,7 @@ void CSourceDeck::Replicate(std::string_view sText, const T_ORIGINLINE_D& rOrigi
     CCardText line, before;
     line.Read({&sText, 1});
     const std::string_view sCount = line.GetLines()[0].sFIRST;
-    if (!sCount.starts_with('=') || m_aCards.empty()) return fail();
+    if (!sCount.starts_with('=') || (m_aCards.empty() && m_sGiven.empty())) return fail();
     std::int32_t nCards = 1;
     if (sCount.size() > 1) {
         const std::string_view sNumber = sCount.substr(sCount[1] == '(' ? 2 : 1);
@@ -310,9 +324,10 @@ void CSourceDeck::Replicate(std::string_view sText, const T_ORIGINLINE_D& rOrigi
                                  " cards in all; the option --limit ranges=N sets it");
     }
     for (std::int32_t i = 0; i < nCards; ++i) {
-        std::string_view sBefore = m_aCards.back().Text();
-        sBefore.remove_suffix(1);
-        if (sBefore.find('\n') != std::string_view::npos) return fail(); // cards of several lines have no such form
+        if (!m_aCards.empty()) m_sGiven = m_aCards.back().Text().substr(0, m_aCards.back().nTEXT - 1);
+        if (m_sGiven.find('\n') != std::string::npos) return fail(); // cards of several lines have no such form
+        GiveCard();
+        const std::string_view sBefore = m_sGiven;
         before.Read({&sBefore, 1});
         m_texts.Begin();
         m_texts.Append(before.GetKeyword());
@@ -331,7 +346,7 @@ void CSourceDeck::Replicate(std::string_view sText, const T_ORIGINLINE_D& rOrigi
         }
         m_texts.Append('\n');
         const std::string_view sMade = m_texts.GetOpen();
-        m_aCards.push_back({sMade.data(), static_cast<std::uint32_t>(sMade.size()), rOrigin, 0, 0, false});
+        m_aCards.push_back({sMade.data(), static_cast<std::uint32_t>(sMade.size()), rOrigin, 0, 0, false, false});
         m_rTold.Tell(RULES[TEXT_REPLICATED], before.GetKeyword(), rOrigin);
     }
 }

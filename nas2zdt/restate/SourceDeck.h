@@ -2,6 +2,7 @@
 // A deck with its includes as NASTRAN reads it: lines of control, and cards with the places that they came from.
 
 #include "nas2zdt/flatten/DeckJoin.h"
+#include "nas2zdt/restate/LineLook.h"
 #include "nas2zdt/restate/Rule.h"
 
 #include <cstddef>
@@ -21,9 +22,15 @@ class CTextStore {
     void Begin() { m_nOpen = 0; }
     void Append(std::string_view sText);
     void Append(char c) { Append(std::string_view(&c, 1)); }
+    void AppendLine(std::string_view sText); // and a line feed
     std::string_view GetOpen() const { return {m_pEnd - m_nOpen, m_nOpen}; }
 
+    /// Forgets a text if no other one has begun since.
+    void Drop(std::string_view sText);
+
   private:
+    char* Extend(std::size_t nText);
+
     static constexpr std::size_t BLOCK = std::size_t{1} << 20;
 
     std::vector<std::unique_ptr<char[]>> m_aBlocks;
@@ -46,8 +53,28 @@ struct T_SOURCECARD_D {
     std::uint8_t iROW = 0;   // for the use of the rules
     std::uint8_t nNEEDS = 0; // likewise
     bool bPLAIN = true;      // whether the converter cuts it into the same fields
+    bool bCOLUMNS = true;    // plain, and all fields are of eight columns
 
     std::string_view Text() const { return {pTEXT, nTEXT}; }
+};
+
+/// Lines that look like cards, behind an ENDDATA.
+struct T_BEHINDEND_D {
+    T_ORIGINLINE_D first;
+    std::size_t nLINES;
+};
+
+/// Takes the cards of a deck that is being read, in order.
+class CCardSink {
+  public:
+    virtual ~CCardSink() = default;
+
+    /// Whether the card's text has to stay where it is.
+    virtual bool OnCard(const T_SOURCECARD_D& rCard) = 0;
+
+    /// The same for a card that is a single line of columns, whose text is valid during the call. If it returns false,
+    /// the card comes again.
+    virtual bool OnLine(std::string_view sLine, const T_ORIGINLINE_D& rOrigin) = 0;
 };
 
 /// Reads a deck. Comments and lines of blanks are nothing; continuation lines belong together by their marks, or else
@@ -58,14 +85,18 @@ class CSourceDeck : private CJoinSink {
     CSourceDeck(CTold& rTold, std::int32_t iPart, std::int64_t nMostMade = T_LIMITS_D().nRANGES)
         : m_rTold(rTold), m_iPart(iPart), m_nMostMade(nMostMade) {}
 
-    /// Throws CFileException with the place in a deck if that can't be joined.
-    void Read(const std::string& sDeck, const T_JOINRULES_D& rRules);
+    /// Cards go to pSink, which may be null: then they are kept, and it is GetCards that has them. Throws
+    /// CFileException with the place in a deck if that can't be joined.
+    void Read(const std::string& sDeck, const T_JOINRULES_D& rRules, CCardSink* pSink = nullptr);
 
     const std::vector<T_CONTROL_D>& GetControl() const { return m_aControl; }
     std::vector<T_SOURCECARD_D>& GetCards() { return m_aCards; }
     const std::vector<T_SOURCECARD_D>& GetCards() const { return m_aCards; }
     const std::vector<std::string>& GetFiles() const { return m_aFiles; }
     const T_INPUTS& GetInputs() const { return m_inputs; }
+
+    /// One for each file that has any.
+    const std::vector<T_BEHINDEND_D>& GetBehindEnd() const { return m_aBehindEnd; }
 
     static const std::vector<T_RULE_D> RULES;
 
@@ -74,13 +105,19 @@ class CSourceDeck : private CJoinSink {
     void OnLine(const T_JOINLINE_D& rLine) override;
     void OnSwitch(const T_JOINLINE_D&) override {}
     void OnMissing(const std::string& sName, const T_JOINLINE_D& rLine) override;
+    void OnBehindEnd(const T_JOINLINE_D& rFirst, std::size_t nLines) override {
+        m_aBehindEnd.push_back({{static_cast<std::uint32_t>(rFirst.iFILE), rFirst.iLINE}, nLines});
+    }
 
     void TakeControl(std::string_view sText, const T_ORIGINLINE_D& rOrigin);
     bool TakeMarker(std::string_view sText, bool bBulk);
-    void TakeBulk(std::string_view sText, const T_ORIGINLINE_D& rOrigin);
-    void BeginCard(std::string_view sText, const T_ORIGINLINE_D& rOrigin);
-    void AddLine(std::string_view sText);
+    void TakeBulk(std::string_view sText, const T_ORIGINLINE_D& rOrigin, const T_LINELOOK_D& rLook);
+    void BeginCard(std::string_view sText, const T_ORIGINLINE_D& rOrigin, const T_LINELOOK_D& rLook);
+    void AddLine(std::string_view sText, const T_LINELOOK_D& rLook);
     void EndCard();
+    void GiveCard();
+    bool GiveLine(const T_JOINLINE_D& rLine, std::string_view sText, const T_ORIGINLINE_D& rOrigin);
+    bool IsWaiting() const { return !m_aWaiting.empty() || !m_aStrays.empty(); }
     void Replicate(std::string_view sText, const T_ORIGINLINE_D& rOrigin);
     void JoinStrays();
 
@@ -91,10 +128,12 @@ class CSourceDeck : private CJoinSink {
     std::int32_t m_iInPart = 0; // the part that the lines in hand belong to
     CTextStore m_texts;
     std::vector<T_CONTROL_D> m_aControl;
-    std::vector<T_SOURCECARD_D> m_aCards;
+    std::vector<T_SOURCECARD_D> m_aCards; // with a sink, those that it hasn't got yet
+    CCardSink* m_pSink = nullptr;
     bool m_bOpen = false;    // whether the last card may go on
     std::string m_sLastMark; // field 10 of the last line, bare
     std::string m_sCommon;   // of replication: the lines that are to be repeated
+    std::string m_sGiven;    // the last card that went to the sink, without its line feed
     struct T_STRAY_D {
         std::string_view sTEXT;
         std::size_t iCARD; // the one before it
@@ -102,6 +141,7 @@ class CSourceDeck : private CJoinSink {
     std::vector<T_STRAY_D> m_aStrays;                // continuation lines with another mark than the line before them
     std::vector<std::uint32_t> m_aWaiting;           // cards that end in a mark
     std::map<std::string, std::uint64_t> m_mapParts; // cards of parts that aren't read, by keyword
+    std::vector<T_BEHINDEND_D> m_aBehindEnd;
     std::vector<std::string> m_aFiles;
     T_INPUTS m_inputs;
 };

@@ -9,7 +9,7 @@ constexpr std::size_t BLOCK_SIZE = std::size_t{64} * 1024; // small: each level 
 }
 
 int CTextReader::Open(const std::string& sPath, std::string& rCause) {
-    m_aBuffer.resize(BLOCK_SIZE);
+    m_aBuffer.resize(BLOCK_SIZE + SLACK);
     m_iNext = m_iEnd = 0;
     m_bEnd = m_bFailed = false;
     return m_file.Open(sPath, rCause);
@@ -21,13 +21,14 @@ bool CTextReader::Fill() {
         std::memmove(m_aBuffer.data(), m_aBuffer.data() + m_iNext, m_iEnd - m_iNext);
         m_iEnd -= m_iNext;
         m_iNext = 0;
-    } else if (m_iEnd == m_aBuffer.size()) {
+    } else if (m_iEnd == m_aBuffer.size() - SLACK) {
         m_aBuffer.resize(2 * m_aBuffer.size());
     }
-    const std::ptrdiff_t nRead = m_file.Read(m_aBuffer.data() + m_iEnd, m_aBuffer.size() - m_iEnd);
+    const std::ptrdiff_t nRead = m_file.Read(m_aBuffer.data() + m_iEnd, m_aBuffer.size() - SLACK - m_iEnd);
     m_bFailed = nRead < 0;
     m_bEnd = nRead <= 0;
     m_iEnd += m_bEnd ? 0 : static_cast<std::size_t>(nRead);
+    m_aBuffer[m_iEnd] = '\0';
     return !m_bEnd;
 }
 

@@ -10,6 +10,10 @@
 
 class CTextReader {
   public:
+    /// Number of bytes behind each line that may be read. The first is that of the next line, or NUL if that isn't read
+    /// yet; the others don't matter.
+    static constexpr std::size_t SLACK = 16;
+
     /// Returns 1, or 0 with the cause in rCause.
     int Open(const std::string& sPath, std::string& rCause);
 

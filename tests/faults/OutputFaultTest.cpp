@@ -36,7 +36,7 @@ class OutputFaultTest : public testing::Test {
         for (int i = 100000; i < 111000; ++i) sDeck += "GRID," + std::to_string(i) + ",,1.5,2.5,-1234.5\n";
         WriteText("deck.dat", sDeck + "ENDDATA\n");
         WriteText("PART.DAT", "BEGIN BULK\nGRID,200000\nENDDATA\n");
-        m_options.eACCOUNT = ACCOUNT_JSON;
+        m_options.eACCOUNT = m_options.eCHECK = WANTED_JSON;
         m_options.sVIEW = "deck.svg";
         m_options.sVTU = "deck.vtu";
     }

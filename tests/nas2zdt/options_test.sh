@@ -22,9 +22,9 @@ cp good.dat other/good.dat
 
 # ---- the command line
 expect "help fits a page" 0 --help
-[ "$(wc -l <out)" -le 32 ] || fail "help has more lines than a page"
+[ "$(wc -l <out)" -le 34 ] || fail "help has more lines than a page"
 [ "$(wc -L <out)" -le 96 ] || fail "help has lines that are too long"
-for args in "--log" "--log= good.dat" "--strict=all good.dat" "--allow" "--allow= good.dat" "--account=xml good.dat" "--quiet=1 good.dat" "-o" \
+for args in "--log" "--log= good.dat" "--strict=all good.dat" "--allow" "--allow= good.dat" "--account=xml good.dat" "--check=xml good.dat" "--tolerance 1 good.dat" "--check --tolerance -1 good.dat" "--check --tolerance 1x good.dat" "--quiet=1 good.dat" "-o" \
     "--limit" "--limit ranges good.dat" "--limit ranges=0 good.dat" "--limit ranges=5x good.dat" "--limit lines=5 good.dat" \
     "--limit decks=99999999999999999999 good.dat" "--limit =5 good.dat" "--restated x.dat good.dat" "--subcase 1 good.dat" "--super 1 good.dat" "--faithful --super x good.dat" \
     "--logical A=. good.dat" "--faithful --logical A good.dat" "--faithful --restated x.dat good.dat lossy.dat" "-o good.zdt good.dat lossy.dat"; do
@@ -50,6 +50,34 @@ says "no progress without a terminal, but a warning" err "$warning"
 expect "flattened" 0 --flatten lossy.dat
 cmp plain.zdt lossy.zdt || fail "the target file of a joined deck"
 sed 's/(Line:3)/(Line:lossy.dat:3)/' plain.log | cmp - out || fail "the log of a joined deck"
+
+# ---- check
+printf 'CEND\nBEGIN BULK\nGRID,1\nGRID,2,,1.\nCROD,7,5,1,99\nPROD,5,1,1.\nMAT1,1,1.,,.3\nENDDATA\n' >broken.dat
+expect "an error of a deck" 4 -q --no-warnings --check broken.dat
+says "the error with its place" out "  CROD 7 (broken.dat:5): GRID 99 doesn't exist"
+says "sums" out "    rods                                        1              1              -"
+says "their number" err "nas2zdt: broken.dat: 1 error of the deck"
+mv broken.zdt checked.zdt
+expect "the same without a check" 0 -q --no-warnings broken.dat
+cmp broken.zdt checked.zdt || fail "the target file with a check"
+expect "a loss comes before" 3 -q --strict --check broken.dat
+expect "a sound deck" 0 -q --no-warnings --check --tolerance 0 --subcase 1 good.dat
+silent "a sound deck" err
+expect "a deck that can't be joined" 1 -q --check bad.dat
+expect "both for programs" 4 --account=json --check=json good.dat broken.dat
+if command -v python3 >/dev/null; then
+    python3 - <<'END' || fail "JSON of a check"
+import json
+good, broken = json.load(open("out"))["decks"]
+assert good["check"]["errors"] == 0 and good["account"]["losses"] == 0
+assert broken["check"]["errors"] == 1 and broken["log"][0] is not None
+places = [p for f in broken["check"]["findings"] if f["severity"] == "error" for p in f["places"]]
+assert places == [{"id": 7, "file": "broken.dat", "line": 5, "text": "GRID 99 doesn't exist"}]
+assert {(t["group"], t["name"]): t["deck"] for t in broken["check"]["totals"]}["nodes", "count"] == 2
+END
+fi
+expect "the check alone for programs" 0 --check=json good.dat
+grep -q '"account":null,"check":{' out || fail "no account that nobody asked for"
 
 # ---- account and strict
 expect "the account of a deck" 0 --quiet --account lossy.dat
