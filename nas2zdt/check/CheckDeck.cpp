@@ -49,27 +49,33 @@ bool HasOrientation(std::string_view sKeyword) {
 
 CCheckDeck::CCheckDeck(const std::string& sDeck, const T_CHOICE_D& rChoice)
     : m_source(m_told, rChoice.iPART, rChoice.nRANGES) {
-    Reserve(sDeck);
-    m_source.Read(sDeck, rChoice.join, this);
+    constexpr std::uintmax_t LARGE = std::uintmax_t{1} << 22; // bytes; a smaller deck is read before a thread pays
+    CCardSink& rSelf = *this;
+    m_relay.emplace(rSelf, Reserve(sDeck) >= LARGE && rChoice.nTHREADS > 1);
+    m_source.Read(sDeck, rChoice.join, &*m_relay);
+    m_relay->Finish();
     ChooseCase(rChoice);
     FillGrids();
     FillOrientations();
     m_model.Resolve();
+    m_gridRows.Fill(m_model.m_grids.GetRows(), [](const auto& rRow) { return rRow.first; });
+    m_elementRows.Fill(m_aElements, [](const T_DECKELEMENT_D& r) { return r.iEID; });
 }
 
 /// Room for the tables of an ordinary deck without includes: what they don't need of it is never touched, while a table
-/// that grows is copied again and again.
-void CCheckDeck::Reserve(const std::string& sDeck) {
+/// that grows is copied again and again. Gives the size of the deck.
+std::uintmax_t CCheckDeck::Reserve(const std::string& sDeck) {
     constexpr std::size_t CARD_BYTES = 64, MOST_BYTES = std::size_t{1} << 28;
     std::error_code error;
     const std::uintmax_t nBytes = std::filesystem::file_size(ToPath(sDeck), error);
-    if (error) return; // there is none, or it goes by another name
+    if (error) return 0; // there is none, or it goes by another name
     const std::size_t nCards = std::min<std::uintmax_t>(nBytes, MOST_BYTES) / CARD_BYTES;
     m_model.m_grids.Reserve(nCards);
     m_aGridOrigins.reserve(nCards);
     m_aGridBlanks.reserve(nCards);
     m_aElements.reserve(nCards);
     m_aNodes.reserve(4 * nCards);
+    return nBytes;
 }
 
 /// Takes what needs no second look: fields behind the grids of an element, and all that may be wrong, do.
@@ -286,7 +292,6 @@ void CCheckDeck::AddElement(const T_ORIGINLINE_D& rOrigin) {
         m_orientations.Put(iEID, m_element.orientation);
         m_aOrientationBlanks.push_back(m_element.nBLANKS);
     }
-    m_elementRows.Add(iEID, static_cast<std::uint32_t>(m_aElements.size()));
     m_element.element.iFIRST = static_cast<std::uint32_t>(m_aNodes.size());
     m_element.element.origin = rOrigin;
     m_aElements.push_back(m_element.element);
@@ -361,11 +366,6 @@ void CCheckDeck::TakeFrameByPoints() {
     frame.iRID = m_card.Int(1);
     for (std::size_t i = 0; i < 9; ++i) frame.dPOINTS[i / 3][i % 3] = m_card.Real(2 + i);
     if (IsSound(IsId(iCID) && frame.iRID >= 0)) m_model.m_frameCards.Put(iCID, frame);
-}
-
-const T_DECKELEMENT_D* CCheckDeck::FindElement(std::int32_t iEID) const {
-    const std::uint32_t iRow = m_elementRows.Find(iEID);
-    return iRow == CKeyIndex::NONE ? nullptr : &m_aElements[iRow];
 }
 
 std::vector<std::int32_t> CCheckDeck::GetElementRange(std::int32_t iFirst, std::int32_t iLast) const {

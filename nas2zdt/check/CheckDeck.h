@@ -2,6 +2,8 @@
 // A deck as NASTRAN means it, kept as small as a review of it needs.
 
 #include "nas2zdt/check/CardFormats.h"
+#include "nas2zdt/check/CardRelay.h"
+#include "nas2zdt/check/DenseRows.h"
 #include "nas2zdt/check/ElementKinds.h"
 #include "nas2zdt/restate/CardFields.h"
 #include "nas2zdt/restate/ColumnFields.h"
@@ -62,7 +64,16 @@ class CCheckDeck : private CCardSink {
 
     /// Grids with their basic positions, and frames. Of a grid or frame with an id twice the last counts.
     const CDeckModel& GetModel() const { return m_model; }
-    const T_VECTOR* FindPosition(std::int32_t iGrid) const { return m_model.FindPosition(iGrid); }
+    /// Place of a grid in the table, CKeyIndex::NONE if there is none.
+    std::uint32_t FindGridRow(std::int32_t iGrid) const { return m_gridRows.Find(iGrid); }
+    bool HasGrid(std::int32_t iGrid) const { return FindGridRow(iGrid) != CKeyIndex::NONE; }
+    /// As CDeckModel does, with less work.
+    const T_VECTOR* FindPosition(std::int32_t iGrid) const {
+        const std::uint32_t iRow = FindGridRow(iGrid);
+        if (iRow == CKeyIndex::NONE) return nullptr;
+        const T_POINT_D& rGrid = m_model.m_grids.GetRows()[iRow].second;
+        return rGrid.bPLACED ? &rGrid.dX : nullptr;
+    }
     /// Of the grid in this row of the table.
     const T_ORIGINLINE_D& GetGridOrigin(std::size_t iRow) const { return m_aGridOrigins[iRow]; }
 
@@ -74,7 +85,10 @@ class CCheckDeck : private CCardSink {
     }
 
     /// The last element with this id, null if there is none.
-    const T_DECKELEMENT_D* FindElement(std::int32_t iEID) const;
+    const T_DECKELEMENT_D* FindElement(std::int32_t iEID) const {
+        const std::uint32_t iRow = m_elementRows.Find(iEID);
+        return iRow == CKeyIndex::NONE ? nullptr : &m_aElements[iRow];
+    }
 
     /// Ids of elements from iFirst to iLast that there are, ascending.
     std::vector<std::int32_t> GetElementRange(std::int32_t iFirst, std::int32_t iLast) const;
@@ -152,7 +166,7 @@ class CCheckDeck : private CCardSink {
         std::uint8_t nBLANKS = 0;
     };
 
-    void Reserve(const std::string& sDeck);
+    std::uintmax_t Reserve(const std::string& sDeck);
     bool OnCard(const T_SOURCECARD_D& rCard) override;
     bool OnLine(std::string_view sLine, const T_ORIGINLINE_D& rOrigin) override;
     static T_TABLE_D FindTable(std::string_view sKeyword);
@@ -180,16 +194,17 @@ class CCheckDeck : private CCardSink {
 
     CTold m_told;
     CSourceDeck m_source;
-    CCardFields m_card;      // the card in hand
-    CColumnFields m_columns; // likewise, if it came as a line
-    TEXTWORD m_nKeyword = 0; // of the last line
-    T_TABLE_D m_table;       // of that keyword
+    std::optional<CCardRelay> m_relay; // has the texts of cards
+    CCardFields m_card;                // the card in hand
+    CColumnFields m_columns;           // likewise, if it came as a line
+    TEXTWORD m_nKeyword = 0;           // of the last line
+    T_TABLE_D m_table;                 // of that keyword
     T_ELEMENTCARD_D m_element;
     CDeckModel m_model;
     std::vector<T_ORIGINLINE_D> m_aGridOrigins;
     std::vector<T_DECKELEMENT_D> m_aElements;
     std::vector<std::int32_t> m_aNodes;
-    CKeyIndex m_elementRows;
+    CDenseRows m_gridRows, m_elementRows;
     mutable CSortedIds m_elementIds;
     CIdTable<T_ORIENTATION_D> m_orientations; // by element
     std::vector<T_ELEMENTUSE_D> m_aUses;

@@ -69,8 +69,7 @@ const std::vector<CConnectivity::T_TIE_D> CConnectivity::TIES = {
 };
 
 CConnectivity::CConnectivity(const CCheckDeck& rDeck)
-    : m_rDeck(rDeck), m_rGrids(rDeck.GetModel().m_grids),
-      m_rows(m_rGrids.GetRows(), [](const auto& rRow) { return rRow.first; }), m_joints(m_rGrids.GetRows().size()),
+    : m_rDeck(rDeck), m_rGrids(rDeck.GetModel().m_grids), m_joints(m_rGrids.GetRows().size()),
       m_links(m_rGrids.GetRows().size()), m_aUses(m_rGrids.GetRows().size()) {
     for (std::size_t i = 0; i < m_aTies.size(); ++i) {
         const auto isOther = [&](const T_TIE_D& r) { return static_cast<std::size_t>(r.sKEYWORD[0] - 'A') != i; };

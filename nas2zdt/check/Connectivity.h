@@ -2,7 +2,6 @@
 // What belongs together: grids by elements, links and equations.
 
 #include "nas2zdt/check/CheckDeck.h"
-#include "nas2zdt/check/DenseRows.h"
 #include "nas2zdt/check/GeometryTold.h"
 
 #include <algorithm>
@@ -40,9 +39,7 @@ class CConnectivity : public CCardTaker {
     explicit CConnectivity(const CCheckDeck& rDeck);
 
     /// Place of a grid in the table, CKeyIndex::NONE if there is none.
-    std::uint32_t FindRow(std::int32_t iGrid) const {
-        return m_rows.Find(iGrid, [this](std::int32_t i) { return m_rGrids.FindRow(i); });
-    }
+    std::uint32_t FindRow(std::int32_t iGrid) const { return m_rDeck.FindGridRow(iGrid); }
 
     /// aRows are the element's grids, CKeyIndex::NONE for one that doesn't exist.
     void AddElement(const T_DECKELEMENT_D& rElement, E_BODY eBody, std::span<const std::uint32_t> aRows);
@@ -93,7 +90,6 @@ class CConnectivity : public CCardTaker {
 
     const CCheckDeck& m_rDeck;
     const CIdTable<T_POINT_D>& m_rGrids;
-    CDenseRows m_rows;
     CJoints m_joints, m_links;
     T_VECTOR m_low, m_high;
     std::vector<std::uint8_t> m_aUses;

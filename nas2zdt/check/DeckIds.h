@@ -65,9 +65,7 @@ class CDeckIds : public CCardTaker {
     /// Call it behind the last card.
     void Finish();
 
-    bool HasGrid(std::int32_t iID) const {
-        return m_grids.Has(iID) || m_rDeck.GetModel().m_grids.Has(iID) || IsOther('G', iID);
-    }
+    bool HasGrid(std::int32_t iID) const { return m_grids.Has(iID) || m_rDeck.HasGrid(iID) || IsOther('G', iID); }
     bool HasPoint(std::int32_t iID) const { return HasGrid(iID) || IsScalar(iID); }
     bool HasFrame(std::int32_t iID) const { return m_rDeck.GetModel().m_frameCards.Has(iID) || IsOther('F', iID); }
     bool HasMaterial(std::int32_t iID) const;

@@ -1,6 +1,7 @@
 // Loads and temperatures of a deck.
 
 #include "nas2zdt/check/DeckTotals.h"
+#include "nas2zdt/check/KeySort.h"
 #include "nas2zdt/check/Measure.h"
 
 #include <algorithm>
@@ -26,7 +27,7 @@ const std::vector<std::int32_t>& CDeckTotals::ReadElements(std::size_t iFirst, s
 void CDeckTotals::AddNodalLoad(std::int32_t iGrid, const T_VECTOR& rLoad) {
     if (!IsSound()) return;
     T_SETTOTALS_D& rSet = Set();
-    const T_VECTOR* pAt = m_rModel.FindPosition(iGrid);
+    const T_VECTOR* pAt = m_rDeck.FindPosition(iGrid);
     const double dSize = std::fabs(rLoad[0]) + std::fabs(rLoad[1]) + std::fabs(rLoad[2]);
     if (!pAt || dSize <= T_SETTOTALS_D::NO_LOAD) return;
     if (IsMoment()) {
@@ -42,13 +43,13 @@ void CDeckTotals::TakeForce() {
     const std::int32_t iGrid = m_pCard->Int(1);
     const T_FRAME_D* pFrame = m_rModel.FindFrame(m_pCard->Int(2));
     const T_VECTOR load = Scale({m_pCard->Real(4), m_pCard->Real(5), m_pCard->Real(6)}, m_pCard->Real(3));
-    const T_VECTOR* pAt = m_rModel.FindPosition(iGrid);
+    const T_VECTOR* pAt = m_rDeck.FindPosition(iGrid);
     AddNodalLoad(iGrid, pFrame && pAt ? pFrame->VectorToBasic(load, *pAt) : T_VECTOR{});
 }
 
 /// From grid to grid.
 void CDeckTotals::TakeForceAlong() {
-    const T_VECTOR *pFrom = m_rModel.FindPosition(m_pCard->Int(3)), *pTo = m_rModel.FindPosition(m_pCard->Int(4));
+    const T_VECTOR *pFrom = m_rDeck.FindPosition(m_pCard->Int(3)), *pTo = m_rDeck.FindPosition(m_pCard->Int(4));
     const T_VECTOR direction = pFrom && pTo ? Unit(Subtract(*pTo, *pFrom)) : T_VECTOR{};
     AddNodalLoad(m_pCard->Int(1), Scale(direction, m_pCard->Real(2)));
 }
@@ -58,7 +59,7 @@ void CDeckTotals::TakeForceAcross() {
     std::array<T_VECTOR, 4> points = {};
     bool bAll = true;
     for (std::size_t i = 0; i < points.size(); ++i) {
-        const T_VECTOR* pPoint = m_rModel.FindPosition(m_pCard->Int(3 + i));
+        const T_VECTOR* pPoint = m_rDeck.FindPosition(m_pCard->Int(3 + i));
         bAll = bAll && pPoint;
         if (pPoint) points[i] = *pPoint;
     }
@@ -158,7 +159,7 @@ void CDeckTotals::TakePLOAD() {
     for (std::size_t i = 2; i < 6; ++i) {
         const std::int32_t iGrid = m_pCard->Int(i);
         if (iGrid == 0 && i == 5) break;
-        const T_VECTOR* pCorner = m_rModel.FindPosition(iGrid);
+        const T_VECTOR* pCorner = m_rDeck.FindPosition(iGrid);
         bAll = bAll && pCorner;
         if (pCorner) aCorners.push_back(*pCorner);
     }
@@ -176,7 +177,7 @@ void CDeckTotals::TakePLOAD2() {
     Set();
     for (const std::int32_t iEID : aElements) {
         const T_DECKELEMENT_D& rElement = *m_rDeck.FindElement(iEID);
-        if (IsPlate(rElement)) AddPressure(rElement, {dP, dP, dP, dP}, {});
+        if (IsPlate(rElement)) TakePressure(rElement, {dP, dP, dP, dP}, {});
     }
 }
 
@@ -195,12 +196,12 @@ void CDeckTotals::TakePLOAD4() {
     Set();
     if (!bThru) {
         const T_DECKELEMENT_D* pElement = m_rDeck.FindElement(iFirst);
-        if (pElement) AddPressure(*pElement, dCorners, pressure);
+        if (pElement) TakePressure(*pElement, dCorners, pressure);
         return;
     }
     const std::vector<std::int32_t> aElements = m_rDeck.GetElementRange(iFirst, iLast);
     CountRange(aElements.size());
-    for (const std::int32_t iEID : aElements) AddPressure(*m_rDeck.FindElement(iEID), dCorners, pressure);
+    for (const std::int32_t iEID : aElements) TakePressure(*m_rDeck.FindElement(iEID), dCorners, pressure);
 }
 
 /// The corners of the face that a load on a solid names: a triangle by a corner of it, or for a tetrahedron by the
@@ -230,9 +231,31 @@ std::span<const std::uint8_t> CDeckTotals::FindFace(const T_DECKELEMENT_D& rElem
     return {};
 }
 
+void CDeckTotals::TakePressure(const T_DECKELEMENT_D& rElement, const std::array<double, 4>& dP,
+                               const T_PRESSURE_D& rPressure) {
+    constexpr std::size_t MOST_PENDING = std::size_t{1} << 16;
+    m_aPending.push_back({&rElement, &Set(), dP, rPressure});
+    if (m_aPending.size() == MOST_PENDING) AddPressures();
+}
+
+/// Cards name elements in any order. In that of the table those that stand together use the same memory.
+void CDeckTotals::AddPressures() {
+    std::vector<std::uint64_t> aOrder;
+    aOrder.reserve(m_aPending.size());
+    for (const T_PENDING_D& rPending : m_aPending) {
+        const auto iRow = static_cast<std::uint32_t>(rPending.pELEMENT - m_rDeck.GetElements().data());
+        aOrder.push_back(MakeKeyed(iRow, static_cast<std::uint32_t>(aOrder.size())));
+    }
+    SortByKey(aOrder);
+    for (const std::uint64_t nKeyed : aOrder) AddPressure(m_aPending[GetValue(nKeyed)]);
+    m_aPending.clear();
+}
+
 /// The pressures of a solid's face that aren't alike count as their mean, since their order around it isn't settled.
-void CDeckTotals::AddPressure(const T_DECKELEMENT_D& rElement, std::array<double, 4> dP,
-                              const T_PRESSURE_D& rPressure) {
+void CDeckTotals::AddPressure(T_PENDING_D pending) {
+    const T_DECKELEMENT_D& rElement = *pending.pELEMENT;
+    const T_PRESSURE_D& rPressure = pending.pressure;
+    std::array<double, 4>& dP = pending.dP;
     std::array<T_VECTOR, 8> corners = {};
     const std::span<const std::uint8_t> aPlaces = FindFace(rElement, rPressure.iFIRST, rPressure.iOTHER);
     const bool bSolid = !IsPlate(rElement);
@@ -262,9 +285,8 @@ void CDeckTotals::AddPressure(const T_DECKELEMENT_D& rElement, std::array<double
         if (!pFrame) return;
         load.direction = pFrame->VectorToBasic(rPressure.direction, middle);
     }
-    T_SETTOTALS_D& rSet = Set();
-    ++rSet.nPRESSURES;
-    AddFaceLoad(rSet.pressure, load);
+    ++pending.pSET->nPRESSURES;
+    AddFaceLoad(pending.pSET->pressure, load);
 }
 
 void CDeckTotals::TakeTEMP() {

@@ -90,8 +90,10 @@ std::set<std::int32_t> CDeckTotals::T_SETS_D::FindTaken(bool bAsked, std::int32_
 void CDeckTotals::AddSupports() {
     const std::set<std::int32_t> taken = m_supportSets.FindTaken(m_rDeck.AsksForSets(), m_rDeck.GetCase().iSPC);
     CIdValues<std::uint8_t> held;
-    for (const auto& [iGrid, grid] : m_rModel.m_grids.GetRows()) {
-        if (m_rModel.m_grids.Find(iGrid) == &grid && grid.nPS != 0) held.Put(iGrid, grid.nPS);
+    const auto& rRows = m_rModel.m_grids.GetRows();
+    for (std::size_t i = 0; i < rRows.size(); ++i) {
+        const auto& [iGrid, grid] = rRows[i];
+        if (grid.nPS != 0 && m_rDeck.FindGridRow(iGrid) == i) held.Put(iGrid, grid.nPS);
     }
     for (const T_SUPPORT_D& rSupport : m_aSupports) {
         if (rSupport.nCOMPONENTS == 0 || !taken.contains(rSupport.iSET)) continue;

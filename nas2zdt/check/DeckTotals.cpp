@@ -54,6 +54,7 @@ void CDeckTotals::TakeCard(const CCardFields& rCard) {
 }
 
 void CDeckTotals::Finish() {
+    AddPressures();
     m_elementMasses.Finish();
     AddNodes();
     AddElements();
@@ -104,9 +105,10 @@ void CDeckTotals::TakePointMatrix() {
 }
 
 void CDeckTotals::AddNodes() {
-    for (const auto& rRow : m_rModel.m_grids.GetRows()) {
-        const auto& [iGrid, grid] = rRow;
-        if (m_rModel.m_grids.Find(iGrid) != &grid) continue; // a later one has its id
+    const auto& rRows = m_rModel.m_grids.GetRows();
+    for (std::size_t i = 0; i < rRows.size(); ++i) {
+        const auto& [iGrid, grid] = rRows[i];
+        if (m_rDeck.FindGridRow(iGrid) != i) continue; // a later one has its id
         m_totals.AddNode(iGrid, grid.dX);
         const T_FRAME_D* pFrame = grid.iCD == 0 ? nullptr : m_rModel.FindFrame(grid.iCD);
         if (pFrame) m_totals.AddAxes(iGrid, pFrame->AxesAt(grid.dX));
@@ -169,7 +171,7 @@ void CDeckTotals::Weigh(const T_DECKELEMENT_D& rElement, T_SUMMEDELEMENT_D& rSum
 /// An offset is in the axes of a frame at the grid, or with frame -1 the position itself.
 void CDeckTotals::AddMasses() {
     for (const auto& [iEID, mass] : m_masses.GetRows()) {
-        const T_VECTOR* pGrid = m_rModel.FindPosition(mass.iGRID);
+        const T_VECTOR* pGrid = m_rDeck.FindPosition(mass.iGRID);
         const T_FRAME_D* pFrame = mass.iCID == -1 ? nullptr : m_rModel.FindFrame(mass.iCID);
         if (m_masses.Find(iEID) != &mass || !pGrid || (!pFrame && mass.iCID != -1)) continue;
         const T_VECTOR at = pFrame ? Add(*pGrid, pFrame->VectorToBasic(mass.offset, *pGrid)) : mass.offset;
@@ -180,7 +182,7 @@ void CDeckTotals::AddMasses() {
 bool CDeckTotals::FindCorners(const T_DECKELEMENT_D& rElement, std::array<T_VECTOR, 8>& rCorners) const {
     const std::span<const std::int32_t> aCorners = m_rDeck.GetCorners(rElement);
     for (std::size_t i = 0; i < aCorners.size(); ++i) {
-        const T_VECTOR* pPosition = m_rModel.FindPosition(aCorners[i]);
+        const T_VECTOR* pPosition = m_rDeck.FindPosition(aCorners[i]);
         if (!pPosition) return false;
         rCorners[i] = *pPosition;
     }

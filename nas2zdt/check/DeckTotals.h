@@ -95,7 +95,15 @@ class CDeckTotals : public CCardTaker {
     };
     std::span<const std::uint8_t> FindFace(const T_DECKELEMENT_D& rElement, std::int32_t iFirst,
                                            std::int32_t iOther) const;
-    void AddPressure(const T_DECKELEMENT_D& rElement, std::array<double, 4> dP, const T_PRESSURE_D& rPressure);
+    struct T_PENDING_D {
+        const T_DECKELEMENT_D* pELEMENT;
+        T_SETTOTALS_D* pSET;
+        std::array<double, 4> dP; // at the corners
+        T_PRESSURE_D pressure;
+    };
+    void TakePressure(const T_DECKELEMENT_D& rElement, const std::array<double, 4>& dP, const T_PRESSURE_D& rPressure);
+    void AddPressures();
+    void AddPressure(T_PENDING_D pending);
     void AddTemperatures();
     void AddCombinations();
     const std::vector<std::int32_t>& ReadElements(std::size_t iFirst, std::size_t iEnd);
@@ -108,7 +116,7 @@ class CDeckTotals : public CCardTaker {
     /// Counts ids that ranges stand for. Throws CFileException if they are more than any deck needs.
     void CountRange(std::size_t nIDs);
 
-    bool IsGrid(std::int32_t iGrid) const { return m_rDeck.GetModel().m_grids.Has(iGrid); }
+    bool IsGrid(std::int32_t iGrid) const { return m_rDeck.HasGrid(iGrid); }
     bool FindCorners(const T_DECKELEMENT_D& rElement, std::array<T_VECTOR, 8>& rCorners) const;
 
     const CCheckDeck& m_rDeck;
@@ -122,6 +130,7 @@ class CDeckTotals : public CCardTaker {
     T_TOTALS_D m_totals;
     T_SETTOTALS_D* m_pSet = nullptr; // of the last load
     std::int32_t m_iSet = 0;
+    std::vector<T_PENDING_D> m_aPending;           // pressures that wait for others nearby
     const T_PROPERTYMASS_D* m_pProperty = nullptr; // of the last element
     std::int32_t m_iPID = 0;
 

@@ -2,6 +2,7 @@
 
 #include "nas2zdt/check/FileTotals.h"
 
+#include "nas2zdt/check/KeySort.h"
 #include "nas2zdt/check/Measure.h"
 #include "nas2zdt/restate/IdTable.h"
 #include "store/DataPool.h"
@@ -198,14 +199,7 @@ class CFileTotals {
         ForEachNodalLoad(m_rPool, rCase.rSET, LOAD_MOMENT, CRowVisitor{moment, IGNORE_LEFT});
         const auto line = [&](const T_BEAMLOAD_ROW& r) { AddBeamLoad(rSet, r); };
         ForEachBeamLoad(m_rPool, rCase.rSET, CRowVisitor{line, IGNORE_LEFT});
-        const CRowVisitor pressures{
-            [&](const T_UNIFORMPRESSURE_ROW& r) {
-                AddPressure(rSet, {r.iEID, false, 0, false, {}, {r.dP, r.dP, r.dP, r.dP}});
-            },
-            [&](const T_CORNERPRESSURE_ROW& r) { AddPressure(rSet, r); },
-            IGNORE_LEFT,
-        };
-        ForEachPressure(m_rPool, rCase.rSET, pressures);
+        AddPressures(rSet, rCase.rSET);
         CIdValues<double> nodes, elements;
         const auto temperature = [&](const T_NODETEMPERATURE_ROW& r) {
             if (Has(r.iNODE)) nodes.Put(r.iNODE, r.dT);
@@ -243,6 +237,36 @@ class CFileTotals {
             bFound = Find(rBody.aNODES[i], rBody.dCORNERS[i]);
         }
         return bFound;
+    }
+
+    /// Loads name elements in any order. In that of their ids those that stand together use the same memory.
+    void AddPressures(T_SETTOTALS_D& rTotals, const T_LOAD_D& rSet) {
+        constexpr std::size_t MOST_PENDING = std::size_t{1} << 16;
+        std::vector<T_CORNERPRESSURE_ROW> aPending;
+        const auto add = [&] {
+            std::vector<std::uint64_t> aOrder;
+            aOrder.reserve(aPending.size());
+            for (const T_CORNERPRESSURE_ROW& r : aPending) {
+                aOrder.push_back(
+                    MakeKeyed(static_cast<std::uint32_t>(r.iEID), static_cast<std::uint32_t>(aOrder.size())));
+            }
+            SortByKey(aOrder);
+            for (const std::uint64_t nKeyed : aOrder) AddPressure(rTotals, aPending[GetValue(nKeyed)]);
+            aPending.clear();
+        };
+        const auto take = [&](const T_CORNERPRESSURE_ROW& r) {
+            aPending.push_back(r);
+            if (aPending.size() == MOST_PENDING) add();
+        };
+        const CRowVisitor pressures{
+            [&](const T_UNIFORMPRESSURE_ROW& r) {
+                take({r.iEID, false, 0, false, {}, {r.dP, r.dP, r.dP, r.dP}});
+            },
+            take,
+            IGNORE_LEFT,
+        };
+        ForEachPressure(m_rPool, rSet, pressures);
+        add();
     }
 
     void AddPressure(T_SETTOTALS_D& rSet, const T_CORNERPRESSURE_ROW& r) {

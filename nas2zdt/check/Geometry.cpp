@@ -28,19 +28,14 @@ void CheckElements(const CCheckDeck& rDeck, CConnectivity& rConnectivity, CShape
     const std::vector<T_DECKELEMENT_D>& rElements = rDeck.GetElements();
     const std::vector<std::pair<std::int32_t, T_POINT_D>>& rGrids = rDeck.GetModel().m_grids.GetRows();
     const std::span<const T_ELEMENTKIND_D> aKinds = GetElementKinds();
-    const CDenseRows rows(rElements, [](const T_DECKELEMENT_D& r) { return r.iEID; });
-    const auto findLast = [&](std::int32_t iEID) {
-        return static_cast<std::uint32_t>(rDeck.FindElement(iEID) - rElements.data());
-    };
     CSameElements same(rDeck);
     same.Reserve(rElements.size());
     std::array<std::uint32_t, MOST_NODES> aRows;
     std::array<const T_VECTOR*, 8> aCorners;
-    for (std::size_t iElement = 0; iElement < rElements.size(); ++iElement) {
-        const T_DECKELEMENT_D& rElement = rElements[iElement];
-        const std::uint32_t iLast = rows.Find(rElement.iEID, findLast);
-        if (iLast != iElement) {
-            TellSameId(rDeck, rElement, rElements[iLast], rTold);
+    for (const T_DECKELEMENT_D& rElement : rElements) {
+        const T_DECKELEMENT_D& rLast = *rDeck.FindElement(rElement.iEID);
+        if (&rLast != &rElement) {
+            TellSameId(rDeck, rElement, rLast, rTold);
             continue;
         }
         const E_BODY eBody = aKinds[rElement.iKIND].eBODY;

@@ -80,14 +80,14 @@ void CSetCheck::TakeCard(const CCardFields& rCard) {
 bool CSetCheck::Holds(const CCardFields& rCard) const {
     if (rCard.GetKeyword() == "SPC1") {
         for (const T_IDRANGE_D& rRange : ReadIdList(rCard, 2, rCard.GetCount())) {
-            const bool bHeld = rCard.Components(1) != 0 || !m_rDeck.GetModel().m_grids.Has(rRange.iFIRST);
+            const bool bHeld = rCard.Components(1) != 0 || !m_rDeck.HasGrid(rRange.iFIRST);
             if (bHeld && m_rIds.HasPointIn(rRange.iFIRST, rRange.iLAST)) return true;
         }
         return false;
     }
     for (std::size_t i = 1; i < 7; i += 3) {
         const std::int32_t iPoint = rCard.HasInt(i) ? rCard.Int(i) : 0;
-        const bool bGrid = m_rDeck.GetModel().m_grids.Has(iPoint); // a scalar point has no components
+        const bool bGrid = m_rDeck.HasGrid(iPoint); // a scalar point has no components
         if (iPoint > 0 && m_rIds.HasPoint(iPoint) && (!bGrid || rCard.Components(i + 1) != 0)) return true;
     }
     return false;

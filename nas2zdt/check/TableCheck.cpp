@@ -15,7 +15,7 @@ void CheckGrids(const CCheckDeck& rDeck, CCardCheck& rCheck, CFindings& rFinding
             rCheck.CheckTarget(TARGET_FRAME, iFrame, {"GRID", iID, rDeck.GetGridOrigin(i)});
             if (rDeck.GetModel().m_frameCards.Has(iFrame)) iFound = iFrame;
         }
-        const std::uint32_t iLast = rGrids.FindRow(iID);
+        const std::uint32_t iLast = rDeck.FindGridRow(iID);
         if (iLast == i) continue;
         const T_POINT_D& rLast = rGrids.GetRows()[iLast].second;
         const bool bSame =

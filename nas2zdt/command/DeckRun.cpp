@@ -3,7 +3,6 @@
 #include "nas2zdt/command/DeckRun.h"
 
 #include "messages/ZdtMsgMgr.h"
-#include "nas2zdt/check/FileTotals.h"
 #include "nas2zdt/command/Terminal.h"
 #include "nas2zdt/picture/Picture.h"
 #include "nas2zdt/text/TextReader.h"
@@ -145,6 +144,7 @@ T_CHOICE_D CDeckRun::Choice() const {
     choice.join.nDECKS = m_rOptions.limits.nDECKS;
     choice.join.bFORGIVING = true;
     choice.nRANGES = m_rOptions.limits.nRANGES;
+    choice.nTHREADS = m_rOptions.CountThreads();
     return choice;
 }
 
@@ -179,6 +179,7 @@ CFile& CDeckRun::Open(const T_INPUTS& rDecks) {
     }
     m_bRefused = false;
     std::cout << std::flush; // the target file may go there too
+    if (m_pSums) m_pSums->Begin();
     m_pTarget = std::make_unique<CWholeFile>(m_rJob.sTARGET, m_rInputs);
     return m_pTarget->GetFile();
 }
@@ -190,6 +191,8 @@ void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
     CRunWatch watch(m_pAccount.get(), pLines, m_rJob.sDECK, progress);
     if (m_pAccount) m_pAccount->SetLines(pLines);
     CConvertNastran run(dialogs);
+    CFileSums sums(run.GetDataPool(), m_rOptions.CountThreads() > 1);
+    if (m_pCheck) m_pSums = &sums;
     const T_CONVERT_D wanted{watch.IsNeeded() ? &watch : nullptr, this, m_rJob.sDECK, m_rOptions.limits};
     const bool bEnded = run.Convert(sDeck, wanted) != 0;
     progress.Clear();
@@ -202,7 +205,7 @@ void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
         m_result.bACCOUNT = true;
     }
     if (m_pCheck) {
-        m_pCheck->aREVIEW = ReviewTotals(m_pCheck->totals, TotalFile(run.GetDataPool()), m_pAccount.get());
+        m_pCheck->aREVIEW = ReviewTotals(m_pCheck->totals, sums.Take(), m_pAccount.get());
     }
     if (dialogs.m_sFileError.empty()) {
         FinishTarget();

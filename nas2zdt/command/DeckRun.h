@@ -4,6 +4,7 @@
 #include "driver/CConvertNastran.h"
 #include "nas2zdt/account/AccountOutput.h"
 #include "nas2zdt/check/Check.h"
+#include "nas2zdt/check/FileTotals.h"
 #include "nas2zdt/command/Jobs.h"
 #include "nas2zdt/command/Options.h"
 #include "nas2zdt/flatten/Flatten.h"
@@ -53,5 +54,6 @@ class CDeckRun : private COutput {
     T_RESTATED_D m_restated;               // of a joined deck, too; the account refers to it
     std::unique_ptr<CAccount> m_pAccount;
     std::unique_ptr<T_CHECK_D> m_pCheck;
+    CFileSums* m_pSums = nullptr; // of the run in hand, null unless there is a check
     T_RESULT_D m_result;
 };

@@ -101,11 +101,19 @@ constexpr T_LIMITNAME_D LIMITS[] = {
 };
 
 constexpr std::string_view LIFTED = "none";
+constexpr std::int64_t MOST_THREADS = 1024;
 
 bool ReadNumber(std::string_view sText, std::int64_t& rNumber) {
     const char* const pEnd = sText.data() + sText.size();
     const auto [pRead, error] = std::from_chars(sText.data(), pEnd, rNumber);
     return error == std::errc() && pRead == pEnd && rNumber > 0;
+}
+
+bool SetThreads(T_OPTIONS_D& rOptions, const std::string& sText) {
+    std::int64_t nThreads = 0;
+    const bool bRead = ReadNumber(sText, nThreads);
+    rOptions.nTHREADS = static_cast<std::size_t>(std::min(nThreads, MOST_THREADS));
+    return bRead;
 }
 
 /// "NAME=N" or "NAME=none" sets one limit, "none" all. N is a whole number above 0.
@@ -144,6 +152,7 @@ constexpr T_OPTION_D OPTIONS[] = {
     {"--view",         VALUE_NEEDED,  "FILE", "draws the resolved model as an SVG picture",                &Keep<&T_OPTIONS_D::sVIEW>},
     {"--vtu",          VALUE_NEEDED,  "FILE", "writes the resolved model as a VTK unstructured grid",      &Keep<&T_OPTIONS_D::sVTU>},
     {"--limit",        VALUE_NEEDED,  "NAME=N", "sets the limit on ranges, decks, output or frames; none lifts it", &SetLimit},
+    {"--threads",      VALUE_NEEDED,  "N",    "works with at most N threads, where that pays; else with one a core", &SetThreads},
     {"--log",          VALUE_NEEDED,  "FILE", "saves the log of all decks",                                &Keep<&T_OPTIONS_D::sLOG>},
     {"-q, --quiet",    VALUE_NONE,    "",     "prints errors and warnings, and the account if asked for, but no log",   &Set<&T_OPTIONS_D::bQUIET>},
     {"-h, --help",     VALUE_NONE,    "",     "this text",                                                 &Set<&T_OPTIONS_D::bHELP>},

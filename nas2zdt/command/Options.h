@@ -4,7 +4,9 @@
 #include "messages/RunError.h"
 #include "nas2zdt/account/Warnings.h"
 #include "nas2zdt/restate/Restate.h"
+#include "platform/Worker.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,10 +37,13 @@ struct T_OPTIONS_D {
     std::string sVIEW;        // picture of the model; empty for none
     std::string sVTU;         // grid of the model; empty for none
     T_LIMITS_D limits;
+    std::size_t nTHREADS = 0; // that may work at a time; 0 for one a core
     std::vector<std::string> aDECKS;
 
     /// Whether the deck is joined or restated before it is converted.
     bool IsPrepared() const { return bFLATTEN || bFAITHFUL; }
+
+    std::size_t CountThreads() const { return nTHREADS == 0 ? CountCores() : nTHREADS; }
 
     /// Whether losses are counted, and whether those that change no result are, too.
     bool NeedsAccount() const {

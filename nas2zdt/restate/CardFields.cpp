@@ -41,6 +41,7 @@ bool CCardFields::Is(std::size_t i, std::string_view sUpper) const {
 
 std::int32_t CCardFields::Int(std::size_t i, std::int32_t iDefault) const {
     std::int32_t iValue = 0;
+    if (i >= m_nFields) return iDefault;
     if (m_bColumns && ReadShortInt(m_columns.Cut(i).Short(), iValue)) return iValue;
     const std::string_view sField = Text(i);
     if (sField.empty()) return iDefault;
@@ -51,6 +52,7 @@ std::int32_t CCardFields::Int(std::size_t i, std::int32_t iDefault) const {
 
 double CCardFields::Real(std::size_t i, double dDefault) const {
     double dValue = 0.0;
+    if (i >= m_nFields) return dDefault;
     const bool bShort = m_bColumns && ReadShortReal(m_columns.Cut(i).Short(), dValue);
     const std::string_view sField = Text(i);
     if (!bShort && sField.empty()) return dDefault;

@@ -6,10 +6,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <mutex>
 #include <utility>
 #include <vector>
 
-/// Ids in ascending order, put in order when they are first asked for.
+/// Ids in ascending order, put in order when they are first asked for, which several threads may do.
 class CSortedIds {
   public:
     void Clear() { m_aIDs.clear(); }
@@ -17,6 +18,7 @@ class CSortedIds {
     /// The ids from iFirst to iLast that there are in rRows, ascending.
     template <class ROWS, class ID>
     std::vector<std::int32_t> GetRange(const ROWS& rRows, ID getId, std::int32_t iFirst, std::int32_t iLast) {
+        const std::lock_guard lock(m_mutex);
         if (m_aIDs.empty()) {
             m_aIDs.reserve(rRows.size());
             for (const auto& rRow : rRows) m_aIDs.push_back(getId(rRow));
@@ -28,6 +30,7 @@ class CSortedIds {
     }
 
   private:
+    std::mutex m_mutex;
     std::vector<std::int32_t> m_aIDs;
 };
 

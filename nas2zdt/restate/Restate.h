@@ -19,6 +19,7 @@ struct T_CHOICE_D {
     std::optional<std::int32_t> iSUBCASE;        // whose supports the file has; the first one if not given
     std::int32_t iPART = 0;                      // superelement, 0 for the main model
     std::int64_t nRANGES = T_LIMITS_D().nRANGES; // most ids that ranges stand for in all
+    std::size_t nTHREADS = 1;                    // that may work at a time
     T_JOINRULES_D join;
 };
 

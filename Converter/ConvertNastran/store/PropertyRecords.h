@@ -3,6 +3,7 @@
 
 #include "store/Array.h"
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 
@@ -64,6 +65,10 @@ struct T_PROP_D {
     CSlotArray<double, SLOTS> dVAL;          // the values; what a slot holds depends on the kind
 
     bool operator==(const T_PROP_D&) const = default;
+
+    /// Several threads may walk the elements, and all of them mark the same properties.
+    void MarkUsed() const { std::atomic_ref(bUSED).store(true, std::memory_order_relaxed); }
+    bool IsUsed() const { return std::atomic_ref(bUSED).load(std::memory_order_relaxed); }
 };
 
 /// Keyword of the card that a property comes from; null for that of a CONM2. A PSHEAR is kept as a PSHELL.

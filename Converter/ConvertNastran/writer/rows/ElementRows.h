@@ -68,7 +68,7 @@ void VisitElement(const CDataPool& rPool, std::int32_t iEID, const T_ELEM_D& rEl
     const std::int32_t iPID = rElement.iPID;
     const T_PROP_D* pProperty = rPool.PROP.Find(iPID);
     const std::int32_t iMID = pProperty ? pProperty->iMID : 1;
-    if (pProperty && rPool.m_pLeftSink) pProperty->bUSED = true;
+    if (pProperty && rPool.m_pLeftSink) pProperty->MarkUsed();
     const auto Node = [&](std::size_t iSlot) { return rPool.MapNodeId(rElement.iNODE[iSlot]); };
     const auto Test = [&](auto aNodes) { // a span of fixed length: it costs every element
         if (rPool.MayMissGrid(aNodes)) TellMissingGrid(rPool, iEID, rElement, aNodes, rVisitor);

@@ -46,7 +46,7 @@ void TellUnusedProperties(const CDataPool& rPool, const VISITOR& rVisitor) {
     rPool.CEL1.ForEach([&](std::int32_t, const T_CEL1_D& rSpring) { springs.insert(rSpring.iPID); });
     const auto needsElement = [](const T_PROP_D& r) { return HasMaterial(r) || r.iPROPTYPE == PROP_ELAS; };
     for (const auto& [iPID, r] : rPool.PROP.Sorted(needsElement)) {
-        if (r.iPROPTYPE == PROP_ELAS ? springs.contains(iPID) : r.bUSED) continue;
+        if (r.iPROPTYPE == PROP_ELAS ? springs.contains(iPID) : r.IsUsed()) continue;
         rVisitor(T_LEFT_D{.eREASON = LEFT_PROPERTY_UNUSED, .iID = iPID, .sKEYWORD = KeywordOf(r)});
     }
 }
