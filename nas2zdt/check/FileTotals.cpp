@@ -55,12 +55,12 @@ class CFileTotals {
             if (pPosition) rPosition = *pPosition;
             return pPosition != nullptr;
         }
-        const T_NODS_D* pNode = m_rPool.NODS.Find(iNode);
+        const auto pNode = m_rPool.NODS.Find(iNode);
         if (pNode) rPosition = {pNode->dGX, pNode->dGY, pNode->dGZ};
-        return pNode != nullptr;
+        return pNode.has_value();
     }
     bool Has(std::int32_t iNode) const {
-        return m_bMapped ? m_positions.Has(iNode) : m_rPool.NODS.Find(iNode) != nullptr;
+        return m_bMapped ? m_positions.Has(iNode) : m_rPool.NODS.Has(iNode);
     }
 
     /// Three points: the origin, one on X, one in the XY plane.
@@ -207,7 +207,7 @@ class CFileTotals {
         ForEachNodeTemperature(m_rPool, rCase, CRowVisitor{temperature, IGNORE_LEFT});
         nodes.AddTo(rSet.temperatures);
         const auto element = [&](const T_ELEMENTTEMPERATURE_ROW& r) {
-            if (m_rPool.ELEM.Find(r.iEID)) elements.Put(r.iEID, r.dT);
+            if (m_rPool.ELEM.Has(r.iEID)) elements.Put(r.iEID, r.dT);
         };
         ForEachElementTemperature(m_rPool, rCase.rSET, CRowVisitor{element, IGNORE_LEFT});
         elements.AddTo(rSet.elementTemperatures);
@@ -223,7 +223,7 @@ class CFileTotals {
 
     /// The element of an id. False if the file hasn't it or one of its nodes.
     bool FindBody(std::int32_t iEID, T_FILEBODY_D& rBody) const {
-        const T_ELEM_D* pElement = m_rPool.ELEM.Find(iEID);
+        const auto pElement = m_rPool.ELEM.Find(iEID);
         bool bFound = false;
         const CRowVisitor visitor{
             [&](const auto& r) {

@@ -21,7 +21,7 @@ class NodeLayoutTest : public testing::TestWithParam<T_LAYOUT_D> {};
 
 TEST_P(NodeLayoutTest, Stores) {
     const CStoredRun run(GetParam().sCARD);
-    const T_ELEM_D* pElement = run.GetDataPool().ELEM.Find(7);
+    const auto pElement = run.GetDataPool().ELEM.Find(7);
     ASSERT_TRUE(pElement);
     EXPECT_EQ(pElement->iPID, 9);
     EXPECT_EQ(pElement->iTYPE, GetParam().iTYPE);
@@ -70,7 +70,7 @@ class OrientationTest : public testing::TestWithParam<T_ORIENTATION_D> {};
 
 TEST_P(OrientationTest, Stores) {
     const CStoredRun run(GetParam().sCARD);
-    const T_ELEM_D* pElement = run.GetDataPool().ELEM.Find(7);
+    const auto pElement = run.GetDataPool().ELEM.Find(7);
     ASSERT_TRUE(pElement);
     EXPECT_EQ(pElement->iTYPE, GetParam().iTYPE);
     EXPECT_EQ(pElement->iNODE[1], 2);

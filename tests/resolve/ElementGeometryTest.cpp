@@ -34,7 +34,7 @@ class CModel : public CDataPool {
     }
 
     std::string Orientation(std::int32_t iID) const {
-        const T_ELEM_D& rElement = *ELEM.Find(iID);
+        const T_ELEM_D rElement = *ELEM.Find(iID);
         return Text(rElement.bVECTOR) + ": " + Text(rElement.dX1, rElement.dX2, rElement.dX3);
     }
 

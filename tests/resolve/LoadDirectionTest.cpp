@@ -58,7 +58,7 @@ TEST(LoadDirections, SetsByAscendingId) {
     std::size_t aNext[4] = {};
     for (const T_CASE_D& rCase : aCases) {
         const std::size_t i = aNext[rCase.iSET]++;
-        const T_MBLD_D& rLoad = pool.LOAD.Find(rCase.iSET)->aMBLD[i];
+        const T_MBLD_D rLoad = pool.LOAD.Find(rCase.iSET)->aMBLD[i];
         EXPECT_EQ(Text(rLoad.dV[0], rLoad.dV[1], rLoad.dV[2]), rCase.sVALUES) << "set " << rCase.iSET << " entry " << i;
     }
 }

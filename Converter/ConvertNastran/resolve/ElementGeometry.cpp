@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace {
 
@@ -27,7 +28,7 @@ bool IsReported(E_ORIENTATION eOrientation) {
 }
 
 /// The nodes rpFrom, at dFrom, and dTo of a line element, and the point dR that its orientation aims at.
-E_ORIENTATION FindOrientation(const CDataPool& rPool, const T_ELEM_D& rElement, const T_NODS_D*& rpFrom,
+E_ORIENTATION FindOrientation(const CDataPool& rPool, const T_ELEM_D& rElement, std::optional<T_NODS_D>& rpFrom,
                               double (&dFrom)[3], double (&dTo)[3], double (&dR)[3]) {
     rpFrom = rPool.NODS.Find(rElement.iNODE[0]);
     if (!rpFrom) return ORIENTATION_NO_FIRST_NODE;
@@ -65,7 +66,7 @@ void CDataPool::TellVectorAxes(std::int32_t iID, const T_ELEM_D& rElement, std::
 
 void CDataPool::ResolveElementOrientations() {
     double dFrom[3], dTo[3], dR[3];
-    const T_NODS_D* pFrom = nullptr;
+    std::optional<T_NODS_D> pFrom;
     bool bReport = false;
     const auto isLine = [](std::uint16_t nTraits) { return ShapeOfTraits(nTraits) == SHAPE_LINE; };
     ELEM.UpdateEach(isLine, [&](std::int32_t iID, T_ELEM_D& rElement) {
@@ -133,7 +134,7 @@ int CDataPool::ComputeBetaAngle(std::int32_t iNode1, std::int32_t iNode2, double
 }
 
 int CDataPool::ComputeElementLength(std::int32_t iElement, double& rLength) const {
-    const T_ELEM_D* const pElement = ELEM.Find(iElement);
+    const auto pElement = ELEM.Find(iElement);
     double d[3];
     GetNodeVector(pElement ? pElement->iNODE[0] : 0, pElement ? pElement->iNODE[1] : 0, d);
     rLength = std::sqrt(d[2] * d[2] + (d[0] * d[0] + d[1] * d[1]));

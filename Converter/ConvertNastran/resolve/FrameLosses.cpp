@@ -127,7 +127,7 @@ void CDataPool::TellFramesOnGrids() const {
     const auto tell = [this](const auto& rTable, const char* sKeyword) {
         for (const auto& [iCID, rSystem] : rTable.Sorted()) {
             for (const std::int32_t iGrid : {rSystem.iG1, rSystem.iG2, rSystem.iG3}) {
-                const T_NODS_D* const p = NODS.Find(iGrid);
+                const auto p = NODS.Find(iGrid);
                 if (p && p->dX1 == p->dGX && p->dX2 == p->dGY && p->dX3 == p->dGZ) continue;
                 TellLeft({.eREASON = p ? LEFT_FRAME_GRID_MOVED : LEFT_FRAME_NO_GRID,
                           .iID = iCID,

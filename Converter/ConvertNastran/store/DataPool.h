@@ -2,9 +2,9 @@
 // The whole finite element model in memory.
 
 #include "messages/FormatText.h"
-#include "store/ElementRecords.h"
+#include "store/ElementStore.h"
 #include "store/Frames.h"
-#include "store/GridRecords.h"
+#include "store/GridStore.h"
 #include "store/IdStretch.h"
 #include "store/Left.h"
 #include "store/LoadRecords.h"
@@ -56,9 +56,9 @@ class CDataPool {
     CMap<T_LOAD_D> LOAD{101};
 
     /// Inserts a record, or replaces the one of that id, which is told. Always 1.
-    template <class RECORD>
-    int Set(CMap<RECORD>& rTable, std::int32_t iID, RECORD record) {
-        return rTable.SetAt(iID, std::move(record), [this](const RECORD& rOld, const RECORD& rNew) {
+    template <class RECORD, class VALUE>
+    int Set(CMap<RECORD>& rTable, std::int32_t iID, VALUE&& record) {
+        return rTable.SetAt(iID, std::forward<VALUE>(record), [this](const RECORD& rOld, const RECORD& rNew) {
             if (m_pLeftSink) TellReplaced(KeywordOf(rOld), rOld == rNew);
         });
     }
@@ -67,8 +67,8 @@ class CDataPool {
     }
 
     /// The same by the table's name.
-    int SetNODS(std::int32_t iID, T_NODS_D record) { return Set(NODS, iID, std::move(record)); }
-    int SetELEM(std::int32_t iID, T_ELEM_D record) { return Set(ELEM, iID, std::move(record)); }
+    int SetNODS(std::int32_t iID, const T_NODS_D& record) { return Set(NODS, iID, record); }
+    int SetELEM(std::int32_t iID, const T_ELEM_D& record) { return Set(ELEM, iID, record); }
     int SetPROP(std::int32_t iID, T_PROP_D record) { return Set(PROP, iID, std::move(record)); }
     int SetMATL(std::int32_t iID, T_MATL_D record) { return Set(MATL, iID, std::move(record)); }
     int SetEIGB(std::int32_t iID, T_EIGB_D record) { return Set(EIGB, iID, std::move(record)); }
@@ -87,7 +87,7 @@ class CDataPool {
 
     /// Global position of a node. Returns 1, or 0 and (0, 0, 0) if there is no such node.
     int GetNodePosition(std::int32_t iID, double (&rPosition)[3]) const {
-        const T_NODS_D* pNode = NODS.Find(iID);
+        const auto pNode = NODS.Find(iID);
         rPosition[0] = pNode ? pNode->dGX : 0.0;
         rPosition[1] = pNode ? pNode->dGY : 0.0;
         rPosition[2] = pNode ? pNode->dGZ : 0.0;
@@ -105,7 +105,7 @@ class CDataPool {
 
     /// The coordinates of a node as its card gives them. Returns 1, or 0 and (0, 0, 0) if there is no such node.
     int GetCardPosition(std::int32_t iID, double (&rPosition)[3]) const {
-        const T_NODS_D* pNode = NODS.Find(iID);
+        const auto pNode = NODS.Find(iID);
         rPosition[0] = pNode ? pNode->dX1 : 0.0;
         rPosition[1] = pNode ? pNode->dX2 : 0.0;
         rPosition[2] = pNode ? pNode->dX3 : 0.0;
@@ -113,8 +113,8 @@ class CDataPool {
     }
 
     // Whether a record is missing, for those who tell it: while nobody is to be told, nothing is looked for.
-    bool IsGridMissing(std::int32_t iID) const { return m_pLeftSink && !m_grids.Has(iID) && !NODS.Find(iID); }
-    bool IsElementMissing(std::int32_t iID) const { return m_pLeftSink && !m_elements.Has(iID) && !ELEM.Find(iID); }
+    bool IsGridMissing(std::int32_t iID) const { return m_pLeftSink && !m_grids.Has(iID) && !NODS.Has(iID); }
+    bool IsElementMissing(std::int32_t iID) const { return m_pLeftSink && !m_elements.Has(iID) && !ELEM.Has(iID); }
     bool IsPropertyMissing(std::int32_t iID) const { return m_pLeftSink && !PROP.Find(iID); }
     bool IsMaterialMissing(std::int32_t iID) const { return m_pLeftSink && !MATL.Find(iID); }
 

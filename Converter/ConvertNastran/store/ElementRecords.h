@@ -3,10 +3,12 @@
 
 #include "store/Array.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
+#include <span>
+#include <stdexcept>
 #include <string>
 
 /// Element families, T_ELEM_D::iTYPE.
@@ -54,53 +56,38 @@ struct T_ELEM_D;
 /// as CQUAD4 and CTRIA3.
 const char* KeywordOf(const T_ELEM_D& rElement);
 
-/// The 20 node slots of an element, 0 in a slot without a node. Midside nodes take memory only where there are any.
+/// The 20 node slots of an element, 0 in a slot without a node.
 class CNodeSlots {
   public:
-    CNodeSlots() = default;
-    CNodeSlots(const CNodeSlots& rOther) { *this = rOther; }
-    CNodeSlots(CNodeSlots&&) noexcept = default;
-    CNodeSlots& operator=(CNodeSlots&&) noexcept = default;
-    CNodeSlots& operator=(const CNodeSlots& rOther) {
-        if (this == &rOther) return *this;
-        m_aCorners = rOther.m_aCorners;
-        m_pMidsides = rOther.m_pMidsides ? std::make_unique<MIDSIDES>(*rOther.m_pMidsides) : nullptr;
-        return *this;
-    }
+    static constexpr std::size_t SLOTS = 20;
 
-    bool operator==(const CNodeSlots& rOther) const {
-        for (std::size_t i = 0; i < SLOTS; ++i) {
-            if ((*this)[i] != rOther[i]) return false;
-        }
-        return true;
-    }
+    bool operator==(const CNodeSlots&) const = default;
 
     /// Throws std::invalid_argument for a slot past 19.
-    std::int32_t operator[](std::size_t i) const {
-        if (Tested(i) < CORNERS) return m_aCorners[i];
-        return m_pMidsides ? (*m_pMidsides)[i - CORNERS] : 0;
-    }
-    void Set(std::size_t i, std::int32_t iNode) {
-        if (Tested(i) < CORNERS) {
-            m_aCorners[i] = iNode;
-        } else if (m_pMidsides || iNode != 0) {
-            if (!m_pMidsides) m_pMidsides = std::make_unique<MIDSIDES>();
-            (*m_pMidsides)[i - CORNERS] = iNode;
-        }
+    std::int32_t operator[](std::size_t i) const { return m_aNodes[Tested(i)]; }
+    void Set(std::size_t i, std::int32_t iNode) { m_aNodes[Tested(i)] = iNode; }
+
+    /// The first nSlots of them.
+    std::span<const std::int32_t> First(std::size_t nSlots) const { return std::span(m_aNodes).first(nSlots); }
+    std::span<std::int32_t> First(std::size_t nSlots) { return std::span(m_aNodes).first(nSlots); }
+
+    /// Number of slots up to the last with a node, at least nLeast.
+    std::size_t Count(std::size_t nLeast) const {
+        constexpr std::size_t CORNERS = 8;
+        std::int32_t iAny = 0;
+        for (std::size_t i = CORNERS; i < SLOTS; ++i) iAny |= m_aNodes[i]; // few elements have a midside
+        std::size_t nSlots = iAny == 0 ? std::max(CORNERS, nLeast) : SLOTS;
+        while (nSlots > nLeast && m_aNodes[nSlots - 1] == 0) --nSlots;
+        return nSlots;
     }
 
   private:
-    static constexpr std::size_t SLOTS = 20;
-    static constexpr std::size_t CORNERS = 8;
-    using MIDSIDES = std::array<std::int32_t, SLOTS - CORNERS>;
-
     static std::size_t Tested(std::size_t i) {
         if (i >= SLOTS) throw std::invalid_argument("CNodeSlots: slot out of range");
         return i;
     }
 
-    std::array<std::int32_t, CORNERS> m_aCorners = {};
-    std::unique_ptr<MIDSIDES> m_pMidsides;
+    std::array<std::int32_t, SLOTS> m_aNodes = {};
 };
 
 /// A vector that its card gives in basic axes, whatever axes the grid has.

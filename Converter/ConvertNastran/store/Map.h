@@ -2,8 +2,9 @@
 // The keyed table: records by a signed 32-bit id. The order of a walk is part of the output and is that of a chained
 // hash table with a fixed number of buckets, each chain grown at its head.
 
-#include "platform/Memory.h"
+#include "store/Blocks.h"
 #include "store/KeyIndex.h"
+#include "store/Records.h"
 
 #include <algorithm>
 #include <array>
@@ -35,16 +36,9 @@ constexpr std::uint32_t PlaceOfOrder(std::uint64_t nOrder) {
 /// The places of records in store order. aOrder has their ranks, by ascending place.
 std::vector<std::uint32_t> SortByBucket(std::vector<std::uint64_t> aOrder, std::uint32_t nBuckets);
 
-/// Records with a number that walks choose them by. A table keeps the number and takes it anew whenever a record is
-/// stored or may have changed.
-template <class RECORD>
-concept HasTraits = requires(const RECORD& rRecord) {
-    std::uint16_t{rRecord.Traits()};
-};
-
-/// Records lie side by side in blocks in the order of insertion and keep their addresses; nothing is ever removed.
-/// Walks give pairs of key and record. They hold the places that the table had when they were made, so a walk may add
-/// to the table without meeting what it adds. Records that have traits are changed through the Update functions alone.
+/// Records lie in the order of insertion; nothing is ever removed. Walks give pairs of key and record. They hold the
+/// places that the table had when they were made, so a walk may add to the table without meeting what it adds. Records
+/// that have traits are changed through the Update functions alone.
 template <class RECORD>
 class CMap {
   public:
@@ -53,8 +47,8 @@ class CMap {
     CMap(const CMap&) = delete;
     CMap& operator=(const CMap&) = delete;
     ~CMap() {
-        if constexpr (!std::is_trivially_destructible_v<RECORD>) {
-            for (std::size_t i = 0; i < m_nRecords; ++i) std::destroy_at(&At(i));
+        if constexpr (CRecords<RECORD>::ENDS) {
+            for (std::size_t i = 0; i < m_nRecords; ++i) m_records.Unmake(i);
         }
     }
 
@@ -71,24 +65,26 @@ class CMap {
     int SetAt(std::int32_t iKey, VALUE&& record, REPLACE replace) {
         const std::uint32_t iPlace = m_index.Find(iKey);
         if (iPlace != CKeyIndex::NONE) {
-            replace(At(iPlace), record);
-            At(iPlace) = std::forward<VALUE>(record);
-            if constexpr (HasTraits<RECORD>) TraitsAt(iPlace) = At(iPlace).Traits();
+            replace(m_records.Get(iPlace), record);
+            m_records.Replace(iPlace, std::forward<VALUE>(record));
         } else {
             Append(iKey, std::forward<VALUE>(record));
         }
         return 1;
     }
 
-    /// The record of a key, null if there is none.
-    const RECORD* Find(std::int32_t iKey) const {
+    bool Has(std::int32_t iKey) const { return m_index.Find(iKey) != CKeyIndex::NONE; }
+
+    /// The record of a key, which is as good as a pointer to it; null if there is none.
+    typename CRecords<RECORD>::FOUND Find(std::int32_t iKey) const {
         const std::uint32_t iPlace = m_index.Find(iKey);
-        return iPlace == CKeyIndex::NONE ? nullptr : &At(iPlace);
+        if (iPlace == CKeyIndex::NONE) return {};
+        return m_records.Found(iPlace);
     }
 
     /// Copies the record of a key. Returns 1, or 0 if there is none.
     int Lookup(std::int32_t iKey, RECORD& rRecord) const {
-        const RECORD* pRecord = Find(iKey);
+        const auto pRecord = Find(iKey);
         if (pRecord) rRecord = *pRecord;
         return pRecord ? 1 : 0;
     }
@@ -97,7 +93,7 @@ class CMap {
     /// out like this.
     RECORD& operator[](std::int32_t iKey) requires(!HasTraits<RECORD>) {
         const std::uint32_t iPlace = m_index.Find(iKey);
-        return iPlace == CKeyIndex::NONE ? Append(iKey, RECORD()) : At(iPlace);
+        return m_records.At(iPlace == CKeyIndex::NONE ? Append(iKey, RECORD()) : iPlace);
     }
 
     /// Calls change(record) for the record of a key. Returns 1, or 0 if there is none.
@@ -132,38 +128,38 @@ class CMap {
     /// Calls visit(id, record) for all records in the order of insertion.
     template <class VISIT>
     void ForEach(VISIT visit) const {
-        for (std::size_t i = 0; i < m_nRecords; ++i) visit(KeyAt(i), At(i));
+        for (std::size_t i = 0; i < m_nRecords; ++i) visit(m_aKeys[i], m_records.Get(i));
     }
 
     /// Calls visit with the keys of all records in the order of insertion, a block of them at a time.
     template <class VISIT>
     void ForEachKeyBlock(VISIT visit) const {
-        for (std::size_t iBegin = 0; iBegin < m_nRecords; iBegin += BLOCK) {
-            visit(std::span(&KeyAt(iBegin), std::min(BLOCK, m_nRecords - iBegin)));
-        }
+        m_aKeys.ForEachBlock(m_nRecords, visit);
     }
 
     /// The traits of the record of a key, 0 if there is none.
     std::uint16_t TraitsOf(std::int32_t iKey) const {
         const std::uint32_t iPlace = m_index.Find(iKey);
-        return iPlace == CKeyIndex::NONE ? std::uint16_t(0) : TraitsAt(iPlace);
+        return iPlace == CKeyIndex::NONE ? std::uint16_t(0) : m_records.Traits(iPlace);
     }
 
     /// Number of the records that taken accepts, as Walk does.
     template <class PREDICATE>
     std::size_t Count(PREDICATE taken) const {
-        std::size_t nTaken = 0;
-        if constexpr (TakesTraits<PREDICATE>) { // block by block
-            for (std::size_t iBegin = 0; iBegin < m_nRecords; iBegin += BLOCK) {
-                const std::uint16_t* const pTraits = &TraitsAt(iBegin);
-                nTaken += static_cast<std::size_t>(
-                    std::count_if(pTraits, pTraits + std::min(BLOCK, m_nRecords - iBegin), taken));
-            }
+        if constexpr (TakesTraits<PREDICATE>) {
+            return m_records.Count(m_nRecords, taken);
         } else {
+            std::size_t nTaken = 0;
             ForEachTaken(taken, [&](std::uint32_t) { ++nTaken; });
+            return nTaken;
         }
-        return nTaken;
     }
+
+    /// A key with its record, or with a reference to it.
+    struct T_ENTRY_D {
+        std::int32_t iKEY;
+        decltype(std::declval<const CRecords<RECORD>&>().Get(0)) record;
+    };
 
     /// Some of the records, in a given order.
     class CWalk {
@@ -173,9 +169,10 @@ class CMap {
         class CPosition {
           public:
             CPosition(const CWalk& rWalk, std::size_t i) : m_pWalk(&rWalk), m_i(i) {}
-            std::pair<std::int32_t, const RECORD&> operator*() const {
+            auto operator*() const {
                 const std::uint32_t iPlace = m_pWalk->m_aPlaces[m_i];
-                return {m_pWalk->m_pMap->KeyAt(iPlace), m_pWalk->m_pMap->At(iPlace)};
+                const CMap& rMap = *m_pWalk->m_pMap;
+                return T_ENTRY_D{rMap.m_aKeys[iPlace], rMap.m_records.Get(iPlace)};
             }
             CPosition& operator++() {
                 ++m_i;
@@ -196,7 +193,7 @@ class CMap {
         /// its turn.
         void FetchAhead(std::size_t i) const {
             constexpr std::size_t AHEAD = 8;
-            if (i + AHEAD < m_aPlaces.size()) __builtin_prefetch(m_pMap->Room(m_aPlaces[i + AHEAD]));
+            if (i + AHEAD < m_aPlaces.size()) m_pMap->m_records.Fetch(m_aPlaces[i + AHEAD]);
         }
 
         const CMap* m_pMap;
@@ -221,49 +218,30 @@ class CMap {
         ForEachTaken(taken, [&](std::uint32_t i) { *pPlace++ = i; });
         if (!m_bAscending) {
             std::sort(aPlaces.begin(), aPlaces.end(),
-                      [this](std::uint32_t a, std::uint32_t b) { return KeyAt(a) < KeyAt(b); });
+                      [this](std::uint32_t a, std::uint32_t b) { return m_aKeys[a] < m_aKeys[b]; });
         }
         return {*this, std::move(aPlaces)};
     }
     CWalk Sorted() const { return Sorted(All); }
 
   private:
-    // Records in a block: a power of two makes finding one a shift and a mask. Memory that isn't touched isn't taken,
-    // so a block may be large.
-    static constexpr std::size_t BLOCK = std::bit_floor((std::size_t(1) << 20) / sizeof(RECORD));
-
-    struct T_BLOCK_D {
-        std::array<std::int32_t, BLOCK> aKEYS;
-        std::array<std::uint16_t, HasTraits<RECORD> ? BLOCK : 0> aTRAITS;
-        alignas(RECORD) std::array<std::byte, BLOCK * sizeof(RECORD)> aRECORDS; // made and destroyed one by one
-    };
-
     static bool All(const RECORD&) { return true; }
 
     template <class PREDICATE>
     static constexpr bool TakesTraits = HasTraits<RECORD>&& std::is_invocable_v<PREDICATE, std::uint16_t>;
 
-    RECORD* Room(std::size_t i) const {
-        return reinterpret_cast<RECORD*>(m_aBlocks[i / BLOCK]->aRECORDS.data()) + i % BLOCK;
-    }
-    RECORD& At(std::size_t i) { return *Room(i); }
-    const RECORD& At(std::size_t i) const { return *Room(i); }
-    std::int32_t& KeyAt(std::size_t i) const { return m_aBlocks[i / BLOCK]->aKEYS[i % BLOCK]; }
-    std::uint16_t& TraitsAt(std::size_t i) const { return m_aBlocks[i / BLOCK]->aTRAITS[i % BLOCK]; }
-
-    /// change(id, record) may change what the traits are made of.
+    /// change(id, record).
     template <class CHANGE>
     void UpdateAt(std::size_t i, CHANGE& rChange) {
-        rChange(std::as_const(KeyAt(i)), At(i));
-        if constexpr (HasTraits<RECORD>) TraitsAt(i) = At(i).Traits();
+        m_records.Change(i, [&](RECORD& rRecord) { rChange(std::as_const(m_aKeys[i]), rRecord); });
     }
 
     template <class PREDICATE>
     bool IsTaken(PREDICATE& rTaken, std::size_t i) const {
         if constexpr (TakesTraits<PREDICATE>) {
-            return rTaken(TraitsAt(i));
+            return rTaken(m_records.Traits(i));
         } else {
-            return rTaken(At(i));
+            return rTaken(m_records.Get(i));
         }
     }
 
@@ -279,36 +257,33 @@ class CMap {
     std::vector<std::uint32_t> InStoreOrder(PREDICATE taken) const {
         std::vector<std::uint64_t> aOrder(Count(taken));
         auto pOrder = aOrder.begin();
-        ForEachTaken(taken, [&](std::uint32_t i) { *pOrder++ = StoreOrder(HashKey(KeyAt(i)) % m_nBuckets, i); });
+        ForEachTaken(taken, [&](std::uint32_t i) { *pOrder++ = StoreOrder(HashKey(m_aKeys[i]) % m_nBuckets, i); });
         return SortByBucket(std::move(aOrder), m_nBuckets);
     }
 
+    /// Gives the place of the new record.
     template <class VALUE>
-    RECORD& Append(std::int32_t iKey, VALUE&& record) {
+    std::uint32_t Append(std::int32_t iKey, VALUE&& record) {
         const std::size_t iPlace = m_nRecords;
         if (iPlace >= CKeyIndex::NONE) throw std::length_error("CMap: too many records");
-        if (iPlace == m_aBlocks.size() * BLOCK) {
-            m_aBlocks.push_back(std::make_unique_for_overwrite<T_BLOCK_D>());
-            if (iPlace > 0) TakePages(m_aBlocks.back().get(), sizeof(T_BLOCK_D)); // a table this long will fill it
-        }
-        // Each step leaves the table whole if it throws: the index comes first, the count that everything goes by last.
-        RECORD* pRecord = std::construct_at(Room(iPlace), std::forward<VALUE>(record));
+        // Each step leaves the table whole if it throws: the count that everything goes by comes last.
+        m_aKeys.Set(iPlace, iKey);
+        m_records.Make(iPlace, std::forward<VALUE>(record));
         try {
             m_index.Add(iKey, static_cast<std::uint32_t>(iPlace));
         } catch (...) {
-            std::destroy_at(pRecord);
+            m_records.Unmake(iPlace);
             throw;
         }
-        m_bAscending = m_bAscending && (iPlace == 0 || KeyAt(iPlace - 1) < iKey);
-        if constexpr (HasTraits<RECORD>) TraitsAt(iPlace) = pRecord->Traits();
-        KeyAt(iPlace) = iKey;
+        m_bAscending = m_bAscending && (iPlace == 0 || m_aKeys[iPlace - 1] < iKey);
         ++m_nRecords;
-        return *pRecord;
+        return static_cast<std::uint32_t>(iPlace);
     }
 
     std::uint32_t m_nBuckets;
     bool m_bAscending = true; // whether the keys came in ascending order
     std::size_t m_nRecords = 0;
     CKeyIndex m_index;
-    std::vector<std::unique_ptr<T_BLOCK_D>> m_aBlocks;
+    CBlocks<std::int32_t> m_aKeys;
+    CRecords<RECORD> m_records;
 };

@@ -76,13 +76,13 @@ template <class VISITOR>
 void ForEachRigidLink(const CDataPool& rPool, const VISITOR& rVisitor) {
     std::vector<std::int32_t> aSlaves;
     for (const auto& [iEID, rLink] : rPool.RBE2.Walk()) {
-        if (!rPool.NODS.Find(rLink.iGN)) {
+        if (!rPool.NODS.Has(rLink.iGN)) {
             rVisitor(T_LEFT_D{LEFT_RBE2_MASTER, iEID, rLink.iGN});
             continue;
         }
         aSlaves.clear();
         for (const std::int32_t iGM : rLink.aGM) {
-            if (rPool.NODS.Find(iGM)) {
+            if (rPool.NODS.Has(iGM)) {
                 aSlaves.push_back(rPool.MapNodeId(iGM));
             } else {
                 rVisitor(T_LEFT_D{LEFT_RBE2_SLAVE, iEID, iGM});

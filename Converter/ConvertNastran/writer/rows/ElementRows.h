@@ -21,8 +21,9 @@ template <class VISITOR>
 void ForEachNode(const CDataPool& rPool, const VISITOR& rVisitor) {
     for (const auto& [iID, rNode] : rPool.NODS.Sorted()) {
         const std::int32_t iOut = rPool.MapNodeId(iID);
-        const T_NODS_D* pNode = iOut == iID ? &rNode : rPool.NODS.Find(iOut);
-        if (pNode) {
+        if (iOut == iID) {
+            rVisitor(T_NODE_ROW{iOut, rNode.dGX, rNode.dGY, rNode.dGZ});
+        } else if (const auto pNode = rPool.NODS.Find(iOut)) {
             rVisitor(T_NODE_ROW{iOut, pNode->dGX, pNode->dGY, pNode->dGZ});
         } else {
             rVisitor(T_LEFT_D{LEFT_GRID_RENUMBERED, iID});

@@ -146,7 +146,7 @@ void ForEachBeamLoad(const CDataPool& rPool, const T_LOAD_D& rSet, const VISITOR
                 continue;
             }
             if (!(dLength > 0.0)) {
-                rVisitor(T_LEFT_D{rPool.ELEM.Find(iEID) ? LEFT_PLOAD1_LENGTH : LEFT_PLOAD1_ELEMENT, iEID});
+                rVisitor(T_LEFT_D{rPool.ELEM.Has(iEID) ? LEFT_PLOAD1_LENGTH : LEFT_PLOAD1_ELEMENT, iEID});
                 continue;
             }
             dX1 /= dLength;
@@ -171,10 +171,10 @@ void VisitPressure(const CDataPool& rPool, const T_MBLD_D& rEntry, std::int32_t 
     if (std::abs(d[0]) + std::abs(d[1]) + std::abs(d[2]) + std::abs(d[3]) <= NO_LOAD) {
         rVisitor(T_LEFT_D{bCorners ? LEFT_PLOAD4_ZERO : LEFT_PLOAD2_ZERO, rEntry.iID});
     } else if (iType == TYPE_SOLID) {
-        const T_ELEM_D& rSolid = *rPool.ELEM.Find(rEntry.iID);
-        const T_CORNERPRESSURE_ROW row = SolidPressure(rEntry, rSolid);
+        const T_ELEM_D solid = *rPool.ELEM.Find(rEntry.iID);
+        const T_CORNERPRESSURE_ROW row = SolidPressure(rEntry, solid);
         rVisitor(row);
-        const E_LEFT eLoss = FaceLoss(rEntry, rSolid, row.iFACE);
+        const E_LEFT eLoss = FaceLoss(rEntry, solid, row.iFACE);
         if (eLoss != LEFT_COUNT) rVisitor(T_LEFT_D{eLoss, rEntry.iID, row.iFACE});
     } else if (!IsPlateType(iType)) {
         rVisitor(T_LEFT_D{bCorners ? LEFT_PLOAD4_ELEMENT : LEFT_PLOAD2_ELEMENT, rEntry.iID});
@@ -189,16 +189,14 @@ void VisitPressure(const CDataPool& rPool, const T_MBLD_D& rEntry, std::int32_t 
 template <class VISITOR>
 void ForEachPressure(const CDataPool& rPool, const T_LOAD_D& rSet, const VISITOR& rVisitor) {
     constexpr std::size_t BATCH = 16;
-    std::array<const T_MBLD_D*, BATCH> aEntries;
+    std::array<T_MBLD_D, BATCH> aEntries;
     std::array<std::int32_t, BATCH> aTypes;
     const auto pressures = rSet.aMBLD.Walk(LOAD_PRESSURE);
     for (auto position = pressures.begin(); position != pressures.end();) {
         std::size_t nEntries = 0;
-        for (; nEntries < BATCH && position != pressures.end(); ++position, ++nEntries) {
-            aEntries[nEntries] = &*position;
-            aTypes[nEntries] = TypeOfTraits(rPool.ELEM.TraitsOf((*position).iID));
-        }
-        for (std::size_t i = 0; i < nEntries; ++i) VisitPressure(rPool, *aEntries[i], aTypes[i], rVisitor);
+        for (; nEntries < BATCH && position != pressures.end(); ++position) aEntries[nEntries++] = *position;
+        for (std::size_t i = 0; i < nEntries; ++i) aTypes[i] = TypeOfTraits(rPool.ELEM.TraitsOf(aEntries[i].iID));
+        for (std::size_t i = 0; i < nEntries; ++i) VisitPressure(rPool, aEntries[i], aTypes[i], rVisitor);
     }
 }
 

@@ -68,13 +68,13 @@ double LinkAngle(const CDataPool& rPool, const T_ELEM_D& rElement) {
 
 std::int32_t FindVectorAxes(const CDataPool& rPool, const T_ELEM_D& rElement) {
     if (rElement.iG0 != 0 || (rElement.dX1 == 0.0 && rElement.dX2 == 0.0 && rElement.dX3 == 0.0)) return 0;
-    const T_NODS_D* const pNode = rPool.NODS.Find(rElement.iNODE[0]);
+    const auto pNode = rPool.NODS.Find(rElement.iNODE[0]);
     return pNode && pNode->iCD != 0 && rPool.TurnsVectors(pNode->iCD) ? pNode->iCD : 0;
 }
 
 E_LEFT AngleLoss(const CDataPool& rPool, const T_ELEM_D& rElement, double dAngle) {
-    const T_NODS_D* const p1 = rPool.NODS.Find(rElement.iNODE[0]);
-    const T_NODS_D* const p2 = rPool.NODS.Find(rElement.iNODE[1]);
+    const auto p1 = rPool.NODS.Find(rElement.iNODE[0]);
+    const auto p2 = rPool.NODS.Find(rElement.iNODE[1]);
     double dZ[3];
     if (!p1 || !p2 || !FindLinkZ(rPool, rElement, *p1, *p2, dZ)) return LEFT_COUNT;
     // The target counts from the axes that a link has by itself: Y level and Z upwards, or Z along the global X axis

@@ -106,8 +106,7 @@ inline std::int32_t PropertyOf(const T_CEL2_D&) {
 /// Whether a spring is a general link: between grids that exist and coincide, with any components.
 template <class SPRING>
 bool IsScalarLink(const CDataPool& rPool, const SPRING& rSpring) {
-    return rPool.NODS.Find(rSpring.iG1) && rPool.NODS.Find(rSpring.iG2) &&
-           AreCoincident(rPool, rSpring.iG1, rSpring.iG2);
+    return rPool.NODS.Has(rSpring.iG1) && rPool.NODS.Has(rSpring.iG2) && AreCoincident(rPool, rSpring.iG1, rSpring.iG2);
 }
 
 /// Links and springs to ground among each other, in store order. A spring that is left out may still be
@@ -128,9 +127,9 @@ void ForEachElasticLink(const CDataPool& rPool, const CMap<SPRING>& rSprings, co
             Leave(SpringReason<SPRING>(LEFT_CELAS1_DOF, LEFT_CELAS2_DOF));
         } else if (!bFrom && !bTo) {
             Leave(SpringReason<SPRING>(LEFT_CELAS1_ENDS, LEFT_CELAS2_ENDS));
-        } else if (bFrom && !rPool.NODS.Find(rSpring.iG1)) {
+        } else if (bFrom && !rPool.NODS.Has(rSpring.iG1)) {
             Leave(SpringReason<SPRING>(LEFT_CELAS1_GRID1, LEFT_CELAS2_GRID1), rSpring.iG1);
-        } else if (bTo && !rPool.NODS.Find(rSpring.iG2)) {
+        } else if (bTo && !rPool.NODS.Has(rSpring.iG2)) {
             Leave(SpringReason<SPRING>(LEFT_CELAS1_GRID2, LEFT_CELAS2_GRID2), rSpring.iG2);
         } else if (bLink && (iFrom == iTo || AreCoincident(rPool, rSpring.iG1, rSpring.iG2))) {
             Leave(SpringReason<SPRING>(LEFT_CELAS1_PLACE, LEFT_CELAS2_PLACE));
