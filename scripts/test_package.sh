@@ -45,6 +45,9 @@ done
 cmp "$usr/share/doc/convertnastran/copyright" LICENSE
 gzip -dc "$usr/share/doc/convertnastran/changelog.gz" | grep -q "^convertnastran ($(field Version)) .*" || fail "changelog"
 gzip -dc "$usr/share/man/man1/nas2zdt.1.gz" | cmp - docs/nas2zdt.1
+for file in bash-completion/completions/nas2zdt zsh/vendor-completions/_nas2zdt doc/convertnastran/examples/read_zdt.py; do
+    [ -s "$usr/share/$file" ] || fail "$file isn't there"
+done
 for check in paths exports hardening; do
     python3 tests/binaries/binaries_test.py $check "$usr" >"$work/found" || fail "$(cat "$work/found")"
 done
