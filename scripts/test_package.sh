@@ -61,7 +61,7 @@ grep -q 'must be a NASTRAN bulk data deck' "$work/log" # the message library was
 mkdir "$work/host"
 cp examples/hosts/convert.cpp "$work/host"
 cat >"$work/host/CMakeLists.txt" <<'END'
-cmake_minimum_required(VERSION 3.25)
+cmake_minimum_required(VERSION 3.22)
 project(host LANGUAGES CXX)
 find_package(ConvertNastran REQUIRED)
 add_executable(host convert.cpp)
