@@ -402,15 +402,17 @@ class Reader:
         for form, (master, *tied, slave) in self.all(EQUATION):
             self.model.rigid_links.append(RigidLink(master, tied[0] if form == 0 else "000000", [slave]))
         while self.at < len(self.lines) and (match := RIGID_LINK.fullmatch(self.lines[self.at])):
-            node, components, slaves, last = match.groups()
+            node, components, listed, last = match.groups()
+            slaves = listed.split()
             self.at += 1
             while last == "\\":
                 more = SLAVES.fullmatch(self.lines[self.at]) if self.at < len(self.lines) else None
                 if not more:
                     self.fail("a list of nodes doesn't go on")
                 self.at += 1
-                slaves, last = slaves + more[1], more[2]
-            self.model.rigid_links.append(RigidLink(int(node), components, [int(slave) for slave in slaves.split()]))
+                slaves += more[1].split()
+                last = more[2]
+            self.model.rigid_links.append(RigidLink(int(node), components, [int(slave) for slave in slaves]))
 
     def read_link_properties(self) -> None:
         for form, (number,) in self.all(LINK_PROPERTY):
@@ -513,7 +515,7 @@ SECTIONS = {  # keyword: level, what reads the lines
 
 def read(path: str) -> Model:
     """The model of a file. Raises FormatError with the line, or OSError."""
-    with open(path, encoding="ascii", newline="") as file:
+    with open(path, encoding="ascii", errors="replace", newline="") as file:
         return Reader(file.read()).read()
 
 
