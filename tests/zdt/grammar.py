@@ -1,4 +1,4 @@
-"""Holds texts to a grammar in the notation of the XML specification: "literal" [0-9] name ( ) | ? * + and comments."""
+"""Holds texts to a grammar in the EBNF of XML 1.0: "literal" [0-9] name ( ) | ? * + and comments."""
 
 import re
 
