@@ -34,7 +34,14 @@ endif()
 install(TARGETS nas2zdt RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES Converter/ConvertNastran/driver/ConvertFile.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ConvertNastran)
 install(FILES docs/nas2zdt.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES README.md docs/account.md docs/cards.md docs/hosts.md docs/sections.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+if(NOT WIN32)
+  install(FILES completions/nas2zdt.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME nas2zdt)
+  install(FILES completions/_nas2zdt DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+endif()
+install(FILES README.md CHANGELOG.md docs/account.md docs/batches.md docs/cards.md docs/check.md docs/faithful.md
+  docs/hosts.md docs/sections.md docs/zdt.md
+  DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES examples/read_zdt.py examples/sum_zdt.py DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
 
 # ---- for find_package(ConvertNastran) and pkg-config

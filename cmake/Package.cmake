@@ -16,6 +16,9 @@ file(WRITE ${changelog} "${CPACK_PACKAGE_NAME} (${CPACK_PACKAGE_VERSION}) unstab
 
  -- ${CPACK_PACKAGE_CONTACT}  ${date}
 ")
+file(MAKE_DIRECTORY ${usr}/share/zsh/vendor-completions) # where this distribution's shell looks
+file(RENAME ${usr}/share/zsh/site-functions/_nas2zdt ${usr}/share/zsh/vendor-completions/_nas2zdt)
+file(REMOVE_RECURSE ${usr}/share/zsh/site-functions)
 file(GLOB manual ${usr}/share/man/man1/*.1)
 execute_process(COMMAND gzip -9 -n -f ${changelog} ${manual} COMMAND_ERROR_IS_FATAL ANY)
 execute_process(COMMAND chmod -R go=u-w ${root} COMMAND_ERROR_IS_FATAL ANY) # whoever made it, everybody may read it

@@ -1,12 +1,13 @@
 #!/bin/sh
-# Passes the sources to clang-tidy (.clang-tidy) and cppcheck (scripts/cppcheck.supp), and the scripts to shellcheck. What
-# they find is an error. "lint.sh quick" does without clang-tidy's walks along paths, which take a third of its time.
+# Passes the sources to clang-tidy (.clang-tidy) and cppcheck (scripts/cppcheck.supp), the scripts to shellcheck, and the
+# comments of headers to Doxygen. What they find is an error. "lint.sh quick" does without clang-tidy's walks along paths, which take a third of its time.
 # Installs the tools where they are missing. Sources that aren't built here are left out: those of Windows, and those of
 # desktop windows and microbenchmarks where their libraries are missing.
 set -eu
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
-require "clang-tidy cppcheck shellcheck clang++ cmake ninja" "clang clang-tidy clang-tools cppcheck shellcheck cmake ninja-build"
+require "clang-tidy cppcheck shellcheck doxygen clang++ cmake ninja" \
+    "clang clang-tidy clang-tools cppcheck shellcheck doxygen cmake ninja-build"
 build=build/lint
 checks=
 [ "${1:-}" != quick ] || checks='-checks=-clang-analyzer-*'
@@ -15,7 +16,10 @@ cmake -S . -B $build -G Ninja -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clan
     -DCONVERTNASTRAN_BENCH=ON -DCONVERTNASTRAN_FUZZ=ON >/dev/null
 
 echo "== shellcheck"
-git ls-files '*.sh' | xargs shellcheck -x
+git ls-files '*.sh' '*.bash' | xargs shellcheck -x
+
+echo "== doxygen"
+cmake --build $build --target docs
 
 echo "== cppcheck"
 cppcheck --project=$build/compile_commands.json --enable=warning,performance,portability --std=c++20 --quiet -j "$jobs" \

@@ -45,6 +45,9 @@ done
 cmp "$usr/share/doc/convertnastran/copyright" LICENSE
 gzip -dc "$usr/share/doc/convertnastran/changelog.gz" | grep -q "^convertnastran ($(field Version)) .*" || fail "changelog"
 gzip -dc "$usr/share/man/man1/nas2zdt.1.gz" | cmp - docs/nas2zdt.1
+for file in bash-completion/completions/nas2zdt zsh/vendor-completions/_nas2zdt doc/convertnastran/examples/read_zdt.py; do
+    [ -s "$usr/share/$file" ] || fail "$file isn't there"
+done
 for check in paths exports hardening; do
     python3 tests/binaries/binaries_test.py $check "$usr" >"$work/found" || fail "$(cat "$work/found")"
 done
@@ -58,7 +61,7 @@ grep -q 'must be a NASTRAN bulk data deck' "$work/log" # the message library was
 mkdir "$work/host"
 cp examples/hosts/convert.cpp "$work/host"
 cat >"$work/host/CMakeLists.txt" <<'END'
-cmake_minimum_required(VERSION 3.25)
+cmake_minimum_required(VERSION 3.22)
 project(host LANGUAGES CXX)
 find_package(ConvertNastran REQUIRED)
 add_executable(host convert.cpp)

@@ -2,6 +2,7 @@
 
 #include "nas2zdt/command/Options.h"
 
+#include "nas2zdt/text/Similar.h"
 #include "nas2zdt/text/Words.h"
 
 #include <algorithm>
@@ -174,6 +175,34 @@ const T_OPTION_D* FindOption(std::string_view sForm) {
     return nullptr;
 }
 
+/// The words that a value of an option is or begins with; none if it is free.
+std::vector<std::string_view> WordsOf(const T_OPTION_D& rOption) {
+    std::vector<std::string_view> aWords;
+    if (rOption.eVALUE == VALUE_ALLOWED) aWords.push_back(rOption.sVALUE);
+    if (rOption.pfnSet == &SetLimit) {
+        for (const T_LIMITNAME_D& rLimit : LIMITS) aWords.push_back(rLimit.sNAME);
+        aWords.push_back(LIFTED);
+    }
+    return aWords;
+}
+
+/// "; did you mean json?", nothing without a word that is near.
+std::string Suggestion(std::string_view sText, const std::vector<std::string_view>& aWords) {
+    const std::string_view sWord = FindSimilar(sText, aWords);
+    return sWord.empty() || sWord == sText ? "" : "; did you mean " + std::string(sWord) + "?";
+}
+
+std::string UnknownOption(const std::string& sArg) {
+    std::vector<std::string_view> aNames;
+    for (const T_OPTION_D& rOption : OPTIONS) aNames.push_back(LastForm(rOption.sNAME));
+    return "unknown option " + sArg + Suggestion(std::string_view(sArg).substr(0, sArg.find('=')), aNames);
+}
+
+std::string WrongValue(const T_OPTION_D& rOption, const std::string& sValue) {
+    return std::string(LastForm(rOption.sNAME)) + ": \"" + sValue + "\" isn't a value of this option" +
+           Suggestion(std::string_view(sValue).substr(0, sValue.find('=')), WordsOf(rOption));
+}
+
 /// An option for a picture and the extension of its format.
 struct T_PICTURE_D {
     std::string_view sOPTION;
@@ -210,7 +239,7 @@ int ReadOptions(const std::vector<std::string>& aArgs, T_OPTIONS_D& rOptions, st
         const bool bGiven = iEquals != std::string::npos;
         const T_OPTION_D* pOption = FindOption(std::string_view(sArg).substr(0, iEquals));
         if (!pOption) {
-            rWhy = "unknown option " + sArg;
+            rWhy = UnknownOption(sArg);
             return 0;
         }
         std::string sValue = bGiven ? sArg.substr(iEquals + 1) : std::string();
@@ -223,7 +252,7 @@ int ReadOptions(const std::vector<std::string>& aArgs, T_OPTIONS_D& rOptions, st
         }
         const bool bTaken = bGiven ? pOption->eVALUE != VALUE_NONE && !sValue.empty() : true;
         if (!bTaken || !pOption->pfnSet(rOptions, sValue)) {
-            rWhy = std::string(LastForm(pOption->sNAME)) + ": \"" + sValue + "\" isn't a value of this option";
+            rWhy = WrongValue(*pOption, sValue);
             return 0;
         }
     }

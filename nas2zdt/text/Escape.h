@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-/// sText as a JSON string with its quotes. Control characters and bytes that aren't UTF-8 become \u escapes.
+/// sText as a JSON string with its quotes. Control characters and bytes that aren't UTF-8 become `\u` escapes.
 std::string JsonText(std::string_view sText);
 
 /// sText with the markup characters of XML escaped. Bytes that aren't UTF-8 or that belong to a character that XML

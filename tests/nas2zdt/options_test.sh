@@ -32,6 +32,15 @@ for args in "--log" "--log= good.dat" "--strict=all good.dat" "--allow" "--allow
     expect "wrong usage: $args" 2 $args
     silent "wrong usage: $args" out
 done
+for pair in "--acount --account" "--ACCOUNT=json --account" "-check --check" "--vut=x.vtu --vtu" "--fatihful --faithful" \
+    "--no-warning --no-warnings" "--account=jsno json" "--strict=ayn any" "--limit=rangs=5 ranges" "--limit=nnoe none"; do
+    expect "misspelt: $pair" 2 "${pair% *}" good.dat
+    grep -Fq -- "; did you mean ${pair#* }?" err || fail "misspelt: $pair"
+done
+for arg in --verbose --xyz=account -x --account=xml --limit=ranges=0 --tolerance=jsn; do
+    expect "like nothing: $arg" 2 "$arg" good.dat
+    ! grep -q "did you mean" err || fail "like nothing: $arg"
+done
 for option in -q -h -V; do expect "the short form $option" 0 $option good.dat; done
 expect "a short form with a value" 2 -q=1 good.dat
 expect "a deck behind --" 1 -- --quiet
