@@ -13,7 +13,7 @@ namespace {
 
 std::string Draw(const CDataPool& rDataPool) {
     const CTempFolder folder;
-    WriteSvg(rDataPool, "a title", folder.Path("model.svg"));
+    CSvgPicture(rDataPool).Write("a title", folder.Path("model.svg"));
     EXPECT_FALSE(std::filesystem::exists(folder.Path("model.svg.part")));
     return ReadText(folder.Path("model.svg"));
 }
@@ -21,7 +21,8 @@ std::string Draw(const CDataPool& rDataPool) {
 /// How often each class occurs in the group sGroup, however it is shaded or simplified.
 std::map<std::string, int> CountClasses(const std::string& sSvg, const std::string& sGroup) {
     const std::size_t iBegin = sSvg.find("<g id=\"" + sGroup + "\">");
-    const std::string sText = sSvg.substr(iBegin, sSvg.find("</g>", iBegin) - iBegin);
+    const std::string sNext = sGroup == "model" ? "<g id=\"marks\">" : "<path class=\"axis\"";
+    const std::string sText = sSvg.substr(iBegin, sSvg.find(sNext, iBegin) - iBegin);
     const std::string sMark = "class=\"";
     std::map<std::string, int> counts;
     for (std::size_t i = sText.find(sMark); i != std::string::npos; i = sText.find(sMark, i + 1)) {
@@ -154,13 +155,13 @@ TEST(SvgWriter, WritesBehindLinksButOverNoInput) {
     std::string sCause;
     ASSERT_TRUE(deck.Open(sPath, sCause));
     std::filesystem::create_symlink(sPath, folder.Path("link.svg"));
-    EXPECT_THROW(WriteSvg(pool, "", folder.Path("link.svg"), T_INPUTS{{deck.GetId(), "a deck"}}), CFileException);
+    EXPECT_THROW(CSvgPicture(pool).Write("", folder.Path("link.svg"), T_INPUTS{{deck.GetId(), "a deck"}}), CFileException);
     EXPECT_EQ(ReadText(sPath), "before");
 
-    WriteSvg(pool, "", folder.Path("link.svg"));
+    CSvgPicture(pool).Write("", folder.Path("link.svg"));
     EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link.svg")));
     EXPECT_TRUE(ReadText(sPath).starts_with("<?xml"));
-    WriteSvg(pool, "", "/dev/null");
+    CSvgPicture(pool).Write("", "/dev/null");
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
 }
 
