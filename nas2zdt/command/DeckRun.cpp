@@ -292,8 +292,8 @@ void CDeckRun::WriteGrid(const CDataPool& rPool) {
                  (leftOut.nPARTS == 1 ? " element" : " elements") + " without nodes left out");
     }
     if (leftOut.nCASES > 0) {
-        TellHint(m_rJob.sVTU + ": load cases past the first " + std::to_string(VTU_CASES) +
-                 " left out: the option --case chooses one");
+        TellHint(m_rJob.sVTU + ": the last " + std::to_string(leftOut.nCASES) +
+                 (leftOut.nCASES == 1 ? " load case" : " load cases") + " left out: the option --case chooses one");
     }
 }
 

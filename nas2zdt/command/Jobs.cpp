@@ -155,7 +155,7 @@ T_JOBS_D PlanJobs(const T_OPTIONS_D& rOptions) {
     if (jobs.sFAILURE.empty() && !sOutput.empty() && !bFolder) jobs.sFAILURE = TestFolderOf(sOutput);
 
     for (const std::string& sDeck : rOptions.aDECKS) {
-        T_JOB_D job{sDeck, Target(sDeck, sOutput, bFolder), {}, {}, {}};
+        T_JOB_D job{sDeck, Target(sDeck, sOutput, bFolder), {}};
         for (const T_PICTURE_D& rPicture : PICTURES) {
             const std::string& sPath = rOptions.*rPicture.pPATH;
             if (!sPath.empty()) job.*rPicture.pFILE = PicturePath(sDeck, sPath, rPicture.sEXTENSION);

@@ -11,8 +11,9 @@
 struct T_JOB_D {
     std::string sDECK;
     std::string sTARGET;
-    std::string sREFUSED;    // why it isn't run; empty if it is
-    std::string sVIEW, sVTU; // picture and grid; empty for none
+    std::string sREFUSED;   // why it isn't run; empty if it is
+    std::string sVIEW = {}; // picture; empty for none
+    std::string sVTU = {};  // grid, likewise
 };
 
 /// The decks of a command line.

@@ -71,7 +71,9 @@ class CLosses {
             for (const T_NOTE_D& rNote : pWord->aNOTES) {
                 if (rNote.eCLASS != CLASS_MODEL && rNote.eCLASS != CLASS_MASS) continue;
                 const auto iLoss = static_cast<std::uint32_t>(rColours.aLOSSES.size());
-                rColours.aLOSSES.push_back({ShortText(*pWord, rNote)});
+                const bool bProperty = rNote.eMARKED == MARKED_PROPERTIES;
+                rColours.aLOSSES.push_back(
+                    {ShortText(*pWord, rNote), bProperty ? PAINT_OF_PROPERTY : std::uint8_t{PAINT_LOST}});
                 T_NAMED* const pNamed = NamedBy(rNote.eMARKED);
                 if (!pNamed) continue;
                 for (const std::int32_t iID : rNote.aMARKED) pNamed->emplace_back(iID, iLoss);
@@ -83,11 +85,11 @@ class CLosses {
     void Mark(const T_SCEN_D& rScene) {
         for (std::uint32_t i = 0; i < rScene.aPARTS.size(); ++i) {
             const T_PART_D& rPart = rScene.aPARTS[i];
-            const std::size_t nBefore = m_rColours.aPARTLOSSES.size();
-            if (rPart.iID != 0) Find(m_elements, rPart.iID, i, m_rColours.aPARTLOSSES);
-            if (rPart.iPID != 0) Find(m_properties, rPart.iPID, i, m_rColours.aPARTLOSSES);
-            const bool bLost = m_rColours.aPARTLOSSES.size() > nBefore;
-            m_rColours.aPAINTS.push_back(bLost ? std::uint8_t{PAINT_LOST} : PAINT_NEUTRAL);
+            std::uint8_t iPaint = PAINT_NEUTRAL;
+            if (rPart.iPID != 0 && Find(m_properties, rPart.iPID, i, m_rColours.aPARTLOSSES))
+                iPaint = PAINT_OF_PROPERTY;
+            if (rPart.iID != 0 && Find(m_elements, rPart.iID, i, m_rColours.aPARTLOSSES)) iPaint = PAINT_LOST;
+            m_rColours.aPAINTS.push_back(iPaint);
         }
         for (std::uint32_t i = 0; i < rScene.aIDS.size(); ++i) {
             Find(m_nodes, rScene.aIDS[i], i, m_rColours.aNODELOSSES);
@@ -107,13 +109,15 @@ class CLosses {
             return nullptr;
         }
     }
-    void Find(const T_NAMED& rNamed, std::int32_t iID, std::uint32_t iPlace,
+    bool Find(const T_NAMED& rNamed, std::int32_t iID, std::uint32_t iPlace,
               std::vector<std::pair<std::uint32_t, std::uint32_t>>& rFound) {
-        auto p = std::lower_bound(rNamed.begin(), rNamed.end(), std::pair(iID, std::uint32_t{0}));
+        const auto pFirst = std::lower_bound(rNamed.begin(), rNamed.end(), std::pair(iID, std::uint32_t{0}));
+        auto p = pFirst;
         for (; p != rNamed.end() && p->first == iID; ++p) {
             rFound.emplace_back(iPlace, p->second);
             ++m_rColours.aLOSSES[p->second].nCOUNT;
         }
+        return p != pFirst;
     }
 
     T_COLOURS_D& m_rColours;
@@ -125,13 +129,14 @@ void ColourByLoss(const T_SCEN_D& rScene, const CAccount& rAccount, T_COLOURS_D&
     std::vector<T_COLOURROW_D>& rRows = rColours.aROWS;
     for (const T_SHOWNLOSS_D& rLoss : rColours.aLOSSES) {
         if (rLoss.nCOUNT > 0) {
-            rRows.push_back({PAINT_LOST, rLoss.sTEXT, rLoss.nCOUNT});
+            rRows.push_back({rLoss.iPAINT, rLoss.sTEXT, rLoss.nCOUNT});
         } else {
             ++rColours.nELSEWHERE;
         }
     }
-    std::stable_sort(rRows.begin(), rRows.end(),
-                     [](const T_COLOURROW_D& a, const T_COLOURROW_D& b) { return a.nCOUNT > b.nCOUNT; });
+    std::stable_sort(rRows.begin(), rRows.end(), [](const T_COLOURROW_D& a, const T_COLOURROW_D& b) {
+        return a.iPAINT != b.iPAINT ? a.iPAINT < b.iPAINT : a.nCOUNT > b.nCOUNT;
+    });
     const auto nWhole = std::count(rColours.aPAINTS.begin(), rColours.aPAINTS.end(), PAINT_NEUTRAL);
     rRows.push_back({PAINT_NEUTRAL, "without such a loss", static_cast<std::size_t>(nWhole)});
 }

@@ -15,6 +15,7 @@ class CAccount;
 /// Places in the table of colours. The first one wins where shapes are drawn as one.
 enum E_PAINT : std::uint8_t { PAINT_LOST, PAINT_PALETTE };
 constexpr std::size_t PALETTE_SIZE = 9;
+constexpr std::uint8_t PAINT_OF_PROPERTY = PAINT_PALETTE + 2;        // of what has a loss by its property alone
 constexpr std::uint8_t PAINT_NEUTRAL = PAINT_PALETTE + PALETTE_SIZE; // of what has no property or material, or no loss
 constexpr std::size_t PAINTS = PAINT_NEUTRAL + 1;
 
@@ -28,6 +29,7 @@ struct T_COLOURROW_D {
 /// A loss of the account that something in the picture has.
 struct T_SHOWNLOSS_D {
     std::string sTEXT; // keyword and words
+    std::uint8_t iPAINT = PAINT_LOST;
     std::size_t nCOUNT = 0;
 };
 
@@ -37,8 +39,8 @@ struct T_COLOURS_D {
     std::vector<T_COLOURROW_D> aROWS;  // of the legend
     bool bREPEATED = false;            // whether there are more ids than colours
     std::vector<T_SHOWNLOSS_D> aLOSSES;
-    std::vector<std::pair<std::uint32_t, std::uint32_t>> aPARTLOSSES, aNODELOSSES; // of part or node, the place of its
-                                                                                   // loss; ascending
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> aPARTLOSSES, aNODELOSSES; // by part or node: the places of
+                                                                                   // its losses
     std::size_t nELSEWHERE = 0; // kinds of loss of model or mass that nothing in the picture has
 
     std::uint8_t PaintOf(std::size_t iPart) const { return aPAINTS.empty() ? PAINT_NEUTRAL : aPAINTS[iPart]; }

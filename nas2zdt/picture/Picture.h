@@ -41,12 +41,11 @@ class CSvgPicture {
 /// What isn't in a .vtu file.
 struct T_LEFTOUT_D {
     std::size_t nPARTS = 0; // elements and links of which a node doesn't exist
-    std::size_t nCASES = 0; // load cases past the first ones
+    std::size_t nCASES = 0; // load cases behind those that it has
 };
 
 /// Writes rDataPool into sPath as a VTK unstructured grid: a .vtu file, XML with arrays in base64. Corners only, as in
 /// the target file. docs/pictures.md tells the arrays. With iCase, the loads of that case alone; without it, those of
-/// the first VTU_CASES.
-constexpr std::size_t VTU_CASES = 16;
+/// the first cases, at most 16, or as many as make 4 million nodes.
 T_LEFTOUT_D WriteVtu(const CDataPool& rDataPool, const std::string& sPath, const T_INPUTS& rInputs = {},
                      std::optional<std::int32_t> iCase = {});

@@ -65,6 +65,7 @@ class CBase64 {
 template <class VALUE>
 constexpr const char* TypeName() {
     if constexpr (std::is_same_v<VALUE, double>) return "Float64";
+    if constexpr (std::is_same_v<VALUE, float>) return "Float32";
     if constexpr (std::is_same_v<VALUE, std::int64_t>) return "Int64";
     if constexpr (std::is_same_v<VALUE, std::int32_t>) return "Int32";
     if constexpr (std::is_same_v<VALUE, std::uint8_t>) return "UInt8";
@@ -88,10 +89,11 @@ void WriteArray(CFile& rFile, std::string_view sName, std::int32_t nComponents, 
 }
 
 /// An array with a vector for each item.
+template <class VALUE>
 void WriteVectors(CFile& rFile, std::string_view sName, const std::vector<T_VECTOR>& aVectors) {
-    WriteArray<double>(rFile, sName, 3, aVectors.size() * 3, [&](auto add) {
+    WriteArray<VALUE>(rFile, sName, 3, aVectors.size() * 3, [&](auto add) {
         for (const T_VECTOR& rVector : aVectors) {
-            for (const double d : rVector) add(d);
+            for (const double d : rVector) add(static_cast<VALUE>(d));
         }
     });
 }
@@ -147,6 +149,12 @@ void WritePartArray(CFile& rFile, const T_SCEN_D& rScene, const char* sName, GET
 /// The load cases that a file has.
 using T_CASES = std::vector<std::pair<std::int32_t, const T_LOAD_D*>>;
 
+/// How many load cases a file may have: each has values for every node, loaded or not.
+std::size_t MostCases(std::size_t nNodes) {
+    constexpr std::size_t MOST = 16, MOST_POINTS = 4000000;
+    return std::clamp<std::size_t>(MOST_POINTS / std::max<std::size_t>(nNodes, 1), 1, MOST);
+}
+
 T_CASES ChooseCases(const CDataPool& rDataPool, std::optional<std::int32_t> iCase) {
     T_CASES aCases;
     ForEachLoadCase(rDataPool, [&](const T_LOADCASE_ROW& r) {
@@ -198,13 +206,13 @@ void WritePoints(CFile& rFile, const CDataPool& rDataPool, const T_SCEN_D& rScen
     for (const auto& [iCase, pSet] : aCases) {
         const auto WriteLoads = [&, iID = iCase, &rSet = *pSet](const char* sLoad, E_LOAD_KIND eKind) {
             const std::vector<T_VECTOR> aSums = SumNodalLoads(rDataPool, rScene, rSet, eKind);
-            if (!aSums.empty()) WriteVectors(rFile, CaseName(sLoad, iID), aSums);
+            if (!aSums.empty()) WriteVectors<float>(rFile, CaseName(sLoad, iID), aSums);
         };
         WriteLoads("Force", LOAD_FORCE);
         WriteLoads("Moment", LOAD_MOMENT);
     }
     rFile.Write("</PointData>\n<Points>\n");
-    WriteVectors(rFile, "Points", rScene.aPOINTS);
+    WriteVectors<double>(rFile, "Points", rScene.aPOINTS);
     rFile.Write("</Points>\n");
 }
 
@@ -250,8 +258,8 @@ void WriteCellData(CFile& rFile, const CDataPool& rDataPool, const T_SCEN_D& rSc
     for (const auto& [iCase, pSet] : aCases) {
         const std::vector<double> aSums = SumPressures(rDataPool, rScene, surfaces, *pSet);
         if (aSums.empty()) continue;
-        WriteArray<double>(rFile, CaseName("Pressure", iCase), 1, aSums.size(), [&](auto add) {
-            for (const double d : aSums) add(d);
+        WriteArray<float>(rFile, CaseName("Pressure", iCase), 1, aSums.size(), [&](auto add) {
+            for (const double d : aSums) add(static_cast<float>(d));
         });
     }
     rFile.Write("</CellData>\n");
@@ -267,9 +275,9 @@ T_LEFTOUT_D WriteVtu(const CDataPool& rDataPool, const std::string& sPath, const
     CollectSupports(rDataPool, scene);
     T_LEFTOUT_D leftOut;
     T_CASES aCases = ChooseCases(rDataPool, iCase);
-    if (aCases.size() > VTU_CASES) {
-        leftOut.nCASES = aCases.size() - VTU_CASES;
-        aCases.resize(VTU_CASES);
+    if (const std::size_t nMost = MostCases(scene.aIDS.size()); aCases.size() > nMost) {
+        leftOut.nCASES = aCases.size() - nMost;
+        aCases.resize(nMost);
     }
     const char* sOrder = std::endian::native == std::endian::little ? "LittleEndian" : "BigEndian";
     rFile.Write("<?xml version=\"1.0\"?>\n");
