@@ -100,7 +100,7 @@ bool IsIncludeFailure(E_FAILURE eFailure) {
     return eFailure == FAILURE_INCLUDE_NOT_OPENED || eFailure == FAILURE_INCLUDE_CYCLE;
 }
 
-/// ": it has 1, 2 and 3 more", for an error.
+/// ": there are 1, 2 and 3 more", for an error.
 std::string ListCases(const std::vector<std::int32_t>& aCases) {
     constexpr std::size_t MOST = 20;
     if (aCases.empty()) return ": the deck has none";

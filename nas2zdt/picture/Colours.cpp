@@ -56,7 +56,7 @@ void SortOut(T_NAMED& rNamed) {
     rNamed.erase(std::unique(rNamed.begin(), rNamed.end()), rNamed.end());
 }
 
-/// The losses of a note's words without what its ids are, which the picture shows.
+/// Keyword and words of a loss, without those that tell what its ids are.
 std::string ShortText(const T_WORD_D& rWord, const T_NOTE_D& rNote) {
     std::string sText = rWord.sNAME + " " + NoteText(rNote);
     const std::size_t iIds = sText.rfind(" (ids: ");
@@ -72,8 +72,8 @@ class CLosses {
                 if (rNote.eCLASS != CLASS_MODEL && rNote.eCLASS != CLASS_MASS) continue;
                 const auto iLoss = static_cast<std::uint32_t>(rColours.aLOSSES.size());
                 const bool bProperty = rNote.eMARKED == MARKED_PROPERTIES;
-                rColours.aLOSSES.push_back(
-                    {ShortText(*pWord, rNote), bProperty ? PAINT_OF_PROPERTY : std::uint8_t{PAINT_LOST}});
+                const std::uint8_t iPaint = bProperty ? PAINT_OF_PROPERTY : std::uint8_t{PAINT_LOST};
+                rColours.aLOSSES.push_back({iPaint, ShortText(*pWord, rNote)});
                 T_NAMED* const pNamed = NamedBy(rNote.eMARKED);
                 if (!pNamed) continue;
                 for (const std::int32_t iID : rNote.aMARKED) pNamed->emplace_back(iID, iLoss);
@@ -109,8 +109,7 @@ class CLosses {
             return nullptr;
         }
     }
-    bool Find(const T_NAMED& rNamed, std::int32_t iID, std::uint32_t iPlace,
-              std::vector<std::pair<std::uint32_t, std::uint32_t>>& rFound) {
+    bool Find(const T_NAMED& rNamed, std::int32_t iID, std::uint32_t iPlace, T_LOSSES& rFound) {
         const auto pFirst = std::lower_bound(rNamed.begin(), rNamed.end(), std::pair(iID, std::uint32_t{0}));
         auto p = pFirst;
         for (; p != rNamed.end() && p->first == iID; ++p) {
@@ -127,9 +126,9 @@ class CLosses {
 void ColourByLoss(const T_SCEN_D& rScene, const CAccount& rAccount, T_COLOURS_D& rColours) {
     CLosses(rAccount, rColours).Mark(rScene);
     std::vector<T_COLOURROW_D>& rRows = rColours.aROWS;
-    for (const T_SHOWNLOSS_D& rLoss : rColours.aLOSSES) {
+    for (const T_COLOURROW_D& rLoss : rColours.aLOSSES) {
         if (rLoss.nCOUNT > 0) {
-            rRows.push_back({rLoss.iPAINT, rLoss.sTEXT, rLoss.nCOUNT});
+            rRows.push_back(rLoss);
         } else {
             ++rColours.nELSEWHERE;
         }

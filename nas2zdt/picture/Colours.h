@@ -26,22 +26,17 @@ struct T_COLOURROW_D {
     std::size_t nCOUNT = 0; // of parts, and of nodes with a loss
 };
 
-/// A loss of the account that something in the picture has.
-struct T_SHOWNLOSS_D {
-    std::string sTEXT; // keyword and words
-    std::uint8_t iPAINT = PAINT_LOST;
-    std::size_t nCOUNT = 0;
-};
+/// Parts or nodes in their order, each with the place of a loss that it has.
+using T_LOSSES = std::vector<std::pair<std::uint32_t, std::uint32_t>>;
 
 struct T_COLOURS_D {
     E_COLOUR_BY eBY = BY_KIND;
-    std::vector<std::uint8_t> aPAINTS; // of each part; none by kind
-    std::vector<T_COLOURROW_D> aROWS;  // of the legend
-    bool bREPEATED = false;            // whether there are more ids than colours
-    std::vector<T_SHOWNLOSS_D> aLOSSES;
-    std::vector<std::pair<std::uint32_t, std::uint32_t>> aPARTLOSSES, aNODELOSSES; // by part or node: the places of
-                                                                                   // its losses
-    std::size_t nELSEWHERE = 0; // kinds of loss of model or mass that nothing in the picture has
+    std::vector<std::uint8_t> aPAINTS;  // of each part; none by kind
+    std::vector<T_COLOURROW_D> aROWS;   // of the legend
+    bool bREPEATED = false;             // whether there are more ids than colours
+    std::vector<T_COLOURROW_D> aLOSSES; // of model or mass, those too that nothing in the picture has
+    T_LOSSES aPARTLOSSES, aNODELOSSES;
+    std::size_t nELSEWHERE = 0; // number of those
 
     std::uint8_t PaintOf(std::size_t iPart) const { return aPAINTS.empty() ? PAINT_NEUTRAL : aPAINTS[iPart]; }
 };

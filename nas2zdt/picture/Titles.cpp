@@ -134,8 +134,7 @@ std::string CTitles::OfNode(std::uint32_t iNode) const {
 }
 
 /// The first few, cut short: a large picture has a title for each of 30,000 shapes.
-std::string CTitles::Losses(const std::vector<std::pair<std::uint32_t, std::uint32_t>>& rLosses,
-                            std::uint32_t iPlace) const {
+std::string CTitles::Losses(const T_LOSSES& rLosses, std::uint32_t iPlace) const {
     constexpr std::size_t MOST = 3, LONGEST = 60;
     std::string sText;
     auto p = std::lower_bound(rLosses.begin(), rLosses.end(), std::pair(iPlace, std::uint32_t{0}));

@@ -20,7 +20,7 @@ class CTitles {
   private:
     std::string OfPart(std::uint32_t iPart) const;
     std::string OfNode(std::uint32_t iNode) const;
-    std::string Losses(const std::vector<std::pair<std::uint32_t, std::uint32_t>>& rLosses, std::uint32_t iPlace) const;
+    std::string Losses(const T_LOSSES& rLosses, std::uint32_t iPlace) const;
 
     const T_SCEN_D& m_rScene;
     const T_COLOURS_D& m_rColours;
