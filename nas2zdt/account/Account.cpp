@@ -60,6 +60,9 @@ void CAccount::Note(T_WORD_D& rWord, E_NOTE eNote, E_LOSS_CLASS eClass, const T_
     T_NOTE_D& rNote = FindNote(rWord, eNote, eClass, sText);
     rNote.nCOUNT += nCount;
     if (rNote.aPLACES.size() < T_NOTE_D::MOST_PLACES) rNote.aPLACES.push_back(rPlace);
+    if (m_inHand.eMARKED == MARKED_NONE) return;
+    rNote.eMARKED = m_inHand.eMARKED;
+    rNote.aMARKED.push_back(m_inHand.iID);
 }
 
 void CAccount::OnDeckEnd(bool bBulk) {
@@ -80,6 +83,14 @@ void CAccount::SetLast(T_WORD_D* pWord) {
 }
 
 void CAccount::OnCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t iFirst, std::int32_t iLast) {
+    if (m_bMarks && !rCard.aFIELDS.empty()) {
+        m_inHand = {MarkedByCard(Known(rCard.iKEYWORD).sNAME), FieldToInt(rCard.aFIELDS.front(), 0)};
+    }
+    TakeCard(rCard, rUse, iFirst, iLast);
+    m_inHand = {};
+}
+
+void CAccount::TakeCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t iFirst, std::int32_t iLast) {
     T_WORD_D& rWord = Known(rCard.iKEYWORD);
     const T_PLACE_D place = Place(iFirst, iLast);
     if (m_textLosses.HasText(iFirst)) {
@@ -218,10 +229,12 @@ void CAccount::OnLeft(const T_LEFT_D& rLeft) {
         const E_NOTE eNote = rReason.bWRITTEN ? NOTE_ALTERED : NOTE_UNWRITTEN;
         T_NOTE_D& rFound = FindNote(rWord, eNote, rReason.eCLASS, rReason.sTEXT);
         rFound.sREASON = rReason.sCODE;
+        rFound.eMARKED = m_bMarks ? MarkedByReason(rReason) : MARKED_NONE;
         m_left = {rLeft.eREASON, rLeft.sKEYWORD, &rWord, static_cast<std::size_t>(&rFound - rWord.aNOTES.data())};
     }
     T_NOTE_D& rNote = m_left.pWORD->aNOTES[m_left.iNOTE];
     rNote.nCOUNT += rLeft.nCOUNT;
+    if (rNote.eMARKED != MARKED_NONE) rNote.aMARKED.push_back(rLeft.iID);
     std::vector<std::int32_t>& rIds = rNote.aIDS;
     if (rIds.size() == T_NOTE_D::MOST_PLACES && rLeft.iID >= rIds.back()) return;
     rIds.insert(std::upper_bound(rIds.begin(), rIds.end(), rLeft.iID), rLeft.iID);

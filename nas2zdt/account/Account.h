@@ -4,6 +4,7 @@
 #include "nas2zdt/account/CaseControl.h"
 #include "nas2zdt/account/Drops.h"
 #include "nas2zdt/account/Losses.h"
+#include "nas2zdt/account/Marks.h"
 #include "nas2zdt/account/TextLosses.h"
 #include "nas2zdt/flatten/LineMap.h"
 #include "nas2zdt/restate/Rule.h"
@@ -39,6 +40,10 @@ struct T_NOTE_D {
     std::uint64_t nCOUNT = 0;
     std::vector<T_PLACE_D> aPLACES;
     std::vector<std::int32_t> aIDS; // instead of places for what reasons tell: the smallest, ascending
+
+    // of an account that keeps marks: all things that it is told of, in no order, one maybe more than once
+    E_MARKED eMARKED = MARKED_NONE;
+    std::vector<std::int32_t> aMARKED = {};
 };
 
 /// What became of the cards of one keyword or unknown word.
@@ -63,6 +68,9 @@ struct T_WORD_D {
 class CAccount : public CDeckObserver {
   public:
     CAccount();
+
+    /// Before the run: notes keep the ids of all nodes, elements and properties that they are told of.
+    void KeepMarks() { m_bMarks = true; }
 
     void OnDeckBegin(const std::string& sName) override;
     void OnDeckEnd(bool bBulk) override;
@@ -118,9 +126,10 @@ class CAccount : public CDeckObserver {
         return {static_cast<std::uint32_t>(m_aDecks.size() - 1), iFirst, iLast};
     }
     static T_NOTE_D& FindNote(T_WORD_D& rWord, E_NOTE eNote, E_LOSS_CLASS eClass, std::string_view sText);
-    static void Note(T_WORD_D& rWord, E_NOTE eNote, E_LOSS_CLASS eClass, const T_PLACE_D& rPlace,
-                     std::string_view sText = {}, std::uint64_t nCount = 1);
-    static void NoteCard(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace) {
+    void TakeCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t iFirst, std::int32_t iLast);
+    void Note(T_WORD_D& rWord, E_NOTE eNote, E_LOSS_CLASS eClass, const T_PLACE_D& rPlace, std::string_view sText = {},
+              std::uint64_t nCount = 1);
+    void NoteCard(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace) {
         Note(rWord, eNote, ClassOfCard(rWord.sNAME), rPlace);
     }
     void NoteRanges(const CDataPool& rPool, bool bElements);
@@ -161,6 +170,8 @@ class CAccount : public CDeckObserver {
     std::vector<T_RANGE_D> m_aRanges; // of all cards
     CTextLosses m_textLosses;
     CCaseControl m_caseControl;
+    bool m_bMarks = false;
+    T_MARK_D m_inHand;                 // what the card in hand defines
     std::int32_t m_iSaidIgnored = 0;   // the line that the log calls ignored
     bool m_bPart = false;              // whether cards are those of a part
     std::vector<bool> m_aIncludesPart; // of each INCLUDE card

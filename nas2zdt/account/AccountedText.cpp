@@ -43,7 +43,10 @@ void CAccount::OnControlLine(std::string_view sText, std::int32_t iLine) {
 void CAccount::NoteText(const std::vector<T_TEXTLOSS_D>& aLosses, T_WORD_D& rWord, T_WORD_D* pBefore,
                         const T_PLACE_D& rPlace) {
     for (const T_TEXTLOSS_D& rLoss : aLosses) {
+        const T_MARK_D inHand = m_inHand;
+        if (rLoss.bBEFORE) m_inHand = {};
         Note(rLoss.bBEFORE && pBefore ? *pBefore : rWord, rLoss.eNOTE, CLASS_MODEL, rPlace, rLoss.sTEXT);
+        m_inHand = inHand;
     }
 }
 

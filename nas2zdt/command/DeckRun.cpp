@@ -10,6 +10,7 @@
 #include "platform/TempPath.h"
 #include "platform/console/ConsoleDialogs.h"
 
+#include <algorithm>
 #include <iostream>
 #include <system_error>
 #include <utility>
@@ -98,6 +99,17 @@ bool IsIncludeFailure(E_FAILURE eFailure) {
     return eFailure == FAILURE_INCLUDE_NOT_OPENED || eFailure == FAILURE_INCLUDE_CYCLE;
 }
 
+/// ": there are 1, 2 and 3 more", for an error.
+std::string ListCases(const std::vector<std::int32_t>& aCases) {
+    constexpr std::size_t MOST = 20;
+    if (aCases.empty()) return ": the deck has none";
+    std::string sText = ": there are ";
+    for (std::size_t i = 0; i < std::min(aCases.size(), MOST); ++i) {
+        sText += (i > 0 ? ", " : "") + std::to_string(aCases[i]);
+    }
+    return sText + (aCases.size() > MOST ? " and " + std::to_string(aCases.size() - MOST) + " more" : "");
+}
+
 } // namespace
 
 void CDeckRun::Fail(const std::string& sWhy) {
@@ -109,6 +121,7 @@ void CDeckRun::Run() {
     m_result.sDECK = m_rJob.sDECK;
     m_result.sTARGET = m_rJob.sTARGET;
     if (m_rOptions.NeedsAccount()) m_pAccount = std::make_unique<CAccount>();
+    if (m_rOptions.eCOLOUR == BY_LOSS) m_pAccount->KeepMarks();
     if (!m_rJob.sREFUSED.empty()) return Fail(m_rJob.sDECK + ": " + m_rJob.sREFUSED);
     try {
         if (m_rOptions.eCHECK != WANTED_NONE) Check();
@@ -174,7 +187,7 @@ void CDeckRun::KeepRestated(const std::string& sDeck) {
 CFile& CDeckRun::Open(const T_INPUTS& rDecks) {
     if (!m_rOptions.IsPrepared()) m_rInputs.insert(rDecks.begin(), rDecks.end()); // else they are in it
     m_bRefused = true;
-    for (const std::string* pOutput : {&m_rJob.sTARGET, &m_rOptions.sVIEW, &m_rOptions.sVTU, &m_rOptions.sLOG}) {
+    for (const std::string* pOutput : {&m_rJob.sTARGET, &m_rJob.sVIEW, &m_rJob.sVTU, &m_rOptions.sLOG}) {
         if (!pOutput->empty()) RefuseInput(*pOutput, m_rInputs);
     }
     m_bRefused = false;
@@ -230,12 +243,60 @@ void CDeckRun::FinishTarget() {
 
 /// Writes the pictures that the options ask for.
 void CDeckRun::DrawModel(const CDataPool& rPool) {
-    if (!m_rOptions.sVIEW.empty()) WriteSvg(rPool, m_rJob.sDECK, m_rOptions.sVIEW, m_rInputs);
-    if (m_rOptions.sVTU.empty()) return;
-    const std::size_t nLeftOut = WriteVtu(rPool, m_rOptions.sVTU, m_rInputs);
-    if (nLeftOut > 0) {
-        TellHint(m_rOptions.sVTU + ": " + std::to_string(nLeftOut) + (nLeftOut == 1 ? " element" : " elements") +
-                 " without nodes left out");
+    const std::vector<std::int32_t> aCases = FindLoadCases(rPool);
+    if (m_rOptions.iCASE && !std::binary_search(aCases.begin(), aCases.end(), *m_rOptions.iCASE)) {
+        Fail(m_rJob.sDECK + ": there is no load case " + std::to_string(*m_rOptions.iCASE) + ListCases(aCases));
+    } else {
+        if (m_rOptions.Draws()) DrawPictures(rPool, aCases);
+        if (!m_rJob.sVTU.empty()) WriteGrid(rPool);
+    }
+}
+
+void CDeckRun::DrawPictures(const CDataPool& rPool, const std::vector<std::int32_t>& aCases) {
+    CSvgPicture picture(rPool, m_rOptions.eCOLOUR, m_pAccount.get());
+    if (!m_rJob.sVIEW.empty()) {
+        const std::optional<std::int32_t>& rCase = m_rOptions.iCASE;
+        picture.Write(m_rJob.sDECK + (rCase ? ", load case " + std::to_string(*rCase) : ""), m_rJob.sVIEW, m_rInputs,
+                      rCase);
+    }
+    if (!m_rOptions.sVIEWCASES.empty()) DrawCases(picture, aCases);
+}
+
+/// A picture of each load case, named by deck and case. Outputs of this and other runs may have such a name, and these
+/// aren't known before, so none overwrites another.
+void CDeckRun::DrawCases(CSvgPicture& rPicture, const std::vector<std::int32_t>& aCases) {
+    const std::string& sFolder = m_rOptions.sVIEWCASES;
+    if (aCases.empty()) return TellHint(m_rJob.sDECK + ": no load cases to draw");
+    std::error_code error;
+    std::filesystem::create_directories(ToPath(sFolder), error);
+    if (error) throw CFileException(sFolder, error.message());
+    for (const std::string* pOutput : {&m_rJob.sTARGET, &m_rJob.sVIEW, &m_rJob.sVTU}) Protect(*pOutput);
+    const std::string sStem = ToText(ToPath(m_rJob.sDECK).stem());
+    for (const std::int32_t iCase : aCases) {
+        const std::string sCase = std::to_string(iCase);
+        const std::string sPath = ToText(ToPath(sFolder) / ToPath(sStem + "-case-" + sCase + ".svg"));
+        RefuseInput(sPath, m_rInputs);
+        rPicture.Write(m_rJob.sDECK + ", load case " + sCase, sPath, m_rInputs, iCase);
+        Protect(sPath);
+    }
+}
+
+/// Keeps an output of this run from being overwritten by another.
+void CDeckRun::Protect(const std::string& sPath) {
+    if (sPath.empty()) return;
+    const T_TARGET_D target = FindTarget(sPath);
+    if (target.eTARGET == TARGET_FILE) m_rInputs.emplace(target.id, "the output " + sPath);
+}
+
+void CDeckRun::WriteGrid(const CDataPool& rPool) {
+    const T_LEFTOUT_D leftOut = WriteVtu(rPool, m_rJob.sVTU, m_rInputs, m_rOptions.iCASE);
+    if (leftOut.nPARTS > 0) {
+        TellHint(m_rJob.sVTU + ": " + std::to_string(leftOut.nPARTS) +
+                 (leftOut.nPARTS == 1 ? " element" : " elements") + " without nodes left out");
+    }
+    if (leftOut.nCASES > 0) {
+        TellHint(m_rJob.sVTU + ": the last " + std::to_string(leftOut.nCASES) +
+                 (leftOut.nCASES == 1 ? " load case" : " load cases") + " left out: the option --case chooses one");
     }
 }
 

@@ -11,10 +11,13 @@
 #include "nas2zdt/restate/Restate.h"
 #include "platform/WholeFile.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 class CDataPool;
+class CSvgPicture;
 
 /// The run of one deck and its result.
 class CDeckRun : private COutput {
@@ -43,6 +46,10 @@ class CDeckRun : private COutput {
     T_CHOICE_D Choice() const;
     void Check();
     void DrawModel(const CDataPool& rPool);
+    void DrawPictures(const CDataPool& rPool, const std::vector<std::int32_t>& aCases);
+    void DrawCases(CSvgPicture& rPicture, const std::vector<std::int32_t>& aCases);
+    void WriteGrid(const CDataPool& rPool);
+    void Protect(const std::string& sPath);
     void FailRun(T_FAIL_D failure, const CLineMap* pLines);
     void Fail(const std::string& sWhy);
 

@@ -30,6 +30,30 @@ std::string Target(const std::string& sDeck, const std::string& sOutput, bool bF
     return ToText(ToPath(sOutput) / ToPath(CConvertNastran::TargetPath(ToText(ToPath(sDeck).filename()))));
 }
 
+/// Whether sOutput names a folder, there or not.
+bool NamesFolder(const std::string& sOutput) {
+    return sOutput.ends_with('/') || sOutput.ends_with(static_cast<char>(std::filesystem::path::preferred_separator));
+}
+
+/// An option for a picture of each deck.
+struct T_PICTURE_D {
+    const char* sOPTION;
+    const char* sWHAT;
+    const char* sEXTENSION;
+    std::string T_OPTIONS_D::*pPATH;
+    std::string T_JOB_D::*pFILE;
+};
+constexpr T_PICTURE_D PICTURES[] = {
+    {"--view", "picture", ".svg", &T_OPTIONS_D::sVIEW, &T_JOB_D::sVIEW},
+    {"--vtu", "grid", ".vtu", &T_OPTIONS_D::sVTU, &T_JOB_D::sVTU},
+};
+
+/// The path of a picture or grid: sOutput, or a file of the deck's name in that folder.
+std::string PicturePath(const std::string& sDeck, const std::string& sOutput, const char* sExtension) {
+    if (!NamesFolder(sOutput) && !IsFolder(sOutput)) return sOutput;
+    return ToText(ToPath(sOutput) / ToPath(ToText(ToPath(sDeck).stem()) + sExtension));
+}
+
 /// An error if the folder of sFile doesn't exist, else empty.
 std::string TestFolderOf(const std::string& sFile) {
     const std::string sFolder = ToText(ToPath(sFile).parent_path());
@@ -69,6 +93,30 @@ std::string TestOutput(const std::string& sFile, const std::string& sWhat, COutp
     return sLost.empty() ? sLost : sFile + ": " + sWhat + " would overwrite " + sLost;
 }
 
+/// Adds the pictures of all jobs to the outputs. One that the user names fails the command line, one that is named by
+/// its deck refuses that.
+void PlanPictures(const T_PICTURE_D& rPicture, const T_OPTIONS_D& rOptions, T_JOBS_D& rJobs, COutputs& rOutputs) {
+    const std::string sWhat = rPicture.sWHAT;
+    for (T_JOB_D& rJob : rJobs.aJOBS) {
+        const std::string& sFile = rJob.*rPicture.pFILE;
+        if (sFile.empty() || !rJob.sREFUSED.empty()) continue;
+        if (sFile == rOptions.*rPicture.pPATH) {
+            if (rJobs.sFAILURE.empty()) rJobs.sFAILURE = TestOutput(sFile, "the " + sWhat, rOutputs);
+            continue;
+        }
+        const std::string sLost = rOutputs.Add(sFile, "the " + sWhat + " of " + rJob.sDECK);
+        if (!sLost.empty()) rJob.sREFUSED = "its " + sWhat + " " + sFile + " would overwrite " + sLost;
+    }
+}
+
+/// An error if sFolder, which may be empty, can't be one for pictures of load cases, else empty. It is made when there
+/// is a picture.
+std::string TestCasesFolder(const std::string& sFolder) {
+    std::error_code error;
+    const bool bOther = std::filesystem::exists(ToPath(sFolder), error) && !IsFolder(sFolder);
+    return !sFolder.empty() && bOther ? sFolder + ": is no folder" : std::string();
+}
+
 /// An error if the options don't fit the number of decks, else empty.
 std::string TestUsage(const T_OPTIONS_D& rOptions, bool bFolder) {
     const bool bChosen = rOptions.choice.iSUBCASE || rOptions.choice.iPART != 0;
@@ -78,9 +126,15 @@ std::string TestUsage(const T_OPTIONS_D& rOptions, bool bFolder) {
     if (!rOptions.IsPrepared() && !bCheck && !rOptions.choice.join.mapFOLDERS.empty())
         return "--logical needs --faithful, --flatten or --check";
     if (!bCheck && rOptions.dTOLERANCE >= 0.0) return "--tolerance needs --check";
+    if (rOptions.iCASE && rOptions.sVIEW.empty() && rOptions.sVTU.empty()) return "--case needs --view or --vtu";
+    if (rOptions.eCOLOUR != BY_KIND && !rOptions.Draws()) return "--colour needs --view or --view-cases";
     if (rOptions.aDECKS.size() == 1) return {};
     if (!rOptions.sOUTPUT.empty() && !bFolder) return "-o must name a folder for several decks: " + rOptions.sOUTPUT;
-    if (!rOptions.sVIEW.empty() || !rOptions.sVTU.empty()) return "--view and --vtu take one deck";
+    for (const T_PICTURE_D& rPicture : PICTURES) {
+        const std::string& sPath = rOptions.*rPicture.pPATH;
+        if (!sPath.empty() && !NamesFolder(sPath) && !IsFolder(sPath))
+            return std::string(rPicture.sOPTION) + " must name a folder for several decks: " + sPath;
+    }
     if (!rOptions.sRESTATED.empty()) return "--restated takes one deck";
     return {};
 }
@@ -90,16 +144,22 @@ std::string TestUsage(const T_OPTIONS_D& rOptions, bool bFolder) {
 T_JOBS_D PlanJobs(const T_OPTIONS_D& rOptions) {
     T_JOBS_D jobs;
     const std::string& sOutput = rOptions.sOUTPUT;
-    const bool bNamesFolder =
-        sOutput.ends_with('/') || sOutput.ends_with(static_cast<char>(std::filesystem::path::preferred_separator));
-    const bool bFolder = bNamesFolder || IsFolder(sOutput);
+    const bool bFolder = NamesFolder(sOutput) || IsFolder(sOutput);
     jobs.sUSAGE = TestUsage(rOptions, bFolder);
     if (!jobs.sUSAGE.empty()) return jobs;
-    if (bNamesFolder && !IsFolder(sOutput)) jobs.sFAILURE = sOutput + ": no such folder";
-    if (!sOutput.empty() && !bFolder) jobs.sFAILURE = TestFolderOf(sOutput);
+    for (const std::string* pPath : {&sOutput, &rOptions.sVIEW, &rOptions.sVTU}) {
+        if (jobs.sFAILURE.empty() && NamesFolder(*pPath) && !IsFolder(*pPath))
+            jobs.sFAILURE = *pPath + ": no such folder";
+    }
+    if (jobs.sFAILURE.empty()) jobs.sFAILURE = TestCasesFolder(rOptions.sVIEWCASES);
+    if (jobs.sFAILURE.empty() && !sOutput.empty() && !bFolder) jobs.sFAILURE = TestFolderOf(sOutput);
 
     for (const std::string& sDeck : rOptions.aDECKS) {
         T_JOB_D job{sDeck, Target(sDeck, sOutput, bFolder), {}};
+        for (const T_PICTURE_D& rPicture : PICTURES) {
+            const std::string& sPath = rOptions.*rPicture.pPATH;
+            if (!sPath.empty()) job.*rPicture.pFILE = PicturePath(sDeck, sPath, rPicture.sEXTENSION);
+        }
         CDeckFile file;
         std::string sCause; // reported when the deck is run
         const bool bThere = file.Open(sDeck, sCause) != 0;
@@ -114,9 +174,8 @@ T_JOBS_D PlanJobs(const T_OPTIONS_D& rOptions) {
         const std::string sLost = outputs.Add(rJob.sTARGET, "the result of " + rJob.sDECK);
         if (!sLost.empty()) rJob.sREFUSED = "its result " + rJob.sTARGET + " would overwrite " + sLost;
     }
-    const std::pair<const std::string*, const char*> aOthers[] = {{&rOptions.sVIEW, "the picture"},
-                                                                  {&rOptions.sVTU, "the grid"},
-                                                                  {&rOptions.sRESTATED, "the restated deck"},
+    for (const T_PICTURE_D& rPicture : PICTURES) PlanPictures(rPicture, rOptions, jobs, outputs);
+    const std::pair<const std::string*, const char*> aOthers[] = {{&rOptions.sRESTATED, "the restated deck"},
                                                                   {&rOptions.sLOG, "the log"}};
     for (const auto& [pFile, sWhat] : aOthers) {
         if (!pFile->empty() && jobs.sFAILURE.empty()) jobs.sFAILURE = TestOutput(*pFile, sWhat, outputs);

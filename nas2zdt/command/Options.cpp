@@ -73,6 +73,26 @@ bool SetSubcase(T_OPTIONS_D& rOptions, const std::string& sValue) {
     return ReadId(sValue, rOptions.choice.iSUBCASE.emplace());
 }
 
+bool SetCase(T_OPTIONS_D& rOptions, const std::string& sValue) {
+    return ReadId(sValue, rOptions.iCASE.emplace());
+}
+
+/// A colouring by its name on the command line.
+struct T_COLOURNAME_D {
+    std::string_view sNAME;
+    E_COLOUR_BY eBY;
+};
+constexpr T_COLOURNAME_D COLOURINGS[] = {
+    {"property", BY_PROPERTY}, {"material", BY_MATERIAL}, {"kind", BY_KIND}, {"loss", BY_LOSS}};
+
+bool SetColour(T_OPTIONS_D& rOptions, const std::string& sValue) {
+    const auto pFound = std::find_if(std::begin(COLOURINGS), std::end(COLOURINGS),
+                                     [&](const T_COLOURNAME_D& r) { return r.sNAME == sValue; });
+    if (pFound == std::end(COLOURINGS)) return false;
+    rOptions.eCOLOUR = pFound->eBY;
+    return true;
+}
+
 bool SetPart(T_OPTIONS_D& rOptions, const std::string& sValue) {
     return ReadId(sValue, rOptions.choice.iPART);
 }
@@ -150,8 +170,11 @@ constexpr T_OPTION_D OPTIONS[] = {
     {"--subcase",      VALUE_NEEDED,  "N",    "with --faithful or --check, the subcase whose supports count",  &SetSubcase},
     {"--super",        VALUE_NEEDED,  "N",    "with --faithful or --check, the superelement; 0 is the main model", &SetPart},
     {"--logical",      VALUE_NEEDED,  "NAME=FOLDER", "the folder that INCLUDE 'NAME:...' stands for",      &SetLogical},
-    {"--view",         VALUE_NEEDED,  "FILE", "draws the resolved model as an SVG picture",                &Keep<&T_OPTIONS_D::sVIEW>},
-    {"--vtu",          VALUE_NEEDED,  "FILE", "writes the resolved model as a VTK unstructured grid",      &Keep<&T_OPTIONS_D::sVTU>},
+    {"--view",         VALUE_NEEDED,  "PATH", "draws the resolved model as an SVG picture, a file or into a folder", &Keep<&T_OPTIONS_D::sVIEW>},
+    {"--view-cases",   VALUE_NEEDED,  "FOLDER", "draws a picture of each load case into the folder",       &Keep<&T_OPTIONS_D::sVIEWCASES>},
+    {"--colour",       VALUE_NEEDED,  "BY",   "colours pictures by property, material, kind or loss",      &SetColour},
+    {"--vtu",          VALUE_NEEDED,  "PATH", "writes the model as a VTK unstructured grid, a file or into a folder", &Keep<&T_OPTIONS_D::sVTU>},
+    {"--case",         VALUE_NEEDED,  "ID",   "with --view or --vtu, the load case whose loads they have", &SetCase},
     {"--limit",        VALUE_NEEDED,  "NAME=N", "sets the limit on ranges, decks, output or frames; none lifts it", &SetLimit},
     {"--threads",      VALUE_NEEDED,  "N",    "works with at most N threads, where that pays; else with one a core", &SetThreads},
     {"--log",          VALUE_NEEDED,  "FILE", "saves the log of all decks",                                &Keep<&T_OPTIONS_D::sLOG>},
@@ -179,6 +202,9 @@ const T_OPTION_D* FindOption(std::string_view sForm) {
 std::vector<std::string_view> WordsOf(const T_OPTION_D& rOption) {
     std::vector<std::string_view> aWords;
     if (rOption.eVALUE == VALUE_ALLOWED) aWords.push_back(rOption.sVALUE);
+    if (rOption.pfnSet == &SetColour) {
+        for (const T_COLOURNAME_D& rColour : COLOURINGS) aWords.push_back(rColour.sNAME);
+    }
     if (rOption.pfnSet == &SetLimit) {
         for (const T_LIMITNAME_D& rLimit : LIMITS) aWords.push_back(rLimit.sNAME);
         aWords.push_back(LIFTED);

@@ -3,10 +3,13 @@
 
 #include "messages/RunError.h"
 #include "nas2zdt/account/Warnings.h"
+#include "nas2zdt/picture/ColourBy.h"
 #include "nas2zdt/restate/Restate.h"
 #include "platform/Worker.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,11 +34,14 @@ struct T_OPTIONS_D {
     T_ALLOWED allowed; // kinds of loss that neither fail a run nor are warned of
     E_FORMAT_WANTED eACCOUNT = WANTED_NONE;
     E_FORMAT_WANTED eCHECK = WANTED_NONE;
-    double dTOLERANCE = -1.0; // within which nodes coincide; negative for one that fits the model
-    std::string sLOG;         // empty for none
-    std::string sOUTPUT;      // file or folder; empty for the deck's folder
-    std::string sVIEW;        // picture of the model; empty for none
-    std::string sVTU;         // grid of the model; empty for none
+    double dTOLERANCE = -1.0;          // within which nodes coincide; negative for one that fits the model
+    std::string sLOG;                  // empty for none
+    std::string sOUTPUT;               // file or folder; empty for the deck's folder
+    std::string sVIEW;                 // picture of the model, or the folder of pictures; empty for none
+    std::string sVTU;                  // likewise, grid of the model
+    std::string sVIEWCASES;            // folder for a picture of each load case; empty for none
+    std::optional<std::int32_t> iCASE; // the load case of picture and grid; all of them without it
+    E_COLOUR_BY eCOLOUR = BY_KIND;     // of pictures
     T_LIMITS_D limits;
     std::size_t nTHREADS = 0; // that may work at a time; 0 for one a core
     std::vector<std::string> aDECKS;
@@ -47,9 +53,12 @@ struct T_OPTIONS_D {
 
     /// Whether losses are counted, and whether those that change no result are, too.
     bool NeedsAccount() const {
-        return NeedsNotes() || eSTRICT != STRICT_NONE || !bNOWARNINGS || eCHECK != WANTED_NONE;
+        return NeedsNotes() || eSTRICT != STRICT_NONE || !bNOWARNINGS || eCHECK != WANTED_NONE || eCOLOUR == BY_LOSS;
     }
     bool NeedsNotes() const { return eACCOUNT != WANTED_NONE || eSTRICT == STRICT_ANY; }
+
+    /// Whether there are SVG pictures.
+    bool Draws() const { return !sVIEW.empty() || !sVIEWCASES.empty(); }
 
     /// Whether standard output is one JSON object.
     bool IsJson() const { return eACCOUNT == WANTED_JSON || eCHECK == WANTED_JSON; }

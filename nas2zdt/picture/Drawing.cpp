@@ -32,7 +32,7 @@ void AddFreeNodes(T_DRAW_D& rDrawing, const std::vector<bool>& aUsed) {
         if (aUsed[i]) continue;
         const T_VECTOR& rPlace = rDrawing.aPLACES[i];
         if (IsInBox(rPlace[0], rPlace[1]) && std::abs(rPlace[2]) < 1e5) {
-            rDrawing.aSHAPES.push_back({KIND_NODE, 1, {i}});
+            rDrawing.aSHAPES.push_back({KIND_NODE, 1, {i}, PAINT_NEUTRAL});
         } else {
             ++rDrawing.nOUTSIDE;
         }
@@ -69,7 +69,7 @@ bool T_DRAW_D::HasMark(E_KIND iKind) const {
     return std::any_of(aMARKS.begin(), aMARKS.end(), [=](const T_SYMB_D& r) { return r.iKIND == iKind; });
 }
 
-T_DRAW_D LayOut(const T_SCEN_D& rScene) {
+T_DRAW_D LayOut(const T_SCEN_D& rScene, const T_COLOURS_D& rColours) {
     T_DRAW_D drawing;
     const std::vector<bool> aUsed = rScene.FindUsed();
     drawing.aVISIBLE = FindVisible(rScene, aUsed);
@@ -77,13 +77,16 @@ T_DRAW_D LayOut(const T_SCEN_D& rScene) {
     drawing.aPLACES.reserve(rScene.aPOINTS.size());
     for (const T_VECTOR& rPoint : rScene.aPOINTS) drawing.aPLACES.push_back(view.Project(rPoint));
 
-    drawing.aSHAPES = MakeShapes(rScene, drawing.aPLACES, drawing.nNOWHERE);
+    drawing.aSHAPES = MakeShapes(rScene, rColours, drawing.aPLACES, drawing.nNOWHERE);
     AddFreeNodes(drawing, aUsed);
     drawing.dJOINED = Simplify(drawing.aSHAPES, drawing.aPLACES);
     SortByDepth(drawing);
-
-    drawing.aMARKS = MakeSymbols(rScene, view, drawing.aPLACES);
-    std::erase_if(drawing.aMARKS, [](const T_SYMB_D& r) { return !IsInBox(r.dX, r.dY); }); // on a node far away
-    drawing.bTHINNED = ThinOut(drawing.aMARKS);
     return drawing;
+}
+
+void SetMarks(const T_SCEN_D& rScene, const T_COLOURS_D& rColours, T_DRAW_D& rDrawing) {
+    const CIsometricView view(rDrawing.aVISIBLE, MODEL);
+    rDrawing.aMARKS = MakeSymbols(rScene, rColours, view, rDrawing.aPLACES);
+    std::erase_if(rDrawing.aMARKS, [](const T_SYMB_D& r) { return !IsInBox(r.dX, r.dY); }); // on a node far away
+    rDrawing.bTHINNED = ThinOut(rDrawing.aMARKS);
 }

@@ -1,6 +1,7 @@
 #pragma once
 // A scene laid out on the sheet: what is drawn of it, at which places, from far to near.
 
+#include "nas2zdt/picture/Colours.h"
 #include "nas2zdt/picture/IsometricView.h"
 #include "nas2zdt/picture/Scene.h"
 
@@ -18,6 +19,7 @@ struct T_SYMB_D {
     double dX = 0.0, dY = 0.0;
     T_VECTOR direction = {}; // turned: right, up, towards the eye; of length 1, zero for a mark without direction
     double dSIZE = 0.0;      // a load's share of the largest of its kind
+    std::uint32_t iOF = 0;   // place of its arrow, part or node in the scene
 };
 
 struct T_DRAW_D {
@@ -33,20 +35,24 @@ struct T_DRAW_D {
     bool HasMark(E_KIND iKind) const;
 };
 
-/// Lays rScene out with at most some 30,000 shapes and MOST_MARKS marks of a kind.
-T_DRAW_D LayOut(const T_SCEN_D& rScene);
+/// Lays the parts and free nodes of rScene out, with at most some 30,000 shapes.
+T_DRAW_D LayOut(const T_SCEN_D& rScene, const T_COLOURS_D& rColours);
+
+/// Sets the marks of a drawing that LayOut made of rScene, at most MOST_MARKS of a kind.
+void SetMarks(const T_SCEN_D& rScene, const T_COLOURS_D& rColours, T_DRAW_D& rDrawing);
 
 /// Shapes of all lines, plates and solids whose corners have a place in aPlaces, which holds that of each node in the
 /// picture. Of solids only outer faces that are turned to the eye. Adds the parts without a place to rNowhere.
-std::vector<T_SHAP_D> MakeShapes(const T_SCEN_D& rScene, const std::vector<T_VECTOR>& aPlaces, std::size_t& rNowhere);
+std::vector<T_SHAP_D> MakeShapes(const T_SCEN_D& rScene, const T_COLOURS_D& rColours,
+                                 const std::vector<T_VECTOR>& aPlaces, std::size_t& rNowhere);
 
-/// Joins near corners until there are at most some 30,000 shapes; the only shape of a kind keeps a dot. Returns the
-/// distance in pixels below which corners were joined, 0 for none.
+/// Joins near corners until there are at most some 30,000 shapes; the only shape of a kind keeps a dot, and so does the
+/// only one with a loss. Returns the distance in pixels below which corners were joined, 0 for none.
 double Simplify(std::vector<T_SHAP_D>& rShapes, const std::vector<T_VECTOR>& aPlaces);
 
-/// Marks of all masses, grounded springs, links without length, supports, loads and beam references. aPlaces holds the
-/// place of each node.
-std::vector<T_SYMB_D> MakeSymbols(const T_SCEN_D& rScene, const CIsometricView& rView,
+/// Marks of all masses, grounded springs, links without length, supports, loads, beam references and nodes with a loss.
+/// aPlaces holds the place of each node.
+std::vector<T_SYMB_D> MakeSymbols(const T_SCEN_D& rScene, const T_COLOURS_D& rColours, const CIsometricView& rView,
                                   const std::vector<T_VECTOR>& aPlaces);
 
 /// Keeps the largest of near marks of one kind and direction, until no kind has more than MOST_MARKS. Returns whether

@@ -8,6 +8,7 @@
 #include <compare>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 /// Kinds of things in a picture. The numbers of the first ten are part of our .vtu files.
@@ -30,6 +31,7 @@ enum E_KIND : std::uint8_t {
     KIND_PRESSURE,
     KIND_GRAVITY,
     KIND_REFERENCE, // from a beam towards its reference point
+    KIND_LOST,      // a node with a loss, in a picture of losses
     KINDS,
 };
 constexpr std::size_t PART_KINDS = KIND_MASS + 1; // parts come first
@@ -37,6 +39,8 @@ constexpr std::size_t PART_KINDS = KIND_MASS + 1; // parts come first
 /// Shapes of parts.
 enum E_CELL : std::uint8_t { CELL_POINT, CELL_LINE, CELL_TRIA, CELL_QUAD, CELL_TETRA, CELL_WEDGE, CELL_HEXA, CELLS };
 constexpr std::array<std::size_t, CELLS> CELL_CORNERS = {1, 2, 3, 4, 4, 6, 8};
+
+constexpr std::uint8_t ALL_HELD = 0x3F; // bits of the six components
 
 constexpr std::uint8_t NO_CORNER = 0xFF; // behind the corners of a line or triangle
 
@@ -65,6 +69,8 @@ struct T_PART_D {
     E_KIND iKIND = KIND_NODE;
     E_CELL iCELL = CELL_POINT;
     std::array<std::uint32_t, 8> aNODES = {};
+    std::uint32_t iVALUES = CKeyIndex::NONE; // place of its values in the scene: stiffnesses of a spring, mass and
+                                             // inertias of a mass
 };
 
 /// A face of three or four corners, a line, or a dot.
@@ -72,7 +78,14 @@ struct T_SHAP_D {
     E_KIND iKIND = KIND_NODE;
     std::uint8_t nCORNERS = 0;
     std::array<std::uint32_t, 4> aCORNERS = {}; // places among the nodes
+    std::uint8_t iPAINT = 0;                    // of its colour
+    std::uint32_t iPART = CKeyIndex::NONE;      // NONE for a free node
     auto operator<=>(const T_SHAP_D&) const = default;
+
+    /// Whether both look alike but for their colour.
+    bool Covers(const T_SHAP_D& r) const {
+        return iKIND == r.iKIND && nCORNERS == r.nCORNERS && aCORNERS == r.aCORNERS;
+    }
 };
 
 /// Face iFace, from 0, of a part that isn't a point.
@@ -84,6 +97,9 @@ struct T_ARRW_D {
     T_VECTOR at = {};
     T_VECTOR direction = {}; // of length 1
     double dSIZE = 0.0;      // the load's magnitude
+    std::int32_t iID = 0;    // of the node or element
+    std::int32_t iCASE = 0;
+    std::array<double, 4> aVALUES = {}; // components, or pressures at corners
 };
 
 /// How many things of a kind the model has.
@@ -98,13 +114,15 @@ struct T_SCEN_D {
     CKeyIndex index;                // from the id of a node, as written, to its place
 
     std::vector<T_PART_D> aPARTS;
-    std::size_t nFORMLESS = 0; // elements that no section takes
+    std::vector<std::array<double, 6>> aVALUES; // of parts
+    std::size_t nFORMLESS = 0;                  // elements that no section takes
 
-    std::vector<std::uint8_t> aHELD; // held components of each node, bit 0 for the first
-    std::vector<T_ARRW_D> aARROWS;   // without gravity and loads on nodes without position
-    std::vector<T_VECTOR> aGRAVITY;  // its directions
-    std::size_t nCASES = 0;          // load cases
-    std::size_t nFACELESS = 0;       // pressures on solids that name no face
+    std::vector<std::uint8_t> aHELD;   // held components of each node, bit 0 for the first
+    std::vector<T_ARRW_D> aARROWS;     // without gravity and loads on nodes without position
+    std::vector<T_ARRW_D> aGRAVITY;    // one of each direction
+    std::optional<std::int32_t> iCASE; // the only load case that is drawn
+    std::size_t nCASES = 0;            // load cases drawn
+    std::size_t nFACELESS = 0;         // pressures on solids that name no face
 
     std::array<T_CONT_D, KINDS> aCOUNTS = {};
 
@@ -115,5 +133,11 @@ struct T_SCEN_D {
 /// The nodes, elements, links and masses of a resolved model.
 T_SCEN_D CollectParts(const CDataPool& rDataPool);
 
-/// Adds supports, loads and beam references to what CollectParts gave for the same model.
-void CollectLoads(const CDataPool& rDataPool, T_SCEN_D& rScene);
+/// Adds supports and beam references to what CollectParts gave for the same model.
+void CollectSupports(const CDataPool& rDataPool, T_SCEN_D& rScene);
+
+/// Sets the loads: of one load case, of all without iCase.
+void CollectLoads(const CDataPool& rDataPool, std::optional<std::int32_t> iCase, T_SCEN_D& rScene);
+
+/// The part that a row of an element makes. False if one of its corners doesn't exist.
+bool FindElement(const CDataPool& rDataPool, const T_SCEN_D& rScene, std::int32_t iEID, T_PART_D& rPart);

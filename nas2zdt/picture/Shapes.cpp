@@ -37,7 +37,8 @@ void AddOuterFaces(const T_SCEN_D& rScene, const std::vector<T_VECTOR>& aPlaces,
         for (iNext = i + 1; iNext < rSides.size() && rSides[iNext].aSORTED == rSides[i].aSORTED;) ++iNext;
         if (iNext - i > 1) continue;
         const T_PART_D& rPart = rScene.aPARTS[rSides[i].iPART];
-        const T_SHAP_D face = FaceOfPart(rPart, rSides[i].iFACE);
+        T_SHAP_D face = FaceOfPart(rPart, rSides[i].iFACE);
+        face.iPART = rSides[i].iPART;
         if (LooksAtEye(face, rPart, aPlaces)) rShapes.push_back(face);
     }
 }
@@ -131,14 +132,16 @@ std::uint8_t LeastCorners(E_KIND iKind) {
     return iKind == KIND_NODE ? 1 : 2;
 }
 
-/// Drops collapsed shapes, except where no other shape of their kind is seen at one of their corners.
+/// Drops collapsed shapes, except where no other shape of their kind, with a loss or without, is seen at one of their
+/// corners.
 void DropCollapsed(std::vector<T_SHAP_D>& rShapes, std::size_t nPlaces) {
+    constexpr unsigned WITHOUT_LOSS = 16;       // kinds of shapes are fewer
     std::vector<std::uint32_t> aKinds(nPlaces); // a bit for each kind that is seen at a corner
     std::vector<T_SHAP_D> aKept;
     for (int nCorners = 4; nCorners > 0; --nCorners) {
         for (const T_SHAP_D& rShape : rShapes) {
             if (rShape.nCORNERS != nCorners) continue;
-            const std::uint32_t nKind = 1u << rShape.iKIND;
+            const std::uint32_t nKind = 1u << (rShape.iKIND + (rShape.iPAINT == PAINT_LOST ? 0 : WITHOUT_LOSS));
             bool bNew = rShape.nCORNERS >= LeastCorners(rShape.iKIND);
             for (std::size_t k = 0; k < rShape.nCORNERS; ++k) bNew |= !(aKinds[rShape.aCORNERS[k]] & nKind);
             if (!bNew) continue;
@@ -151,7 +154,8 @@ void DropCollapsed(std::vector<T_SHAP_D>& rShapes, std::size_t nPlaces) {
 
 } // namespace
 
-std::vector<T_SHAP_D> MakeShapes(const T_SCEN_D& rScene, const std::vector<T_VECTOR>& aPlaces, std::size_t& rNowhere) {
+std::vector<T_SHAP_D> MakeShapes(const T_SCEN_D& rScene, const T_COLOURS_D& rColours,
+                                 const std::vector<T_VECTOR>& aPlaces, std::size_t& rNowhere) {
     std::vector<T_SHAP_D> aShapes;
     std::vector<T_SIDE_D> aSides;
     for (std::size_t i = 0; i < rScene.aPARTS.size(); ++i) {
@@ -161,7 +165,8 @@ std::vector<T_SHAP_D> MakeShapes(const T_SCEN_D& rScene, const std::vector<T_VEC
             continue;
         }
         for (std::uint8_t iFace = 0; iFace < FACES[rPart.iCELL].nFACES; ++iFace) {
-            const T_SHAP_D face = FaceOfPart(rPart, iFace);
+            T_SHAP_D face = FaceOfPart(rPart, iFace);
+            face.iPART = static_cast<std::uint32_t>(i);
             if (rPart.iCELL < CELL_TETRA) {
                 aShapes.push_back(face);
                 continue;
@@ -173,6 +178,7 @@ std::vector<T_SHAP_D> MakeShapes(const T_SCEN_D& rScene, const std::vector<T_VEC
         }
     }
     AddOuterFaces(rScene, aPlaces, aSides, aShapes);
+    for (T_SHAP_D& rShape : aShapes) rShape.iPAINT = rColours.PaintOf(rShape.iPART);
     return aShapes;
 }
 
@@ -188,7 +194,8 @@ double Simplify(std::vector<T_SHAP_D>& rShapes, const std::vector<T_VECTOR>& aPl
         const CCells cells(rShapes, aPlaces, aRanks, dCell);
         for (T_SHAP_D& rShape : rShapes) cells.Apply(rShape);
         std::sort(rShapes.begin(), rShapes.end());
-        rShapes.erase(std::unique(rShapes.begin(), rShapes.end()), rShapes.end());
+        const auto covers = [](const T_SHAP_D& a, const T_SHAP_D& b) { return a.Covers(b); };
+        rShapes.erase(std::unique(rShapes.begin(), rShapes.end(), covers), rShapes.end());
         DropCollapsed(rShapes, aPlaces.size());
     }
     return dCell;

@@ -1,6 +1,7 @@
 #pragma once
 // The parts of the SVG picture.
 
+#include "nas2zdt/picture/Colours.h"
 #include "nas2zdt/picture/Drawing.h"
 #include "nas2zdt/text/Escape.h"
 #include "writer/Format.h"
@@ -38,9 +39,26 @@ constexpr std::array<T_LOOK_D, KINDS> LOOKS = {{
     {"pressure", "pressure", {0, 60, 130}},
     {"gravity", "gravity", {90, 60, 20}},
     {"towards the beam's reference", "reference", {213, 94, 0}},
+    {"node with a loss", "lostnode", {220, 0, 30}},
 }};
 
-/// Brightness of faces; its index ends the name of their class.
+/// Colours of what isn't coloured by its kind. Those in between suit the colour-blind, and differ from the first one in
+/// brightness.
+constexpr std::array<T_RGB_D, PAINTS> PAINT_COLOURS = {{
+    {220, 0, 30},
+    {136, 204, 238},
+    {204, 102, 119},
+    {221, 204, 119},
+    {17, 119, 51},
+    {51, 34, 136},
+    {170, 68, 153},
+    {68, 170, 153},
+    {153, 153, 51},
+    {136, 34, 85},
+    {214, 214, 214},
+}};
+
+/// Brightness of faces; its index ends the name of their class: "plate3", or "p1s3" of a paint.
 constexpr std::array<double, 5> SHADES = {0.62, 0.72, 0.82, 0.91, 1.0};
 
 constexpr bool IsFaceKind(E_KIND iKind) {
@@ -52,12 +70,17 @@ inline double Tenth(double d) {
     return std::round(d * 10.0) / 10.0;
 }
 
+inline std::string NumberText(double dValue) {
+    char aText[LONGEST_REAL];
+    return {aText, PutReal(aText, dValue)};
+}
+
 inline void WriteText(CFile& rFile, double dX, double dY, const char* sClass, const std::string& sText) {
     WriteLine(rFile, "<text class=\"%s\" x=\"%g\" y=\"%g\">%s</text>\n", sClass, dX, dY, XmlText(sText));
 }
 
 /// The style sheet. Lines are thinner in a finer mesh, which they would cover otherwise.
-void WriteStyle(CFile& rFile, const T_DRAW_D& rDrawing);
+void WriteStyle(CFile& rFile, const T_DRAW_D& rDrawing, E_COLOUR_BY eBy);
 
 void WriteMark(CFile& rFile, const T_SYMB_D& rMark);
 
@@ -65,5 +88,5 @@ void WriteMark(CFile& rFile, const T_SYMB_D& rMark);
 /// eye.
 void WriteArrow(CFile& rFile, const T_SYMB_D& rMark, double dLength);
 
-/// The legend: counts of each kind, the size of the model, and what the picture leaves out.
-void WriteLegend(CFile& rFile, const T_SCEN_D& rScene, const T_DRAW_D& rDrawing);
+/// The legend: counts of each kind, the colours, the size of the model, and what the picture leaves out.
+void WriteLegend(CFile& rFile, const T_SCEN_D& rScene, const T_COLOURS_D& rColours, const T_DRAW_D& rDrawing);

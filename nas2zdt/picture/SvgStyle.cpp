@@ -7,12 +7,38 @@
 namespace {
 
 constexpr T_RGB_D WHITE = {255, 255, 255};
+constexpr T_RGB_D NEUTRAL_LINE = {150, 150, 150}; // faces of that paint are too light for a line on white
 
-void WriteClass(CFile& rFile, E_KIND iKind, const char* sSuffix, const T_RGB_D& rFill, const T_RGB_D& rStroke,
-                double dWidth) {
-    WriteLine(rFile, ".%s%s{fill:rgb(%d,%d,%d);stroke:rgb(%d,%d,%d);stroke-width:%g;stroke-linejoin:round}\n",
-              LOOKS[iKind].sCLASS, sSuffix, rFill.iRED, rFill.iGREEN, rFill.iBLUE, rStroke.iRED, rStroke.iGREEN,
-              rStroke.iBLUE, dWidth);
+void WriteClass(CFile& rFile, std::string_view sClass, std::string_view sSuffix, const T_RGB_D& rFill,
+                const T_RGB_D& rStroke, double dWidth) {
+    WriteLine(rFile, ".%s%s{fill:rgb(%d,%d,%d);stroke:rgb(%d,%d,%d);stroke-width:%g;stroke-linejoin:round}\n", sClass,
+              sSuffix, rFill.iRED, rFill.iGREEN, rFill.iBLUE, rStroke.iRED, rStroke.iGREEN, rStroke.iBLUE, dWidth);
+}
+
+/// Faces of a colour, darker the more they turn away from the light.
+void WriteShades(CFile& rFile, const std::string& sClass, const T_RGB_D& rBase, double dEdge, bool bJoined) {
+    for (std::size_t i = 0; i < SHADES.size(); ++i) {
+        const auto Shaded = [&](double dShade) {
+            return T_RGB_D{static_cast<int>(rBase.iRED * dShade), static_cast<int>(rBase.iGREEN * dShade),
+                           static_cast<int>(rBase.iBLUE * dShade)};
+        };
+        // joined faces have no edges: those wouldn't be the elements'
+        const double dStroke = SHADES[i] * (bJoined ? 1.0 : 0.5);
+        WriteClass(rFile, sClass, std::to_string(i), Shaded(SHADES[i]), Shaded(dStroke), dEdge);
+    }
+}
+
+/// Paints stand behind kinds, whose colours they replace.
+void WritePaints(CFile& rFile, double dEdge, bool bJoined) {
+    for (std::size_t i = 0; i < PAINTS; ++i) {
+        const T_RGB_D& rColour = PAINT_COLOURS[i];
+        const std::string sClass = "p" + std::to_string(i);
+        WriteShades(rFile, sClass + "s", rColour, dEdge, bJoined);
+        const T_RGB_D& rLine = i == PAINT_NEUTRAL ? NEUTRAL_LINE : rColour;
+        WriteLine(rFile, ".%s{stroke:rgb(%d,%d,%d)}\n", sClass, rLine.iRED, rLine.iGREEN, rLine.iBLUE);
+    }
+    const T_RGB_D& rLost = PAINT_COLOURS[PAINT_LOST];
+    WriteLine(rFile, ".bad *{stroke:rgb(%d,%d,%d);stroke-width:2}\n", rLost.iRED, rLost.iGREEN, rLost.iBLUE);
 }
 
 void WriteStroke(CFile& rFile, E_KIND iKind, const char* sSuffix, double dWidth, const char* sMore = "") {
@@ -23,7 +49,7 @@ void WriteStroke(CFile& rFile, E_KIND iKind, const char* sSuffix, double dWidth,
 
 } // namespace
 
-void WriteStyle(CFile& rFile, const T_DRAW_D& rDrawing) {
+void WriteStyle(CFile& rFile, const T_DRAW_D& rDrawing, E_COLOUR_BY eBy) {
     double dFaces = 0.0, dLines = 0.0;
     std::size_t nFaces = 0, nLines = 0;
     for (const T_SHAP_D& rShape : rDrawing.aSHAPES) {
@@ -41,16 +67,7 @@ void WriteStyle(CFile& rFile, const T_DRAW_D& rDrawing) {
                 ".count{text-anchor:end}\n.lost{text-anchor:end;fill:#aa0028;font-weight:bold}\n"
                 ".box{fill:none;stroke:#bbb}\n.axis{fill:none;stroke:#222;stroke-width:1.2}\n");
     for (const E_KIND iKind : {KIND_PLANE_STRESS, KIND_PLATE, KIND_SOLID}) {
-        const T_RGB_D& rBase = LOOKS[iKind].colour;
-        for (std::size_t i = 0; i < SHADES.size(); ++i) {
-            const auto Shaded = [&](double dShade) {
-                return T_RGB_D{static_cast<int>(rBase.iRED * dShade), static_cast<int>(rBase.iGREEN * dShade),
-                               static_cast<int>(rBase.iBLUE * dShade)};
-            };
-            // joined faces have no edges: those wouldn't be the elements'
-            const double dStroke = SHADES[i] * (rDrawing.dJOINED > 0.0 ? 1.0 : 0.5);
-            WriteClass(rFile, iKind, std::to_string(i).c_str(), Shaded(SHADES[i]), Shaded(dStroke), dEdge);
-        }
+        WriteShades(rFile, LOOKS[iKind].sCLASS, LOOKS[iKind].colour, dEdge, rDrawing.dJOINED > 0.0);
         WriteStroke(rFile, iKind, "L", std::max(dLine, 1.2)); // a face that is seen as a line
     }
     WriteStroke(rFile, KIND_TRUSS, "", dLine);
@@ -59,17 +76,19 @@ void WriteStyle(CFile& rFile, const T_DRAW_D& rDrawing) {
     WriteStroke(rFile, KIND_ELASTIC, "", std::max(dLine, 1.6), ";stroke-dasharray:6 3");
     WriteStroke(rFile, KIND_GENERAL, "", std::max(dLine, 1.6), ";stroke-dasharray:2 3");
     for (const E_KIND iKind : {KIND_RIGID, KIND_ELASTIC, KIND_GENERAL}) { // of no length
-        WriteClass(rFile, iKind, "0", WHITE, LOOKS[iKind].colour, 1.2);
+        WriteClass(rFile, LOOKS[iKind].sCLASS, "0", WHITE, LOOKS[iKind].colour, 1.2);
     }
     WriteStroke(rFile, KIND_SPRING, "", 1.5);
     for (const E_KIND iKind : {KIND_MASS, KIND_FIXED}) {
-        WriteClass(rFile, iKind, "", LOOKS[iKind].colour, WHITE, 0.8);
+        WriteClass(rFile, LOOKS[iKind].sCLASS, "", LOOKS[iKind].colour, WHITE, 0.8);
     }
-    WriteClass(rFile, KIND_NODE, "", LOOKS[KIND_NODE].colour, LOOKS[KIND_NODE].colour, 0.5);
-    WriteClass(rFile, KIND_SUPPORT, "", WHITE, LOOKS[KIND_SUPPORT].colour, 1.2);
+    WriteClass(rFile, LOOKS[KIND_NODE].sCLASS, "", LOOKS[KIND_NODE].colour, LOOKS[KIND_NODE].colour, 0.5);
+    WriteClass(rFile, LOOKS[KIND_SUPPORT].sCLASS, "", WHITE, LOOKS[KIND_SUPPORT].colour, 1.2);
     for (const E_KIND iKind : {KIND_FORCE, KIND_MOMENT, KIND_PRESSURE}) WriteStroke(rFile, iKind, "", 1.5);
     WriteStroke(rFile, KIND_GRAVITY, "", 2.5);
     WriteStroke(rFile, KIND_REFERENCE, "", 1.0);
+    if (eBy == BY_LOSS) WriteStroke(rFile, KIND_LOST, "", 2.0);
+    if (eBy != BY_KIND) WritePaints(rFile, dEdge, rDrawing.dJOINED > 0.0);
     rFile.Write("</style>\n");
 }
 
@@ -106,6 +125,9 @@ void WriteMark(CFile& rFile, const T_SYMB_D& rMark) {
     switch (rMark.iKIND) {
     case KIND_MASS:
         WriteLine(rFile, "<circle class=\"%s\" cx=\"%g\" cy=\"%g\" r=\"4.5\"/>\n", sClass, dX, dY);
+        break;
+    case KIND_LOST:
+        WriteLine(rFile, "<circle class=\"%s\" cx=\"%g\" cy=\"%g\" r=\"6\"/>\n", sClass, dX, dY);
         break;
     case KIND_SPRING:
         WriteLine(rFile, "<path class=\"%s\" d=\"M%g %gv2l4 2-8 3 8 3-4 2v2m-5 0h10\"/>\n", sClass, dX, dY);

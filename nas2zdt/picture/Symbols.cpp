@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <tuple>
+#include <utility>
 
 namespace {
 
@@ -48,27 +49,34 @@ void ThinOutCells(std::vector<T_SYMB_D>& rSymbols, double dCell) {
 
 } // namespace
 
-std::vector<T_SYMB_D> MakeSymbols(const T_SCEN_D& rScene, const CIsometricView& rView,
+std::vector<T_SYMB_D> MakeSymbols(const T_SCEN_D& rScene, const T_COLOURS_D& rColours, const CIsometricView& rView,
                                   const std::vector<T_VECTOR>& aPlaces) {
     constexpr double SHORT = 3.0; // pixels: a shorter link can't be seen
     std::vector<T_SYMB_D> aSymbols;
-    for (const T_ARRW_D& rArrow : rScene.aARROWS) {
+    for (std::uint32_t i = 0; i < rScene.aARROWS.size(); ++i) {
+        const T_ARRW_D& rArrow = rScene.aARROWS[i];
         const T_VECTOR place = rView.Project(rArrow.at);
-        aSymbols.push_back({rArrow.iKIND, place[0], place[1], CIsometricView::Turn(rArrow.direction), rArrow.dSIZE});
+        aSymbols.push_back({rArrow.iKIND, place[0], place[1], CIsometricView::Turn(rArrow.direction), rArrow.dSIZE, i});
     }
-    for (const T_PART_D& rPart : rScene.aPARTS) {
+    for (std::uint32_t i = 0; i < rScene.aPARTS.size(); ++i) {
+        const T_PART_D& rPart = rScene.aPARTS[i];
         const T_VECTOR& rPlace = aPlaces[rPart.aNODES[0]];
         bool bMark = rPart.iCELL == CELL_POINT;
         if (rPart.iKIND == KIND_RIGID || rPart.iKIND == KIND_ELASTIC || rPart.iKIND == KIND_GENERAL) {
             const T_VECTOR apart = Subtract(aPlaces[rPart.aNODES[1]], rPlace);
             bMark = std::hypot(apart[0], apart[1]) < SHORT;
         }
-        if (bMark && IsFinite(rPlace)) aSymbols.push_back({rPart.iKIND, rPlace[0], rPlace[1], {}, 0.0});
+        if (bMark && IsFinite(rPlace)) aSymbols.push_back({rPart.iKIND, rPlace[0], rPlace[1], {}, 0.0, i});
     }
-    for (std::size_t i = 0; i < rScene.aHELD.size(); ++i) {
-        if (rScene.aHELD[i] == 0 || !IsFinite(aPlaces[i])) continue;
-        const E_KIND iKind = rScene.aHELD[i] == 0x3F ? KIND_FIXED : KIND_SUPPORT;
-        aSymbols.push_back({iKind, aPlaces[i][0], aPlaces[i][1], {}, 0.0});
+    const auto AddNode = [&](E_KIND iKind, std::uint32_t i) {
+        if (IsFinite(aPlaces[i])) aSymbols.push_back({iKind, aPlaces[i][0], aPlaces[i][1], {}, 0.0, i});
+    };
+    for (std::uint32_t i = 0; i < rScene.aHELD.size(); ++i) {
+        if (rScene.aHELD[i] != 0) AddNode(rScene.aHELD[i] == ALL_HELD ? KIND_FIXED : KIND_SUPPORT, i);
+    }
+    std::uint32_t iLast = CKeyIndex::NONE;
+    for (const auto& [iNode, iLoss] : rColours.aNODELOSSES) {
+        if (iNode != std::exchange(iLast, iNode)) AddNode(KIND_LOST, iNode);
     }
 
     std::array<double, KINDS> aLargest = {};

@@ -32,6 +32,19 @@ std::string_view EscapeMarkup(std::string_view sCharacter) {
     return sCharacter;
 }
 
+/// The characters of sText as XML has them.
+std::vector<std::string_view> XmlCharacters(std::string_view sText) {
+    std::vector<std::string_view> aCharacters;
+    ForEachCharacter(sText, [&](std::string_view sCharacter, char32_t nCode, bool bShown) {
+        if (bShown && (nCode & 0xFFFE) != 0xFFFE) {
+            aCharacters.push_back(EscapeMarkup(sCharacter));
+        } else {
+            aCharacters.insert(aCharacters.end(), sCharacter.size(), "?");
+        }
+    });
+    return aCharacters;
+}
+
 } // namespace
 
 std::string JsonText(std::string_view sText) {
@@ -49,16 +62,15 @@ std::string JsonText(std::string_view sText) {
     return sJson + "\"";
 }
 
+std::string EscapeXml(std::string_view sText) {
+    std::string sXml;
+    for (const std::string_view sCharacter : XmlCharacters(sText)) sXml += sCharacter;
+    return sXml;
+}
+
 std::string XmlText(std::string_view sText) {
     constexpr std::size_t MOST = 120;
-    std::vector<std::string_view> aCharacters;
-    ForEachCharacter(sText, [&](std::string_view sCharacter, char32_t nCode, bool bShown) {
-        if (bShown && (nCode & 0xFFFE) != 0xFFFE) {
-            aCharacters.push_back(EscapeMarkup(sCharacter));
-        } else {
-            aCharacters.insert(aCharacters.end(), sCharacter.size(), "?");
-        }
-    });
+    std::vector<std::string_view> aCharacters = XmlCharacters(sText);
     std::string sXml;
     if (aCharacters.size() > MOST) {
         sXml = "\u2026";

@@ -8,5 +8,8 @@
 std::string JsonText(std::string_view sText);
 
 /// sText with the markup characters of XML escaped. Bytes that aren't UTF-8 or that belong to a character that XML
-/// forbids become "?". A text of more than 120 characters keeps its end, behind an ellipsis.
+/// forbids become "?".
+std::string EscapeXml(std::string_view sText);
+
+/// The same, where a text of more than 120 characters keeps its end, behind an ellipsis.
 std::string XmlText(std::string_view sText);

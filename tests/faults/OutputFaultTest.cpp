@@ -37,8 +37,8 @@ class OutputFaultTest : public testing::Test {
         WriteText("deck.dat", sDeck + "ENDDATA\n");
         WriteText("PART.DAT", "BEGIN BULK\nGRID,200000\nENDDATA\n");
         m_options.eACCOUNT = m_options.eCHECK = WANTED_JSON;
-        m_options.sVIEW = "deck.svg";
-        m_options.sVTU = "deck.vtu";
+        m_options.sVIEW = m_job.sVIEW = "deck.svg";
+        m_options.sVTU = m_job.sVTU = "deck.vtu";
     }
     ~OutputFaultTest() override {
         std::cerr.rdbuf(m_pErrors);
@@ -51,9 +51,8 @@ class OutputFaultTest : public testing::Test {
     /// Runs the deck over the outputs of an earlier run. Returns its error.
     std::string Run() {
         for (const char* sOutput : OUTPUTS) WriteText(sOutput, OLD);
-        const T_JOB_D job{"deck.dat", "deck.zdt", {}};
         T_INPUTS inputs;
-        CDeckRun run(m_options, job, inputs);
+        CDeckRun run(m_options, m_job, inputs);
         run.Run();
         m_nSections = run.GetResult().aSECTIONS.size();
         return run.GetResult().sERROR;
@@ -70,6 +69,7 @@ class OutputFaultTest : public testing::Test {
     std::streambuf* const m_pErrors = std::cerr.rdbuf(nullptr);
     const CTempFolder m_folder;
     T_OPTIONS_D m_options;
+    T_JOB_D m_job{"deck.dat", "deck.zdt", {}};
     std::size_t m_nSections = 0;
 };
 
@@ -114,9 +114,9 @@ TEST_F(OutputFaultTest, ATemporaryNameThatIsTakenIsNoFailure) {
 
 TEST_F(OutputFaultTest, AnOutputThatIsAnIncludeIsRefusedBeforeAnythingIsWritten) {
     std::filesystem::create_hard_link("PART.DAT", "part.link");
-    for (std::string* pOutput : {&m_options.sVIEW, &m_options.sVTU, &m_options.sLOG}) {
-        m_options.sVIEW = "deck.svg";
-        m_options.sVTU = "deck.vtu";
+    for (std::string* pOutput : {&m_job.sVIEW, &m_job.sVTU, &m_options.sLOG}) {
+        m_job.sVIEW = "deck.svg";
+        m_job.sVTU = "deck.vtu";
         *pOutput = "part.link";
         EXPECT_EQ(Run(), "part.link: would overwrite the deck PART.DAT");
         EXPECT_EQ(ReadOutputs(), std::vector<std::string>(3, OLD));

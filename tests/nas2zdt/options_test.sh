@@ -22,12 +22,13 @@ cp good.dat other/good.dat
 
 # ---- the command line
 expect "help fits a page" 0 --help
-[ "$(wc -l <out)" -le 34 ] || fail "help has more lines than a page"
+[ "$(wc -l <out)" -le 38 ] || fail "help has more lines than a page"
 [ "$(wc -L <out)" -le 96 ] || fail "help has lines that are too long"
 for args in "--log" "--log= good.dat" "--strict=all good.dat" "--allow" "--allow= good.dat" "--account=xml good.dat" "--check=xml good.dat" "--tolerance 1 good.dat" "--check --tolerance -1 good.dat" "--check --tolerance 1x good.dat" "--quiet=1 good.dat" "-o" \
     "--limit" "--limit ranges good.dat" "--limit ranges=0 good.dat" "--limit ranges=5x good.dat" "--limit lines=5 good.dat" \
     "--limit decks=99999999999999999999 good.dat" "--limit =5 good.dat" "--restated x.dat good.dat" "--subcase 1 good.dat" "--super 1 good.dat" "--faithful --super x good.dat" \
-    "--logical A=. good.dat" "--faithful --logical A good.dat" "--faithful --restated x.dat good.dat lossy.dat" "-o good.zdt good.dat lossy.dat"; do
+    "--logical A=. good.dat" "--faithful --logical A good.dat" "--faithful --restated x.dat good.dat lossy.dat" "-o good.zdt good.dat lossy.dat" \
+    "--case 1 good.dat" "--view x.svg --case x good.dat" "--view x.svg --colour red good.dat" "--colour loss good.dat" "--view x.svg good.dat lossy.dat"; do
     # shellcheck disable=SC2086 # several arguments
     expect "wrong usage: $args" 2 $args
     silent "wrong usage: $args" out

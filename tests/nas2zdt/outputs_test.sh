@@ -130,6 +130,42 @@ done <<END
 --view twin.svg --vtu twin.vtu good.dat|twin.vtu: the grid would overwrite the picture twin.svg
 --view missing/x good.dat|missing: no such folder
 END
+# ---- pictures in folders, each by its deck's name
+printf 'BEGIN BULK\nGRID,1\nFORCE,7,1,,1.,1.\nFORCE,12,1,,1.,,1.\nENDDATA\n' >loads.dat
+mkdir drawn twice
+cp good.dat drawn/loads.dat
+expect "pictures of several decks" 0 -q --view drawn --vtu drawn/ loads.dat good.dat
+for output in loads.svg loads.vtu good.svg good.vtu; do [ -s drawn/$output ] || fail "pictures of several decks: $output"; done
+expect "two pictures of one name" 1 -q --view twice loads.dat drawn/loads.dat
+grep -Fxq "nas2zdt: drawn/loads.dat: its picture twice/loads.svg would overwrite the picture of loads.dat" err || fail "two pictures of one name"
+expect "a missing folder of pictures" 1 -q --view none/ loads.dat
+grep -Fxq "nas2zdt: none/: no such folder" err || fail "a missing folder of pictures"
+
+# ---- a load case, and a picture of each
+expect "a load case" 0 -q --case 12 --view one.svg --vtu one.vtu loads.dat
+grep -q '>Load case 12 alone.<' one.svg || fail "a load case of a picture"
+grep -q 'Name="Force case 12"' one.vtu || fail "a load case of a grid"
+! grep -q 'Name="Force case 7"' one.vtu || fail "one load case of a grid"
+expect "a load case that isn't there" 1 -q --case 8 --view none.svg loads.dat
+grep -Fxq "nas2zdt: loads.dat: there is no load case 8: there are 7, 12" err || fail "a load case that isn't there"
+[ ! -e none.svg ] || fail "no picture without its load case"
+expect "no load cases" 1 -q --case 8 --view none.svg good.dat
+grep -Fxq "nas2zdt: good.dat: there is no load case 8: the deck has none" err || fail "no load cases"
+expect "a picture of each case" 0 -q --colour loss --view-cases new/cases loads.dat good.dat
+[ "$(echo new/cases/*)" = "new/cases/loads-case-12.svg new/cases/loads-case-7.svg" ] || fail "a picture of each case"
+grep -Fxq "nas2zdt: good.dat: no load cases to draw" err || fail "a deck without load cases"
+expect "a picture of each case again" 0 -q --view-cases new/cases loads.dat
+cp loads.dat new/cases/loads.dat
+cp loads.dat new/cases/loads-case-7.svg
+expect "a picture that is a deck" 1 -q --view-cases new/cases new/cases/loads-case-7.svg loads.dat
+grep -Fxq "nas2zdt: new/cases/loads-case-7.svg: would overwrite the deck new/cases/loads-case-7.svg" err || fail "a picture that is a deck"
+same "a picture that is a deck" new/cases/loads-case-7.svg loads.dat
+rm new/cases/*.svg
+expect "cases of two decks of one name" 1 -q --view-cases new/cases loads.dat new/cases/loads.dat
+grep -Fxq "nas2zdt: new/cases/loads-case-7.svg: would overwrite the output new/cases/loads-case-7.svg" err || fail "cases of two decks of one name"
+expect "a folder that is a file" 1 -q --view-cases one.svg loads.dat
+grep -Fxq "nas2zdt: one.svg: is no folder" err || fail "a folder that is a file"
+
 for args in "--view x.vtu" "--view X.DAT" "--view x.zdt" "--vtu x.svg" "--vtu=x.json"; do
     # shellcheck disable=SC2086 # several arguments
     expect "the name of another format: $args" 2 $args good.dat

@@ -52,7 +52,13 @@ void FillModel(CDataPool& rDataPool) {
         rDataPool.SetELEM(rGiven.iID, std::move(element));
     }
     rDataPool.CNRD[101] = {11, 21, 7, 0.0, 0.0, 0.0, 0.0};
-    rDataPool.PROP[1].iMID = 4; // 2 is missing
+    rDataPool.PROP[1].iMID = 4;
+    rDataPool.PROP[2].iMID = 1;
+    rDataPool.PROP[2].iPROPTYPE = PROP_SHELL;
+    rDataPool.PROP[2].dVAL.Set(SLOT_T, 2.5);
+    rDataPool.MATL[4].dE = 210000.0;
+    rDataPool.PROP[6].iPROPTYPE = PROP_BUSH;
+    rDataPool.PROP[6].dVAL.Set(SLOT_BUSH_K + 1, 7.0);
     rDataPool.PROP[3].dVAL.Set(SLOT_K, 100.0);
     rDataPool.PROP[-112].dVAL.Set(SLOT_MX, 1.0);
     T_RBE2_D& rRigid = rDataPool.RBE2[5];

@@ -13,7 +13,7 @@ namespace {
 
 std::string Draw(const CDataPool& rDataPool) {
     const CTempFolder folder;
-    WriteSvg(rDataPool, "a title", folder.Path("model.svg"));
+    CSvgPicture(rDataPool).Write("a title", folder.Path("model.svg"));
     EXPECT_FALSE(std::filesystem::exists(folder.Path("model.svg.part")));
     return ReadText(folder.Path("model.svg"));
 }
@@ -21,7 +21,8 @@ std::string Draw(const CDataPool& rDataPool) {
 /// How often each class occurs in the group sGroup, however it is shaded or simplified.
 std::map<std::string, int> CountClasses(const std::string& sSvg, const std::string& sGroup) {
     const std::size_t iBegin = sSvg.find("<g id=\"" + sGroup + "\">");
-    const std::string sText = sSvg.substr(iBegin, sSvg.find("</g>", iBegin) - iBegin);
+    const std::string sNext = sGroup == "model" ? "<g id=\"marks\">" : "<path class=\"axis\"";
+    const std::string sText = sSvg.substr(iBegin, sSvg.find(sNext, iBegin) - iBegin);
     const std::string sMark = "class=\"";
     std::map<std::string, int> counts;
     for (std::size_t i = sText.find(sMark); i != std::string::npos; i = sText.find(sMark, i + 1)) {
@@ -82,6 +83,41 @@ TEST(SvgWriter, EachPartOnce) {
     EXPECT_EQ(sSvg.find("Simplified"), std::string::npos);
 }
 
+TEST(SvgWriter, TitlesNameWhatIsUnderThePointer) {
+    CDataPool pool;
+    FillModel(pool);
+    const std::string sSvg = Draw(pool);
+    for (const char* sTitle :
+         {"solid 101, property 1, material 4", "plate 105, property 2, material 1, thickness 2.5",
+          "beam 108, property 1, material 4", "beam 108, towards its reference", "truss 101, property 1, material 7",
+          "rigid link 5", "elastic link 1, property 3, K1 100", "spring to ground 2, K3 50",
+          "general link 111, property 6, K2 7", "mass 112, mass 1, node 22", "node 24 at 3, 0, 2",
+          "node 1 at 0, 0, 0, held 123456", "node 3 at 1, 1, 0, held 1", "force on node 15: 0, 0, 10, load case 1",
+          "pressure on element 102: 0, 0, 2, 0, load case 1", "gravity: 0, 0, -9.81, load case 1"}) {
+        EXPECT_NE(sSvg.find("<title>" + std::string(sTitle) + "</title>"), std::string::npos) << sTitle;
+    }
+}
+
+TEST(SvgWriter, OneLoadCaseAtATime) {
+    const CStoredRun run(
+        "GRID,1\nGRID,2,,1.\nSPC1,1,123,1\nFORCE,7,2,,1.,1.\nFORCE,8,1,,2.,0.,1.\nMOMENT,8,2,,3.,1.\n");
+    EXPECT_EQ(FindLoadCases(run.GetDataPool()), (std::vector<std::int32_t>{7, 8}));
+    const CTempFolder folder;
+    CSvgPicture picture(run.GetDataPool());
+    const auto drawn = [&](std::optional<std::int32_t> iCase) {
+        picture.Write("", folder.Path("case.svg"), {}, iCase);
+        return ReadText(folder.Path("case.svg"));
+    };
+    const std::string sAll = drawn({}), sSeven = drawn(7), sEight = drawn(8);
+    EXPECT_EQ(LegendRow(sAll, "force") + LegendRow(sAll, "moment"), "21");
+    EXPECT_EQ(LegendRow(sSeven, "force") + " " + LegendRow(sSeven, "moment"), "1 no row");
+    EXPECT_NE(sSeven.find(">Load case 7 alone.<"), std::string::npos);
+    EXPECT_EQ(sSeven.find("load case 8<"), std::string::npos);
+    EXPECT_EQ(LegendRow(sEight, "force") + LegendRow(sEight, "moment"), "11");
+    for (const std::string& sSvg : {sSeven, sEight}) EXPECT_EQ(LegendRow(sSvg, "support, some held"), "1");
+    EXPECT_EQ(drawn({}), sAll); // nothing of a case is left
+}
+
 TEST(SvgWriter, ModelsWithoutExtent) {
     CDataPool empty;
     EXPECT_TRUE(CountClasses(Draw(empty), "model").empty());
@@ -103,44 +139,33 @@ TEST(SvgWriter, ModelsWithoutExtent) {
 }
 
 TEST(SvgWriter, LargeModelsStaySmallAndKeepLonePartsInSight) {
-    CDataPool pool;
-    constexpr std::int32_t SIDE = 300;
-    for (std::int32_t i = 0; i <= SIDE; ++i) {
-        for (std::int32_t k = 0; k <= SIDE; ++k) {
-            T_NODS_D node;
-            node.dGX = i, node.dGY = k;
-            pool.SetNODS(1 + i * (SIDE + 1) + k, node);
-        }
-    }
-    const auto AddQuad = [&](std::int32_t iID, std::int32_t iType, std::array<std::int32_t, 4> aGrids) {
-        T_ELEM_D element;
-        element.iTYPE = iType;
-        element.iSUBTYPE = SHAPE_QUAD4;
-        for (std::size_t i = 0; i < 4; ++i) element.iNODE.Set(i, aGrids[i]);
-        pool.SetELEM(iID, std::move(element));
+    constexpr int SIDE = 300;
+    std::string sCards = "SPC1,1,1,1\n"; // without a set those of the grids would be lost
+    const auto add = [&](const char* sCard, std::initializer_list<int> aFields) {
+        sCards += sCard;
+        for (const int iField : aFields) sCards += "," + std::to_string(iField);
+        sCards += "\n";
     };
-    for (std::int32_t i = 0; i < SIDE; ++i) {
-        for (std::int32_t k = 0; k < SIDE; ++k) {
-            const std::int32_t iGrid = 1 + i * (SIDE + 1) + k;
-            AddQuad(iGrid, TYPE_PLATE, {iGrid, iGrid + SIDE + 1, iGrid + SIDE + 2, iGrid + 1});
-            pool.CNST[1].aCNND.Add({iGrid, {true}});
+    for (int i = 0; i <= SIDE; ++i) {
+        for (int k = 0; k <= SIDE; ++k) {
+            const int iGrid = 1 + i * (SIDE + 1) + k;
+            add("GRID", {iGrid, 0, i, k, 0, 0, 1});
+            if (i < SIDE && k < SIDE) add("CQUAD4", {iGrid, 1, iGrid, iGrid + SIDE + 1, iGrid + SIDE + 2, iGrid + 1});
         }
     }
-    for (std::int32_t i = 0; i < 4; ++i) { // a speck beside the field
-        T_NODS_D node;
-        node.dGX = -50.0 - 0.001 * i;
-        pool.SetNODS(1000000 + i, node);
-    }
-    AddQuad(1000000, TYPE_SHEAR, {1000000, 1000001, 1000002, 1000003});
+    sCards += "GRID,1000000,,-50.\nGRID,1000001,,-50.001\nGRID,1000002,,-50.002\nGRID,1000003,,-50.003\n"
+              "CSHEAR,1000000,1,1000000,1000001,1000002,1000003\n"; // a speck beside the field
+    const CStoredRun run(sCards);
 
-    const std::string sSvg = Draw(pool);
+    const std::string sSvg = Draw(run.GetDataPool());
     std::map<std::string, int> model = CountClasses(sSvg, "model");
     EXPECT_GT(model["plate"], 5000);
     EXPECT_LE(model["plate"], 30000);
     EXPECT_EQ(model["plstrs"], 1);
     EXPECT_LE(CountClasses(sSvg, "marks")["support"], 200);
+    EXPECT_LT(sSvg.size(), 5000000u);
     EXPECT_EQ(LegendRow(sSvg, "plate"), "90000");
-    EXPECT_EQ(LegendRow(sSvg, "support, some held"), "90000");
+    EXPECT_EQ(LegendRow(sSvg, "support, some held"), "90601");
     EXPECT_NE(sSvg.find("Simplified: nodes less than"), std::string::npos);
     EXPECT_NE(sSvg.find("Of more than 200 marks"), std::string::npos);
 }
@@ -154,13 +179,14 @@ TEST(SvgWriter, WritesBehindLinksButOverNoInput) {
     std::string sCause;
     ASSERT_TRUE(deck.Open(sPath, sCause));
     std::filesystem::create_symlink(sPath, folder.Path("link.svg"));
-    EXPECT_THROW(WriteSvg(pool, "", folder.Path("link.svg"), T_INPUTS{{deck.GetId(), "a deck"}}), CFileException);
+    EXPECT_THROW(CSvgPicture(pool).Write("", folder.Path("link.svg"), T_INPUTS{{deck.GetId(), "a deck"}}),
+                 CFileException);
     EXPECT_EQ(ReadText(sPath), "before");
 
-    WriteSvg(pool, "", folder.Path("link.svg"));
+    CSvgPicture(pool).Write("", folder.Path("link.svg"));
     EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link.svg")));
     EXPECT_TRUE(ReadText(sPath).starts_with("<?xml"));
-    WriteSvg(pool, "", "/dev/null");
+    CSvgPicture(pool).Write("", "/dev/null");
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
 }
 

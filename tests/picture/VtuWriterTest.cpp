@@ -10,7 +10,7 @@ TEST(VtuWriter, PartsWithAllTheirNodes) {
     const CTempFolder folder;
     CDataPool pool;
     FillModel(pool);
-    EXPECT_EQ(WriteVtu(pool, folder.Path("model.vtu")), 2u); // a plate and a leg of the rigid link
+    EXPECT_EQ(WriteVtu(pool, folder.Path("model.vtu")).nPARTS, 2u); // a plate and a leg of the rigid link
     const std::string sVtu = ReadText(folder.Path("model.vtu"));
     EXPECT_NE(sVtu.find("<Piece NumberOfPoints=\"24\" NumberOfCells=\"16\">"), std::string::npos);
 }
@@ -21,7 +21,7 @@ TEST(VtuWriter, ArraysAreALengthAndValuesInBase64) {
     pool.SetNODS(1, {});
     pool.SetNODS(2, {});
     pool.CNRD[300] = {2, 1, 7, 0.0, 0.0, 0.0, 0.0};
-    EXPECT_EQ(WriteVtu(pool, folder.Path("rod.vtu")), 0u);
+    EXPECT_EQ(WriteVtu(pool, folder.Path("rod.vtu")).nPARTS, 0u);
     const std::string sVtu = ReadText(folder.Path("rod.vtu"));
     const auto Array = [&](const std::string& sName) {
         const std::size_t iLine = sVtu.find('\n', sVtu.find("Name=\"" + sName + "\"")) + 1;

@@ -8,9 +8,9 @@ int main(int nArgs, char** aArgs) {
     const std::string sFolder = std::string(aArgs[1]) + "/";
     CDataPool model;
     FillModel(model);
-    WriteSvg(model, "<model> & \xFF", sFolder + "model.svg");
+    CSvgPicture(model).Write("<model> & \xFF", sFolder + "model.svg");
     WriteVtu(model, sFolder + "model.vtu");
     const CDataPool empty;
-    WriteSvg(empty, "", sFolder + "empty.svg");
+    CSvgPicture(empty).Write("", sFolder + "empty.svg");
     WriteVtu(empty, sFolder + "empty.vtu");
 }

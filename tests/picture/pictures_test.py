@@ -29,6 +29,26 @@ CELLS = [
 ]
 ARRAYS = ("ElementId", "PropertyId", "MaterialId", "Kind")
 
+# what isn't 0: of nodes by id, and of cells by element
+POINT_VALUES = {
+    "Held1": {1: 1, 2: 1, 3: 1},
+    "Held4": {1: 1},
+    "Mass": {22: 1},
+    "Force case 1": {15: (0, 0, 10)},
+}
+CELL_VALUES = {
+    "Thickness": {105: 2.5, 106: 2.5},
+    "Pressure case 1": {102: 0.5, 105: -0.5},
+}
+GRAVITY = [0, 0, -9.81]
+NAMES = {"Property": [(2, "PSHELL 2"), (6, "PBUSH 6")], "Material": [(4, "MAT1 4")]}
+
+
+def others(ids, values):
+    """The values that aren't 0, by id; those of one component by themselves."""
+    tuples = ((int(i), tuple(v) if hasattr(v, "__len__") else (v,)) for i, v in zip(ids, values))
+    return {i: v if len(v) > 1 else v[0] for i, v in tuples if any(v)}
+
 
 def check_xml(folder):
     for name in ("model.svg", "empty.svg", "model.vtu", "empty.vtu"):
@@ -60,12 +80,33 @@ def check_vtk(folder):
     assert found == CELLS, found
     assert grid.GetPoint(15) == (0.0, 1.0, 2.0), grid.GetPoint(15)
 
+    def values(data, name):
+        array = data.GetArray(name)
+        return [array.GetTuple(i) for i in range(array.GetNumberOfTuples())]
+
+    points, cells, fields = grid.GetPointData(), grid.GetCellData(), grid.GetFieldData()
+    for name, expected in POINT_VALUES.items():
+        assert others((t[0] for t in values(points, "NodeId")), values(points, name)) == expected, name
+    for name, expected in CELL_VALUES.items():
+        assert others((t[0] for t in values(cells, "ElementId")), values(cells, name)) == expected, name
+    assert fields.GetArray("Gravity case 1").GetTuple(0) == tuple(GRAVITY)
+    for what, expected in NAMES.items():
+        ids, texts = fields.GetArray(what + "Ids"), fields.GetAbstractArray(what + "Names")
+        found = [(int(ids.GetValue(i)), texts.GetValue(i)) for i in range(texts.GetNumberOfValues())]
+        assert found == expected, found
+
 
 def check_meshio(folder):
     import meshio
 
     types = {1: "vertex", 3: "line", 5: "triangle", 9: "quad", 10: "tetra", 12: "hexahedron", 13: "wedge"}
-    mesh = meshio.read(os.path.join(folder, "model.vtu"))
+    path = os.path.join(folder, "model.vtu")
+    tree = xml.etree.ElementTree.parse(path)  # it refuses any array of texts
+    for field in tree.iter("FieldData"):
+        for texts in field.findall("Array"):
+            field.remove(texts)
+    tree.write(path)
+    mesh = meshio.read(path)
     ids = mesh.point_data["NodeId"]
     found = []
     for i, block in enumerate(mesh.cells):
@@ -76,6 +117,12 @@ def check_meshio(folder):
     expected[2] = ("wedge", [5, 6, 7, 13, 14, 15], *CELLS[2][2:])  # it turns wedges to an order of its own
     assert found == expected, found
     assert list(mesh.points[15]) == [0.0, 1.0, 2.0], mesh.points[15]
+    for name, expected in POINT_VALUES.items():
+        assert others(ids, mesh.point_data[name]) == expected, name
+    for name, expected in CELL_VALUES.items():
+        pairs = [(i, v) for k, _ in enumerate(mesh.cells)
+                 for i, v in zip(mesh.cell_data["ElementId"][k], mesh.cell_data[name][k])]
+        assert others(*zip(*pairs)) == expected, name
 
 
 reader, program = sys.argv[1:]
