@@ -32,7 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSi
     CAccount account;
     if (run.Convert("DECK.DAT", {.pOBSERVER = &account})) {
         account.EndRun(run.GetDataPool());
-        check.aREVIEW = ReviewTotals(check.totals, TotalFile(run.GetDataPool()), &account);
+        check.aREVIEW = ReviewTotals(check.totals, TotalFile(run.GetDataPool()), &account, check.findings);
     }
     CheckTable("DECK.DAT", check, [](const std::string& s) { return s; });
     CheckJson(check);

@@ -3,7 +3,7 @@
 #include "platform/File.h"
 
 #include <algorithm>
-#include <cstring>
+#include <utility>
 
 namespace {
 constexpr std::size_t BUFFER_SIZE = std::size_t(256) * 1024;
@@ -26,8 +26,14 @@ void CFile::CountFlush() {
     m_nFlushed += m_nUsed;
 }
 
-void CFile::Write(std::string_view sText) {
-    if (sText.empty()) return;
-    std::memcpy(Reserve(sText.size()), sText.data(), sText.size());
-    Commit(sText.size());
+void CFile::Append(CTextPiece& rPiece) {
+    if (rPiece.m_nUsed <= m_nBuffer - m_nUsed) {
+        Write({rPiece.m_pBuffer.get(), rPiece.m_nUsed});
+    } else {
+        Flush();
+        std::swap(m_pBuffer, rPiece.m_pBuffer);
+        std::swap(m_nBuffer, rPiece.m_nBuffer);
+        m_nUsed = rPiece.m_nUsed;
+    }
+    rPiece.m_nUsed = 0;
 }

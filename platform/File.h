@@ -2,6 +2,8 @@
 // Files as the converter needs them: a deck that is read, an output file that is written, and how the two are told
 // apart. Paths are UTF-8 on every platform.
 
+#include "platform/TextSink.h"
+
 #include <compare>
 #include <cstddef>
 #include <cstdint>
@@ -103,12 +105,9 @@ class CFileTooLong : public CFileException {
 
 /// The output file: bytes go out unchanged, through a buffer, in the order written. Every operation but Abort
 /// throws CFileException when the file fails.
-class CFile {
+class CFile : public CTextSink {
   public:
-    CFile() = default;
-    CFile(const CFile&) = delete;
-    CFile& operator=(const CFile&) = delete;
-    ~CFile() { Abort(); }
+    ~CFile() override { Abort(); }
 
     /// Before Create: most bytes that the file may have. A longer one raises CFileTooLong, and what would pass the
     /// limit isn't written.
@@ -126,14 +125,9 @@ class CFile {
     /// isn't.
     int JoinStandardStream(const T_TARGET_D& rTarget, const std::string& sShown);
 
-    /// Room for nSize bytes at the end of what was written; Commit takes those that were filled.
-    char* Reserve(std::size_t nSize) {
-        if (nSize > m_nBuffer - m_nUsed) MakeRoom(nSize);
-        return m_pBuffer.get() + m_nUsed;
-    }
-    void Commit(std::size_t nSize) { m_nUsed += nSize; }
+    /// Takes a text away, without a copy if it is long.
+    void Append(CTextPiece& rPiece);
 
-    void Write(std::string_view sText);
     void Flush();
 
     /// Writes what is buffered and closes; a close that fails counts as a failed write.
@@ -143,14 +137,11 @@ class CFile {
     void Abort() noexcept;
 
   private:
-    void MakeRoom(std::size_t nSize);
+    void MakeRoom(std::size_t nSize) override;
     void CountFlush();
 
     std::intptr_t m_iHandle = -1;
-    std::string m_sPath;               // as failures name it
-    std::unique_ptr<char[]> m_pBuffer; // not initialized: a small file touches little of it
-    std::size_t m_nBuffer = 0;
-    std::size_t m_nUsed = 0;
+    std::string m_sPath; // as failures name it
     std::uint64_t m_nMost = std::numeric_limits<std::uint64_t>::max();
     std::uint64_t m_nFlushed = 0; // bytes of the file so far
 };

@@ -2,7 +2,19 @@
 
 #include "platform/Worker.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <utility>
+
+std::size_t ChooseThreads(std::size_t nWanted) noexcept {
+    constexpr unsigned long MOST = 1024;
+    if (nWanted > 0) return nWanted;
+    const char* const sNumber = std::getenv("CONVERTNASTRAN_THREADS");
+    char* pEnd = nullptr;
+    const unsigned long nNumber = sNumber ? std::strtoul(sNumber, &pEnd, 10) : 0;
+    const bool bNumber = nNumber > 0 && *pEnd == '\0';
+    return bNumber ? std::min(nNumber, MOST) : CountCores();
+}
 
 CWorker::CWorker(std::function<void()> function, bool bBeside) : m_function(std::move(function)) {
     if (bBeside) m_pThread.reset(Begin(*this));

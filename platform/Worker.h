@@ -9,6 +9,10 @@
 /// Number of threads that the system lets this process run at a time; at least 1.
 std::size_t CountCores() noexcept;
 
+/// nWanted threads or, if that is 0, as many as the environment variable CONVERTNASTRAN_THREADS says, or else one for
+/// each core.
+std::size_t ChooseThreads(std::size_t nWanted) noexcept;
+
 /// Runs a function once. Where no thread can be had, the function runs when somebody waits for it.
 class CWorker {
   public:

@@ -250,8 +250,10 @@ std::string Describe(const T_WORD_D& rWord, const T_NOTE_D& rNote) {
 const std::set<E_NOTE> OF_TEXT = {NOTE_UNKNOWN_WORD, NOTE_CUT_OFF,     NOTE_STRAY_LINE, NOTE_REPLICATION,
                                   NOTE_NO_BULK,      NOTE_ENDED_EARLY, NOTE_PART,       NOTE_CONTROL_INCLUDE};
 
-/// Losses that change results, of the first cards of a row that lost anything; else of text.
-std::vector<std::string> Explain(const CAccount& rAccount, const std::vector<std::string_view>& rCards) {
+/// Losses that change results, of the first cards of a row that lost anything; else of text; else errors of these
+/// cards, which mean nothing in the deck while the converter takes them for something.
+std::vector<std::string> Explain(const CAccount& rAccount, const CFindings& rFindings,
+                                 const std::vector<std::string_view>& rCards) {
     constexpr std::size_t MOST = 5;
     std::vector<std::string> aWhy;
     const auto look = [&](std::string_view sCards) {
@@ -273,6 +275,13 @@ std::vector<std::string> Explain(const CAccount& rAccount, const std::vector<std
             if (aWhy.size() < MOST && OF_TEXT.contains(rNote.eNOTE)) aWhy.push_back(Describe(*pWord, rNote));
         }
     }
+    if (!aWhy.empty()) return aWhy;
+    for (const T_FINDING_D& rFinding : rFindings.GetAll()) {
+        const auto isIts = [&](std::string_view sCards) { return BeginsWithAny(rFinding.sKEYWORD, sCards); };
+        if (rFinding.pKIND->eSEVERITY != SEVERITY_ERROR || !std::ranges::any_of(rCards, isIts)) continue;
+        if (aWhy.size() < MOST)
+            aWhy.push_back(rFinding.sKEYWORD + ": an error of the deck: " + rFinding.pKIND->sMEANING);
+    }
     return aWhy;
 }
 
@@ -285,7 +294,8 @@ bool AreSame(const T_SUMROW_D& rA, const T_SUMROW_D& rB) {
 
 } // namespace
 
-std::vector<T_REVIEWROW_D> ReviewTotals(const T_TOTALS_D& rDeck, const T_TOTALS_D& rFile, const CAccount* pAccount) {
+std::vector<T_REVIEWROW_D> ReviewTotals(const T_TOTALS_D& rDeck, const T_TOTALS_D& rFile, const CAccount* pAccount,
+                                        const CFindings& rFindings) {
     // What both have is in the same order in both.
     const std::vector<T_SUMROW_D> aDeck = ListSums(rDeck), aFile = ListSums(rFile);
     std::set<std::pair<std::string_view, std::string_view>> inFile;
@@ -296,7 +306,7 @@ std::vector<T_REVIEWROW_D> ReviewTotals(const T_TOTALS_D& rDeck, const T_TOTALS_
         const auto isNothing = [](double d) { return d == 0.0 || std::isnan(d); };
         if (bSame && (rA.bHIDDEN || (isNothing(rA.dVALUE) && isNothing(rB.dVALUE)))) return;
         T_REVIEWROW_D row{rA.sGROUP, rA.sNAME, rA.dVALUE, rB.dVALUE, rA.bCOUNT, !bSame, {}};
-        if (row.bDIFFERS && pAccount) row.aWHY = Explain(*pAccount, rA.aCARDS);
+        if (row.bDIFFERS && pAccount) row.aWHY = Explain(*pAccount, rFindings, rA.aCARDS);
         aRows.push_back(std::move(row));
     };
     const auto without = [](const T_SUMROW_D& r) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <span>
 #include <string>
 
 namespace {
@@ -27,6 +28,11 @@ constexpr T_SHAPE_D SHAPES[] = {
     {"H", 4},   {"HAT", 4}, {"HAT1", 5}, {"HEXA", 3}, {"I", 6},     {"I1", 4},    {"L", 4},     {"ROD", 1},
     {"T", 4},   {"T1", 4},  {"T2", 4},   {"TUBE", 2}, {"TUBE2", 2}, {"Z", 4},
 };
+
+// Words of PLOAD1.
+constexpr std::string_view LOAD_TYPES[] = {"FX", "FY", "FZ", "FXE", "FYE", "FZE",
+                                           "MX", "MY", "MZ", "MXE", "MYE", "MZE"};
+constexpr std::string_view LOAD_SCALES[] = {"LE", "FR", "LEPR", "FRPR"};
 
 /// One rule after the other may tell of the card.
 class CValueRules {
@@ -66,6 +72,17 @@ class CValueRules {
         if (m_rCard.IsBlank(iMaterial + 1)) Complain(FIELD_BLANK, "T1 is blank");
     }
 
+    /// A blank field is told by the table of cards.
+    void CheckWord(std::size_t i, std::span<const std::string_view> aWords, const char* sName) const {
+        const auto isIt = [&](std::string_view sWord) { return m_rCard.Is(i, sWord); };
+        if (m_rCard.IsBlank(i) || std::ranges::any_of(aWords, isIt)) return;
+        Complain(FIELD_NUMBER, sName + (" is " + std::string(m_rCard.Text(i))) + ", which isn't one of its words");
+    }
+    void CheckPLOAD1() const {
+        CheckWord(2, LOAD_TYPES, "TYPE");
+        CheckWord(3, LOAD_SCALES, "SCALE");
+    }
+
   private:
     void Complain(E_REFERENCE eKind, const std::string& sText) const {
         Tell(m_rFindings, eKind, m_rPlace, [&] { return sText; });
@@ -88,6 +105,7 @@ void CheckValues(const CCardFields& rCard, const T_CARDPLACE_D& rPlace, CFinding
     if (rPlace.sKEYWORD == "MAT1") return rules.CheckMAT1();
     if (rPlace.sKEYWORD == "CONROD") return rules.CheckRod(CONROD_AREA);
     if (rPlace.sKEYWORD == "PROD") return rules.CheckRod(2);
+    if (rPlace.sKEYWORD == "PLOAD1") return rules.CheckPLOAD1();
     if (rPlace.sKEYWORD == "PBAR") return rules.CheckPBAR();
     if (rPlace.sKEYWORD == "PBARL") return rules.CheckPBARL();
     if (rPlace.sKEYWORD == "PCOMP") return rules.CheckPlies(8);

@@ -9,5 +9,5 @@ constexpr std::size_t CONROD_AREA = 4;
 /// Whether a rod has an area, or else a stiffness against turning, which is in the next field.
 bool HasStiffness(const CCardFields& rCard, std::size_t iArea);
 
-/// Looks at the values of properties and materials that depend on each other.
+/// Looks at the values of properties and materials that depend on each other, and at the words of loads on bars.
 void CheckValues(const CCardFields& rCard, const T_CARDPLACE_D& rPlace, CFindings& rFindings);

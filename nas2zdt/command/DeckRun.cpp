@@ -206,7 +206,8 @@ void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
     CConvertNastran run(dialogs);
     CFileSums sums(run.GetDataPool(), m_rOptions.CountThreads() > 1);
     if (m_pCheck) m_pSums = &sums;
-    const T_CONVERT_D wanted{watch.IsNeeded() ? &watch : nullptr, this, m_rJob.sDECK, m_rOptions.limits};
+    const T_CONVERT_D wanted{watch.IsNeeded() ? &watch : nullptr, this, m_rJob.sDECK, m_rOptions.limits,
+                             m_rOptions.CountThreads()};
     const bool bEnded = run.Convert(sDeck, wanted) != 0;
     progress.Clear();
     m_result.aLOG = run.GetMsgMgr().GetMessages();
@@ -218,7 +219,7 @@ void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
         m_result.bACCOUNT = true;
     }
     if (m_pCheck) {
-        m_pCheck->aREVIEW = ReviewTotals(m_pCheck->totals, sums.Take(), m_pAccount.get());
+        m_pCheck->aREVIEW = ReviewTotals(m_pCheck->totals, sums.Take(), m_pAccount.get(), m_pCheck->findings);
     }
     if (dialogs.m_sFileError.empty()) {
         FinishTarget();

@@ -49,7 +49,7 @@ struct T_OPTIONS_D {
     /// Whether the deck is joined or restated before it is converted.
     bool IsPrepared() const { return bFLATTEN || bFAITHFUL; }
 
-    std::size_t CountThreads() const { return nTHREADS == 0 ? CountCores() : nTHREADS; }
+    std::size_t CountThreads() const { return ChooseThreads(nTHREADS); }
 
     /// Whether losses are counted, and whether those that change no result are, too.
     bool NeedsAccount() const {

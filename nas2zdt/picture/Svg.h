@@ -4,6 +4,7 @@
 #include "nas2zdt/picture/Colours.h"
 #include "nas2zdt/picture/Drawing.h"
 #include "nas2zdt/text/Escape.h"
+#include "platform/File.h"
 #include "writer/Format.h"
 
 #include <array>

@@ -28,7 +28,7 @@ std::vector<T_REVIEWROW_D> ReviewDeck(const std::string& sPath, const CTempFolde
     WriteText(rFolder.Path("copy.dat"), ReadText(sPath));
     EXPECT_EQ(run.Convert(rFolder.Path("copy.dat"), {.pOBSERVER = &account}), 1);
     account.EndRun(run.GetDataPool());
-    return ReviewTotals(TotalDeck(sPath, {}), TotalFile(run.GetDataPool()), &account);
+    return ReviewTotals(TotalDeck(sPath, {}), TotalFile(run.GetDataPool()), &account, {});
 }
 
 /// "$ group: name = value; name = value" of comments, by "group: name".
@@ -74,7 +74,7 @@ std::string ShowMasses(const std::string& sCards) {
     WriteText(folder.Path("deck.dat"), "CEND\nBEGIN BULK\n" + sCards + "ENDDATA\n");
     const T_TOTALS_D totals = TotalDeck(folder.Path("deck.dat"), {});
     std::string sShown;
-    for (const T_REVIEWROW_D& rRow : ReviewTotals(totals, totals, nullptr)) {
+    for (const T_REVIEWROW_D& rRow : ReviewTotals(totals, totals, nullptr, {})) {
         if (rRow.sGROUP != "mass") continue;
         std::array<char, 80> aText;
         std::snprintf(aText.data(), aText.size(), "%s%s %g", sShown.empty() ? "" : ", ", rRow.sNAME.c_str(),

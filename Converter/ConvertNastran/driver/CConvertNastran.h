@@ -51,6 +51,7 @@ struct T_CONVERT_D {
     COutput* pOUTPUT = nullptr;         // takes the model, instead of a file beside the deck
     std::string sDECKNAME = {};         // what the log calls the deck, instead of its path
     T_LIMITS_D limits = {};
+    std::size_t nTHREADS = 0; // that may work at a time; 0 for what ChooseThreads says
 };
 
 /// Converts one deck; made anew for each run.
@@ -92,8 +93,8 @@ class CConvertNastran {
 
     /// The one way to the output file, see writer/Format.h.
     template <class... ARGS>
-    static int WriteLine(CFile& rFile, T_FORMAT_D<std::type_identity_t<ARGS>...> format, const ARGS&... args) {
-        FormatTo(rFile, format, args...);
+    static int WriteLine(CTextSink& rSink, T_FORMAT_D<std::type_identity_t<ARGS>...> format, const ARGS&... args) {
+        FormatTo(rSink, format, args...);
         return 1;
     }
 
@@ -269,6 +270,7 @@ class CConvertNastran {
     std::unique_ptr<CDataPool> m_pDataPool;
     std::unique_ptr<CZdtMsgMgr> m_pMsgMgr;
     T_CONVERT_D m_options;
+    std::size_t m_nThreads = 1; // that may work at a time
     T_FAIL_D m_failure;
 
     CDeckList m_aIncludeFiles;            // the main deck, too

@@ -3,6 +3,7 @@
 #include "driver/CConvertNastran.h"
 #include "messages/MsgDll.h"
 #include "messages/ZdtMsgMgr.h"
+#include "platform/Worker.h"
 #include "reader/DeckObserver.h"
 #include "store/DataPool.h"
 
@@ -33,6 +34,7 @@ CConvertNastran::~CConvertNastran() = default;
 int CConvertNastran::Convert(const std::string& sPath, const T_CONVERT_D& rOptions) {
     try {
         m_options = rOptions;
+        m_nThreads = ChooseThreads(rOptions.nTHREADS);
         m_failure = {};
         m_nPSHELL = 0;
         m_card.pUSE = m_options.pOBSERVER ? &m_fieldUse : nullptr;

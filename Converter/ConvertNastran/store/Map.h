@@ -188,6 +188,14 @@ class CMap {
         CPosition begin() const { return {*this, 0}; }
         CPosition end() const { return {*this, m_aPlaces.size()}; }
 
+        /// Those from iBegin on before iEnd. The walk must outlive it.
+        struct T_PART_D {
+            CPosition first, last;
+            CPosition begin() const { return first; }
+            CPosition end() const { return last; }
+        };
+        T_PART_D Part(std::size_t iBegin, std::size_t iEnd) const { return {{*this, iBegin}, {*this, iEnd}}; }
+
       private:
         /// Store order leads all over the memory, which takes long to answer: a record is asked for some steps before
         /// its turn.

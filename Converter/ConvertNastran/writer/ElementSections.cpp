@@ -2,21 +2,22 @@
 
 #include "driver/CConvertNastran.h"
 #include "store/DataPool.h"
+#include "writer/Pieces.h"
 #include "writer/Section.h"
 #include "writer/rows/ElementRows.h"
 
 namespace {
 
-void WriteTruss(CFile& rFile, const T_TRUSS_ROW& r) {
-    WriteLine(rFile, "  %d, TRUSS, %d, %d, %d, %d, 0\n", r.iEID, r.iMID, r.iPID, r.iNODE1, r.iNODE2);
+void WriteTruss(CTextSink& rSink, const T_TRUSS_ROW& r) {
+    WriteLine(rSink, "  %d, TRUSS, %d, %d, %d, %d, 0\n", r.iEID, r.iMID, r.iPID, r.iNODE1, r.iNODE2);
 }
 
-void WritePlate(CFile& rFile, const T_PLATE_ROW& r) {
+void WritePlate(CTextSink& rSink, const T_PLATE_ROW& r) {
     const auto& n = r.aNODES;
     if (r.bPLANESTRESS) {
-        WriteLine(rFile, "%d, PLSTRS, %d, %d, %d, %d, %d, %d, 1\n", r.iEID, r.iMID, r.iPID, n[0], n[1], n[2], n[3]);
+        WriteLine(rSink, "%d, PLSTRS, %d, %d, %d, %d, %d, %d, 1\n", r.iEID, r.iMID, r.iPID, n[0], n[1], n[2], n[3]);
     } else {
-        WriteLine(rFile, "%d, PLATE, %d, %d, %d, %d, %d, %d, 1\n", r.iEID, r.iMID, r.iPID, n[0], n[1], n[2], n[3]);
+        WriteLine(rSink, "%d, PLATE, %d, %d, %d, %d, %d, %d, 1\n", r.iEID, r.iMID, r.iPID, n[0], n[1], n[2], n[3]);
     }
 }
 
@@ -25,11 +26,14 @@ void WritePlate(CFile& rFile, const T_PLATE_ROW& r) {
 int CConvertNastran::WriteNodeSection(CFile& rFile) {
     if (GetDataPool().NODS.IsEmpty()) return 1;
     WriteLine(rFile, "*NODE\n");
-    const CRowVisitor visitor{
-        [&](const T_NODE_ROW& r) { WriteLine(rFile, "  %d, %g, %g, %g\n", r.iNODE, r.dX, r.dY, r.dZ); },
-        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
+    const auto format = [&](const auto& rPart, CTextSink& rSink, const auto& tell) {
+        const CRowVisitor visitor{
+            [&](const T_NODE_ROW& r) { WriteLine(rSink, "  %d, %g, %g, %g\n", r.iNODE, r.dX, r.dY, r.dZ); },
+            tell,
+        };
+        ForEachNode(GetDataPool(), rPart, visitor);
     };
-    ForEachNode(GetDataPool(), visitor);
+    WriteRows(rFile, GetDataPool().NODS.Sorted(), m_nThreads, format, [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); });
     return WriteLine(rFile, "\n");
 }
 
@@ -37,24 +41,27 @@ int CConvertNastran::WriteNodeSection(CFile& rFile) {
 int CConvertNastran::WriteElementSection(CFile& rFile) {
     if (GetDataPool().ELEM.IsEmpty()) return 1;
     WriteLine(rFile, "*ELEMENT\n");
-    const CRowVisitor visitor{
-        [&](const T_TRUSS_ROW& r) { WriteTruss(rFile, r); },
-        [&](const T_BEAM_ROW& r) {
-            WriteLine(rFile, "  %d, BEAM, %d, %d, %d, %d, REF, %g, %g, %g\n", r.iEID, r.iMID, r.iPID, r.iNODE1,
-                      r.iNODE2, r.dX, r.dY, r.dZ);
-        },
-        [&](const T_TUBE_ROW& r) {
-            WriteLine(rFile, "  %d, BEAM, %d, %d, %d, %d\n", r.iEID, r.iMID, r.iPID, r.iNODE1, r.iNODE2);
-        },
-        [&](const T_PLATE_ROW& r) { WritePlate(rFile, r); },
-        [&](const T_SOLID_ROW& r) {
-            const auto& n = r.aNODES;
-            WriteLine(rFile, "%d, SOLID, %d, 0, %d, %d, %d, %d, %d, %d, %d, %d\n", r.iEID, r.iMID, n[0], n[1], n[2],
-                      n[3], n[4], n[5], n[6], n[7]);
-        },
-        [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); },
+    const auto format = [&](const auto& rPart, CTextSink& rSink, const auto& tell) {
+        const CRowVisitor visitor{
+            [&](const T_TRUSS_ROW& r) { WriteTruss(rSink, r); },
+            [&](const T_BEAM_ROW& r) {
+                WriteLine(rSink, "  %d, BEAM, %d, %d, %d, %d, REF, %g, %g, %g\n", r.iEID, r.iMID, r.iPID, r.iNODE1,
+                          r.iNODE2, r.dX, r.dY, r.dZ);
+            },
+            [&](const T_TUBE_ROW& r) {
+                WriteLine(rSink, "  %d, BEAM, %d, %d, %d, %d\n", r.iEID, r.iMID, r.iPID, r.iNODE1, r.iNODE2);
+            },
+            [&](const T_PLATE_ROW& r) { WritePlate(rSink, r); },
+            [&](const T_SOLID_ROW& r) {
+                const auto& n = r.aNODES;
+                WriteLine(rSink, "%d, SOLID, %d, 0, %d, %d, %d, %d, %d, %d, %d, %d\n", r.iEID, r.iMID, n[0], n[1], n[2],
+                          n[3], n[4], n[5], n[6], n[7]);
+            },
+            tell,
+        };
+        ForEachElement(GetDataPool(), rPart, visitor);
     };
-    ForEachElement(GetDataPool(), visitor);
+    WriteRows(rFile, SortElements(GetDataPool()), m_nThreads, format, [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); });
     return WriteLine(rFile, "\n");
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 // printf formats that the compiler checks and that come out the same on every platform and under every locale.
 
-#include "platform/File.h"
+#include "platform/TextSink.h"
 #include "writer/Numbers.h"
 
 #include <algorithm>
@@ -120,24 +120,24 @@ char* PutPart(char* p, std::string_view sLiteral, std::size_t nWidth, const VALU
     return p + nWidth;
 }
 
-/// Formats the arguments at the end of rFile. Throws CFileException.
+/// Formats the arguments at the end of rSink. Throws CFileException if that is a file.
 template <class... ARGS>
-void FormatTo(CFile& rFile, const T_FORMAT_D<ARGS...>& rFormat, const ARGS&... args) {
+void FormatTo(CTextSink& rSink, const T_FORMAT_D<ARGS...>& rFormat, const ARGS&... args) {
     std::size_t i = 0;
     std::size_t nRoom = rFormat.Literal(sizeof...(ARGS)).size();
     ((nRoom += rFormat.Literal(i).size() + rFormat.Width(i) + LongestText(args), ++i), ...);
-    char* const pBegin = rFile.Reserve(nRoom);
+    char* const pBegin = rSink.Reserve(nRoom);
     char* p = pBegin;
     i = 0;
     ((p = PutPart(p, rFormat.Literal(i), rFormat.Width(i), args), ++i), ...);
     p = PutLiteral(p, rFormat.Literal(sizeof...(ARGS)));
-    rFile.Commit(static_cast<std::size_t>(p - pBegin));
+    rSink.Commit(static_cast<std::size_t>(p - pBegin));
 }
 
 /// The one way to the output file: sends a line made of a printf format and its arguments, which are checked against it
-/// by the compiler. Adds no line feed. Always 1. Throws CFileException.
+/// by the compiler. Adds no line feed. Always 1. Throws as FormatTo.
 template <class... ARGS>
-int WriteLine(CFile& rFile, T_FORMAT_D<std::type_identity_t<ARGS>...> format, const ARGS&... args) {
-    FormatTo(rFile, format, args...);
+int WriteLine(CTextSink& rSink, T_FORMAT_D<std::type_identity_t<ARGS>...> format, const ARGS&... args) {
+    FormatTo(rSink, format, args...);
     return 1;
 }

@@ -16,10 +16,10 @@ struct T_NODE_ROW {
     double dX, dY, dZ;
 };
 
-/// By ascending id of the deck.
-template <class VISITOR>
-void ForEachNode(const CDataPool& rPool, const VISITOR& rVisitor) {
-    for (const auto& [iID, rNode] : rPool.NODS.Sorted()) {
+/// By ascending id of the deck: rWalk is rPool.NODS.Sorted() or a part of it.
+template <class WALK, class VISITOR>
+void ForEachNode(const CDataPool& rPool, const WALK& rWalk, const VISITOR& rVisitor) {
+    for (const auto& [iID, rNode] : rWalk) {
         const std::int32_t iOut = rPool.MapNodeId(iID);
         if (iOut == iID) {
             rVisitor(T_NODE_ROW{iOut, rNode.dGX, rNode.dGY, rNode.dGZ});
@@ -29,6 +29,11 @@ void ForEachNode(const CDataPool& rPool, const VISITOR& rVisitor) {
             rVisitor(T_LEFT_D{LEFT_GRID_RENUMBERED, iID});
         }
     }
+}
+
+template <class VISITOR>
+void ForEachNode(const CDataPool& rPool, const VISITOR& rVisitor) {
+    ForEachNode(rPool, rPool.NODS.Sorted(), rVisitor);
 }
 
 struct T_TRUSS_ROW {
@@ -128,14 +133,23 @@ void VisitElement(const CDataPool& rPool, std::int32_t iEID, const T_ELEM_D& rEl
     if (!pProperty) TellMissingProperty(iEID, rElement, rVisitor);
 }
 
-/// By ascending id, all but the masses, bushes and gaps, which go to other sections.
-template <class VISITOR>
-void ForEachElement(const CDataPool& rPool, const VISITOR& rVisitor) {
-    const auto isHere = [](std::uint16_t nTraits) {
+/// Elements by ascending id, all but the masses, bushes and gaps, which go to other sections.
+inline auto SortElements(const CDataPool& rPool) {
+    return rPool.ELEM.Sorted([](std::uint16_t nTraits) {
         const std::int32_t iType = TypeOfTraits(nTraits);
         return iType != TYPE_MASS && iType != TYPE_BUSH && iType != TYPE_GAP;
-    };
-    for (const auto& [iEID, rElement] : rPool.ELEM.Sorted(isHere)) VisitElement(rPool, iEID, rElement, rVisitor);
+    });
+}
+
+/// rWalk is SortElements or a part of it.
+template <class WALK, class VISITOR>
+void ForEachElement(const CDataPool& rPool, const WALK& rWalk, const VISITOR& rVisitor) {
+    for (const auto& [iEID, rElement] : rWalk) VisitElement(rPool, iEID, rElement, rVisitor);
+}
+
+template <class VISITOR>
+void ForEachElement(const CDataPool& rPool, const VISITOR& rVisitor) {
+    ForEachElement(rPool, SortElements(rPool), rVisitor);
 }
 
 /// CONRODs in store order. Their property is always 1: there's no section for the area on the card.
