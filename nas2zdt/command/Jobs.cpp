@@ -3,6 +3,7 @@
 #include "nas2zdt/command/Jobs.h"
 
 #include "driver/CConvertNastran.h"
+#include "nas2zdt/report/Page.h"
 #include "platform/Paths.h"
 
 #include <map>
@@ -60,7 +61,7 @@ class COutputs {
     std::map<std::pair<T_FILEID_D, std::string>, std::string> m_mapPlaces;
 };
 
-/// An error if sFile can't take the picture, grid or log, else empty.
+/// An error if sFile can't take the picture, grid, page or log, else empty.
 std::string TestOutput(const std::string& sFile, const std::string& sWhat, COutputs& rOutputs) {
     if (IsFolder(sFile)) return sFile + ": is a folder";
     std::string sWrong = TestFolderOf(sFile);
@@ -72,15 +73,16 @@ std::string TestOutput(const std::string& sFile, const std::string& sWhat, COutp
 /// An error if the options don't fit the number of decks, else empty.
 std::string TestUsage(const T_OPTIONS_D& rOptions, bool bFolder) {
     const bool bChosen = rOptions.choice.iSUBCASE || rOptions.choice.iPART != 0;
-    const bool bCheck = rOptions.eCHECK != WANTED_NONE;
+    const bool bCheck = rOptions.NeedsCheck();
     if (!rOptions.bFAITHFUL && !rOptions.sRESTATED.empty()) return "--restated needs --faithful";
-    if (!rOptions.bFAITHFUL && !bCheck && bChosen) return "--subcase and --super need --faithful or --check";
+    if (!rOptions.bFAITHFUL && !bCheck && bChosen) return "--subcase and --super need --faithful, --check or --report";
     if (!rOptions.IsPrepared() && !bCheck && !rOptions.choice.join.mapFOLDERS.empty())
-        return "--logical needs --faithful, --flatten or --check";
-    if (!bCheck && rOptions.dTOLERANCE >= 0.0) return "--tolerance needs --check";
+        return "--logical needs --faithful, --flatten, --check or --report";
+    if (!bCheck && rOptions.dTOLERANCE >= 0.0) return "--tolerance needs --check or --report";
     if (rOptions.aDECKS.size() == 1) return {};
     if (!rOptions.sOUTPUT.empty() && !bFolder) return "-o must name a folder for several decks: " + rOptions.sOUTPUT;
     if (!rOptions.sVIEW.empty() || !rOptions.sVTU.empty()) return "--view and --vtu take one deck";
+    if (!rOptions.sREPORT.empty()) return "--report takes one deck";
     if (!rOptions.sRESTATED.empty()) return "--restated takes one deck";
     return {};
 }
@@ -97,6 +99,10 @@ T_JOBS_D PlanJobs(const T_OPTIONS_D& rOptions) {
     if (!jobs.sUSAGE.empty()) return jobs;
     if (bNamesFolder && !IsFolder(sOutput)) jobs.sFAILURE = sOutput + ": no such folder";
     if (!sOutput.empty() && !bFolder) jobs.sFAILURE = TestFolderOf(sOutput);
+    if (!rOptions.sREPORT.empty() && !GetReportPage()) {
+        jobs.sFAILURE = "--report: this command was built without its page; build it with Node.js 18 or later and npm, "
+                        "and cmake -DCONVERTNASTRAN_VIEWER=ON";
+    }
 
     for (const std::string& sDeck : rOptions.aDECKS) {
         T_JOB_D job{sDeck, Target(sDeck, sOutput, bFolder), {}};
@@ -116,6 +122,7 @@ T_JOBS_D PlanJobs(const T_OPTIONS_D& rOptions) {
     }
     const std::pair<const std::string*, const char*> aOthers[] = {{&rOptions.sVIEW, "the picture"},
                                                                   {&rOptions.sVTU, "the grid"},
+                                                                  {&rOptions.sREPORT, "the report"},
                                                                   {&rOptions.sRESTATED, "the restated deck"},
                                                                   {&rOptions.sLOG, "the log"}};
     for (const auto& [pFile, sWhat] : aOthers) {

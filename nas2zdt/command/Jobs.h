@@ -23,5 +23,5 @@ struct T_JOBS_D {
 };
 
 /// Looks at the files that a command line names. A deck is refused if it is given twice or if its result would
-/// overwrite a deck or another result. If the picture, grid or log would overwrite anything, no deck is run.
+/// overwrite a deck or another result. If the picture, grid, page or log would overwrite anything, no deck is run.
 T_JOBS_D PlanJobs(const T_OPTIONS_D& rOptions);

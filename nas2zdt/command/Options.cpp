@@ -143,6 +143,7 @@ constexpr T_OPTION_D OPTIONS[] = {
     {"--logical",      VALUE_NEEDED,  "NAME=FOLDER", "the folder that INCLUDE 'NAME:...' stands for",      &SetLogical},
     {"--view",         VALUE_NEEDED,  "FILE", "draws the resolved model as an SVG picture",                &Keep<&T_OPTIONS_D::sVIEW>},
     {"--vtu",          VALUE_NEEDED,  "FILE", "writes the resolved model as a VTK unstructured grid",      &Keep<&T_OPTIONS_D::sVTU>},
+    {"--report",       VALUE_NEEDED,  "FILE", "writes a page to review the conversion in any browser",     &Keep<&T_OPTIONS_D::sREPORT>},
     {"--limit",        VALUE_NEEDED,  "NAME=N", "sets the limit on ranges, decks, output or frames; none lifts it", &SetLimit},
     {"--log",          VALUE_NEEDED,  "FILE", "saves the log of all decks",                                &Keep<&T_OPTIONS_D::sLOG>},
     {"-q, --quiet",    VALUE_NONE,    "",     "prints errors and warnings, and the account if asked for, but no log",   &Set<&T_OPTIONS_D::bQUIET>},
@@ -171,10 +172,12 @@ struct T_PICTURE_D {
     std::string T_OPTIONS_D::*pFILE;
     std::string_view sEXTENSION;
 };
-constexpr T_PICTURE_D PICTURES[] = {{"--view", &T_OPTIONS_D::sVIEW, ".svg"}, {"--vtu", &T_OPTIONS_D::sVTU, ".vtu"}};
+constexpr T_PICTURE_D PICTURES[] = {{"--view", &T_OPTIONS_D::sVIEW, ".svg"},
+                                    {"--vtu", &T_OPTIONS_D::sVTU, ".vtu"},
+                                    {"--report", &T_OPTIONS_D::sREPORT, ".html"}};
 
-/// Extensions of decks, results, accounts and pictures.
-constexpr std::string_view EXTENSIONS[] = {".dat", ".bdf", ".nas", ".blk", ".zdt", ".json", ".svg", ".vtu"};
+/// Extensions of decks, results, accounts, pictures and pages.
+constexpr std::string_view EXTENSIONS[] = {".dat", ".bdf", ".nas", ".blk", ".zdt", ".json", ".svg", ".vtu", ".html"};
 
 /// Whether sFile has one of these extensions other than sOwn, which suggests a mixed up command line.
 bool HasForeignExtension(std::string sFile, std::string_view sOwn) {
@@ -186,6 +189,7 @@ bool HasForeignExtension(std::string sFile, std::string_view sOwn) {
 } // namespace
 
 int ReadOptions(const std::vector<std::string>& aArgs, T_OPTIONS_D& rOptions, std::string& rWhy) {
+    rOptions.aARGUMENTS = aArgs;
     bool bOptions = true; // until "--"
     for (std::size_t i = 0; i < aArgs.size(); ++i) {
         const std::string& sArg = aArgs[i];

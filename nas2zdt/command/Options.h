@@ -34,17 +34,24 @@ struct T_OPTIONS_D {
     std::string sOUTPUT;      // file or folder; empty for the deck's folder
     std::string sVIEW;        // picture of the model; empty for none
     std::string sVTU;         // grid of the model; empty for none
+    std::string sREPORT;      // page to review the conversion; empty for none
     T_LIMITS_D limits;
     std::vector<std::string> aDECKS;
+    std::vector<std::string> aARGUMENTS; // all of them, as given
 
     /// Whether the deck is joined or restated before it is converted.
     bool IsPrepared() const { return bFLATTEN || bFAITHFUL; }
 
     /// Whether losses are counted, and whether those that change no result are, too.
     bool NeedsAccount() const {
-        return NeedsNotes() || eSTRICT != STRICT_NONE || !bNOWARNINGS || eCHECK != WANTED_NONE;
+        return NeedsNotes() || eSTRICT != STRICT_NONE || !bNOWARNINGS || NeedsCheck();
     }
-    bool NeedsNotes() const { return eACCOUNT != WANTED_NONE || eSTRICT == STRICT_ANY; }
+    bool NeedsNotes() const { return NeedsSections() || eSTRICT == STRICT_ANY; }
+
+    /// Whether the sections of the file are counted.
+    bool NeedsSections() const { return eACCOUNT != WANTED_NONE || !sREPORT.empty(); }
+
+    bool NeedsCheck() const { return eCHECK != WANTED_NONE || !sREPORT.empty(); }
 
     /// Whether standard output is one JSON object.
     bool IsJson() const { return eACCOUNT == WANTED_JSON || eCHECK == WANTED_JSON; }

@@ -222,13 +222,17 @@ T_SCEN_D CollectParts(const CDataPool& rDataPool) {
     return scene;
 }
 
-void CollectLoads(const CDataPool& rDataPool, T_SCEN_D& rScene) {
+void CollectSupports(const CDataPool& rDataPool, T_SCEN_D& rScene) {
     rScene.aHELD.assign(rScene.aIDS.size(), 0);
     const auto hold = [&](const T_CONSTRAINT_ROW& r) { Hold(rScene, r.iNODE, r.bDOF); };
     ForEachConstraint(rDataPool, CRowVisitor{hold, IGNORE_LEFT});
     for (const std::uint8_t nHeld : rScene.aHELD) {
         if (nHeld != 0) ++rScene.aCOUNTS[nHeld == 0x3F ? KIND_FIXED : KIND_SUPPORT].nPRESENT;
     }
+}
+
+void CollectLoads(const CDataPool& rDataPool, T_SCEN_D& rScene) {
+    CollectSupports(rDataPool, rScene);
     const auto force = [&](const T_NODALLOAD_ROW& r) { AddNodalLoad(rScene, KIND_FORCE, r); };
     const auto moment = [&](const T_NODALLOAD_ROW& r) { AddNodalLoad(rScene, KIND_MOMENT, r); };
     const CRowVisitor pressure{

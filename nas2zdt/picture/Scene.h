@@ -115,5 +115,8 @@ struct T_SCEN_D {
 /// The nodes, elements, links and masses of a resolved model.
 T_SCEN_D CollectParts(const CDataPool& rDataPool);
 
+/// Adds supports to what CollectParts gave for the same model.
+void CollectSupports(const CDataPool& rDataPool, T_SCEN_D& rScene);
+
 /// Adds supports, loads and beam references to what CollectParts gave for the same model.
 void CollectLoads(const CDataPool& rDataPool, T_SCEN_D& rScene);

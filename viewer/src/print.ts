@@ -1,0 +1,26 @@
+// Pictures for paper: one a load case, as the model is seen when it is printed.
+
+import { h } from "./dom";
+import type { LoadCase } from "./scene/loads";
+import type { Viewer } from "./scene/viewer";
+
+const MOST_PICTURES = 24;
+
+export function makePrintPictures(viewer: Viewer, cases: LoadCase[]): HTMLElement {
+  const element = h("section", { class: "pictures" });
+  const picture = (loadCase: LoadCase | null) => {
+    const title = loadCase ? `Load case ${loadCase.name}` : "The model";
+    return h("figure", {}, h("img", { src: viewer.picture(loadCase), alt: title }), h("figcaption", {}, title));
+  };
+  window.addEventListener("beforeprint", () => {
+    const figures = (cases.length > 0 ? cases.slice(0, MOST_PICTURES) : [null]).map(picture);
+    const more = cases.length - MOST_PICTURES;
+    element.replaceChildren(
+      h("h2", {}, "Pictures"),
+      ...figures,
+      ...(more > 0 ? [h("p", {}, `${more} other load cases have no picture here.`)] : []),
+    );
+  });
+  window.addEventListener("afterprint", () => element.replaceChildren());
+  return element;
+}
