@@ -16,7 +16,7 @@
 class CBlock : private CByteSink {
   public:
     /// rFile must outlive this object.
-    CBlock(CFile& rFile, std::string_view sId, std::string_view sType);
+    CBlock(CFile& rFile, std::string_view sId, std::string_view sType, E_CONTENT eContent = CONTENT_TEXT);
 
     void Write(std::span<const std::uint8_t> aBytes) { m_deflate.Write(aBytes); }
     void Write(std::string_view sText) {
@@ -41,7 +41,7 @@ class CWordBlock {
   public:
     static constexpr std::size_t CHUNK = 65536;
 
-    CWordBlock(CFile& rFile, std::string_view sId, std::string_view sType) : m_block(rFile, sId, sType) {}
+    CWordBlock(CFile& rFile, std::string_view sId, std::string_view sType) : m_block(rFile, sId, sType, CONTENT_PLANES) {}
 
     template <class VALUE>
     void Add(VALUE value) {
@@ -86,7 +86,7 @@ void WriteBytes(CFile& rFile, std::string_view sId, const ITEMS& rItems, GET get
     std::vector<std::uint8_t> aBytes;
     aBytes.reserve(rItems.size());
     for (const auto& rItem : rItems) aBytes.push_back(get(rItem));
-    CBlock block(rFile, sId, "u8");
+    CBlock block(rFile, sId, "u8", CONTENT_PLANES);
     block.Write(aBytes);
     block.Finish();
 }

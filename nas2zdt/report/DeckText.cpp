@@ -54,6 +54,29 @@ T_READ_D ReadLines(const std::string& sPath, TAKE take) {
     return read;
 }
 
+/// The same without a look at the lines.
+T_READ_D ReadWhole(const std::string& sPath) {
+    T_READ_D read;
+    CDeckFile file;
+    std::string sCause;
+    if (!file.Open(sPath, sCause)) return read;
+    CSha256 hash;
+    std::vector<char> aPiece(std::size_t{1} << 20);
+    std::ptrdiff_t nPiece = 0;
+    char cLast = '\n';
+    while ((nPiece = file.Read(aPiece.data(), aPiece.size())) > 0) {
+        const std::string_view sPiece(aPiece.data(), static_cast<std::size_t>(nPiece));
+        hash.Add(sPiece);
+        read.nBYTES += sPiece.size();
+        read.nLINES += static_cast<std::uint64_t>(std::count(sPiece.begin(), sPiece.end(), '\n'));
+        cLast = sPiece.back();
+    }
+    read.nLINES += cLast != '\n';
+    read.bREAD = nPiece == 0;
+    if (read.bREAD) read.sHASH = hash.Finish();
+    return read;
+}
+
 std::uint64_t SizeOf(const std::vector<std::string>& rNames) {
     std::uint64_t nBytes = 0;
     for (const std::string& sName : rNames) {
@@ -90,6 +113,7 @@ class CWantedLines {
         const std::size_t nText = sLine.find_last_not_of(" \t\r\n") + 1; // blanks in front are columns
         m_sText += JsonText(sLine.substr(0, std::min(nText, MOST_LENGTH)));
     }
+    bool HasAny() const { return m_next != m_end && m_next->iFILE == m_iFile; } // in the file that begins
     void EndFile() { m_bNewFile = true; }
     std::string Text() const { return "[" + m_sText + (m_sText.empty() ? "]" : "]}]"); }
 
@@ -119,12 +143,13 @@ std::string CDeckText::Write(CFile& rFile) {
     for (std::size_t i = 0; i < m_rNames.size(); ++i) {
         lines.Begin(i);
         const std::uint64_t nBefore = nFrom;
-        const T_READ_D read = ReadLines(m_rNames[i], [&](std::int64_t iLine, std::string_view sLine) {
+        const auto take = [&](std::int64_t iLine, std::string_view sLine) {
             lines.Take(iLine, sLine);
             if (!pBlock || nFrom + sLine.size() > m_nMostBytes) return; // it may have grown since
             pBlock->Write(sLine);
             nFrom += sLine.size();
-        });
+        };
+        const T_READ_D read = pBlock || lines.HasAny() ? ReadLines(m_rNames[i], take) : ReadWhole(m_rNames[i]);
         lines.EndFile();
         const bool bHeld = pBlock && nFrom - nBefore == read.nBYTES;
         sFiles += (i == 0 ? "{" : ",{") + read.Members(m_rNames[i]) + "," +
@@ -134,6 +159,6 @@ std::string CDeckText::Write(CFile& rFile) {
     return "\"files\":[" + sFiles + "],\"lines\":" + lines.Text();
 }
 
-std::string FileJson(const std::string& sName, const std::string& sPath) {
-    return "{" + ReadLines(sPath, [](std::int64_t, std::string_view) {}).Members(sName) + "}";
+std::string FileJson(const std::string& sName) {
+    return "{" + ReadWhole(sName).Members(sName) + "}";
 }

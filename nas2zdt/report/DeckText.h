@@ -39,6 +39,5 @@ class CDeckText {
     std::uint64_t m_nMostBytes;
 };
 
-/// A file's size and hash as JSON, with its name: {"name":...,"bytes":...,"sha256":...}; null bytes for a file that
-/// can't be read.
-std::string FileJson(const std::string& sName, const std::string& sPath);
+/// A file as JSON, with the first four of these members.
+std::string FileJson(const std::string& sName);

@@ -13,11 +13,17 @@ class CByteSink {
     virtual void Take(std::span<const std::uint8_t> aBytes) = 0;
 };
 
+/// What is compressed.
+enum E_CONTENT {
+    CONTENT_TEXT,
+    CONTENT_PLANES, // bytes of differences, which come in runs
+};
+
 /// A stream in the zlib format (RFC 1950). Without the library, bytes go through unchanged.
 class CDeflate {
   public:
     /// rSink must outlive this object. Throws std::bad_alloc.
-    explicit CDeflate(CByteSink& rSink);
+    CDeflate(CByteSink& rSink, E_CONTENT eContent);
     ~CDeflate();
     CDeflate(const CDeflate&) = delete;
     CDeflate& operator=(const CDeflate&) = delete;

@@ -4,7 +4,7 @@
 
 struct CDeflate::T_STATE_D {};
 
-CDeflate::CDeflate(CByteSink& rSink) : m_rSink(rSink) {}
+CDeflate::CDeflate(CByteSink& rSink, E_CONTENT) : m_rSink(rSink) {}
 CDeflate::~CDeflate() = default;
 
 void CDeflate::Write(std::span<const std::uint8_t> aBytes) {

@@ -72,7 +72,7 @@ class CPageData {
                JsonMember("warnings", TextArray(m_rReport.aWARNINGS)) + "," +
                JsonMember("control", TextArray(m_rReport.notes.GetControl())) + "," +
                JsonMember("controlLines", m_rReport.notes.CountControl()) + "," +
-               JsonMember("target", FileJson(m_rReport.result.sTARGET, m_rReport.result.sTARGET));
+               JsonMember("target", FileJson(m_rReport.result.sTARGET));
     }
 
     std::string Model() {

@@ -10,13 +10,18 @@ export interface DeckLine {
   text: string;
 }
 
-/** Which cards have the ids that are looked for. */
-const FAMILIES: Record<string, RegExp> = {
+/** Which cards have the ids that are looked for, in their first field. */
+const FAMILIES = {
   node: /^GRID$/,
   element: /^(C(?!ORD)[A-Z]|RBE|RBAR|RROD)/,
   property: /^P(?!ARAM|LOAD|LOT)[A-Z]/,
   material: /^MAT/,
+  frame: /^CORD/,
+  supports: /^SPC(1|ADD)?$/,
+  equations: /^MPC(ADD)?$/,
+  loads: /^(FORCE|MOMENT|PLOAD|GRAV|TEMP|SPCD|LOAD)/,
 };
+export type Family = keyof typeof FAMILIES;
 
 export class Deck {
   private readonly texts: (string[] | null)[];
@@ -65,7 +70,7 @@ export class Deck {
   }
 
   /** The cards of a family with this id, whole; none unless all text is here. */
-  findCards(family: keyof typeof FAMILIES, id: number): DeckLine[] {
+  findCards(family: Family, id: number): DeckLine[] {
     const found = (this.cards ??= this.indexCards()).get(`${family}:${id}`) ?? [];
     return found.flatMap(({ file, line }) => this.cardAt(file, line));
   }

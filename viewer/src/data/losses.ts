@@ -2,7 +2,7 @@
 
 import { readInts } from "./blocks";
 import { beginsCard, type CardTargets, fieldsOf, targetsOf } from "./cards";
-import type { Deck, DeckLine } from "./deck";
+import type { Deck, DeckLine, Family } from "./deck";
 import type { Model } from "./model";
 import type { Finding, Loss, Report } from "./report";
 
@@ -26,6 +26,20 @@ function merge(all: CardTargets, more: CardTargets): void {
   for (const key of ["elements", "nodes", "properties", "materials"] as const) {
     for (const id of more[key]) all[key].push(id);
   }
+}
+
+/** The cards that ids of a loss stand for: what the account calls them, and its keyword. */
+function familyOf(named: string, keyword: string): Family | null {
+  const families: Record<string, Family> = {
+    elements: "element",
+    grids: "node",
+    "loaded grids": "node",
+    properties: "property",
+    "coordinate systems": "frame",
+    combinations: "loads",
+  };
+  if (named !== "sets") return families[named] ?? null;
+  return keyword.startsWith("SPC") ? "supports" : keyword.startsWith("MPC") ? "equations" : "loads";
 }
 
 export class LossPlaces {
@@ -110,14 +124,17 @@ export class LossPlaces {
   private addIds(found: Places, targets: CardTargets, loss: Loss, ids: Int32Array): void {
     const named = /\(ids: ([^)]*)\)/.exec(loss.text)?.[1] ?? "";
     const list = Array.from(ids);
-    const families = { elements: "element", grids: "node", "loaded grids": "node", properties: "property" } as const;
     if (named === "elements") targets.elements = list;
     else if (named === "grids" || named === "loaded grids") targets.nodes = list;
     else if (named === "properties") targets.properties = list;
-    const family = families[named as keyof typeof families];
+    const family = familyOf(named, loss.keyword);
     for (const id of family ? list : []) {
       if (found.lines.length >= MOST_LINES) break;
-      found.lines.push(...this.deck.findCards(family, id));
+      const lines = this.deck.findCards(family as Family, id);
+      found.lines.push(...lines);
+      if (named !== "sets") continue;
+      const begins = lines.flatMap((line, i) => (beginsCard(line.text) ? [i] : []));
+      begins.forEach((from, i) => merge(targets, targetsOf(fieldsOf(lines.slice(from, begins[i + 1]).map((line) => line.text)))));
     }
   }
 

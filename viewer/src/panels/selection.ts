@@ -40,7 +40,7 @@ export class SelectionPanel {
   }
 
   clear(): void {
-    this.element.replaceChildren(h("p", { class: "hint" }, "Click an element or node of the model, or a row of a table."));
+    this.element.replaceChildren(h("p", { class: "hint" }, "Click an element of the model, with the shift key a node, or a row of a table."));
   }
 
   /** What a loss, finding or search is about. */

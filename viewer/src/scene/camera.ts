@@ -19,9 +19,17 @@ const VIEWS: Record<StandardView, [eye: [number, number, number], up: [number, n
 };
 export const STANDARD_VIEWS = Object.keys(VIEWS) as StandardView[];
 
-export interface Sphere {
-  centre: Vector3;
-  radius: number;
+/** The box around what is to be seen. */
+export interface Box {
+  low: Vector3;
+  high: Vector3;
+}
+
+function centreOf({ low, high }: Box): Vector3 {
+  return low.clone().add(high).multiplyScalar(0.5);
+}
+function radiusOf({ low, high }: Box): number {
+  return low.distanceTo(high) / 2 || 1;
 }
 
 export class Camera {
@@ -29,7 +37,7 @@ export class Camera {
   private readonly deep = new PerspectiveCamera(FIELD);
   private readonly controls: OrbitControls;
   private size = { width: 1, height: 1 };
-  private all: Sphere = { centre: new Vector3(), radius: 1 };
+  private all: Box = { low: new Vector3(), high: new Vector3() };
   isOrthographic = true;
 
   constructor(element: HTMLElement, onChange: () => void) {
@@ -49,7 +57,7 @@ export class Camera {
     return (2 * Math.tan((FIELD * Math.PI) / 360)) / this.size.height;
   }
 
-  setModel(all: Sphere): void {
+  setModel(all: Box): void {
     this.all = all;
   }
 
@@ -64,28 +72,28 @@ export class Camera {
     this.deep.updateProjectionMatrix();
   }
 
-  /** Moves so that a sphere fills the picture, seen from where the eye is. */
-  fit({ centre, radius }: Sphere = this.all): void {
+  /** Moves so that a box fills the picture, seen from where the eye is. */
+  fit(box: Box = this.all): void {
     const towards = this.current.position.clone().sub(this.controls.target).normalize();
-    if (towards.lengthSq() === 0) towards.set(1, -1, 1).normalize();
-    this.look(centre, towards, Math.max(radius, this.all.radius * 1e-4));
+    this.look(centreOf(box), towards, this.halfHeight(box, towards));
   }
 
   view(name: StandardView): void {
     const [eye, up] = VIEWS[name];
     this.current.up.set(...up);
-    this.look(this.all.centre, new Vector3(...eye).normalize(), this.all.radius);
+    const towards = new Vector3(...eye).normalize();
+    this.look(centreOf(this.all), towards, this.halfHeight(this.all, towards));
   }
 
   setOrthographic(orthographic: boolean): void {
     if (orthographic === this.isOrthographic) return;
-    const radius = this.isOrthographic
+    const half = this.isOrthographic
       ? this.flat.top / this.flat.zoom
       : this.deep.position.distanceTo(this.controls.target) * Math.tan((FIELD * Math.PI) / 360);
     const towards = this.current.position.clone().sub(this.controls.target).normalize();
     this.isOrthographic = orthographic;
     this.controls.object = this.current;
-    this.look(this.controls.target.clone(), towards, radius / 1.05);
+    this.look(this.controls.target.clone(), towards, half);
   }
 
   /** Turns about the target: degrees to the right and upwards. */
@@ -113,10 +121,19 @@ export class Camera {
     }
   }
 
-  private look(centre: Vector3, towards: Vector3, radius: number): void {
-    const reach = this.all.radius * 20 + radius;
-    const ratio = Math.min(1, this.size.width / this.size.height);
-    const half = (radius * 1.05) / ratio;
+  /** Half the height of a picture that holds a box with some room around it. */
+  private halfHeight(box: Box, towards: Vector3): number {
+    const right = new Vector3(0, 0, 1).cross(towards).normalize();
+    const up = towards.clone().cross(right);
+    const half = box.high.clone().sub(box.low).multiplyScalar(0.5);
+    const extent = (axis: Vector3) => Math.abs(axis.x) * half.x + Math.abs(axis.y) * half.y + Math.abs(axis.z) * half.z;
+    const ratio = this.size.width / this.size.height;
+    return 1.15 * Math.max(extent(up), extent(right) / ratio, radiusOf(this.all) * 1e-4);
+  }
+
+  private look(centre: Vector3, towards: Vector3, half: number): void {
+    const radius = radiusOf(this.all);
+    const reach = radius * 20 + half;
     this.controls.target.copy(centre);
     if (this.isOrthographic) {
       this.flat.zoom = 1;
@@ -124,10 +141,10 @@ export class Camera {
       this.flat.bottom = -half;
       this.flat.near = -reach;
       this.flat.far = reach;
-      this.flat.position.copy(centre).addScaledVector(towards, this.all.radius * 2);
+      this.flat.position.copy(centre).addScaledVector(towards, radius * 2);
     } else {
       const distance = half / Math.tan((FIELD * Math.PI) / 360);
-      this.deep.near = Math.min(distance, this.all.radius) / 200;
+      this.deep.near = Math.min(distance, radius) / 200;
       this.deep.far = distance + reach;
       this.deep.position.copy(centre).addScaledVector(towards, distance);
     }

@@ -100,10 +100,6 @@ export class FacesLayer {
     this.mesh.frustumCulled = false;
   }
 
-  get count(): number {
-    return this.parts.length;
-  }
-
   get uniforms() {
     return this.mesh.material.uniforms;
   }

@@ -1,6 +1,6 @@
 // Marks of a size in pixels: supports, masses, springs to ground, arrows of loads, lit nodes.
 
-import { BufferAttribute, BufferGeometry, Color, ConeGeometry, CylinderGeometry, GLSL3, InstancedBufferAttribute, InstancedBufferGeometry, Mesh, OctahedronGeometry, BoxGeometry, ShaderMaterial } from "three";
+import { BufferAttribute, BufferGeometry, Color, ConeGeometry, CylinderGeometry, GLSL3, InstancedBufferAttribute, InstancedBufferGeometry, Mesh, OctahedronGeometry, BoxGeometry, ShaderMaterial, TorusGeometry } from "three";
 import { mergeGeometries } from "three/examples/jsm/utils/BufferGeometryUtils.js";
 
 import type { Rgb } from "./paint";
@@ -28,7 +28,7 @@ const FORMS = {
   double: () => arrow(2),
   into: () => arrow(1).translate(0, 0, -1),
   cone: () => new ConeGeometry(0.5, 1, 4).rotateX(Math.PI / 2).translate(0, 0, -0.5),
-  ring: () => new CylinderGeometry(0.5, 0.5, 0.25, 8).rotateX(Math.PI / 2).translate(0, 0, -1.3),
+  ring: () => new TorusGeometry(0.5, 0.11, 4, 12).translate(0, 0, -1.15),
   box: () => new BoxGeometry(1, 1, 1),
   ball: () => new OctahedronGeometry(0.5, 1),
 } as const;

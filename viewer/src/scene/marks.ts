@@ -6,7 +6,7 @@ import { type Rgb, rgbOf } from "./paint";
 import type { Vector } from "./vectors";
 
 const SUPPORT = rgbOf("#1e7a3c");
-const TURN = rgbOf("#5aa469");
+const TURN = rgbOf("#3f9a5b");
 const MASS = rgbOf("#7b2fbe");
 const SPRING = rgbOf("#0072b2");
 const AXES: Vector[] = [[1, 0, 0], [0, 1, 0], [0, 0, 1]];
@@ -39,7 +39,7 @@ export function supportMarks(model: Model): GlyphSets {
     }
     AXES.forEach((axis, i) => {
       if (held & (1 << i)) add(sets, "cone", { at, axis, length: 14, width: 10, colour: SUPPORT });
-      if (held & (8 << i)) add(sets, "ring", { at, axis, length: 14, width: 12, colour: TURN });
+      if (held & (8 << i)) add(sets, "ring", { at, axis, length: 14, width: 14, colour: TURN });
     });
   }
   return sets;

@@ -6,6 +6,9 @@ import { h } from "../dom";
 
 const SVG = "http://www.w3.org/2000/svg";
 
+const LABEL_WIDTH = 90; // pixels within which one label covers another
+const LABEL_HEIGHT = 15;
+
 export interface Label {
   at: [number, number, number];
   text: string;
@@ -29,11 +32,15 @@ export class Overlay {
   }
 
   update(camera: Camera, width: number, height: number): void {
-    for (const { at, element } of this.labels) {
+    const shown: { x: number; y: number }[] = [];
+    for (const { at, element } of this.labels) { // the largest loads first
       const seen = at.clone().project(camera);
-      element.hidden = Math.abs(seen.x) > 1 || Math.abs(seen.y) > 1 || Math.abs(seen.z) > 1;
-      element.style.left = `${((seen.x + 1) / 2) * width + 6}px`;
-      element.style.top = `${((1 - seen.y) / 2) * height - 6}px`;
+      const place = { x: ((seen.x + 1) / 2) * width + 6, y: ((1 - seen.y) / 2) * height - 6 };
+      const isCovered = shown.some(({ x, y }) => Math.abs(x - place.x) < LABEL_WIDTH && Math.abs(y - place.y) < LABEL_HEIGHT);
+      element.hidden = isCovered || Math.abs(seen.x) > 1 || Math.abs(seen.y) > 1 || Math.abs(seen.z) > 1;
+      if (!element.hidden) shown.push(place);
+      element.style.left = `${place.x}px`;
+      element.style.top = `${place.y}px`;
     }
     const turn = camera.quaternion.clone().invert();
     const axes = (["x", "y", "z"] as const).map((name, i) => {

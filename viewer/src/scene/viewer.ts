@@ -5,7 +5,7 @@ import { Color, Scene, Vector2, Vector3, WebGLRenderer } from "three";
 import { h } from "../dom";
 import { Cell, type Model } from "../data/model";
 import type { Report } from "../data/report";
-import { Camera, type Sphere } from "./camera";
+import { type Box, Camera } from "./camera";
 import { type ColourBy, type Colouring, colouring, type ColourSources, LIT_COLOUR } from "./colours";
 import { type FaceMesh, FacesLayer } from "./faces";
 import { type Form, GlyphLayer } from "./glyphs";
@@ -42,7 +42,6 @@ export class Viewer {
   loadCase: LoadCase | null = null;
   /** How many arrows are drawn of how many loads. */
   arrows = { drawn: 0, all: 0 };
-  onDraw: () => void = () => {};
 
   private readonly renderer: WebGLRenderer;
   private readonly scene = new Scene();
@@ -84,7 +83,7 @@ export class Viewer {
     this.colouring = this.makeColouring();
     this.rebuild();
     this.setSupports();
-    this.camera.setModel(this.sphereOf(this.usedNodes()));
+    this.camera.setModel(this.boxOf(this.usedNodes()));
     this.resize();
     this.camera.view("isometric");
     new ResizeObserver(() => this.resize()).observe(this.element);
@@ -92,11 +91,6 @@ export class Viewer {
 
   get canvas(): HTMLCanvasElement {
     return this.renderer.domElement;
-  }
-
-  /** Triangles of the last picture. */
-  get triangles(): number {
-    return this.renderer.info.render.triangles;
   }
 
   setOption(name: keyof Options, value: boolean): void {
@@ -162,7 +156,7 @@ export class Viewer {
     const all = new Set(nodes);
     for (const part of parts) for (const node of this.model.cornersOf(part)) all.add(node);
     if (all.size === 0) this.camera.fit();
-    else this.camera.fit(this.sphereOf(all));
+    else this.camera.fit(this.boxOf(all));
   }
 
   /** The part and the node nearest to a point of the canvas, -1 for none. */
@@ -201,7 +195,6 @@ export class Viewer {
     requestAnimationFrame(() => {
       this.isWaiting = false;
       this.render();
-      this.onDraw();
     });
   }
 
@@ -320,7 +313,7 @@ export class Viewer {
     else for (let node = 0; node < this.model.nodeIds.length; ++node) yield node;
   }
 
-  private boxOf(nodes: Iterable<number>): { low: Vector3; high: Vector3 } {
+  private boxOf(nodes: Iterable<number>): Box {
     const low = [Infinity, Infinity, Infinity];
     const high = [-Infinity, -Infinity, -Infinity];
     for (const node of nodes) {
@@ -332,12 +325,6 @@ export class Viewer {
     }
     if (low.some((value) => !Number.isFinite(value))) return { low: new Vector3(), high: new Vector3() };
     return { low: new Vector3(...low), high: new Vector3(...high) };
-  }
-
-  private sphereOf(nodes: Iterable<number>): Sphere {
-    const { low, high } = this.boxOf(nodes);
-    const radius = low.distanceTo(high) / 2;
-    return { centre: low.add(high).multiplyScalar(0.5), radius: radius > 0 ? radius : 1 };
   }
 }
 
