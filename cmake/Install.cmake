@@ -34,7 +34,7 @@ endif()
 install(TARGETS nas2zdt RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES Converter/ConvertNastran/driver/ConvertFile.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ConvertNastran)
 install(FILES docs/nas2zdt.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES README.md docs/account.md docs/cards.md docs/hosts.md docs/sections.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md docs/account.md docs/cards.md docs/hosts.md docs/report.md docs/sections.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
 
 # ---- for find_package(ConvertNastran) and pkg-config

@@ -53,6 +53,7 @@ if(viewer_missing)
 endif()
 
 set(CONVERTNASTRAN_PAGE ${viewer_build}/ReportPage.cpp)
+set_source_files_properties(${CONVERTNASTRAN_PAGE} PROPERTIES COMPILE_OPTIONS -Wno-overlength-strings)
 file(GLOB_RECURSE viewer_files CONFIGURE_DEPENDS ${viewer_source}/src/*)
 add_custom_command(OUTPUT ${CONVERTNASTRAN_PAGE}
   COMMAND ${NODE_PROGRAM} ${viewer_source}/build.mjs ${viewer_build}

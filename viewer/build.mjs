@@ -19,10 +19,16 @@ const bundle = (file, more) =>
     write: false,
     charset: "utf8",
     target: "es2022",
-    legalComments: "eof",
+    legalComments: "none",
     nodePaths: [join(folder, "node_modules")],
     ...more,
   }).outputFiles[0].text;
+
+// What the licenses of the packages ask for: their text goes along.
+const licenses = ["three", "three-mesh-bvh"]
+  .map((name) => `${name}\n\n${readFileSync(join(folder, "node_modules", name, "LICENSE"), "utf8").trim()}`)
+  .join("\n\n")
+  .replaceAll("--", "- -");
 
 const script = bundle("main.ts", { format: "iife" });
 const style = bundle("page.css", {});
@@ -31,6 +37,7 @@ const policy =
   `default-src 'none'; script-src ${hash(script)}; style-src ${hash(style)}; img-src data: blob:; ` +
   "base-uri 'none'; form-action 'none'";
 const [head, tail] = readFileSync(join(source, "page.html"), "utf8")
+  .replace("LICENSES", () => licenses)
   .replace("POLICY", () => policy)
   .replace("STYLE", () => style)
   .replace("SCRIPT", () => script)

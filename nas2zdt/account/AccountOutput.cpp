@@ -88,8 +88,8 @@ std::string LossObject(const T_WORD_D& rWord, const T_NOTE_D& rNote, const CAcco
     const std::span aPlaces = std::span(rNote.aPLACES).first(std::min(rNote.aPLACES.size(), T_NOTE_D::MOST_PLACES));
     return "{\"class\":" + JsonText(ClassName(rNote.eCLASS)) + ",\"kind\":" + JsonText(NoteKind(rNote)) +
            ",\"keyword\":" + JsonText(rWord.sNAME) + ",\"code\":" + JsonText(NoteCode(rNote.eNOTE)) +
-           ",\"text\":" + JsonText(NoteText(rNote)) + "," + JsonMember("count", rNote.nCOUNT) + ",\"places\":" +
-           JsonArray(aPlaces, [&](const T_PLACE_D& rPlace) { return PlaceObject(rPlace, rAccount); }) +
+           ",\"text\":" + JsonText(NoteText(rNote)) + "," + JsonMember("count", rNote.nCOUNT) +
+           ",\"places\":" + JsonArray(aPlaces, [&](const T_PLACE_D& rPlace) { return PlaceObject(rPlace, rAccount); }) +
            ",\"ids\":" + JsonArray(rNote.aIDS, [](std::int32_t iID) { return std::to_string(iID); }) + "}";
 }
 

@@ -43,9 +43,7 @@ struct T_OPTIONS_D {
     bool IsPrepared() const { return bFLATTEN || bFAITHFUL; }
 
     /// Whether losses are counted, and whether those that change no result are, too.
-    bool NeedsAccount() const {
-        return NeedsNotes() || eSTRICT != STRICT_NONE || !bNOWARNINGS || NeedsCheck();
-    }
+    bool NeedsAccount() const { return NeedsNotes() || eSTRICT != STRICT_NONE || !bNOWARNINGS || NeedsCheck(); }
     bool NeedsNotes() const { return NeedsSections() || eSTRICT == STRICT_ANY; }
 
     /// Whether the sections of the file are counted.

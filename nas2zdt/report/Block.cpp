@@ -6,7 +6,8 @@
 
 CBlock::CBlock(CFile& rFile, std::string_view sId, std::string_view sType, E_CONTENT eContent)
     : m_rFile(rFile), m_text(rFile), m_deflate(*this, eContent) {
-    WriteLine(rFile, "<script type=\"application/octet-stream;base64\" id=\"%s\" data-type=\"%s\" data-compression=\"%s\">",
+    WriteLine(rFile,
+              "<script type=\"application/octet-stream;base64\" id=\"%s\" data-type=\"%s\" data-compression=\"%s\">",
               sId, sType, CDeflate::Name());
 }
 

@@ -41,7 +41,8 @@ class CWordBlock {
   public:
     static constexpr std::size_t CHUNK = 65536;
 
-    CWordBlock(CFile& rFile, std::string_view sId, std::string_view sType) : m_block(rFile, sId, sType, CONTENT_PLANES) {}
+    CWordBlock(CFile& rFile, std::string_view sId, std::string_view sType)
+        : m_block(rFile, sId, sType, CONTENT_PLANES) {}
 
     template <class VALUE>
     void Add(VALUE value) {

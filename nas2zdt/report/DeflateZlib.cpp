@@ -21,8 +21,7 @@ struct CDeflate::T_STATE_D {
     }
 };
 
-CDeflate::CDeflate(CByteSink& rSink, E_CONTENT eContent)
-    : m_rSink(rSink), m_pState(std::make_unique<T_STATE_D>()) {
+CDeflate::CDeflate(CByteSink& rSink, E_CONTENT eContent) : m_rSink(rSink), m_pState(std::make_unique<T_STATE_D>()) {
     // runs alone take two thirds of the time, and less room
     const int iStrategy = eContent == CONTENT_PLANES ? Z_RLE : Z_DEFAULT_STRATEGY;
     constexpr int MOST_MEMORY = 9;

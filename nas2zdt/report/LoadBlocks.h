@@ -28,8 +28,9 @@ enum E_LOAD_ROW : std::uint8_t {
 
 /// Their names in the page.
 constexpr std::array<const char*, LOADROWS> LOADROW_NAMES = {
-    "gravity",      "force",    "moment",      "pressure",            "direction", "beam load",
-    "displacement", "rotation", "temperature", "element temperature", "gradient"};
+    "gravity",   "force",        "moment",   "pressure",    "direction",
+    "beam load", "displacement", "rotation", "temperature", "element temperature",
+    "gradient"};
 
 /// A load case, and its rows among those of all.
 struct T_CASEROWS_D {

@@ -76,10 +76,13 @@ std::string MaterialsJson(const CDataPool& rPool) {
             objects.Add(r.iMID, "kind", "isotropic", {{"E", r.dE}, {"nu", r.dNU}, {"alpha", r.dALPHA}});
         },
         [&](const T_ORTHOTROPIC_ROW& r) {
-            objects.Add(r.iMID, "kind", "orthotropic",
-                        {{"E1", r.dE1}, {"E2", r.dE2}, {"nu", r.dNU}, {"G12", r.dG12}, {"G1z", r.dG1Z}, {"G2z", r.dG2Z}});
+            objects.Add(
+                r.iMID, "kind", "orthotropic",
+                {{"E1", r.dE1}, {"E2", r.dE2}, {"nu", r.dNU}, {"G12", r.dG12}, {"G1z", r.dG1Z}, {"G2z", r.dG2Z}});
         },
-        [&](const T_THERMAL_ROW& r) { objects.Add(r.iMID, "kind", "thermal", {{"k", r.dK}, {"cp", r.dCP}}); },
+        [&](const T_THERMAL_ROW& r) {
+            objects.Add(r.iMID, "kind", "thermal", {{"k", r.dK}, {"cp", r.dCP}});
+        },
         IGNORE_LEFT,
     };
     ForEachMaterial(rPool, visitor);

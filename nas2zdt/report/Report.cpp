@@ -24,8 +24,8 @@
 namespace {
 
 constexpr std::array<const char*, PART_KINDS> KIND_NAMES = {
-    "truss",      "beam",         "plane stress", "plate",            "solid",
-    "rigid link", "elastic link", "general link", "spring to ground", "mass"};
+    "truss",        "beam",         "plane stress",     "plate", "solid", "rigid link",
+    "elastic link", "general link", "spring to ground", "mass"};
 
 std::string TextArray(const std::vector<std::string>& rTexts) {
     return JsonArray(rTexts, [](const std::string& sText) { return JsonText(sText); });
@@ -135,7 +135,8 @@ class CPageData {
         const auto iLast = static_cast<std::int64_t>(origin.iLINE) + (rPlace.iLAST - rPlace.iFIRST);
         const std::size_t iFile = m_files.Find(origin.sFILE);
         m_wanted.insert({iFile, origin.iLINE, iLast});
-        rPlaces.insert(rPlaces.end(), {static_cast<std::int32_t>(iFile), origin.iLINE, static_cast<std::int32_t>(iLast)});
+        rPlaces.insert(rPlaces.end(),
+                       {static_cast<std::int32_t>(iFile), origin.iLINE, static_cast<std::int32_t>(iLast)});
     }
 
     std::string Restated() {
@@ -162,8 +163,8 @@ class CPageData {
         for (const T_FINDING_D& rFinding : rCheck.findings.GetAll()) {
             for (const T_PLACED_D& rPlace : rFinding.aPLACES) {
                 if (rPlace.origin.iLINE == 0) continue;
-                m_wanted.insert({m_files.Find(rCheck.aFILES[rPlace.origin.iFILE]), rPlace.origin.iLINE,
-                                 rPlace.origin.iLINE});
+                m_wanted.insert(
+                    {m_files.Find(rCheck.aFILES[rPlace.origin.iFILE]), rPlace.origin.iLINE, rPlace.origin.iLINE});
             }
         }
     }

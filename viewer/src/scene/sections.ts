@@ -5,7 +5,7 @@ import type { Property } from "../data/report";
 import type { FaceMesh } from "./faces";
 import { type Axes, cross, subtract, unit, type Vector } from "./vectors";
 
-/** A section's outline: along the height, which points to the bar's reference point, and along the width. */
+/** A section's outline: along the height, in plane 1 of the deck, and along the width. */
 type Outline = [height: number, width: number][];
 
 function rectangle(height: number, width: number): Outline {
@@ -74,7 +74,10 @@ export function outlinesOf(property: Property): [Outline, Outline] | null {
   return outline && [outline, outline];
 }
 
-/** The axes of a line part: along it, towards its reference point, and the third. Null for one without length. */
+/**
+ * The axes of a line part: along it, up in plane 1 of the deck, and the third, which is towards its reference point.
+ * Null for one without length.
+ */
 export function axesOf(model: Model, part: number): Axes | null {
   const [a, b] = model.cornersOf(part);
   const place = (node: number): Vector => [model.places[3 * node], model.places[3 * node + 1], model.places[3 * node + 2]];
@@ -87,8 +90,8 @@ export function axesOf(model: Model, part: number): Axes | null {
     towards = unit(subtract(reference, place(a)));
   }
   towards ??= Math.abs(along[2]) < 0.9 ? [0, 0, 1] : [0, 1, 0];
-  const third = unit(cross(along, towards)) ?? unit(cross(along, Math.abs(along[0]) < 0.9 ? [1, 0, 0] : [0, 1, 0]));
-  return third && { along, up: cross(third, along), third };
+  const up = unit(cross(towards, along)) ?? unit(cross(Math.abs(along[0]) < 0.9 ? [1, 0, 0] : [0, 1, 0], along));
+  return up && { along, up, third: cross(along, up) };
 }
 
 const MOST_BODIES = 200000;
