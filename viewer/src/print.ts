@@ -1,15 +1,22 @@
 // Pictures for paper: one a load case, as the model is seen when it is printed.
 
-import { h } from "./dom";
+import { h, plural } from "./dom";
 import type { LoadCase } from "./scene/loads";
 import type { Viewer } from "./scene/viewer";
 
 const MOST_PICTURES = 24;
 
+/** How many loads there are, and the largest of each type. */
+function summary(viewer: Viewer, loadCase: LoadCase): string {
+  const { labels, all } = viewer.loads.marks(loadCase);
+  const largest = labels.filter(({ type }, i) => labels.findIndex((label) => label.type === type) === i);
+  return [`${plural(all, "load")} with a direction`, ...largest.map(({ text }) => `largest ${text}`)].join(", ");
+}
+
 export function makePrintPictures(viewer: Viewer, cases: LoadCase[]): HTMLElement {
   const element = h("section", { class: "pictures" });
   const picture = (loadCase: LoadCase | null) => {
-    const title = loadCase ? `Load case ${loadCase.name}` : "The model";
+    const title = loadCase ? `Load case ${loadCase.name}: ${summary(viewer, loadCase)}` : "The model";
     return h("figure", {}, h("img", { src: viewer.picture(loadCase), alt: title }), h("figcaption", {}, title));
   };
   window.addEventListener("beforeprint", () => {

@@ -242,7 +242,11 @@ describe("the model", () => {
       });
       const pdf = join(folder, "report.pdf");
       writeFileSync(pdf, await page.pdf({ preferCSSPageSize: true }));
-      assert.deepEqual(await page.evaluate(() => window.captions), ["Load case STLD1", "Load case STLD2", "Load case LCB9: 1 STLD1 + 2 STLD2"]);
+      assert.deepEqual(await page.evaluate(() => window.captions), [
+        "Load case STLD1: 2 loads with a direction, largest force 0, 0, -10",
+        "Load case STLD2: 1 load with a direction, largest pressure 2.5",
+        "Load case LCB9: 1 STLD1 + 2 STLD2: 3 loads with a direction, largest force 0, 0, -10, largest pressure 5",
+      ]);
       assert.ok(pdfPages(pdf) >= 3, `${pdfPages(pdf)} pages`);
     }));
 });

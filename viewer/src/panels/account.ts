@@ -17,7 +17,7 @@ export function makeAccount(report: Report, choose: (loss: Loss) => void): HTMLE
     const losses = account.lost.filter((loss) => loss.class === name);
     if (losses.length === 0) return [];
     const rows = losses.map((loss) => ({ cells: [loss.keyword || "deck", loss.count, loss.text], choose: () => choose(loss), class: "loss" }));
-    return [h("h3", {}, `${TITLES[name]} (${count(account.classes[name])})`), makeTable(["keyword", "count", "what"], rows)];
+    return [h("h3", {}, `${TITLES[name]} (${count(account.classes[name])})`), h("div", { class: "losses" }, makeTable(["keyword", "count", "what"], rows))];
   });
   const keywords = account.keywords.map((row) => ({
     cells: [row.keyword || "(none)", row.read, row.stored, row.replaced, row.reported, row.skipped, row.unknown, row.lost, row.cut_off].map(

@@ -19,25 +19,18 @@ const VIEWS: Record<StandardView, [eye: [number, number, number], up: [number, n
 };
 export const STANDARD_VIEWS = Object.keys(VIEWS) as StandardView[];
 
-/** The box around what is to be seen. */
-export interface Box {
-  low: Vector3;
-  high: Vector3;
-}
+/** x, y, z of points that are to be seen, one behind the other. */
+export type Points = Float32Array;
 
-function centreOf({ low, high }: Box): Vector3 {
-  return low.clone().add(high).multiplyScalar(0.5);
-}
-function radiusOf({ low, high }: Box): number {
-  return low.distanceTo(high) / 2 || 1;
-}
+const MARGIN = 1.12; // around them
 
 export class Camera {
   private readonly flat = new OrthographicCamera();
   private readonly deep = new PerspectiveCamera(FIELD);
   private readonly controls: OrbitControls;
   private size = { width: 1, height: 1 };
-  private all: Box = { low: new Vector3(), high: new Vector3() };
+  private all: Points = new Float32Array();
+  private radius = 1; // of the model
   isOrthographic = true;
 
   constructor(element: HTMLElement, onChange: () => void) {
@@ -57,8 +50,11 @@ export class Camera {
     return (2 * Math.tan((FIELD * Math.PI) / 360)) / this.size.height;
   }
 
-  setModel(all: Box): void {
+  setModel(all: Points): void {
     this.all = all;
+    const axes = [new Vector3(1, 0, 0), new Vector3(0, 1, 0), new Vector3(0, 0, 1)];
+    const [x, y, z] = axes.map((axis) => extentOf(all, axis));
+    this.radius = Math.hypot(x.high - x.low, y.high - y.low, z.high - z.low) / 2 || 1;
   }
 
   resize(width: number, height: number): void {
@@ -72,17 +68,15 @@ export class Camera {
     this.deep.updateProjectionMatrix();
   }
 
-  /** Moves so that a box fills the picture, seen from where the eye is. */
-  fit(box: Box = this.all): void {
-    const towards = this.current.position.clone().sub(this.controls.target).normalize();
-    this.look(centreOf(box), towards, this.halfHeight(box, towards));
+  /** Moves so that points fill the picture, seen from where the eye is. */
+  fit(points: Points = this.all): void {
+    this.frame(points, this.current.position.clone().sub(this.controls.target).normalize());
   }
 
   view(name: StandardView): void {
     const [eye, up] = VIEWS[name];
     this.current.up.set(...up);
-    const towards = new Vector3(...eye).normalize();
-    this.look(centreOf(this.all), towards, this.halfHeight(this.all, towards));
+    this.frame(this.all, new Vector3(...eye).normalize());
   }
 
   setOrthographic(orthographic: boolean): void {
@@ -121,18 +115,19 @@ export class Camera {
     }
   }
 
-  /** Half the height of a picture that holds a box with some room around it. */
-  private halfHeight(box: Box, towards: Vector3): number {
+  private frame(points: Points, towards: Vector3): void {
     const right = new Vector3(0, 0, 1).cross(towards).normalize();
     const up = towards.clone().cross(right);
-    const half = box.high.clone().sub(box.low).multiplyScalar(0.5);
-    const extent = (axis: Vector3) => Math.abs(axis.x) * half.x + Math.abs(axis.y) * half.y + Math.abs(axis.z) * half.z;
+    const extents = [right, up, towards].map((axis) => ({ axis, ...extentOf(points, axis) }));
+    const centre = new Vector3();
+    for (const { axis, low, high } of extents) centre.addScaledVector(axis, (low + high) / 2);
+    const [width, height] = extents.map(({ low, high }) => (high - low) / 2);
     const ratio = this.size.width / this.size.height;
-    return 1.15 * Math.max(extent(up), extent(right) / ratio, radiusOf(this.all) * 1e-4);
+    this.look(centre, towards, MARGIN * Math.max(height, width / ratio, this.radius * 1e-4));
   }
 
   private look(centre: Vector3, towards: Vector3, half: number): void {
-    const radius = radiusOf(this.all);
+    const { radius } = this;
     const reach = radius * 20 + half;
     this.controls.target.copy(centre);
     if (this.isOrthographic) {
@@ -152,4 +147,16 @@ export class Camera {
     this.controls.update();
     this.controls.dispatchEvent({ type: "change" });
   }
+}
+
+/** The least and the largest of the points' places along an axis; those without a place don't count. */
+function extentOf(points: Points, axis: Vector3): { low: number; high: number } {
+  let low = Infinity;
+  let high = -Infinity;
+  for (let i = 0; i < points.length; i += 3) {
+    const at = points[i] * axis.x + points[i + 1] * axis.y + points[i + 2] * axis.z;
+    if (at < low) low = at;
+    if (at > high) high = at;
+  }
+  return low <= high ? { low, high } : { low: 0, high: 0 };
 }

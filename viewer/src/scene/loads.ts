@@ -16,7 +16,9 @@ export interface LoadCase {
 
 export function loadCases(report: Report): LoadCase[] {
   const placeOf = new Map(report.cases.map((set, place) => [set.id, place]));
-  const sets = report.cases.map((set, place) => ({ name: `STLD${set.id}`, shares: [{ place, factor: 1 }] }));
+  const sets = report.cases
+    .map((set, place) => ({ id: set.id, name: `STLD${set.id}`, shares: [{ place, factor: 1 }] }))
+    .sort((a, b) => a.id - b.id);
   const sums = report.combinations.map(({ id, shares }) => ({
     name: `LCB${id}: ${shares.map(([set, factor]) => `${factor} STLD${set}`).join(" + ")}`,
     shares: shares.flatMap(([set, factor]) => {

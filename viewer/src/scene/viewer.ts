@@ -1,11 +1,11 @@
 // The picture of the model: what is in it, what is shown, lit and cut, and when it is drawn anew.
 
-import { Color, Scene, Vector2, Vector3, WebGLRenderer } from "three";
+import { Color, Scene, type Vector2, WebGLRenderer } from "three";
 
 import { h } from "../dom";
 import { Cell, type Model } from "../data/model";
 import type { Report } from "../data/report";
-import { type Box, Camera } from "./camera";
+import { Camera, type Points } from "./camera";
 import { type ColourBy, type Colouring, colouring, type ColourSources, LIT_COLOUR } from "./colours";
 import { type FaceMesh, FacesLayer } from "./faces";
 import { type Form, GlyphLayer } from "./glyphs";
@@ -83,7 +83,7 @@ export class Viewer {
     this.colouring = this.makeColouring();
     this.rebuild();
     this.setSupports();
-    this.camera.setModel(this.boxOf(this.usedNodes()));
+    this.camera.setModel(this.pointsOf(this.usedNodes()));
     this.resize();
     this.camera.view("isometric");
     new ResizeObserver(() => this.resize()).observe(this.element);
@@ -142,8 +142,14 @@ export class Viewer {
   cut(cut: Cut | null): void {
     this.cutAway.fill(0);
     if (cut) {
-      const { low, high } = this.boxOf(this.usedNodes());
-      const at = low.getComponent(cut.axis) + cut.share * (high.getComponent(cut.axis) - low.getComponent(cut.axis));
+      let low = Infinity;
+      let high = -Infinity;
+      for (const node of this.usedNodes()) {
+        const place = this.model.places[3 * node + cut.axis];
+        if (place < low) low = place;
+        if (place > high) high = place;
+      }
+      const at = low + cut.share * (high - low);
       for (let part = 0; part < this.cutAway.length; ++part) {
         const beyond = this.model.middleOf(part)[cut.axis] > at;
         this.cutAway[part] = beyond !== cut.flipped ? 1 : 0;
@@ -155,8 +161,7 @@ export class Viewer {
   fitTo(parts: ReadonlySet<number>, nodes: ReadonlySet<number>): void {
     const all = new Set(nodes);
     for (const part of parts) for (const node of this.model.cornersOf(part)) all.add(node);
-    if (all.size === 0) this.camera.fit();
-    else this.camera.fit(this.boxOf(all));
+    this.camera.fit(this.pointsOf(all));
   }
 
   /** The part and the node nearest to a point of the canvas, -1 for none. */
@@ -168,12 +173,15 @@ export class Viewer {
     return { part, node: pickNode(this.model, part, this.camera.current, spot) };
   }
 
-  /** A picture of a load case, of the whole model as it is seen at the moment. */
+  /** A picture of a load case on white, of the model as it is seen at the moment. */
   picture(loadCase: LoadCase | null): string {
     const before = this.loadCase;
+    const paper = `#${this.paper.getHexString()}`;
+    this.setTheme("#ffffff");
     this.setCase(loadCase);
     this.render();
     const url = this.canvas.toDataURL("image/png");
+    this.setTheme(paper);
     this.setCase(before);
     return url;
   }
@@ -307,24 +315,19 @@ export class Viewer {
     this.draw();
   }
 
-  /** Nodes that parts have; all if none has any. */
-  private *usedNodes(): Iterable<number> {
-    if (this.model.corners.length > 0) yield* this.model.corners;
-    else for (let node = 0; node < this.model.nodeIds.length; ++node) yield node;
+  /** Nodes that parts have, each once; all if no part has any. */
+  private usedNodes(): number[] {
+    const used = new Uint8Array(this.model.nodeIds.length);
+    for (const node of this.model.corners) used[node] = 1;
+    const nodes: number[] = [];
+    for (let node = 0; node < used.length; ++node) if (used[node] || this.model.corners.length === 0) nodes.push(node);
+    return nodes;
   }
 
-  private boxOf(nodes: Iterable<number>): Box {
-    const low = [Infinity, Infinity, Infinity];
-    const high = [-Infinity, -Infinity, -Infinity];
-    for (const node of nodes) {
-      for (let k = 0; k < 3; ++k) {
-        const value = this.model.places[3 * node + k];
-        if (value < low[k]) low[k] = value;
-        if (value > high[k]) high[k] = value;
-      }
-    }
-    if (low.some((value) => !Number.isFinite(value))) return { low: new Vector3(), high: new Vector3() };
-    return { low: new Vector3(...low), high: new Vector3(...high) };
+  private pointsOf(nodes: Iterable<number>): Points {
+    const points: number[] = [];
+    for (const node of nodes) for (let k = 0; k < 3; ++k) points.push(this.model.places[3 * node + k]);
+    return new Float32Array(points);
   }
 }
 
