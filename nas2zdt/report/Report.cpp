@@ -115,7 +115,8 @@ class CPageData {
                 const std::size_t iFirstId = aIds.size(), iFirstPlace = aPlaces.size();
                 const auto pIds = left.find({pWord->sNAME, NoteKind(rNote)});
                 if (pIds != left.end()) aIds.insert(aIds.end(), pIds->second.begin(), pIds->second.end());
-                for (const T_PLACE_D& rPlace : rNote.aPLACES) AddPlace(rPlace, aPlaces);
+                std::size_t nWanted = T_NOTE_D::MOST_PLACES; // of each loss, or one could take all room
+                for (const T_PLACE_D& rPlace : rNote.aPLACES) AddPlace(rPlace, nWanted > 0 && nWanted-- > 0, aPlaces);
                 sText += (sText.empty() ? "{" : ",{") + JsonMember("keyword", JsonText(pWord->sNAME)) + "," +
                          JsonMember("kind", JsonText(NoteKind(rNote))) + "," +
                          JsonMember("text", JsonText(NoteText(rNote))) + "," + JsonMember("firstId", iFirstId) + "," +
@@ -129,12 +130,12 @@ class CPageData {
         return "\"losses\":[" + sText + "]";
     }
 
-    void AddPlace(const T_PLACE_D& rPlace, std::vector<std::int32_t>& rPlaces) {
+    void AddPlace(const T_PLACE_D& rPlace, bool bWanted, std::vector<std::int32_t>& rPlaces) {
         if (rPlace.iFIRST == 0) return; // the deck as a whole
         const T_ORIGIN_D origin = m_rReport.account.GetOrigin(rPlace);
         const auto iLast = static_cast<std::int64_t>(origin.iLINE) + (rPlace.iLAST - rPlace.iFIRST);
         const std::size_t iFile = m_files.Find(origin.sFILE);
-        m_wanted.insert({iFile, origin.iLINE, iLast});
+        if (bWanted) Want({iFile, origin.iLINE, iLast});
         rPlaces.insert(rPlaces.end(),
                        {static_cast<std::int32_t>(iFile), origin.iLINE, static_cast<std::int32_t>(iLast)});
     }
@@ -142,7 +143,7 @@ class CPageData {
     std::string Restated() {
         const auto place = [&](const T_ORIGINLINE_D& rPlace) {
             const std::size_t iFile = m_files.Find(m_rReport.aSOURCES[rPlace.iFILE]);
-            if (rPlace.iLINE > 0) m_wanted.insert({iFile, rPlace.iLINE, rPlace.iLINE});
+            if (rPlace.iLINE > 0) Want({iFile, rPlace.iLINE, rPlace.iLINE});
             return "[" + std::to_string(iFile) + "," + std::to_string(rPlace.iLINE) + "]";
         };
         const auto told = [&](const T_TOLD_D& r) {
@@ -163,10 +164,15 @@ class CPageData {
         for (const T_FINDING_D& rFinding : rCheck.findings.GetAll()) {
             for (const T_PLACED_D& rPlace : rFinding.aPLACES) {
                 if (rPlace.origin.iLINE == 0) continue;
-                m_wanted.insert(
-                    {m_files.Find(rCheck.aFILES[rPlace.origin.iFILE]), rPlace.origin.iLINE, rPlace.origin.iLINE});
+                const std::int32_t iLine = rPlace.origin.iLINE;
+                Want({m_files.Find(rCheck.aFILES[rPlace.origin.iFILE]), iLine, iLine});
             }
         }
+    }
+
+    /// Lines that the page should hold.
+    void Want(const T_LINES_D& rLines) {
+        if (m_wanted.size() < CDeckText::MOST_LINES) m_wanted.insert(rLines);
     }
 
     std::string Result() const {

@@ -12,11 +12,12 @@ import { makeHead } from "./panels/head";
 import { makeLegend } from "./panels/legend";
 import { SelectionPanel } from "./panels/selection";
 import { makeSignOff } from "./panels/sign";
+import { forgetChoice } from "./panels/table";
 import { makeTabs } from "./panels/tabs";
 import { makeControl, makeLog, makeRestated, makeSections, makeWarnings } from "./panels/texts";
 import { makeToolbar } from "./panels/toolbar";
-import { makePrintPictures } from "./print";
 import { bindKeys, bindPicking } from "./input";
+import { makePrintPictures, openForPrint } from "./print";
 import { type LoadCase, loadCases } from "./scene/loads";
 import { Viewer } from "./scene/viewer";
 import { followTheme, makeThemeSwitch } from "./theme";
@@ -90,6 +91,7 @@ class Page {
     root.replaceChildren(makeHead(report), makeThemeSwitch(), left, right);
     this.makeViewer(root, right);
     right.append(this.selection.element, this.status);
+    openForPrint(root);
     root.setAttribute("aria-busy", "false");
   }
 
@@ -139,7 +141,7 @@ class Page {
     this.lit = null;
     this.viewer?.light(new Set(), new Set());
     this.selection.clear();
-    document.querySelector("tr[aria-selected=true]")?.setAttribute("aria-selected", "false");
+    forgetChoice();
   }
 
   private update(): void {

@@ -4,6 +4,18 @@ import { h, plural } from "./dom";
 import type { LoadCase } from "./scene/loads";
 import type { Viewer } from "./scene/viewer";
 
+/** Shows on paper what is folded on the screen. */
+export function openForPrint(root: HTMLElement): void {
+  let folded: HTMLDetailsElement[] = [];
+  window.addEventListener("beforeprint", () => {
+    folded = [...root.querySelectorAll("details")].filter((details) => !details.open);
+    for (const details of folded) details.open = true;
+  });
+  window.addEventListener("afterprint", () => {
+    for (const details of folded) details.open = false;
+  });
+}
+
 const MOST_PICTURES = 24;
 
 /** How many loads there are, and the largest of each type. */

@@ -7,6 +7,7 @@ import type { Model } from "./model";
 import type { Finding, Loss, Report } from "./report";
 
 const MOST_LINES = 500; // shown at a time
+const MOST_TARGETS = 2e6; // ids, which ranges make many of
 
 /** Parts and nodes by their places, and lines. */
 export interface Places {
@@ -64,12 +65,13 @@ export class LossPlaces {
     if (!target) return found;
     const ids = this.ids.subarray(target.firstId, target.firstId + target.ids);
     this.addIds(found, targets, loss, ids);
+    let known = 0;
     for (let i = target.firstPlace; i < target.firstPlace + target.places; ++i) {
       const [file, first, last] = this.places.subarray(3 * i, 3 * i + 3);
-      this.addLines(found, targets, file, first, last);
+      if (this.addLines(found, targets, file, first, last)) ++known;
     }
     this.addTargets(found, targets);
-    const known = Math.max(target.ids, target.places);
+    known = Math.max(target.ids, known);
     if (known < loss.count) found.remark = `${known} places are known of ${loss.count}.`;
     return found;
   }
@@ -138,11 +140,14 @@ export class LossPlaces {
     }
   }
 
-  private addLines(found: Places, targets: CardTargets, file: number, first: number, last: number): void {
+  /** Adds what a place is about. False if its lines aren't in the page, or if there is too much already. */
+  private addLines(found: Places, targets: CardTargets, file: number, first: number, last: number): boolean {
+    if (Object.values(targets).some((ids) => ids.length > MOST_TARGETS)) return false;
     const lines = last > first ? this.deck.lines(file, first, last) : this.deck.cardAt(file, first);
     if (found.lines.length < MOST_LINES) found.lines.push(...lines);
     const begins = lines.findIndex((line) => beginsCard(line.text));
     if (begins >= 0) merge(targets, targetsOf(fieldsOf(lines.slice(begins).map((line) => line.text))));
+    return lines.length > 0;
   }
 
   private addTargets(found: Places, targets: CardTargets): void {

@@ -1,6 +1,6 @@
 // Tables, whose rows may be chosen by the mouse and by the keyboard.
 
-import { h } from "../dom";
+import { count, h } from "../dom";
 
 export type CellValue = string | number | null | Node;
 
@@ -11,16 +11,17 @@ export interface Row {
   class?: string;
 }
 
-function chosen(row: HTMLTableRowElement): void {
-  const before = document.querySelector("tr[aria-selected=true]");
-  before?.setAttribute("aria-selected", "false");
-  row.setAttribute("aria-selected", "true");
+const MOST_ROWS = 5000; // more would keep the browser busy for long
+
+/** No row is the one that was chosen. */
+export function forgetChoice(): void {
+  document.querySelector("tr[aria-current]")?.removeAttribute("aria-current");
 }
 
-export function makeTable(titles: string[], rows: Row[], caption = ""): HTMLTableElement {
+export function makeTable(titles: string[], rows: Row[]): HTMLTableElement {
   const isNumber = (column: number) => rows.length > 0 && rows.every(({ cells }) => typeof cells[column] === "number" || cells[column] === null);
   const classes = titles.map((_, column) => (isNumber(column) ? "number" : ""));
-  const body = rows.map((row) => {
+  const body = rows.slice(0, MOST_ROWS).map((row) => {
     const cells = row.cells.map((cell, column) => {
       const text = typeof cell === "number" ? cell.toLocaleString("en-US", { maximumSignificantDigits: 7 }) : (cell ?? "–");
       return h("td", { class: classes[column] }, text);
@@ -28,12 +29,12 @@ export function makeTable(titles: string[], rows: Row[], caption = ""): HTMLTabl
     const element = h("tr", { class: row.class ?? "" }, cells);
     if (row.choose) {
       const choose = () => {
-        chosen(element);
+        forgetChoice();
+        element.setAttribute("aria-current", "true");
         row.choose?.();
       };
       element.tabIndex = 0;
       element.classList.add("choice");
-      element.setAttribute("aria-selected", "false");
       element.addEventListener("click", choose);
       element.addEventListener("keydown", (event) => {
         if (event.key !== "Enter" && event.key !== " ") return;
@@ -44,8 +45,7 @@ export function makeTable(titles: string[], rows: Row[], caption = ""): HTMLTabl
     return element;
   });
   return h("table", {},
-    caption !== "" && h("caption", {}, caption),
     h("thead", {}, h("tr", {}, titles.map((title, column) => h("th", { scope: "col", class: classes[column] }, title)))),
-    h("tbody", {}, body),
+    h("tbody", {}, body, rows.length > MOST_ROWS && h("tr", {}, h("td", {}, `and ${count(rows.length - MOST_ROWS)} more`))),
   );
 }
