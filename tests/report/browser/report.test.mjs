@@ -198,6 +198,23 @@ describe("the model", () => {
       assert.equal(await pickAt(14), "nothing");
     }));
 
+  test("a shell behind a hidden one is picked", async () => {
+    const square = (id, z) => [0, 1, 2, 3].map((i) => `GRID,${10 * id + i},,${i === 1 || i === 2 ? 1 : 0}.,${i > 1 ? 1 : 0}.,${z}.\n`).join("");
+    const quad = (id) => `CQUAD4,${id},1,${10 * id},${10 * id + 1},${10 * id + 2},${10 * id + 3}\n`;
+    const deck = `BEGIN BULK\n${square(1, 1)}${square(2, 0)}${quad(1)}${quad(2)}PSHELL,1,1,.1\nMAT1,1,1.,,.3\nENDDATA\n`;
+    await withPage(report(writeDeck("squares.dat", deck)).page, async (page) => {
+      await page.click("aria/top");
+      await clickPicture(page);
+      assert.equal(await text(page, "#selected"), "element 1");
+      await page.click("aria/hide");
+      await clickPicture(page);
+      assert.equal(await text(page, "#selected"), "element 2");
+      await page.click("#show-all");
+      await clickPicture(page);
+      assert.equal(await text(page, "#selected"), "element 1");
+    });
+  });
+
   test("colours have their legend", () =>
     withPage(path, async (page) => {
       const legend = async (by) => {
