@@ -6,7 +6,9 @@ const dark = window.matchMedia("(prefers-color-scheme: dark)");
 const listeners: ((paper: string) => void)[] = [];
 
 function tell(): void {
-  const paper = getComputedStyle(document.documentElement).getPropertyValue("--stage").trim();
+  const stage = document.querySelector(".stage");
+  if (!stage) return;
+  const paper = getComputedStyle(stage).backgroundColor;
   for (const listener of listeners) listener(paper);
 }
 
