@@ -32,9 +32,11 @@ export function writeDeck(name, content) {
   return path;
 }
 
+let reports = 0;
+
 /** Converts a deck and returns the path of its report, with what a run without one gives as JSON. */
 export function report(deck, ...options) {
-  const page = join(folder, "report.html");
+  const page = join(folder, `report${++reports}.html`);
   const common = ["-q", "--no-warnings", "-o", join(folder, "result.zdt")];
   execFileSync(process.env.NAS2ZDT, [...common, ...options, "--report", page, deck], { cwd: folder });
   const json = () => {

@@ -35,8 +35,11 @@ export interface Layers {
 /** The part under a point of the picture, -1 for none. What is a line or point goes before the face that it lies on. */
 export function pickPart(model: Model, layers: Layers, paint: Paint, camera: Camera, spot: Spot): number {
   const ray = new Raycaster();
-  ray.setFromCamera(new Vector2((spot.x / spot.width) * 2 - 1, 1 - (spot.y / spot.height) * 2), camera);
-  const hit = layers.faces.meet(ray.ray, paint);
+  const meet = (x: number, y: number) => {
+    ray.setFromCamera(new Vector2((x / spot.width) * 2 - 1, 1 - (y / spot.height) * 2), camera);
+    return layers.faces.meet(ray.ray, paint);
+  };
+  const hit = meet(spot.x, spot.y) ?? meet(spot.x + 0.4, spot.y + 0.3); // rays may pass between two triangles
   const depth = hit ? hit.point.clone().project(camera).z + 1e-3 : 1;
 
   const project = projector(camera, spot);
