@@ -39,7 +39,7 @@ if(NOT WIN32)
   install(FILES completions/_nas2zdt DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
 endif()
 install(FILES README.md CHANGELOG.md docs/account.md docs/batches.md docs/cards.md docs/check.md docs/faithful.md
-  docs/hosts.md docs/sections.md docs/zdt.md
+  docs/hosts.md docs/pictures.md docs/report.md docs/sections.md docs/zdt.md
   DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES examples/read_zdt.py examples/sum_zdt.py DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)

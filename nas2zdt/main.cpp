@@ -76,9 +76,9 @@ class CBatch {
         const CAccount* pAccount = run.GetAccount();
         m_bFailed = m_bFailed || !rResult.sERROR.empty();
         for (const std::string& sLine : rResult.aLOG) m_log.AppendMessageF("%s", {PlainText(sLine)});
-        const T_CHECK_D* pCheck = run.GetCheck();
+        const bool bCheck = m_rOptions.eCHECK != WANTED_NONE;
+        const T_CHECK_D* pCheck = bCheck ? run.GetCheck() : nullptr; // else it is the page that shows it
         if (m_rOptions.IsJson()) {
-            const bool bCheck = m_rOptions.eCHECK != WANTED_NONE;
             const std::string sCheck = !bCheck ? "" : pCheck ? CheckJson(*pCheck) : "null";
             std::cout << ResultJson(rResult, m_rOptions.eACCOUNT != WANTED_NONE ? pAccount : nullptr, sCheck)
                       << std::flush;

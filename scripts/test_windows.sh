@@ -5,8 +5,8 @@ set -eu
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
 
-need "cmake ninja x86_64-w64-mingw32-g++-posix wine /usr/src/googletest Xvfb xdotool import" \
-  "cmake ninja-build g++-mingw-w64-x86-64-posix googletest wine wine64 xvfb xdotool imagemagick fonts-ipafont-gothic"
+need "cmake ninja x86_64-w64-mingw32-g++-posix wine /usr/src/googletest /usr/x86_64-w64-mingw32/include/zlib.h Xvfb xdotool import" \
+  "cmake ninja-build g++-mingw-w64-x86-64-posix googletest libz-mingw-w64-dev wine wine64 xvfb xdotool imagemagick fonts-ipafont-gothic"
 
 cmake --preset windows >/dev/null
 cmake --build --preset windows -j"${JOBS:-2}"
@@ -14,7 +14,7 @@ cmake --build --preset windows -j"${JOBS:-2}"
 echo "== each binary stands alone"
 for binary in build/windows/bin/*; do
   foreign=$(x86_64-w64-mingw32-objdump -p "$binary" | sed -n 's/.*DLL Name: //p' |
-    grep -v -i -x -E '(advapi32|comctl32|comdlg32|gdi32|kernel32|msvcrt|ole32|shell32|user32)\.dll' || :)
+    grep -v -i -x -E '(advapi32|bcrypt|comctl32|comdlg32|gdi32|kernel32|msvcrt|ole32|shell32|user32)\.dll' || :)
   if [ -n "$foreign" ]; then
     echo "failed: $binary needs $foreign"
     exit 1

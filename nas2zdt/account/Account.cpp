@@ -56,10 +56,10 @@ T_NOTE_D& CAccount::FindNote(T_WORD_D& rWord, E_NOTE eNote, E_LOSS_CLASS eClass,
 }
 
 void CAccount::Note(T_WORD_D& rWord, E_NOTE eNote, E_LOSS_CLASS eClass, const T_PLACE_D& rPlace, std::string_view sText,
-                    std::uint64_t nCount) {
+                    std::uint64_t nCount) const {
     T_NOTE_D& rNote = FindNote(rWord, eNote, eClass, sText);
     rNote.nCOUNT += nCount;
-    if (rNote.aPLACES.size() < T_NOTE_D::MOST_PLACES) rNote.aPLACES.push_back(rPlace);
+    if (rNote.aPLACES.size() < m_nMostPlaces) rNote.aPLACES.push_back(rPlace);
     if (m_inHand.eMARKED == MARKED_NONE) return;
     rNote.eMARKED = m_inHand.eMARKED;
     rNote.aMARKED.push_back(m_inHand.iID);

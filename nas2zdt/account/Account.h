@@ -31,7 +31,7 @@ struct T_PLACE_D {
 
 /// A kind of loss of one keyword: how often it occurred and where first.
 struct T_NOTE_D {
-    static constexpr std::size_t MOST_PLACES = 100;
+    static constexpr std::size_t MOST_PLACES = 100; // that are told
 
     E_NOTE eNOTE = NOTE_UNWRITTEN;
     E_LOSS_CLASS eCLASS = CLASS_MODEL;
@@ -106,6 +106,9 @@ class CAccount : public CDeckObserver {
     /// Lines are those of a joined deck from now on, and told by their origins. pLines must outlive this object.
     void SetLines(const CLineMap* pLines) { m_pLines = pLines; }
 
+    /// Before the run: keeps so many places of each kind of loss for others than the account's own tables.
+    void KeepPlaces(std::size_t nMost) { m_nMostPlaces = nMost; }
+
     /// Every word met, in alphabetical order. The one with an empty name takes losses of no particular card.
     std::vector<const T_WORD_D*> GetWords() const;
 
@@ -128,8 +131,8 @@ class CAccount : public CDeckObserver {
     static T_NOTE_D& FindNote(T_WORD_D& rWord, E_NOTE eNote, E_LOSS_CLASS eClass, std::string_view sText);
     void TakeCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t iFirst, std::int32_t iLast);
     void Note(T_WORD_D& rWord, E_NOTE eNote, E_LOSS_CLASS eClass, const T_PLACE_D& rPlace, std::string_view sText = {},
-              std::uint64_t nCount = 1);
-    void NoteCard(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace) {
+              std::uint64_t nCount = 1) const;
+    void NoteCard(T_WORD_D& rWord, E_NOTE eNote, const T_PLACE_D& rPlace) const {
         Note(rWord, eNote, ClassOfCard(rWord.sNAME), rPlace);
     }
     void NoteRanges(const CDataPool& rPool, bool bElements);
@@ -141,6 +144,7 @@ class CAccount : public CDeckObserver {
     T_WORD_D* LastWord() { return m_quiet.iLAST >= 0 ? &Known(m_quiet.iLAST) : m_pLast; }
     void SetLast(T_WORD_D* pWord);
 
+    std::size_t m_nMostPlaces = T_NOTE_D::MOST_PLACES;
     std::array<T_WORD_D, T_KEYWORD_D::TABLE.size()> m_aKnown;
     std::vector<CDrops> m_aDrops; // by keyword
     std::map<std::string, T_WORD_D, std::less<>> m_mapUnknown;

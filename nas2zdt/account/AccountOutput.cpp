@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <span>
 
 namespace {
 
@@ -84,10 +85,11 @@ std::string PlaceObject(const T_PLACE_D& rPlace, const CAccount& rAccount) {
 }
 
 std::string LossObject(const T_WORD_D& rWord, const T_NOTE_D& rNote, const CAccount& rAccount) {
+    const std::span aPlaces = std::span(rNote.aPLACES).first(std::min(rNote.aPLACES.size(), T_NOTE_D::MOST_PLACES));
     return "{\"class\":" + JsonText(ClassName(rNote.eCLASS)) + ",\"kind\":" + JsonText(NoteKind(rNote)) +
            ",\"keyword\":" + JsonText(rWord.sNAME) + ",\"code\":" + JsonText(NoteCode(rNote.eNOTE)) +
-           ",\"text\":" + JsonText(NoteText(rNote)) + "," + JsonMember("count", rNote.nCOUNT) + ",\"places\":" +
-           JsonArray(rNote.aPLACES, [&](const T_PLACE_D& rPlace) { return PlaceObject(rPlace, rAccount); }) +
+           ",\"text\":" + JsonText(NoteText(rNote)) + "," + JsonMember("count", rNote.nCOUNT) +
+           ",\"places\":" + JsonArray(aPlaces, [&](const T_PLACE_D& rPlace) { return PlaceObject(rPlace, rAccount); }) +
            ",\"ids\":" + JsonArray(rNote.aIDS, [](std::int32_t iID) { return std::to_string(iID); }) + "}";
 }
 

@@ -128,10 +128,6 @@ std::string TotalsTable(const T_CHECK_D& rCheck, const PAINT& rPaint) {
     return sText + notes.Text();
 }
 
-std::string Number(double dValue) {
-    return std::isfinite(dValue) ? Format("%.17g", dValue) : "null";
-}
-
 std::string PlaceObject(const T_PLACED_D& rPlace, const T_CHECK_D& rCheck) {
     const bool bPlace = rPlace.origin.iLINE > 0;
     return "{" + JsonMember("id", rPlace.iID == 0 ? "null" : std::to_string(rPlace.iID)) + "," +
@@ -151,13 +147,13 @@ std::string FindingObject(const T_FINDING_D& r, const T_CHECK_D& rCheck) {
 
 std::string QualityObject(const T_QUALITY_D& r) {
     return "{" + JsonMember("name", JsonText(r.sNAME)) + "," + JsonMember("elements", r.nMEASURED) + "," +
-           JsonMember("worst", Number(r.dWORST)) + "," + JsonMember("element", std::to_string(r.iWORST)) + "," +
-           JsonMember("limit", Number(r.dLIMIT)) + "," + JsonMember("past", r.nPAST) + "}";
+           JsonMember("worst", JsonNumber(r.dWORST)) + "," + JsonMember("element", std::to_string(r.iWORST)) + "," +
+           JsonMember("limit", JsonNumber(r.dLIMIT)) + "," + JsonMember("past", r.nPAST) + "}";
 }
 
 std::string RowObject(const T_REVIEWROW_D& r) {
     return "{" + JsonMember("group", JsonText(r.sGROUP)) + "," + JsonMember("name", JsonText(r.sNAME)) + "," +
-           JsonMember("deck", Number(r.dDECK)) + "," + JsonMember("file", Number(r.dFILE)) + "," +
+           JsonMember("deck", JsonNumber(r.dDECK)) + "," + JsonMember("file", JsonNumber(r.dFILE)) + "," +
            JsonMember("differs", r.bDIFFERS ? "true" : "false") + "," +
            JsonMember("why", JsonArray(r.aWHY, &JsonText)) + "}";
 }

@@ -5,6 +5,7 @@
 #include "messages/ZdtMsgMgr.h"
 #include "nas2zdt/command/Terminal.h"
 #include "nas2zdt/picture/Picture.h"
+#include "nas2zdt/report/Report.h"
 #include "nas2zdt/text/TextReader.h"
 #include "platform/Paths.h"
 #include "platform/TempPath.h"
@@ -33,20 +34,23 @@ class CCommandDialogs : public CConsoleDialogs {
     bool m_bShowLog;
 };
 
-/// Passes the events of a run on to the account and the progress line.
+/// Passes the events of a run on to the account, the notes for a page and the progress line.
 class CRunWatch : public CDeckObserver {
   public:
-    /// pAccount may be null; pLines is null unless the deck was joined. sDeck is the main deck as the user named it.
-    CRunWatch(CAccount* pAccount, const CLineMap* pLines, const std::string& sDeck, CProgressLine& rProgress)
-        : m_pAccount(pAccount), m_pLines(pLines), m_sDeck(sDeck), m_rProgress(rProgress) {}
+    /// pAccount and pNotes may be null; pLines is null unless the deck was joined. sDeck is the main deck as the user
+    /// named it.
+    CRunWatch(CAccount* pAccount, CRunNotes* pNotes, const CLineMap* pLines, const std::string& sDeck,
+              CProgressLine& rProgress)
+        : m_pAccount(pAccount), m_pNotes(pNotes), m_pLines(pLines), m_sDeck(sDeck), m_rProgress(rProgress) {}
 
     /// Whether the run has to be observed at all.
-    bool IsNeeded() const { return m_pAccount || m_pLines || m_rProgress.IsShown(); }
+    bool IsNeeded() const { return m_pAccount || m_pNotes || m_pLines || m_rProgress.IsShown(); }
 
     void OnDeckBegin(const std::string& sPath) override {
         const bool bMain = std::exchange(m_bMain, false); // a joined deck has a temporary path
         const std::string& sName = bMain ? m_sDeck : sPath;
         if (m_pAccount) m_pAccount->OnDeckBegin(sName);
+        if (m_pNotes) m_pNotes->OnDeckBegin(sName);
         if (!m_rProgress.IsShown()) return;
         std::error_code error;
         const std::uintmax_t nBytes = std::filesystem::file_size(ToPath(sPath), error);
@@ -66,6 +70,7 @@ class CRunWatch : public CDeckObserver {
     }
     void OnControlLine(std::string_view sText, std::int32_t iLine) override {
         if (m_pAccount) m_pAccount->OnControlLine(sText, iLine);
+        if (m_pNotes) m_pNotes->OnControlLine(sText);
     }
     void OnText(std::span<const T_RAWLINE_D> aLines, std::int32_t iFirst) override {
         if (m_pAccount) m_pAccount->OnText(aLines, iFirst);
@@ -79,6 +84,7 @@ class CRunWatch : public CDeckObserver {
     }
     void OnLeft(const T_LEFT_D& rLeft) override {
         if (m_pAccount) m_pAccount->OnLeft(rLeft);
+        if (m_pNotes) m_pNotes->OnLeft(rLeft);
     }
     void OnBytesRead(std::uint64_t nBytes) override { m_rProgress.Update(nBytes); }
     std::string LineText(std::int32_t iLine) const override {
@@ -89,6 +95,7 @@ class CRunWatch : public CDeckObserver {
 
   private:
     CAccount* m_pAccount;
+    CRunNotes* m_pNotes;
     const CLineMap* m_pLines;
     const std::string& m_sDeck;
     CProgressLine& m_rProgress;
@@ -122,9 +129,13 @@ void CDeckRun::Run() {
     m_result.sTARGET = m_rJob.sTARGET;
     if (m_rOptions.NeedsAccount()) m_pAccount = std::make_unique<CAccount>();
     if (m_rOptions.eCOLOUR == BY_LOSS) m_pAccount->KeepMarks();
+    if (!m_rOptions.sREPORT.empty()) {
+        m_pNotes = std::make_unique<CRunNotes>();
+        m_pAccount->KeepPlaces(T_REPORT_D::MOST_PLACES);
+    }
     if (!m_rJob.sREFUSED.empty()) return Fail(m_rJob.sDECK + ": " + m_rJob.sREFUSED);
     try {
-        if (m_rOptions.eCHECK != WANTED_NONE) Check();
+        if (m_rOptions.NeedsCheck()) Check();
         if (!m_rOptions.IsPrepared()) return Convert(m_rJob.sDECK, nullptr);
         CTempPath folder;
         folder.MakeFolder();
@@ -187,7 +198,8 @@ void CDeckRun::KeepRestated(const std::string& sDeck) {
 CFile& CDeckRun::Open(const T_INPUTS& rDecks) {
     if (!m_rOptions.IsPrepared()) m_rInputs.insert(rDecks.begin(), rDecks.end()); // else they are in it
     m_bRefused = true;
-    for (const std::string* pOutput : {&m_rJob.sTARGET, &m_rJob.sVIEW, &m_rJob.sVTU, &m_rOptions.sLOG}) {
+    for (const std::string* pOutput :
+         {&m_rJob.sTARGET, &m_rJob.sVIEW, &m_rJob.sVTU, &m_rOptions.sREPORT, &m_rOptions.sLOG}) {
         if (!pOutput->empty()) RefuseInput(*pOutput, m_rInputs);
     }
     m_bRefused = false;
@@ -201,7 +213,7 @@ CFile& CDeckRun::Open(const T_INPUTS& rDecks) {
 void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
     CProgressLine progress;
     CCommandDialogs dialogs(progress, !m_rOptions.bQUIET && !m_rOptions.IsJson());
-    CRunWatch watch(m_pAccount.get(), pLines, m_rJob.sDECK, progress);
+    CRunWatch watch(m_pAccount.get(), m_pNotes.get(), pLines, m_rJob.sDECK, progress);
     if (m_pAccount) m_pAccount->SetLines(pLines);
     CConvertNastran run(dialogs);
     CFileSums sums(run.GetDataPool(), m_rOptions.CountThreads() > 1);
@@ -226,7 +238,9 @@ void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
     } else {
         Fail(dialogs.m_sFileError);
     }
-    if (!m_bRefused) DrawModel(run.GetDataPool());
+    if (m_bRefused) return;
+    DrawModel(run.GetDataPool());
+    if (m_pNotes) WritePage(run.GetDataPool());
 }
 
 /// Gives the target file its name. Sections are counted before, while no other program can change the file.
@@ -234,7 +248,7 @@ void CDeckRun::FinishTarget() {
     const std::string& sWritten = m_pTarget->GetTemporaryPath();
     std::vector<T_SECTION_D> aSections;
     try {
-        if (m_rOptions.eACCOUNT != WANTED_NONE && !sWritten.empty()) aSections = CountSections(sWritten);
+        if (m_rOptions.NeedsSections() && !sWritten.empty()) aSections = CountSections(sWritten);
     } catch (const CFileException& rError) { // the file is whole all the same
         Fail(m_rJob.sTARGET + ": can't be read for the account: " + rError.GetCause());
     }
@@ -299,6 +313,20 @@ void CDeckRun::WriteGrid(const CDataPool& rPool) {
         TellHint(m_rJob.sVTU + ": the last " + std::to_string(leftOut.nCASES) +
                  (leftOut.nCASES == 1 ? " load case" : " load cases") + " left out: the option --case chooses one");
     }
+}
+
+/// Writes the page in which the conversion is reviewed.
+void CDeckRun::WritePage(const CDataPool& rPool) {
+    const T_REPORT_D report{m_result,
+                            *m_pAccount,
+                            m_pCheck.get(),
+                            *m_pNotes,
+                            m_restated.aTOLD,
+                            m_restated.lines.GetFiles(),
+                            MakeWarnings(*m_pAccount, m_rOptions.allowed, m_rOptions.bFAITHFUL),
+                            m_rOptions.aARGUMENTS,
+                            ReportDate()};
+    WriteReport(report, rPool, m_rOptions.sREPORT, m_rInputs);
 }
 
 /// Reports why the run failed, with lines of a joined deck traced back to the user's files.

@@ -8,6 +8,7 @@
 #include "nas2zdt/command/Jobs.h"
 #include "nas2zdt/command/Options.h"
 #include "nas2zdt/flatten/Flatten.h"
+#include "nas2zdt/report/RunNotes.h"
 #include "nas2zdt/restate/Restate.h"
 #include "platform/WholeFile.h"
 
@@ -35,7 +36,7 @@ class CDeckRun : private COutput {
     /// Null unless the options need an account.
     const CAccount* GetAccount() const { return m_pAccount.get(); }
 
-    /// Null unless the options ask for a check and the deck could be read for it.
+    /// Null unless the options need a check and the deck could be read for it.
     const T_CHECK_D* GetCheck() const { return m_pCheck.get(); }
 
   private:
@@ -50,6 +51,7 @@ class CDeckRun : private COutput {
     void DrawCases(CSvgPicture& rPicture, const std::vector<std::int32_t>& aCases);
     void WriteGrid(const CDataPool& rPool);
     void Protect(const std::string& sPath);
+    void WritePage(const CDataPool& rPool);
     void FailRun(T_FAIL_D failure, const CLineMap* pLines);
     void Fail(const std::string& sWhy);
 
@@ -61,6 +63,7 @@ class CDeckRun : private COutput {
     T_RESTATED_D m_restated;               // of a joined deck, too; the account refers to it
     std::unique_ptr<CAccount> m_pAccount;
     std::unique_ptr<T_CHECK_D> m_pCheck;
-    CFileSums* m_pSums = nullptr; // of the run in hand, null unless there is a check
+    CFileSums* m_pSums = nullptr;        // of the run in hand, null unless there is a check
+    std::unique_ptr<CRunNotes> m_pNotes; // null unless there will be a page
     T_RESULT_D m_result;
 };

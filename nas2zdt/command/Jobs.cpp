@@ -3,6 +3,7 @@
 #include "nas2zdt/command/Jobs.h"
 
 #include "driver/CConvertNastran.h"
+#include "nas2zdt/report/Page.h"
 #include "platform/Paths.h"
 
 #include <map>
@@ -84,7 +85,7 @@ class COutputs {
     std::map<std::pair<T_FILEID_D, std::string>, std::string> m_mapPlaces;
 };
 
-/// An error if sFile can't take the picture, grid or log, else empty.
+/// An error if sFile can't take the picture, grid, page or log, else empty.
 std::string TestOutput(const std::string& sFile, const std::string& sWhat, COutputs& rOutputs) {
     if (IsFolder(sFile)) return sFile + ": is a folder";
     std::string sWrong = TestFolderOf(sFile);
@@ -120,12 +121,12 @@ std::string TestCasesFolder(const std::string& sFolder) {
 /// An error if the options don't fit the number of decks, else empty.
 std::string TestUsage(const T_OPTIONS_D& rOptions, bool bFolder) {
     const bool bChosen = rOptions.choice.iSUBCASE || rOptions.choice.iPART != 0;
-    const bool bCheck = rOptions.eCHECK != WANTED_NONE;
+    const bool bCheck = rOptions.NeedsCheck();
     if (!rOptions.bFAITHFUL && !rOptions.sRESTATED.empty()) return "--restated needs --faithful";
-    if (!rOptions.bFAITHFUL && !bCheck && bChosen) return "--subcase and --super need --faithful or --check";
+    if (!rOptions.bFAITHFUL && !bCheck && bChosen) return "--subcase and --super need --faithful, --check or --report";
     if (!rOptions.IsPrepared() && !bCheck && !rOptions.choice.join.mapFOLDERS.empty())
-        return "--logical needs --faithful, --flatten or --check";
-    if (!bCheck && rOptions.dTOLERANCE >= 0.0) return "--tolerance needs --check";
+        return "--logical needs --faithful, --flatten, --check or --report";
+    if (!bCheck && rOptions.dTOLERANCE >= 0.0) return "--tolerance needs --check or --report";
     if (rOptions.iCASE && rOptions.sVIEW.empty() && rOptions.sVTU.empty()) return "--case needs --view or --vtu";
     if (rOptions.eCOLOUR != BY_KIND && !rOptions.Draws()) return "--colour needs --view or --view-cases";
     if (rOptions.aDECKS.size() == 1) return {};
@@ -135,6 +136,7 @@ std::string TestUsage(const T_OPTIONS_D& rOptions, bool bFolder) {
         if (!sPath.empty() && !NamesFolder(sPath) && !IsFolder(sPath))
             return std::string(rPicture.sOPTION) + " must name a folder for several decks: " + sPath;
     }
+    if (!rOptions.sREPORT.empty()) return "--report takes one deck";
     if (!rOptions.sRESTATED.empty()) return "--restated takes one deck";
     return {};
 }
@@ -153,6 +155,10 @@ T_JOBS_D PlanJobs(const T_OPTIONS_D& rOptions) {
     }
     if (jobs.sFAILURE.empty()) jobs.sFAILURE = TestCasesFolder(rOptions.sVIEWCASES);
     if (jobs.sFAILURE.empty() && !sOutput.empty() && !bFolder) jobs.sFAILURE = TestFolderOf(sOutput);
+    if (!rOptions.sREPORT.empty() && !GetReportPage()) {
+        jobs.sFAILURE = "--report: this command was built without its page; build it with Node.js 18 or later and npm, "
+                        "and cmake -DCONVERTNASTRAN_VIEWER=ON";
+    }
 
     for (const std::string& sDeck : rOptions.aDECKS) {
         T_JOB_D job{sDeck, Target(sDeck, sOutput, bFolder), {}};
@@ -175,8 +181,8 @@ T_JOBS_D PlanJobs(const T_OPTIONS_D& rOptions) {
         if (!sLost.empty()) rJob.sREFUSED = "its result " + rJob.sTARGET + " would overwrite " + sLost;
     }
     for (const T_PICTURE_D& rPicture : PICTURES) PlanPictures(rPicture, rOptions, jobs, outputs);
-    const std::pair<const std::string*, const char*> aOthers[] = {{&rOptions.sRESTATED, "the restated deck"},
-                                                                  {&rOptions.sLOG, "the log"}};
+    const std::pair<const std::string*, const char*> aOthers[] = {
+        {&rOptions.sREPORT, "the report"}, {&rOptions.sRESTATED, "the restated deck"}, {&rOptions.sLOG, "the log"}};
     for (const auto& [pFile, sWhat] : aOthers) {
         if (!pFile->empty() && jobs.sFAILURE.empty()) jobs.sFAILURE = TestOutput(*pFile, sWhat, outputs);
     }

@@ -25,6 +25,6 @@ struct T_JOBS_D {
 };
 
 /// Looks at the files that a command line names. A deck is refused if it is given twice or if its result would
-/// overwrite a deck or another result, and so is one whose picture or grid in a folder would. If a picture, grid or log
-/// that is named would overwrite anything, no deck is run.
+/// overwrite a deck or another result, and so is one whose picture or grid in a folder would. If a picture, grid, page
+/// or log that is named would overwrite anything, no deck is run.
 T_JOBS_D PlanJobs(const T_OPTIONS_D& rOptions);

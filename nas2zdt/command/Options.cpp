@@ -175,6 +175,7 @@ constexpr T_OPTION_D OPTIONS[] = {
     {"--colour",       VALUE_NEEDED,  "BY",   "colours pictures by property, material, kind or loss",      &SetColour},
     {"--vtu",          VALUE_NEEDED,  "PATH", "writes the model as a VTK unstructured grid, a file or into a folder", &Keep<&T_OPTIONS_D::sVTU>},
     {"--case",         VALUE_NEEDED,  "ID",   "with --view or --vtu, the load case whose loads they have", &SetCase},
+    {"--report",       VALUE_NEEDED,  "FILE", "writes a page to review the conversion in any browser",     &Keep<&T_OPTIONS_D::sREPORT>},
     {"--limit",        VALUE_NEEDED,  "NAME=N", "sets the limit on ranges, decks, output or frames; none lifts it", &SetLimit},
     {"--threads",      VALUE_NEEDED,  "N",    "works with at most N threads, where that pays; else with one a core", &SetThreads},
     {"--log",          VALUE_NEEDED,  "FILE", "saves the log of all decks",                                &Keep<&T_OPTIONS_D::sLOG>},
@@ -235,10 +236,12 @@ struct T_PICTURE_D {
     std::string T_OPTIONS_D::*pFILE;
     std::string_view sEXTENSION;
 };
-constexpr T_PICTURE_D PICTURES[] = {{"--view", &T_OPTIONS_D::sVIEW, ".svg"}, {"--vtu", &T_OPTIONS_D::sVTU, ".vtu"}};
+constexpr T_PICTURE_D PICTURES[] = {{"--view", &T_OPTIONS_D::sVIEW, ".svg"},
+                                    {"--vtu", &T_OPTIONS_D::sVTU, ".vtu"},
+                                    {"--report", &T_OPTIONS_D::sREPORT, ".html"}};
 
-/// Extensions of decks, results, accounts and pictures.
-constexpr std::string_view EXTENSIONS[] = {".dat", ".bdf", ".nas", ".blk", ".zdt", ".json", ".svg", ".vtu"};
+/// Extensions of decks, results, accounts, pictures and pages.
+constexpr std::string_view EXTENSIONS[] = {".dat", ".bdf", ".nas", ".blk", ".zdt", ".json", ".svg", ".vtu", ".html"};
 
 /// Whether sFile has one of these extensions other than sOwn, which suggests a mixed up command line.
 bool HasForeignExtension(std::string sFile, std::string_view sOwn) {
@@ -250,6 +253,7 @@ bool HasForeignExtension(std::string sFile, std::string_view sOwn) {
 } // namespace
 
 int ReadOptions(const std::vector<std::string>& aArgs, T_OPTIONS_D& rOptions, std::string& rWhy) {
+    rOptions.aARGUMENTS = aArgs;
     bool bOptions = true; // until "--"
     for (std::size_t i = 0; i < aArgs.size(); ++i) {
         const std::string& sArg = aArgs[i];

@@ -40,11 +40,13 @@ struct T_OPTIONS_D {
     std::string sVIEW;                 // picture of the model, or the folder of pictures; empty for none
     std::string sVTU;                  // likewise, grid of the model
     std::string sVIEWCASES;            // folder for a picture of each load case; empty for none
+    std::string sREPORT;               // page to review the conversion; empty for none
     std::optional<std::int32_t> iCASE; // the load case of picture and grid; all of them without it
     E_COLOUR_BY eCOLOUR = BY_KIND;     // of pictures
     T_LIMITS_D limits;
     std::size_t nTHREADS = 0; // that may work at a time; 0 for one a core
     std::vector<std::string> aDECKS;
+    std::vector<std::string> aARGUMENTS; // all of them, as given
 
     /// Whether the deck is joined or restated before it is converted.
     bool IsPrepared() const { return bFLATTEN || bFAITHFUL; }
@@ -53,9 +55,14 @@ struct T_OPTIONS_D {
 
     /// Whether losses are counted, and whether those that change no result are, too.
     bool NeedsAccount() const {
-        return NeedsNotes() || eSTRICT != STRICT_NONE || !bNOWARNINGS || eCHECK != WANTED_NONE || eCOLOUR == BY_LOSS;
+        return NeedsNotes() || eSTRICT != STRICT_NONE || !bNOWARNINGS || NeedsCheck() || eCOLOUR == BY_LOSS;
     }
-    bool NeedsNotes() const { return eACCOUNT != WANTED_NONE || eSTRICT == STRICT_ANY; }
+    bool NeedsNotes() const { return NeedsSections() || eSTRICT == STRICT_ANY; }
+
+    /// Whether the sections of the file are counted.
+    bool NeedsSections() const { return eACCOUNT != WANTED_NONE || !sREPORT.empty(); }
+
+    bool NeedsCheck() const { return eCHECK != WANTED_NONE || !sREPORT.empty(); }
 
     /// Whether there are SVG pictures.
     bool Draws() const { return !sVIEW.empty() || !sVIEWCASES.empty(); }

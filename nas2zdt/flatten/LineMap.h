@@ -22,6 +22,9 @@ class CLineMap {
         return m_aFiles.size() - 1;
     }
 
+    /// By their numbers.
+    const std::vector<std::string>& GetFiles() const { return m_aFiles; }
+
     /// Line iJoined of the joined deck is line iLine of file iFile. Calls come in ascending order of iJoined; lines
     /// between two calls follow the first.
     void AddLine(std::int32_t iJoined, std::size_t iFile, std::int32_t iLine) {

@@ -3,6 +3,7 @@
 #include "nas2zdt/picture/CaseLoads.h"
 #include "nas2zdt/picture/Picture.h"
 #include "nas2zdt/picture/Scene.h"
+#include "nas2zdt/text/Base64.h"
 #include "platform/WholeFile.h"
 #include "writer/Format.h"
 #include "writer/rows/LoadRows.h"
@@ -21,46 +22,6 @@ constexpr std::array<std::uint8_t, CELLS> CELL_TYPES = {1, 3, 5, 9, 10, 13, 12};
 /// The first triangle of a wedge goes round the other way than in a deck, so that its normal points outward.
 constexpr std::array<std::uint8_t, 8> WEDGE_ORDER = {0, 2, 1, 3, 5, 4, 6, 7};
 constexpr std::array<std::uint8_t, 8> PLAIN_ORDER = {0, 1, 2, 3, 4, 5, 6, 7};
-
-/// Writes values as base64.
-class CBase64 {
-  public:
-    explicit CBase64(CFile& rFile) : m_rFile(rFile) {}
-
-    template <class VALUE>
-    void Add(VALUE value) {
-        std::memcpy(m_aBytes.data() + m_nUsed, &value, sizeof value);
-        m_nUsed += sizeof value;
-        if (m_nUsed >= FULL) Send(FULL);
-    }
-    void Finish() { Send(m_nUsed); }
-
-  private:
-    static constexpr std::size_t FULL = std::size_t{3} * 4096;
-
-    /// nBytes is a multiple of three or all bytes.
-    void Send(std::size_t nBytes) {
-        constexpr char DIGITS[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-        std::array<char, FULL / 3 * 4> aText;
-        char* p = aText.data();
-        for (std::size_t i = 0; i < nBytes; i += 3) {
-            const std::size_t nLeft = nBytes - i;
-            const std::uint32_t n =
-                m_aBytes[i] * 65536u + (nLeft > 1 ? m_aBytes[i + 1] * 256u : 0) + (nLeft > 2 ? m_aBytes[i + 2] : 0);
-            *p++ = DIGITS[n >> 18];
-            *p++ = DIGITS[n >> 12 & 63];
-            *p++ = nLeft > 1 ? DIGITS[n >> 6 & 63] : '=';
-            *p++ = nLeft > 2 ? DIGITS[n & 63] : '=';
-        }
-        m_rFile.Write({aText.data(), static_cast<std::size_t>(p - aText.data())});
-        m_nUsed -= nBytes;
-        std::memmove(m_aBytes.data(), m_aBytes.data() + nBytes, m_nUsed);
-    }
-
-    CFile& m_rFile;
-    std::array<std::uint8_t, FULL + sizeof(double)> m_aBytes = {};
-    std::size_t m_nUsed = 0;
-};
 
 template <class VALUE>
 constexpr const char* TypeName() {

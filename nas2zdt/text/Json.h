@@ -3,7 +3,10 @@
 
 #include "nas2zdt/text/Escape.h"
 
+#include <array>
+#include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <string>
 #include <string_view>
 
@@ -13,6 +16,14 @@ inline std::string JsonMember(std::string_view sName, const std::string& sValue)
 }
 inline std::string JsonMember(std::string_view sName, std::uint64_t nValue) {
     return JsonMember(sName, std::to_string(nValue));
+}
+
+/// All digits of a number; null for what JSON has no number for.
+inline std::string JsonNumber(double dValue) {
+    if (!std::isfinite(dValue)) return "null";
+    std::array<char, 40> aText;
+    std::snprintf(aText.data(), aText.size(), "%.17g", dValue);
+    return aText.data();
 }
 
 /// [write(item),...]; write gives the JSON of an item.

@@ -166,7 +166,44 @@ grep -Fxq "nas2zdt: new/cases/loads-case-7.svg: would overwrite the output new/c
 expect "a folder that is a file" 1 -q --view-cases one.svg loads.dat
 grep -Fxq "nas2zdt: one.svg: is no folder" err || fail "a folder that is a file"
 
-for args in "--view x.vtu" "--view X.DAT" "--view x.zdt" "--vtu x.svg" "--vtu=x.json"; do
+# ---- the page of a review, if the command has it
+printf old >page.html
+status=0
+"$nas2zdt" -q --report page.html good.dat >out 2>err || status=$?
+if [ "$status" -eq 0 ]; then
+    export SOURCE_DATE_EPOCH=951827696
+    expect "a page" 0 -q --report page.html good.dat
+    same "the result beside a page" good.zdt one.expected
+    [ ! -s out ] || fail "a page prints nothing"
+    cp page.html page.expected
+    expect "the same page" 0 -q --report page.html good.dat
+    same "the same page" page.html page.expected
+    unset SOURCE_DATE_EPOCH
+    printf 'CEND\nBEGIN BULK\nGRID,1\nCROD,7,5,1,99\nENDDATA\n' >broken.dat
+    expect "errors of a deck are the page's alone" 0 -q --no-warnings --report page.html broken.dat
+    expect "a page of a joined deck" 0 -q --flatten --report page.html outer.dat
+    ln PART.INC hard.html
+    for args in "--report hard.html outer.dat|hard.html: would overwrite the deck PART.INC" \
+        "-o x.html --report x.html good.dat|x.html: the report would overwrite the result of good.dat" \
+        "--report missing/x.html good.dat|missing: no such folder"; do
+        # shellcheck disable=SC2086 # several arguments
+        expect "$args" 1 -q ${args%%|*}
+        grep -Fxq "nas2zdt: ${args#*|}" err || fail "$args: the reason"
+    done
+    expect "several decks" 2 -q --report page.html good.dat outer.dat
+    printf old >page.html
+    expect "a failed run" 1 -q --report page.html bad.dat
+    (ulimit -f 800 && "$nas2zdt" -q --report page.html big.dat 2>err) && fail "a full disk under a page"
+    [ "$(cat page.html)" = old ] || fail "an older page stays"
+    nothing "a page"
+else
+    [ "$status" -eq 1 ] || fail "a command without the page"
+    grep -Fq 'nas2zdt: --report: this command was built without its page; build it with Node.js' err || fail "how to get it"
+    [ "$(cat page.html)" = old ] || fail "a command without the page writes none"
+    [ ! -e good.zdt ] || fail "a command without the page converts nothing"
+fi
+
+for args in "--report x.svg" "--view x.vtu" "--view X.DAT" "--view x.zdt" "--vtu x.svg" "--vtu=x.json"; do
     # shellcheck disable=SC2086 # several arguments
     expect "the name of another format: $args" 2 $args good.dat
 done

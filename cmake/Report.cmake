@@ -1,0 +1,27 @@
+# Which libraries the page of --report is written with. Without one the page is larger, or doesn't tell a hash.
+
+set(CONVERTNASTRAN_REPORT_LIBRARIES)
+set(ZLIB_USE_STATIC_LIBS ${WIN32}) # each binary stands alone there
+find_package(ZLIB)
+if(ZLIB_FOUND)
+  set(CONVERTNASTRAN_DEFLATE DeflateZlib.cpp)
+  list(APPEND CONVERTNASTRAN_REPORT_LIBRARIES ZLIB::ZLIB)
+  set_source_files_properties(nas2zdt/report/DeflateZlib.cpp PROPERTIES COMPILE_DEFINITIONS ZLIB_CONST)
+else()
+  set(CONVERTNASTRAN_DEFLATE DeflateNone.cpp)
+  message(STATUS "zlib isn't there: pages of --report are written uncompressed")
+endif()
+
+if(WIN32)
+  set(CONVERTNASTRAN_SHA256 Sha256Windows.cpp)
+  list(APPEND CONVERTNASTRAN_REPORT_LIBRARIES bcrypt)
+else()
+  find_package(OpenSSL COMPONENTS Crypto)
+  if(OPENSSL_FOUND)
+    set(CONVERTNASTRAN_SHA256 Sha256Crypto.cpp)
+    list(APPEND CONVERTNASTRAN_REPORT_LIBRARIES OpenSSL::Crypto)
+  else()
+    set(CONVERTNASTRAN_SHA256 Sha256None.cpp)
+    message(STATUS "OpenSSL isn't there: pages of --report don't tell the SHA-256 of decks")
+  endif()
+endif()
