@@ -2,96 +2,16 @@
 
 #include "nas2zdt/command/DeckRun.h"
 
-#include "messages/ZdtMsgMgr.h"
-#include "nas2zdt/command/Terminal.h"
-#include "nas2zdt/picture/Picture.h"
-#include "nas2zdt/text/TextReader.h"
-#include "platform/Paths.h"
-#include "platform/TempPath.h"
 #include "platform/console/ConsoleDialogs.h"
 
 #include <iostream>
-#include <system_error>
-#include <utility>
 
 namespace {
 
-/// Asks nothing. Shows the log on standard output if wanted, and keeps the failure of the output file.
-class CCommandDialogs : public CConsoleDialogs {
+/// The log on standard output, without waiting for anybody to close it.
+class CShownLog : public CConsoleDialogs {
   public:
-    CCommandDialogs(CProgressLine& rProgress, bool bShowLog) : m_rProgress(rProgress), m_bShowLog(bShowLog) {}
-    void ShowFileError(const CFileException& rError) override { m_sFileError = rError.GetText(); }
-    void ShowMessages(const std::vector<std::string>& aLines) override {
-        m_rProgress.Clear();
-        if (m_bShowLog) WriteLines(aLines); // without waiting for anybody to close them
-    }
-    std::string m_sFileError;
-
-  private:
-    CProgressLine& m_rProgress;
-    bool m_bShowLog;
-};
-
-/// Passes the events of a run on to the account and the progress line.
-class CRunWatch : public CDeckObserver {
-  public:
-    /// pAccount may be null; pLines is null unless the deck was joined. sDeck is the main deck as the user named it.
-    CRunWatch(CAccount* pAccount, const CLineMap* pLines, const std::string& sDeck, CProgressLine& rProgress)
-        : m_pAccount(pAccount), m_pLines(pLines), m_sDeck(sDeck), m_rProgress(rProgress) {}
-
-    /// Whether the run has to be observed at all.
-    bool IsNeeded() const { return m_pAccount || m_pLines || m_rProgress.IsShown(); }
-
-    void OnDeckBegin(const std::string& sPath) override {
-        const bool bMain = std::exchange(m_bMain, false); // a joined deck has a temporary path
-        const std::string& sName = bMain ? m_sDeck : sPath;
-        if (m_pAccount) m_pAccount->OnDeckBegin(sName);
-        if (!m_rProgress.IsShown()) return;
-        std::error_code error;
-        const std::uintmax_t nBytes = std::filesystem::file_size(ToPath(sPath), error);
-        m_rProgress.Begin(sName, error ? 0 : nBytes);
-    }
-    void OnDeckEnd(bool bBulk) override {
-        if (m_pAccount) m_pAccount->OnDeckEnd(bBulk);
-    }
-    void OnCard(const T_DATA_D& rCard, const T_FIELDUSE_D& rUse, std::int32_t iFirst, std::int32_t iLast) override {
-        if (m_pAccount) m_pAccount->OnCard(rCard, rUse, iFirst, iLast);
-    }
-    void OnLoss(const T_LOSS_D& rLoss) override {
-        if (m_pAccount) m_pAccount->OnLoss(rLoss);
-    }
-    void OnFieldsDeleted(std::size_t nFields, std::int32_t iLine) override {
-        if (m_pAccount) m_pAccount->OnFieldsDeleted(nFields, iLine);
-    }
-    void OnControlLine(std::string_view sText, std::int32_t iLine) override {
-        if (m_pAccount) m_pAccount->OnControlLine(sText, iLine);
-    }
-    void OnText(std::span<const T_RAWLINE_D> aLines, std::int32_t iFirst) override {
-        if (m_pAccount) m_pAccount->OnText(aLines, iFirst);
-    }
-    void OnSaidIgnored(std::int32_t iLine) override {
-        if (m_pAccount) m_pAccount->OnSaidIgnored(iLine);
-    }
-    T_QUIET_D& GetQuiet() override { return m_pAccount ? m_pAccount->GetQuiet() : m_quiet; }
-    void OnReplaced(const char* sKeyword, bool bSame) override {
-        if (m_pAccount) m_pAccount->OnReplaced(sKeyword, bSame);
-    }
-    void OnLeft(const T_LEFT_D& rLeft) override {
-        if (m_pAccount) m_pAccount->OnLeft(rLeft);
-    }
-    void OnBytesRead(std::uint64_t nBytes) override { m_rProgress.Update(nBytes); }
-    std::string LineText(std::int32_t iLine) const override {
-        if (!m_pLines) return CDeckObserver::LineText(iLine);
-        const T_ORIGIN_D origin = m_pLines->Find(iLine);
-        return origin.sFILE + ":" + std::to_string(origin.iLINE);
-    }
-
-  private:
-    CAccount* m_pAccount;
-    const CLineMap* m_pLines;
-    const std::string& m_sDeck;
-    CProgressLine& m_rProgress;
-    bool m_bMain = true; // whether the next deck is the main one
+    using CConsoleDialogs::WriteLines;
 };
 
 bool IsIncludeFailure(E_FAILURE eFailure) {
@@ -100,157 +20,71 @@ bool IsIncludeFailure(E_FAILURE eFailure) {
 
 } // namespace
 
-void CDeckRun::Fail(const std::string& sWhy) {
-    m_result.sERROR = sWhy;
-    TellFailure(sWhy);
+CDeckRun::CDeckRun(const T_OPTIONS_D& rOptions, const T_JOB_D& rJob, T_INPUTS& rInputs)
+    : m_rOptions(rOptions), m_rJob(rJob), m_wanted(Plan(rOptions, rJob)), m_conversion(m_wanted, rInputs, *this) {}
+
+T_CONVERSION_D CDeckRun::Plan(const T_OPTIONS_D& rOptions, const T_JOB_D& rJob) {
+    T_CONVERSION_D wanted;
+    wanted.sDECK = rJob.sDECK;
+    wanted.sTARGET = rJob.sTARGET;
+    wanted.sRESTATED = rOptions.sRESTATED;
+    wanted.sVIEW = rOptions.sVIEW;
+    wanted.sVTU = rOptions.sVTU;
+    wanted.sLOG = rOptions.sLOG;
+    wanted.bFLATTEN = rOptions.bFLATTEN;
+    wanted.bFAITHFUL = rOptions.bFAITHFUL;
+    wanted.bACCOUNT = rOptions.NeedsAccount();
+    wanted.bNOTES = rOptions.NeedsNotes();
+    wanted.bSECTIONS = rOptions.eACCOUNT != WANTED_NONE;
+    wanted.bCHECK = rOptions.eCHECK != WANTED_NONE;
+    wanted.dTOLERANCE = rOptions.dTOLERANCE;
+    wanted.choice = rOptions.choice;
+    wanted.limits = rOptions.limits;
+    wanted.nTHREADS = rOptions.CountThreads();
+    return wanted;
 }
 
 void CDeckRun::Run() {
-    m_result.sDECK = m_rJob.sDECK;
-    m_result.sTARGET = m_rJob.sTARGET;
-    if (m_rOptions.NeedsAccount()) m_pAccount = std::make_unique<CAccount>();
-    if (!m_rJob.sREFUSED.empty()) return Fail(m_rJob.sDECK + ": " + m_rJob.sREFUSED);
-    try {
-        if (m_rOptions.eCHECK != WANTED_NONE) Check();
-        if (!m_rOptions.IsPrepared()) return Convert(m_rJob.sDECK, nullptr);
-        CTempPath folder;
-        folder.MakeFolder();
-        CTempPath deck;
-        CFile file;
-        deck.MakeFile(file, FindTarget(folder.GetPath() + "/deck"), folder.GetPath());
-        if (m_rOptions.bFAITHFUL) {
-            m_restated = RestateDeck(m_rJob.sDECK, file, Choice());
-            m_rInputs.insert(m_restated.files.begin(), m_restated.files.end());
-            KeepRestated(deck.GetPath());
-        } else {
-            T_JOINRULES_D rules = Choice().join;
-            rules.bFORGIVING = false;
-            T_JOINED_D joined = FlattenDeck(m_rJob.sDECK, file, rules);
-            m_rInputs.insert(joined.files.begin(), joined.files.end());
-            m_restated.lines = std::move(joined.lines);
-        }
-        Convert(deck.GetPath(), &m_restated.lines);
-    } catch (const CFileException& rError) {
-        Fail(rError.GetText());
-    } catch (const std::exception& rError) {
-        Fail(m_rJob.sDECK +
-             (IsOutOfMemory(rError) ? ": not enough memory" : std::string(": internal error: ") + rError.what()));
+    if (!m_rJob.sREFUSED.empty()) {
+        return m_conversion.Fail(NAS2ZDT_WRONG_USAGE, {m_rJob.sDECK, 0}, m_rJob.sDECK + ": " + m_rJob.sREFUSED);
     }
-}
-
-/// How the deck is read as NASTRAN means it.
-T_CHOICE_D CDeckRun::Choice() const {
-    T_CHOICE_D choice = m_rOptions.choice;
-    choice.join.nDECKS = m_rOptions.limits.nDECKS;
-    choice.join.bFORGIVING = true;
-    choice.nRANGES = m_rOptions.limits.nRANGES;
-    choice.nTHREADS = m_rOptions.CountThreads();
-    return choice;
-}
-
-/// Checks the deck before it is converted, so that both never need memory at a time. A deck that can't be read fails
-/// when it is converted.
-void CDeckRun::Check() {
-    try {
-        m_pCheck = std::make_unique<T_CHECK_D>(CheckDeck(m_rJob.sDECK, Choice(), m_rOptions.dTOLERANCE));
-    } catch (const CFileException& rError) {
-        TellHint(rError.GetText());
-    }
-}
-
-/// Copies the restated deck to where the options want it.
-void CDeckRun::KeepRestated(const std::string& sDeck) {
-    if (m_rOptions.sRESTATED.empty()) return;
-    CWholeFile kept(m_rOptions.sRESTATED, m_rInputs);
-    CTextReader reader;
-    std::string sCause;
-    if (!reader.Open(sDeck, sCause)) throw CFileException(m_rOptions.sRESTATED, "can't be copied: " + sCause);
-    for (std::string_view sLine; reader.Read(sLine);) kept.GetFile().Write(sLine);
-    if (reader.HasFailed()) throw CFileException(m_rOptions.sRESTATED, "can't be copied to its end");
-    kept.Finish();
-}
-
-/// Called once all decks are read, which no output may overwrite. Gives the file to write to.
-CFile& CDeckRun::Open(const T_INPUTS& rDecks) {
-    if (!m_rOptions.IsPrepared()) m_rInputs.insert(rDecks.begin(), rDecks.end()); // else they are in it
-    m_bRefused = true;
-    for (const std::string* pOutput : {&m_rJob.sTARGET, &m_rOptions.sVIEW, &m_rOptions.sVTU, &m_rOptions.sLOG}) {
-        if (!pOutput->empty()) RefuseInput(*pOutput, m_rInputs);
-    }
-    m_bRefused = false;
-    std::cout << std::flush; // the target file may go there too
-    if (m_pSums) m_pSums->Begin();
-    m_pTarget = std::make_unique<CWholeFile>(m_rJob.sTARGET, m_rInputs);
-    return m_pTarget->GetFile();
-}
-
-/// Converts sDeck, which is the job's deck or, with pLines, the file it was joined into.
-void CDeckRun::Convert(const std::string& sDeck, const CLineMap* pLines) {
-    CProgressLine progress;
-    CCommandDialogs dialogs(progress, !m_rOptions.bQUIET && !m_rOptions.IsJson());
-    CRunWatch watch(m_pAccount.get(), pLines, m_rJob.sDECK, progress);
-    if (m_pAccount) m_pAccount->SetLines(pLines);
-    CConvertNastran run(dialogs);
-    CFileSums sums(run.GetDataPool(), m_rOptions.CountThreads() > 1);
-    if (m_pCheck) m_pSums = &sums;
-    const T_CONVERT_D wanted{watch.IsNeeded() ? &watch : nullptr, this, m_rJob.sDECK, m_rOptions.limits};
-    const bool bEnded = run.Convert(sDeck, wanted) != 0;
-    progress.Clear();
-    m_result.aLOG = run.GetMsgMgr().GetMessages();
-    if (!bEnded) return FailRun(run.GetFailure(), pLines);
-    if (m_pAccount) {
-        m_pAccount->EndRun(run.GetDataPool());
-        if (m_rOptions.NeedsNotes()) m_pAccount->AddRounding(run.GetDataPool());
-        m_pAccount->AddRestated(m_restated.aTOLD, m_restated.aFILES);
-        m_result.bACCOUNT = true;
-    }
-    if (m_pCheck) {
-        m_pCheck->aREVIEW = ReviewTotals(m_pCheck->totals, sums.Take(), m_pAccount.get());
-    }
-    if (dialogs.m_sFileError.empty()) {
-        FinishTarget();
-    } else {
-        Fail(dialogs.m_sFileError);
-    }
-    if (!m_bRefused) DrawModel(run.GetDataPool());
-}
-
-/// Gives the target file its name. Sections are counted before, while no other program can change the file.
-void CDeckRun::FinishTarget() {
-    const std::string& sWritten = m_pTarget->GetTemporaryPath();
-    std::vector<T_SECTION_D> aSections;
-    try {
-        if (m_rOptions.eACCOUNT != WANTED_NONE && !sWritten.empty()) aSections = CountSections(sWritten);
-    } catch (const CFileException& rError) { // the file is whole all the same
-        Fail(m_rJob.sTARGET + ": can't be read for the account: " + rError.GetCause());
-    }
-    m_pTarget->Finish();
-    m_result.aSECTIONS = std::move(aSections);
-}
-
-/// Writes the pictures that the options ask for.
-void CDeckRun::DrawModel(const CDataPool& rPool) {
-    if (!m_rOptions.sVIEW.empty()) WriteSvg(rPool, m_rJob.sDECK, m_rOptions.sVIEW, m_rInputs);
-    if (m_rOptions.sVTU.empty()) return;
-    const std::size_t nLeftOut = WriteVtu(rPool, m_rOptions.sVTU, m_rInputs);
-    if (nLeftOut > 0) {
-        TellHint(m_rOptions.sVTU + ": " + std::to_string(nLeftOut) + (nLeftOut == 1 ? " element" : " elements") +
-                 " without nodes left out");
-    }
-}
-
-/// Reports why the run failed, with lines of a joined deck traced back to the user's files.
-void CDeckRun::FailRun(T_FAIL_D failure, const CLineMap* pLines) {
-    if (pLines) {
-        const T_ORIGIN_D origin = failure.iLINE > 0 ? pLines->Find(failure.iLINE) : T_ORIGIN_D{m_rJob.sDECK, 0};
-        failure.sFILE = origin.sFILE;
-        failure.iLINE = origin.iLINE;
-    }
-    if (failure.sFILE.empty()) failure.sFILE = m_rJob.sDECK; // the failure is no particular deck's
-    Fail(failure.GetText());
-    if (const std::string_view sLimit = NameOfLimit(failure.eFAILURE); !sLimit.empty()) {
+    m_conversion.Run();
+    const E_FAILURE eFailure = m_conversion.GetRunFailure();
+    if (const std::string_view sLimit = NameOfLimit(eFailure); !sLimit.empty()) {
         TellHint(m_rJob.sDECK + ": the option --limit " + std::string(sLimit) + "=N sets this limit");
     }
-    if (!IsIncludeFailure(failure.eFAILURE)) return;
+    if (!IsIncludeFailure(eFailure)) return;
     TellHint(m_rJob.sDECK + ": the option --flatten reads includes as NASTRAN does");
+}
+
+bool CDeckRun::BeginReading() {
+    m_progress.emplace();
+    return m_progress->IsShown();
+}
+
+void CDeckRun::OnDeck(const std::string& sName, std::uint64_t nBytes) {
+    m_progress->Begin(sName, nBytes);
+}
+
+void CDeckRun::OnBytesRead(std::uint64_t nBytes) {
+    m_progress->Update(nBytes);
+}
+
+void CDeckRun::BeforeWriting() {
+    std::cout << std::flush; // the target file may go there too
+}
+
+void CDeckRun::OnLog(const std::vector<std::string>& aLines) {
+    m_progress->Clear();
+    if (!m_rOptions.bQUIET && !m_rOptions.IsJson()) CShownLog::WriteLines(aLines);
+}
+
+void CDeckRun::OnHint(const std::string& sText) {
+    if (m_progress) m_progress->Clear();
+    TellHint(sText);
+}
+
+void CDeckRun::OnFailure(const std::string& sText) {
+    if (m_progress) m_progress->Clear();
+    TellFailure(sText);
 }
