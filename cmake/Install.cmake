@@ -11,15 +11,18 @@ include(CMakePackageConfigHelpers)
 # those are the current directory.
 file(RELATIVE_PATH library_from_command
   ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-set_target_properties(ConvertNastran PROPERTIES
+set_target_properties(ConvertNastran nas2zdt_library PROPERTIES
   VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} INSTALL_RPATH "$ORIGIN")
 set_target_properties(nas2zdt PROPERTIES INSTALL_RPATH "$ORIGIN/${library_from_command}")
-set_target_properties(ConvertNastran nas2zdt PROPERTIES BUILD_WITH_INSTALL_RPATH ON)
+set_target_properties(ConvertNastran nas2zdt_library nas2zdt PROPERTIES BUILD_WITH_INSTALL_RPATH ON)
 target_include_directories(ConvertNastran INTERFACE
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/Converter/ConvertNastran/driver>
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/ConvertNastran>)
+target_include_directories(nas2zdt_library INTERFACE
+  $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/nas2zdt/library>
+  $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/nas2zdt>)
 
-install(TARGETS ConvertNastran EXPORT ConvertNastranTargets
+install(TARGETS ConvertNastran nas2zdt_library EXPORT ConvertNastranTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
@@ -33,8 +36,10 @@ if(TARGET ConvertNastranGtk)
 endif()
 install(TARGETS nas2zdt RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES Converter/ConvertNastran/driver/ConvertFile.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ConvertNastran)
+install(FILES nas2zdt/library/nas2zdt.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/nas2zdt)
 install(FILES docs/nas2zdt.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES README.md docs/account.md docs/cards.md docs/hosts.md docs/sections.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md docs/account.md docs/cards.md docs/check.md docs/hosts.md docs/library.md docs/sections.md
+  DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
 
 # ---- for find_package(ConvertNastran) and pkg-config
@@ -46,8 +51,30 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/ConvertNastranConfigVersi
 install(FILES ${PROJECT_BINARY_DIR}/ConvertNastranConfig.cmake ${PROJECT_BINARY_DIR}/ConvertNastranConfigVersion.cmake
   DESTINATION ${package_dir})
 file(RELATIVE_PATH prefix_from_pkgconfig ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
-configure_file(cmake/ConvertNastran.pc.in ${PROJECT_BINARY_DIR}/ConvertNastran.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/ConvertNastran.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+foreach(library ConvertNastran nas2zdt)
+  configure_file(cmake/library.pc.in ${PROJECT_BINARY_DIR}/${library}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${library}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endforeach()
+
+# ---- the Python package: installed for the interpreter of the distribution, or as a wheel with the library in it
+if(CONVERTNASTRAN_PYTHON)
+  install(DIRECTORY python/nas2zdt DESTINATION ${CONVERTNASTRAN_PYTHON_DIR} PATTERN __pycache__ EXCLUDE)
+endif()
+file(READ python/pyproject.toml pyproject)
+if(NOT pyproject MATCHES "\nversion = \"${PROJECT_VERSION}\"\n")
+  message(FATAL_ERROR "python/pyproject.toml is of another version than ${PROJECT_VERSION}")
+endif()
+find_program(CONVERTNASTRAN_WHEEL_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH) # the one that packages are for
+find_program(CONVERTNASTRAN_WHEEL_PYTHON python3)
+set(wheel_command ${CMAKE_COMMAND} -D PYTHON=${CONVERTNASTRAN_WHEEL_PYTHON} -D SOURCE=${PROJECT_SOURCE_DIR}/python
+  -D LIBRARIES=$<TARGET_SONAME_FILE:nas2zdt_library>,$<TARGET_FILE:Convertmsg>)
+if(WIN32)
+  list(TRANSFORM wheel_command REPLACE TARGET_SONAME_FILE TARGET_FILE)
+endif()
+add_custom_target(wheel
+  COMMAND ${wheel_command} -D FOLDER=${PROJECT_BINARY_DIR}/wheel -P ${PROJECT_SOURCE_DIR}/cmake/Wheel.cmake
+  VERBATIM)
+add_dependencies(wheel nas2zdt_library Convertmsg)
 
 # ---- the package
 set(CPACK_GENERATOR DEB)
@@ -65,7 +92,8 @@ set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/Package.cmake)
 
 # How programs that link the library depend on this package, and that the loader learns of the library.
 file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/package/shlibs CONTENT
-  "libConvertNastran @PROJECT_VERSION_MAJOR@ convertnastran (>= @PROJECT_VERSION@)\n" @ONLY)
+  "libConvertNastran @PROJECT_VERSION_MAJOR@ convertnastran (>= @PROJECT_VERSION@)
+libnas2zdt @PROJECT_VERSION_MAJOR@ convertnastran (>= @PROJECT_VERSION@)\n" @ONLY)
 file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/package/triggers CONTENT "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/package/shlibs ${PROJECT_BINARY_DIR}/package/triggers)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
