@@ -169,7 +169,6 @@ void CConversion::Run() {
         if (m_rWanted.bCHECK) Check();
         Prepare();
     } catch (const CCancelled&) {
-        m_pTarget.reset();
         Fail(NAS2ZDT_CANCELLED, {sName, 0}, sName + ": cancelled");
     } catch (const CDeckError& rError) {
         Fail(CodeOf(rError.GetFailure()), rError.GetPlace(), rError.GetText());
