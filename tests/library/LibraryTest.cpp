@@ -220,6 +220,7 @@ struct T_HEARD_D {
     std::string sLOG;
     std::uint64_t nREAD = 0, nBYTES = 0;
     int nASKED = 0, nCANCEL = -1; // at which question the host cancels
+    bool bCANCELATLOG = false;
 
     void Hear(char c) {
         if (sEVENTS.empty() || sEVENTS.back() != c) sEVENTS += c;
@@ -239,7 +240,7 @@ struct T_HEARD_D {
         };
         rOptions.pfnCancelled = [](void* pUser) {
             auto& r = *static_cast<T_HEARD_D*>(pUser);
-            return std::int32_t{r.nASKED++ == r.nCANCEL};
+            return std::int32_t{r.nASKED++ == r.nCANCEL || (r.bCANCELATLOG && !r.sLOG.empty())};
         };
     }
 };
@@ -275,16 +276,22 @@ TEST_F(LibraryTest, CancelledAtAnyTimeItLeavesNothing) {
     const std::string sTarget = m_folder.Path("deck.zdt");
     WriteText(sTarget, "old");
     const std::vector<std::string> aNames = List(m_folder.Path("."));
+    T_NAS2ZDT_OPTIONS_D late = NoOptions();
+    T_HEARD_D heard;
+    heard.bCANCELATLOG = true;
+    heard.Listen(late);
+    EXPECT_EQ(Nas2zdtGetCode(ConvertText(GRID, nullptr, sTarget.c_str(), late).get()), NAS2ZDT_CANCELLED);
+    EXPECT_EQ(ReadText(sTarget), "old") << "written, but not under its name yet";
     for (const std::int32_t bFaithful : {0, 1}) {
         T_NAS2ZDT_OPTIONS_D options = NoOptions();
         options.bFaithful = options.bCheck = bFaithful;
         int nCancel = 0;
         for (;; ++nCancel) {
-            T_HEARD_D heard;
-            heard.nCANCEL = nCancel;
-            heard.Listen(options);
+            T_HEARD_D asked;
+            asked.nCANCEL = nCancel;
+            asked.Listen(options);
             const RESULT result = ConvertText(sDeck, nullptr, sTarget.c_str(), options);
-            if (heard.nASKED <= nCancel) break; // it wasn't asked so often
+            if (asked.nASKED <= nCancel) break; // it wasn't asked so often
             ASSERT_EQ(Ending(result), "2 deck:0: deck: cancelled") << nCancel;
             ASSERT_EQ(ReadText(sTarget), "old") << nCancel;
             ASSERT_EQ(List(m_folder.Path(".")), aNames) << nCancel;
