@@ -8,12 +8,6 @@
 
 namespace {
 
-/// The log on standard output, without waiting for anybody to close it.
-class CShownLog : public CConsoleDialogs {
-  public:
-    using CConsoleDialogs::WriteLines;
-};
-
 bool IsIncludeFailure(E_FAILURE eFailure) {
     return eFailure == FAILURE_INCLUDE_NOT_OPENED || eFailure == FAILURE_INCLUDE_CYCLE;
 }
@@ -76,7 +70,7 @@ void CDeckRun::BeforeWriting() {
 
 void CDeckRun::OnLog(const std::vector<std::string>& aLines) {
     m_progress->Clear();
-    if (!m_rOptions.bQUIET && !m_rOptions.IsJson()) CShownLog::WriteLines(aLines);
+    if (!m_rOptions.bQUIET && !m_rOptions.IsJson()) CConsoleDialogs::WriteLines(aLines);
 }
 
 void CDeckRun::OnHint(const std::string& sText) {

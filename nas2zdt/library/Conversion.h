@@ -78,7 +78,8 @@ class CConversion : private COutput {
     /// this object.
     CConversion(const T_CONVERSION_D& rWanted, T_INPUTS& rInputs, CConversionWatch& rWatch);
 
-    /// Converts the deck. Of what it throws, nothing comes from the deck or its files. May be called once.
+    /// Converts the deck; whatever fails is told. Throws only if there is no memory to tell it, or what the watch
+    /// throws and is no std::exception. May be called once.
     void Run();
 
     /// The deck can't be converted for this reason.

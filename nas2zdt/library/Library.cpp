@@ -10,6 +10,7 @@
 #include "platform/Worker.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstring>
 #include <new>
@@ -66,7 +67,9 @@ T_CONVERSION_D MakePlan(const T_NAS2ZDT_OPTIONS_D& rOptions) {
         throw CUsageError("eStrict isn't one of its numbers");
     }
     if (rOptions.nThreads < 0) throw CUsageError("the number of threads is negative");
-    if (rOptions.bTolerance && !(rOptions.dTolerance >= 0.0)) throw CUsageError("the tolerance is negative");
+    if (rOptions.bTolerance && !(rOptions.dTolerance >= 0.0 && std::isfinite(rOptions.dTolerance))) {
+        throw CUsageError("the tolerance is no length");
+    }
     if (rOptions.sRestated && !rOptions.bFaithful) throw CUsageError("sRestated needs bFaithful");
     T_CONVERSION_D wanted;
     wanted.bFLATTEN = rOptions.bFlatten != 0;

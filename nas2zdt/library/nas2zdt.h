@@ -32,7 +32,7 @@ extern "C" {
 /// How a conversion ended. Later versions may add numbers.
 enum {
     NAS2ZDT_DONE = 0,
-    NAS2ZDT_LOSS = 1,               ///< bStrict isn't met; the target file was written
+    NAS2ZDT_LOSS = 1,               ///< more than eStrict takes; the target file was written
     NAS2ZDT_CANCELLED = 2,          ///< by pfnCancelled
     NAS2ZDT_WRONG_USAGE = 3,        ///< a wrong argument; nothing was done
     NAS2ZDT_DECK_NOT_OPENED = 4,    ///< the main deck
@@ -88,9 +88,9 @@ typedef struct T_NAS2ZDT_OPTIONS_D {
     int64_t nMostOutput;  ///< bytes of the target file, besides 64 for each byte of the decks
     int64_t nMostFrames;  ///< coordinate systems that points are carried through
     const char* sAllowed; ///< kinds of loss or keywords, parted by blanks, that eStrict and warnings pass over; or null
-    const char* sRestated; ///< with bFaithful: where the restated deck goes; or null
-    const char* sView;     ///< where a picture of the model goes, .svg; or null
-    const char* sVtu;      ///< where the model goes as a VTK unstructured grid, .vtu; or null
+    const char* sRestated; ///< with bFaithful: where the restated deck goes, no other output's file; or null
+    const char* sView;     ///< likewise a picture of the model, .svg, once the target file is there; or null
+    const char* sVtu;      ///< likewise the model as a VTK unstructured grid, .vtu; or null
     void* pUser;           ///< handed on to the functions below
     /// Is given a line without line feed. These functions are called on the thread of the conversion, must not throw,
     /// and get texts that are valid during the call. Each may be null.

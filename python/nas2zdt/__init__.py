@@ -24,6 +24,7 @@ __all__ = [
     "DeckError",
     "LossError",
     "Model",
+    "OutOfMemory",
     "OutputError",
     "Result",
     "Table",
@@ -165,11 +166,11 @@ class _Calls:
             self._on_progress(_decode(deck), read, size)
 
     def _is_cancelled(self, _user: Any) -> int:
-        if self.raised is None and self._cancelled:
-            try:
-                return int(bool(self._cancelled()))
-            except BaseException as error:
-                self.raised = error
+        try:  # an interrupt from the keyboard arrives here, too
+            if self.raised is None and self._cancelled and self._cancelled():
+                return 1
+        except BaseException as error:
+            self.raised = error
         return int(self.raised is not None)
 
 

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <csignal>
 #include <cstring>
 #include <functional>
@@ -117,6 +118,8 @@ TEST_F(LibraryTest, EndsWithCodeFileAndLine) {
          "0 :0: "},
         {"Strict", sLoss, [](OPTIONS& r) { r.eStrict = 3; }, "3 :0: eStrict isn't one of its numbers"},
         {"Threads", sLoss, [](OPTIONS& r) { r.nThreads = -1; }, "3 :0: the number of threads is negative"},
+        {"Tolerance", sLoss, [](OPTIONS& r) { r.bTolerance = 1, r.dTolerance = HUGE_VAL; },
+         "3 :0: the tolerance is no length"},
         {"Limit", sLoss, [](OPTIONS& r) { r.nMostFrames = -1; }, "3 :0: a limit is negative"},
         {"Restated", sLoss, [](OPTIONS& r) { r.sRestated = "a"; }, "3 :0: sRestated needs bFaithful"},
     };
