@@ -72,7 +72,10 @@ class Result:
     def totals(self) -> List[Total]:
         """Sums of deck and file side by side; none without a check."""
         rows = self.check["totals"] if self.check else []
-        return [Total(**{**row, "why": tuple(row["why"])}) for row in rows]
+        return [
+            Total(row["group"], row["name"], row["deck"], row["file"], row["differs"], tuple(row["why"]))
+            for row in rows
+        ]
 
 
 class ConversionError(Exception):
@@ -141,7 +144,7 @@ class _Calls:
         self._on_progress = on_progress
         self._cancelled = cancelled
         self.line = _library.LINE(self._guard(self._take_line))
-        self.progress = _library.PROGRESS(self._guard(self._take_progress)) if on_progress else _library.PROGRESS()
+        self.progress = _library.PROGRESS(self._guard(self._take_progress)) if on_progress else _library.PROGRESS(0)
         self.ask = _library.CANCELLED(self._is_cancelled)
 
     def _guard(self, function: Callable[..., None]) -> Callable[..., None]:

@@ -4,7 +4,7 @@ from __future__ import annotations
 
 import ctypes
 from collections.abc import Iterator, Mapping, Sequence
-from typing import Any, Dict, List, Tuple, Union
+from typing import Any, Dict, List, Tuple
 
 from . import _library
 from ._library import Handle
@@ -13,10 +13,8 @@ ELEMENTS = ("trusses", "beams", "tubes", "triangles", "quads", "tetrahedra", "we
 PROPERTIES = ("value_sections", "tapered_sections", "shape_sections", "thicknesses")
 MATERIALS = ("isotropic", "orthotropic", "thermal")
 
-Number = Union[int, float]
 
-
-class Column(Sequence):
+class Column(Sequence[Any]):
     """A column of a table: a number a row, or a tuple of them. ``numpy.asarray`` wraps it without a copy.
 
     It keeps the memory of its result alive, as every array made of it does.
@@ -28,7 +26,7 @@ class Column(Sequence):
         self._double = column.eType == 1
         self._rows: int = column.nRows
         self._width: int = column.nWidth
-        kind = ctypes.c_double if self._double else ctypes.c_int32
+        kind: Any = ctypes.c_double if self._double else ctypes.c_int32
         size = self._rows * self._width
         self._values = (kind * size).from_address(self._address) if size else (kind * 0)()
 
@@ -57,7 +55,8 @@ class Column(Sequence):
         return tuple(self._values[row * self._width : (row + 1) * self._width])
 
     def tolist(self) -> List[Any]:
-        return self[:]
+        rows: List[Any] = self[:]
+        return rows
 
 
 class Table(Mapping[str, Column]):
