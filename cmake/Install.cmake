@@ -11,15 +11,18 @@ include(CMakePackageConfigHelpers)
 # those are the current directory.
 file(RELATIVE_PATH library_from_command
   ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-set_target_properties(ConvertNastran PROPERTIES
+set_target_properties(ConvertNastran nas2zdt_library PROPERTIES
   VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} INSTALL_RPATH "$ORIGIN")
 set_target_properties(nas2zdt PROPERTIES INSTALL_RPATH "$ORIGIN/${library_from_command}")
-set_target_properties(ConvertNastran nas2zdt PROPERTIES BUILD_WITH_INSTALL_RPATH ON)
+set_target_properties(ConvertNastran nas2zdt_library nas2zdt PROPERTIES BUILD_WITH_INSTALL_RPATH ON)
 target_include_directories(ConvertNastran INTERFACE
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/Converter/ConvertNastran/driver>
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/ConvertNastran>)
+target_include_directories(nas2zdt_library INTERFACE
+  $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/nas2zdt/library>
+  $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/nas2zdt>)
 
-install(TARGETS ConvertNastran EXPORT ConvertNastranTargets
+install(TARGETS ConvertNastran nas2zdt_library EXPORT ConvertNastranTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
@@ -33,13 +36,14 @@ if(TARGET ConvertNastranGtk)
 endif()
 install(TARGETS nas2zdt RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES Converter/ConvertNastran/driver/ConvertFile.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ConvertNastran)
+install(FILES nas2zdt/library/nas2zdt.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/nas2zdt)
 install(FILES docs/nas2zdt.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 if(NOT WIN32)
   install(FILES completions/nas2zdt.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME nas2zdt)
   install(FILES completions/_nas2zdt DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
 endif()
 install(FILES README.md CHANGELOG.md docs/account.md docs/batches.md docs/cards.md docs/check.md docs/faithful.md
-  docs/hosts.md docs/pictures.md docs/report.md docs/sections.md docs/zdt.md
+  docs/hosts.md docs/library.md docs/pictures.md docs/report.md docs/sections.md docs/zdt.md
   DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES examples/read_zdt.py examples/sum_zdt.py DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
@@ -53,8 +57,30 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/ConvertNastranConfigVersi
 install(FILES ${PROJECT_BINARY_DIR}/ConvertNastranConfig.cmake ${PROJECT_BINARY_DIR}/ConvertNastranConfigVersion.cmake
   DESTINATION ${package_dir})
 file(RELATIVE_PATH prefix_from_pkgconfig ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
-configure_file(cmake/ConvertNastran.pc.in ${PROJECT_BINARY_DIR}/ConvertNastran.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/ConvertNastran.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+foreach(library ConvertNastran nas2zdt)
+  configure_file(cmake/library.pc.in ${PROJECT_BINARY_DIR}/${library}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${library}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endforeach()
+
+# ---- the Python package: installed for the interpreter of the distribution, or as a wheel with the library in it
+if(CONVERTNASTRAN_PYTHON)
+  install(DIRECTORY python/nas2zdt DESTINATION ${CONVERTNASTRAN_PYTHON_DIR} PATTERN __pycache__ EXCLUDE)
+endif()
+file(READ python/pyproject.toml pyproject)
+if(NOT pyproject MATCHES "\nversion = \"${PROJECT_VERSION}\"\n")
+  message(FATAL_ERROR "python/pyproject.toml is of another version than ${PROJECT_VERSION}")
+endif()
+find_program(CONVERTNASTRAN_WHEEL_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH) # the one that packages are for
+find_program(CONVERTNASTRAN_WHEEL_PYTHON python3)
+set(wheel_command ${CMAKE_COMMAND} -D PYTHON=${CONVERTNASTRAN_WHEEL_PYTHON} -D SOURCE=${PROJECT_SOURCE_DIR}/python
+  -D LIBRARIES=$<TARGET_SONAME_FILE:nas2zdt_library>,$<TARGET_FILE:Convertmsg>)
+if(WIN32)
+  list(TRANSFORM wheel_command REPLACE TARGET_SONAME_FILE TARGET_FILE)
+endif()
+add_custom_target(wheel
+  COMMAND ${wheel_command} -D FOLDER=${PROJECT_BINARY_DIR}/wheel -P ${PROJECT_SOURCE_DIR}/cmake/Wheel.cmake
+  VERBATIM)
+add_dependencies(wheel nas2zdt_library Convertmsg)
 
 # ---- the package
 set(CPACK_GENERATOR DEB)
@@ -67,12 +93,14 @@ all that it includes, resolved into global terms and written as one ZDT file.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "python3, python3-numpy")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/Package.cmake)
 
 # How programs that link the library depend on this package, and that the loader learns of the library.
 file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/package/shlibs CONTENT
-  "libConvertNastran @PROJECT_VERSION_MAJOR@ convertnastran (>= @PROJECT_VERSION@)\n" @ONLY)
+  "libConvertNastran @PROJECT_VERSION_MAJOR@ convertnastran (>= @PROJECT_VERSION@)
+libnas2zdt @PROJECT_VERSION_MAJOR@ convertnastran (>= @PROJECT_VERSION@)\n" @ONLY)
 file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/package/triggers CONTENT "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/package/shlibs ${PROJECT_BINARY_DIR}/package/triggers)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)

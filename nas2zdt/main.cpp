@@ -9,6 +9,7 @@
 #include "nas2zdt/command/Terminal.h"
 #include "platform/Console.h"
 #include "platform/PlainText.h"
+#include "platform/TempPath.h"
 #include "platform/WholeFile.h"
 #include "platform/console/ConsoleDialogs.h"
 
@@ -165,6 +166,7 @@ int Run(int nArgs, char** aArgs) {
     if (!jobs.sUSAGE.empty()) return Usage(jobs.sUSAGE);
     if (!jobs.sFAILURE.empty()) return Fail(jobs.sFAILURE);
     const CConvertNastranApp app;
+    CatchInterruptions();
     return CBatch(options, jobs).Run();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
-// Temporary files and folders. They are removed with their object, and when a signal, or Ctrl-C on Windows, ends the
-// program.
+// Temporary files and folders. They are removed with their object and, in a program that asks for it, when a signal, or
+// Ctrl-C on Windows, ends the program.
 
 #include "platform/File.h"
 
@@ -14,7 +14,7 @@ struct T_TEMP_D {
     T_TEMP_D* pNEXT = nullptr;
 };
 
-/// One path. All objects belong to one thread.
+/// One path. Objects on several threads don't meet.
 class CTempPath {
   public:
     CTempPath() = default;
@@ -47,6 +47,10 @@ class CTempPath {
     std::filesystem::path m_name; // m_sPath in the system's form
     T_TEMP_D m_entry;
 };
+
+/// From now on what interrupts the program removes them first. For a program: the signals of a library's host are the
+/// host's own.
+void CatchInterruptions();
 
 /// Removes all of them, the newest first. Safe in the handler of a signal.
 void RemoveTempPaths() noexcept;

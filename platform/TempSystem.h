@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <string>
 
-/// While it lives, nothing interrupts the program, so that the list of temporary paths and the files themselves change
-/// together. The first object arranges that an interruption removes them. Doesn't nest.
+/// While it lives, nothing interrupts its thread and no other thread has such an object, so that the list of temporary
+/// paths and the files themselves change together. Doesn't nest.
 class CUninterrupted {
   public:
     CUninterrupted();

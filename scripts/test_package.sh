@@ -89,6 +89,31 @@ if command -v pkg-config >/dev/null; then
     convert "$work/linked"
 fi
 
+# without dialogs: the library for programs, from C and from Python
+cp examples/hosts/library.c "$work/host"
+cat >"$work/host/CMakeLists.txt" <<'END'
+cmake_minimum_required(VERSION 3.25)
+project(host LANGUAGES C CXX)
+find_package(ConvertNastran REQUIRED)
+add_executable(host library.c)
+target_link_libraries(host PRIVATE ConvertNastran::nas2zdt)
+END
+cmake -S "$work/host" -B "$work/host/library" -G Ninja -DCMAKE_PREFIX_PATH="$usr" >/dev/null
+cmake --build "$work/host/library" >/dev/null
+convert_file() { # convert_file COMMAND...: converts the deck by the command with DECK TARGET added
+    rm -f "$work/deck.zdt"
+    LD_LIBRARY_PATH="$library" "$@" "$work/deck.dat" "$work/deck.zdt" >"$work/log" 2>&1 || fail "$*: $(cat "$work/log")"
+    cmp "$work/deck.zdt" examples/portal_frame.zdt
+    passed=$((passed + 1))
+}
+convert_file "$work/host/library/host"
+if command -v pkg-config >/dev/null; then
+    # shellcheck disable=SC2046 # flags
+    gcc examples/hosts/library.c -o "$work/library" $(pkg-config --cflags --libs nas2zdt)
+    convert_file "$work/library"
+fi
+PYTHONPATH=$usr/lib/python3/dist-packages convert_file python3 -c 'import nas2zdt, sys; nas2zdt.convert(*sys.argv[1:])'
+
 # by name
 gcc -I Converter/ConvertNastran examples/host/host.c -o "$work/loaded"
 convert "$work/loaded"

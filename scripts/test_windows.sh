@@ -11,10 +11,10 @@ need "cmake ninja x86_64-w64-mingw32-g++-posix wine /usr/src/googletest /usr/x86
 cmake --preset windows >/dev/null
 cmake --build --preset windows -j"${JOBS:-2}"
 
-echo "== each binary stands alone"
+echo "== each binary stands alone, but for the host that is linked to the library for programs"
 for binary in build/windows/bin/*; do
   foreign=$(x86_64-w64-mingw32-objdump -p "$binary" | sed -n 's/.*DLL Name: //p' |
-    grep -v -i -x -E '(advapi32|bcrypt|comctl32|comdlg32|gdi32|kernel32|msvcrt|ole32|shell32|user32)\.dll' || :)
+    grep -v -i -x -E '(advapi32|bcrypt|comctl32|comdlg32|gdi32|kernel32|msvcrt|nas2zdt|ole32|shell32|user32)\.dll' || :)
   if [ -n "$foreign" ]; then
     echo "failed: $binary needs $foreign"
     exit 1
@@ -31,7 +31,8 @@ for binary in build/windows/bin/*; do
 done
 
 echo "== each library exports what it should"
-for library in "ConvertNastran.dll: ConvertFile ConvertFile2" "Convertmsg.DLL: LoadStr"; do
+of_programs=$(sed -n 's/.*NAS2ZDT_CALL \(Nas2zdt[A-Za-z]*\)(.*/\1/p' nas2zdt/library/nas2zdt.h | sort | tr '\n' ' ')
+for library in "ConvertNastran.dll: ConvertFile ConvertFile2" "Convertmsg.DLL: LoadStr" "nas2zdt.dll: ${of_programs% }"; do
   name=${library%%:*}
   exported=$(x86_64-w64-mingw32-objdump -p "build/windows/bin/$name" |
     sed -n '/Name Pointer/,/^$/s/^[[:space:]]*\[ *[0-9]*\] //p' | tr '\n' ' ')
@@ -68,6 +69,10 @@ for deck in examples/*.dat; do
   (cd "$folder/été 日本" && wine "$bin/nas2zdt.exe" "$name.dat" >/dev/null 2>&1)
   cmp "$folder/été 日本/$name.zdt" "examples/$name.zdt"
 done
+
+echo "== the library without dialogs"
+(cd "$folder/été 日本" && rm grids.zdt && wine "$bin/library_host.exe" grids.dat grids.zdt | grep -q 'result: 0')
+cmp "$folder/été 日本/grids.zdt" examples/grids.zdt
 
 echo "== nothing is loaded from the current folder"
 mkdir "$folder/alone"

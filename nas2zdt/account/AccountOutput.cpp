@@ -98,28 +98,6 @@ std::string SectionObject(const T_SECTION_D& rSection) {
            JsonMember("lines", rSection.nLINES) + "}";
 }
 
-std::string AccountObject(const T_RESULT_D& rResult, const CAccount& rAccount) {
-    const std::vector<const T_WORD_D*> aWords = rAccount.GetWords();
-    std::vector<const T_WORD_D*> aCounted = aWords;
-    std::erase_if(aCounted, [](const T_WORD_D* pWord) { return !pWord->HasCounts(); });
-    const CAccount::CLASS_COUNTS aCounts = rAccount.GetLossCounts();
-    std::string sClasses;
-    std::string sLost;
-    for (std::size_t i = 0; i < CLASS_COUNT; ++i) {
-        const auto eClass = static_cast<E_LOSS_CLASS>(i);
-        sClasses += (i > 0 ? "," : "") + JsonMember(ClassName(eClass), aCounts[i]);
-        for (const T_WORD_D* pWord : aWords) {
-            for (const T_NOTE_D& rNote : pWord->aNOTES) {
-                if (rNote.eCLASS == eClass) sLost += (sLost.empty() ? "" : ",") + LossObject(*pWord, rNote, rAccount);
-            }
-        }
-    }
-    return "{" + JsonMember("losses", std::accumulate(aCounts.begin(), aCounts.end(), std::uint64_t(0))) +
-           ",\"classes\":{" + sClasses +
-           "},\"keywords\":" + JsonArray(aCounted, [](const T_WORD_D* pWord) { return WordObject(*pWord); }) +
-           ",\"lost\":[" + sLost + "],\"sections\":" + JsonArray(rResult.aSECTIONS, &SectionObject) + "}";
-}
-
 /// The losses of a class, each a line.
 std::string ClassTable(const CAccount& rAccount, E_LOSS_CLASS eClass) {
     constexpr std::string_view TITLES[] = {
@@ -201,10 +179,32 @@ std::string AccountTable(const T_RESULT_D& rResult, const CAccount& rAccount) {
     return sText;
 }
 
+std::string AccountJson(const T_RESULT_D& rResult, const CAccount& rAccount) {
+    const std::vector<const T_WORD_D*> aWords = rAccount.GetWords();
+    std::vector<const T_WORD_D*> aCounted = aWords;
+    std::erase_if(aCounted, [](const T_WORD_D* pWord) { return !pWord->HasCounts(); });
+    const CAccount::CLASS_COUNTS aCounts = rAccount.GetLossCounts();
+    std::string sClasses;
+    std::string sLost;
+    for (std::size_t i = 0; i < CLASS_COUNT; ++i) {
+        const auto eClass = static_cast<E_LOSS_CLASS>(i);
+        sClasses += (i > 0 ? "," : "") + JsonMember(ClassName(eClass), aCounts[i]);
+        for (const T_WORD_D* pWord : aWords) {
+            for (const T_NOTE_D& rNote : pWord->aNOTES) {
+                if (rNote.eCLASS == eClass) sLost += (sLost.empty() ? "" : ",") + LossObject(*pWord, rNote, rAccount);
+            }
+        }
+    }
+    return "{" + JsonMember("losses", std::accumulate(aCounts.begin(), aCounts.end(), std::uint64_t(0))) +
+           ",\"classes\":{" + sClasses +
+           "},\"keywords\":" + JsonArray(aCounted, [](const T_WORD_D* pWord) { return WordObject(*pWord); }) +
+           ",\"lost\":[" + sLost + "],\"sections\":" + JsonArray(rResult.aSECTIONS, &SectionObject) + "}";
+}
+
 std::string ResultJson(const T_RESULT_D& rResult, const CAccount* pAccount, const std::string& sCheck) {
     return "{\"deck\":" + JsonText(rResult.sDECK) + ",\"target\":" + JsonText(rResult.sTARGET) +
            ",\"error\":" + (rResult.sERROR.empty() ? "null" : JsonText(rResult.sERROR)) +
            ",\"log\":" + JsonArray(rResult.aLOG, [](const std::string& sLine) { return JsonText(sLine); }) +
-           ",\"account\":" + (pAccount && rResult.bACCOUNT ? AccountObject(rResult, *pAccount) : "null") +
+           ",\"account\":" + (pAccount && rResult.bACCOUNT ? AccountJson(rResult, *pAccount) : "null") +
            (sCheck.empty() ? "" : ",\"check\":" + sCheck) + "}";
 }

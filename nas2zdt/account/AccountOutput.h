@@ -35,6 +35,9 @@ std::string NoteText(const T_NOTE_D& rNote);
 /// A deck's account as plain text tables.
 std::string AccountTable(const T_RESULT_D& rResult, const CAccount& rAccount);
 
+/// A deck's account as a JSON object as in docs/account.md, without a line feed.
+std::string AccountJson(const T_RESULT_D& rResult, const CAccount& rAccount);
+
 /// A deck's result as a JSON object as in docs/account.md, without a line feed. pAccount may be null; sCheck is the
 /// JSON of its check, empty if there is no such member.
 std::string ResultJson(const T_RESULT_D& rResult, const CAccount* pAccount, const std::string& sCheck);

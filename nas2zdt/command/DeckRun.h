@@ -1,69 +1,52 @@
 #pragma once
 // Runs one deck of the command line.
 
-#include "driver/CConvertNastran.h"
-#include "nas2zdt/account/AccountOutput.h"
-#include "nas2zdt/check/Check.h"
-#include "nas2zdt/check/FileTotals.h"
 #include "nas2zdt/command/Jobs.h"
 #include "nas2zdt/command/Options.h"
-#include "nas2zdt/flatten/Flatten.h"
+#include "nas2zdt/command/Terminal.h"
+#include "nas2zdt/library/Conversion.h"
 #include "nas2zdt/report/RunNotes.h"
-#include "nas2zdt/restate/Restate.h"
-#include "platform/WholeFile.h"
 
 #include <cstdint>
-#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
-class CDataPool;
-class CSvgPicture;
-
 /// The run of one deck and its result.
-class CDeckRun : private COutput {
+class CDeckRun : private CConversionWatch {
   public:
     /// rInputs are the files that no output may overwrite; the run adds those that it reads. All arguments must outlive
     /// this object.
-    CDeckRun(const T_OPTIONS_D& rOptions, const T_JOB_D& rJob, T_INPUTS& rInputs)
-        : m_rOptions(rOptions), m_rJob(rJob), m_rInputs(rInputs) {}
+    CDeckRun(const T_OPTIONS_D& rOptions, const T_JOB_D& rJob, T_INPUTS& rInputs);
 
     /// Converts the deck and shows its log as the options say. Failures go to standard error at once.
     void Run();
 
-    const T_RESULT_D& GetResult() const { return m_result; }
+    const T_RESULT_D& GetResult() const { return m_conversion.GetResult(); }
 
     /// Null unless the options need an account.
-    const CAccount* GetAccount() const { return m_pAccount.get(); }
+    const CAccount* GetAccount() const { return m_conversion.GetAccount(); }
 
-    /// Null unless the options need a check and the deck could be read for it.
-    const T_CHECK_D* GetCheck() const { return m_pCheck.get(); }
+    /// Null unless the options ask for a check and the deck could be read for it.
+    const T_CHECK_D* GetCheck() const { return m_conversion.GetCheck(); }
 
   private:
-    CFile& Open(const T_INPUTS& rDecks) override;
-    void Convert(const std::string& sDeck, const CLineMap* pLines);
-    void FinishTarget();
-    void KeepRestated(const std::string& sDeck);
-    T_CHOICE_D Choice() const;
-    void Check();
-    void DrawModel(const CDataPool& rPool);
-    void DrawPictures(const CDataPool& rPool, const std::vector<std::int32_t>& aCases);
-    void DrawCases(CSvgPicture& rPicture, const std::vector<std::int32_t>& aCases);
-    void WriteGrid(const CDataPool& rPool);
-    void Protect(const std::string& sPath);
-    void WritePage(const CDataPool& rPool);
-    void FailRun(T_FAIL_D failure, const CLineMap* pLines);
-    void Fail(const std::string& sWhy);
+    static T_CONVERSION_D Plan(const T_OPTIONS_D& rOptions, const T_JOB_D& rJob, CRunNotes& rNotes);
+
+    bool BeginReading() override;
+    void OnDeck(const std::string& sName, std::uint64_t nBytes) override;
+    void OnBytesRead(std::uint64_t nBytes) override;
+    void BeforeWriting() override;
+    void OnModel(const CDataPool& rPool) override;
+    void OnLog(const std::vector<std::string>& aLines) override;
+    void OnHint(const std::string& sText) override;
+    void OnFailure(const std::string& sText) override;
 
     const T_OPTIONS_D& m_rOptions;
     const T_JOB_D& m_rJob;
-    T_INPUTS& m_rInputs;
-    std::unique_ptr<CWholeFile> m_pTarget; // null until the model is written
-    bool m_bRefused = false;               // whether an output is a file that the run has read
-    T_RESTATED_D m_restated;               // of a joined deck, too; the account refers to it
-    std::unique_ptr<CAccount> m_pAccount;
-    std::unique_ptr<T_CHECK_D> m_pCheck;
-    CFileSums* m_pSums = nullptr;        // of the run in hand, null unless there is a check
-    std::unique_ptr<CRunNotes> m_pNotes; // null unless there will be a page
-    T_RESULT_D m_result;
+    const T_INPUTS& m_rInputs;
+    CRunNotes m_notes; // for the page
+    const T_CONVERSION_D m_wanted;
+    CConversion m_conversion;
+    std::optional<CProgressLine> m_progress; // none before the deck is read
 };

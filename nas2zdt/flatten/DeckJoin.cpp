@@ -3,6 +3,7 @@
 #include "nas2zdt/flatten/DeckJoin.h"
 
 #include "driver/CConvertNastran.h"
+#include "nas2zdt/flatten/DeckError.h"
 #include "nas2zdt/flatten/IncludeStatement.h"
 #include "nas2zdt/text/TextReader.h"
 #include "nas2zdt/text/Words.h"
@@ -94,18 +95,21 @@ void CDeckJoin::Run(const std::string& sDeck) {
     CountDeck();
     auto pReader = std::make_unique<CTextReader>();
     std::string sCause;
-    if (!pReader->Open(sDeck, sCause)) throw CFileException(sDeck, "can't be opened: " + sCause);
+    const std::string& sName = m_rRules.NameOf(sDeck);
+    if (!pReader->Open(sDeck, sCause)) {
+        throw CDeckError(FAILURE_DECK_NOT_OPENED, {sName, 0}, "can't be opened: " + sCause);
+    }
     const bool bBare = m_rRules.bFORGIVING && HoldsBulkData(sDeck, true);
-    Enter(sDeck, std::move(pReader), false);
+    Enter(sName, std::move(pReader), false);
     if (bBare) Switch(true);
     while (!m_aLevels.empty()) Step();
 }
 
 void CDeckJoin::CountDeck() {
     if (++m_nDecks <= m_rRules.nDECKS) return;
-    throw CFileException(m_aLevels.empty() ? std::string() : Place(),
-                         "limit on decks: more than " + std::to_string(m_rRules.nDECKS) +
-                             " decks are opened; the option --limit decks=N sets it");
+    throw CDeckError(FAILURE_LIMIT_DECKS, m_aLevels.empty() ? T_ORIGIN_D() : Place(),
+                     "limit on decks: more than " + std::to_string(m_rRules.nDECKS) +
+                         " decks are opened; the option --limit decks=N sets it");
 }
 
 /// Begins to read an open deck.
@@ -113,7 +117,8 @@ void CDeckJoin::Enter(const std::string& sPath, std::unique_ptr<CTextReader> pRe
     const T_FILEID_D id = pReader->GetId();
     if (std::any_of(m_aLevels.begin(), m_aLevels.end(),
                     [&](const T_LEVEL_D& rLevel) { return rLevel.pREADER->GetId() == id; })) {
-        throw CFileException(Place(), "this deck includes itself, directly or through others: " + sPath);
+        throw CDeckError(FAILURE_INCLUDE_CYCLE, Place(),
+                         "this deck includes itself, directly or through others: " + sPath);
     }
     m_inputs.emplace(id, "the deck " + sPath);
     const std::string sFolder = FolderPart(sPath, !m_aLevels.empty());
@@ -141,10 +146,14 @@ void CDeckJoin::Switch(bool bBulk) {
 
 /// Takes the next line of the innermost deck.
 void CDeckJoin::Step() {
+    constexpr std::uint32_t LINES = 1u << 14; // between polls
+    if (++m_nSteps % LINES == 0 && m_rRules.fnPOLL) m_rRules.fnPOLL();
     T_LEVEL_D& rLevel = m_aLevels.back();
     std::string_view sLine;
     if (!rLevel.pREADER->Read(sLine)) {
-        if (rLevel.pREADER->HasFailed()) throw CFileException(rLevel.sPATH, "can't be read to its end");
+        if (rLevel.pREADER->HasFailed()) {
+            throw CDeckError(FAILURE_DECK_NOT_READ, {rLevel.sPATH, 0}, "can't be read to its end");
+        }
         return Leave();
     }
     ++rLevel.iLINE;
@@ -215,27 +224,27 @@ std::unique_ptr<CTextReader> CDeckJoin::Find(const std::string& sName, std::stri
 /// Reads an INCLUDE to its end and enters the deck that it names.
 void CDeckJoin::Include(CIncludeStatement& rStatement) {
     T_LEVEL_D& rLevel = m_aLevels.back();
-    const std::string sPlace = Place();
+    const T_ORIGIN_D place = Place();
     const T_JOINLINE_D line = Line({});
     std::string_view sLine;
     while (!rStatement.IsWhole()) {
         if (!rLevel.pREADER->Read(sLine) || !rStatement.Continue(sLine)) {
-            throw CFileException(sPlace, "the name of this INCLUDE has no closing quote");
+            throw CDeckError(FAILURE_INCLUDE_NOT_OPENED, place, "the name of this INCLUDE has no closing quote");
         }
         ++rLevel.iLINE;
     }
     const std::string& sName = rStatement.GetName();
-    if (sName.empty()) throw CFileException(sPlace, "this INCLUDE has no name");
+    if (sName.empty()) throw CDeckError(FAILURE_INCLUDE_NOT_OPENED, place, "this INCLUDE has no name");
     CountDeck();
     std::string sPath, sCause;
     std::unique_ptr<CTextReader> pReader = Find(sName, sPath, sCause);
     if (!pReader) {
         if (m_rRules.bFORGIVING) return m_rSink.OnMissing(sName, line);
-        throw CFileException(sPlace, "included deck can't be opened: " + sPath + ": " + sCause);
+        throw CDeckError(FAILURE_INCLUDE_NOT_OPENED, place, "included deck can't be opened: " + sPath + ": " + sCause);
     }
     Enter(sPath, std::move(pReader), !m_bBulk && HoldsBulkData(sPath, m_rRules.bFORGIVING));
 }
 
-std::string CDeckJoin::Place() const {
-    return m_aLevels.back().sPATH + ":" + std::to_string(m_aLevels.back().iLINE);
+T_ORIGIN_D CDeckJoin::Place() const {
+    return {m_aLevels.back().sPATH, m_aLevels.back().iLINE};
 }

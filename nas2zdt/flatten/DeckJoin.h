@@ -2,10 +2,12 @@
 // Walks through a deck and its includes as NASTRAN does.
 
 #include "messages/RunError.h"
+#include "nas2zdt/flatten/LineMap.h"
 #include "platform/File.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -51,6 +53,10 @@ struct T_JOINRULES_D {
     std::map<std::string, std::string> mapFOLDERS; // of logical names, which are in upper case
     bool bFORGIVING = false; // BEGIN BULK may be written in any way or lack, nothing but ENDDATA ends the bulk section,
                              // an INCLUDE may lead nowhere
+    std::string sNAME = {};  // of the main deck, and where it would lie; empty for its path
+    std::function<void()> fnPOLL = {}; // called once in a while; what it throws ends the joining
+
+    const std::string& NameOf(const std::string& sDeck) const { return sNAME.empty() ? sDeck : sNAME; }
 };
 
 /// Includes are replaced by the decks that they name, at any depth. Names are looked for from the folder of the deck
@@ -62,14 +68,14 @@ class CDeckJoin {
     CDeckJoin(CJoinSink& rSink, const T_JOINRULES_D& rRules);
     ~CDeckJoin();
 
-    /// Throws CFileException with the place in a deck if that can't be joined.
+    /// Throws CDeckError if the deck can't be joined.
     void Run(const std::string& sDeck);
 
     /// The decks read so far.
     const T_INPUTS& GetInputs() const { return m_inputs; }
 
     /// Deck and line that are in hand.
-    std::string Place() const;
+    T_ORIGIN_D Place() const;
 
   private:
     struct T_LEVEL_D;
@@ -92,5 +98,6 @@ class CDeckJoin {
     std::vector<T_LEVEL_D> m_aLevels; // the main deck first; no recursion, since includes may nest deeply
     std::size_t m_nFiles = 0;
     std::int64_t m_nDecks = 0; // opened
-    bool m_bBulk = false;      // whether the joined text is in the bulk section
+    std::uint32_t m_nSteps = 0;
+    bool m_bBulk = false; // whether the joined text is in the bulk section
 };

@@ -2,6 +2,8 @@
 
 #include "nas2zdt/flatten/Flatten.h"
 
+#include "nas2zdt/flatten/DeckError.h"
+
 #include <limits>
 
 namespace {
@@ -38,7 +40,9 @@ class CCopy : public CJoinSink {
 
     void AddLine(const T_JOINLINE_D& rLine, std::size_t nLines) {
         const auto nLeft = static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max() - 1 - m_nLines);
-        if (nLines > nLeft) throw CFileException(m_join.Place(), "the joined deck has too many lines");
+        if (nLines > nLeft) {
+            throw CDeckError(FAILURE_TOO_MANY_LINES, m_join.Place(), "the joined deck has too many lines");
+        }
         m_joined.lines.AddLine(m_nLines + 1, rLine.iFILE, rLine.iLINE);
         m_nLines += static_cast<std::int32_t>(nLines);
     }

@@ -12,5 +12,5 @@ struct T_JOINED_D {
 
 /// Writes sDeck to rJoined, with each INCLUDE replaced by the deck that it names, at any depth, and closes rJoined.
 /// Lines are copied unchanged. Bulk data included before BEGIN BULK is put between markers. Throws CFileException if
-/// rJoined fails, or with the place in a deck if that can't be joined or more decks are opened than may be.
+/// rJoined fails, or CDeckError if a deck can't be joined or more decks are opened than may be.
 T_JOINED_D FlattenDeck(const std::string& sDeck, CFile& rJoined, const T_JOINRULES_D& rRules = {});

@@ -2,7 +2,7 @@
 
 #include "nas2zdt/restate/DeckModel.h"
 
-#include "platform/File.h"
+#include "nas2zdt/flatten/DeckError.h"
 
 #include <algorithm>
 #include <limits>
@@ -45,8 +45,9 @@ std::int32_t CDeckModel::NewPropertyId() {
 void CDeckModel::CountRange(std::size_t nIDs) {
     m_nRanges += static_cast<std::int64_t>(nIDs);
     if (m_nRanges <= m_nMostRanges) return;
-    throw CFileException(m_sDeck, "limit on ranges: ranges stand for more than " + std::to_string(m_nMostRanges) +
-                                      " ids in all; the option --limit ranges=N sets it");
+    throw CDeckError(FAILURE_LIMIT_RANGES, {m_sDeck, 0},
+                     "limit on ranges: ranges stand for more than " + std::to_string(m_nMostRanges) +
+                         " ids in all; the option --limit ranges=N sets it");
 }
 
 const T_FRAME_D* CDeckModel::FindFrame(std::int32_t iCID) const {

@@ -2,6 +2,7 @@
 
 #include "nas2zdt/restate/Restate.h"
 
+#include "nas2zdt/flatten/DeckError.h"
 #include "nas2zdt/restate/CardWriter.h"
 #include "nas2zdt/restate/DeckModel.h"
 #include "nas2zdt/restate/FieldText.h"
@@ -61,7 +62,7 @@ class CRestate {
   public:
     CRestate(const std::string& sDeck, CFile& rFile, const T_CHOICE_D& rChoice)
         : m_rChoice(rChoice), m_rFile(rFile), m_source(m_told, rChoice.iPART, rChoice.nRANGES),
-          m_model(sDeck, rChoice.nRANGES), m_writer(rFile, m_restated.lines) {
+          m_model(rChoice.join.NameOf(sDeck), rChoice.nRANGES), m_writer(rFile, m_restated.lines) {
         const T_RULEBENCH_D bench{m_model, m_told, m_source.GetCards()};
         m_aFamilies = MakeFamilies(bench);
         m_model.m_findLastFrame = [this] { return FindLast(TO_FRAMES); };
@@ -132,7 +133,7 @@ void CRestate::ChooseCase() {
     const auto pChosen = std::find_if(aCases.begin(), aCases.end(),
                                       [&](const T_CASE_D& rCase) { return rCase.iID == *m_rChoice.iSUBCASE; });
     if (pChosen == aCases.end()) {
-        throw CFileException(m_source.GetFiles().front(), "there is no subcase " + std::to_string(*m_rChoice.iSUBCASE));
+        throw CChoiceError(m_source.GetFiles().front(), "there is no subcase " + std::to_string(*m_rChoice.iSUBCASE));
     }
     m_model.m_case = *pChosen;
 }

@@ -2,6 +2,7 @@
 
 #include "nas2zdt/restate/SourceDeck.h"
 
+#include "nas2zdt/flatten/DeckError.h"
 #include "nas2zdt/restate/CardText.h"
 #include "nas2zdt/restate/FieldText.h"
 #include "nas2zdt/text/Words.h"
@@ -319,9 +320,9 @@ void CSourceDeck::Replicate(std::string_view sText, const T_ORIGINLINE_D& rOrigi
     if (sCommon.empty() || nCards < 1) return fail();
     m_nMade += nCards;
     if (m_nMade > m_nMostMade) {
-        throw CFileException(m_aFiles[rOrigin.iFILE] + ":" + std::to_string(rOrigin.iLINE),
-                             "limit on ranges: replication makes more than " + std::to_string(m_nMostMade) +
-                                 " cards in all; the option --limit ranges=N sets it");
+        throw CDeckError(FAILURE_LIMIT_RANGES, {m_aFiles[rOrigin.iFILE], rOrigin.iLINE},
+                         "limit on ranges: replication makes more than " + std::to_string(m_nMostMade) +
+                             " cards in all; the option --limit ranges=N sets it");
     }
     for (std::int32_t i = 0; i < nCards; ++i) {
         if (!m_aCards.empty()) m_sGiven = m_aCards.back().Text().substr(0, m_aCards.back().nTEXT - 1);

@@ -15,7 +15,6 @@ class CConsoleDialogs : public CDialogs {
     void ShowRunError(const std::string& sText) override;
     void ShowMessages(const std::vector<std::string>& aLines) override;
 
-  protected:
-    /// Writes the lines to standard output.
+    /// Writes the lines to standard output, without waiting for anybody to close them.
     static void WriteLines(const std::vector<std::string>& aLines);
 };

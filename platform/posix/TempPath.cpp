@@ -4,9 +4,12 @@
 #include "platform/TempSystem.h"
 #include "platform/posix/Calls.h"
 
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <poll.h>
+#include <sched.h>
 #include <signal.h>
 #include <unistd.h>
 #include <utility>
@@ -28,9 +31,16 @@ constexpr int ENDING_SIGNALS[] = {
 #endif
 };
 
-sigset_t g_before; // signals that were held before CUninterrupted held all
+std::atomic_flag g_locked;      // unlike a mutex, it may be tried in the handler of a signal
+thread_local sigset_t g_before; // signals that were held before CUninterrupted held all
 
+/// Keeps the lock, so that the program, which ends next, makes no more files. Whoever has it is on another thread and
+/// soon done, unless the program aborts in between: nobody waits for that.
 extern "C" void RemoveAndEnd(int iSignal) {
+    constexpr int MOST_MILLISECONDS = 1000;
+    for (int i = 0; i < MOST_MILLISECONDS && g_locked.test_and_set(std::memory_order_acquire); ++i) {
+        ::poll(nullptr, 0, 1);
+    }
     RemoveTempPaths();
     // the signal does what it did before; it is held until this function returns
     std::signal(iSignal, SIG_DFL);
@@ -47,24 +57,24 @@ void CatchIfDefault(int iSignal) {
     ::sigaction(iSignal, &action, nullptr);
 }
 
-int CatchSignals() {
+} // namespace
+
+void CatchInterruptions() {
     for (const int iSignal : ENDING_SIGNALS) CatchIfDefault(iSignal);
 #ifdef SIGRTMIN
     for (int iSignal = SIGRTMIN; iSignal <= SIGRTMAX; ++iSignal) CatchIfDefault(iSignal);
 #endif
-    return 1;
 }
 
-} // namespace
-
 CUninterrupted::CUninterrupted() {
-    [[maybe_unused]] static const int iCaught = CatchSignals();
     sigset_t all;
     ::sigfillset(&all);
     ::pthread_sigmask(SIG_SETMASK, &all, &g_before);
+    while (g_locked.test_and_set(std::memory_order_acquire)) ::sched_yield();
 }
 
 CUninterrupted::~CUninterrupted() {
+    g_locked.clear(std::memory_order_release);
     ::pthread_sigmask(SIG_SETMASK, &g_before, nullptr);
 }
 

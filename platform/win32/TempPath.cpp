@@ -22,8 +22,11 @@ BOOL WINAPI RemoveAndEnd(DWORD) {
 
 } // namespace
 
+void CatchInterruptions() {
+    ::SetConsoleCtrlHandler(&RemoveAndEnd, TRUE);
+}
+
 CUninterrupted::CUninterrupted() {
-    [[maybe_unused]] static const BOOL bCaught = ::SetConsoleCtrlHandler(&RemoveAndEnd, TRUE);
     ::AcquireSRWLockExclusive(&g_lock);
 }
 

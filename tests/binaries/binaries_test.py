@@ -15,12 +15,30 @@ import sys
 
 EXPORTS = {  # of the libraries of the product; the plug-in needn't be there
     "libConvertNastran": ["ConvertFile", "ConvertFile2"],
+    "libnas2zdt": [
+        "Nas2zdtConvertFile",
+        "Nas2zdtConvertMemory",
+        "Nas2zdtCountTables",
+        "Nas2zdtFindColumn",
+        "Nas2zdtFreeResult",
+        "Nas2zdtGetAccount",
+        "Nas2zdtGetCheck",
+        "Nas2zdtGetCode",
+        "Nas2zdtGetColumn",
+        "Nas2zdtGetFile",
+        "Nas2zdtGetLine",
+        "Nas2zdtGetLogLine",
+        "Nas2zdtGetOutput",
+        "Nas2zdtGetTable",
+        "Nas2zdtGetText",
+        "Nas2zdtGetVersion",
+    ],
     "Convertmsg": ["LoadStr"],
     "ConvertNastranGtk": ["MakeGtkDialogs"],
 }
 PRODUCT = ["nas2zdt", *EXPORTS]
-BUFFERED = ["nas2zdt", "libConvertNastran"]  # with buffers on the stack
-FORTIFIED = ["nas2zdt"]  # with calls of the C library that fill buffers whose size the compiler knows
+BUFFERED = ["nas2zdt", "libConvertNastran", "libnas2zdt"]  # with buffers on the stack
+FORTIFIED = ["nas2zdt", "libnas2zdt"]  # with calls of the C library that fill buffers whose size the compiler knows
 
 
 def readelf(*arguments):
@@ -36,7 +54,7 @@ def binaries(folder):
             with open(path, "rb") as file:
                 if not os.path.islink(path) and file.read(4) == b"\x7fELF":
                     found[name.partition(".")[0]] = path
-    missing = {"nas2zdt", "libConvertNastran", "Convertmsg"} - found.keys()
+    missing = {"nas2zdt", "libConvertNastran", "libnas2zdt", "Convertmsg"} - found.keys()
     if missing:
         sys.exit(f"not in {folder}: {', '.join(sorted(missing))}")
     return found

@@ -136,6 +136,7 @@ bool Ends(int iSignal) {
     const rlimit none{};
     ::setrlimit(RLIMIT_CORE, &none);
     if (bIgnored) ::signal(iSignal, SIG_IGN);
+    CatchInterruptions();
     const T_INPUTS inputs;
     CWholeFile file("deck.zdt", inputs);
     file.GetFile().Write("new");
