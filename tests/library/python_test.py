@@ -4,6 +4,7 @@ import contextlib
 import gc
 import io
 import os
+import re
 import sys
 import tempfile
 import unittest
@@ -81,6 +82,8 @@ class PythonTest(unittest.TestCase):
     def test_model_and_grid_agree(self):
         path = self.folder / "plate.vtu"
         model = nas2zdt.convert(PLATE, model=True, vtu=path).model
+        grid = path.read_text(encoding="utf-8")  # meshio knows no arrays of texts
+        path.write_text(re.sub(r'<(Data)?Array type="String".*?</(Data)?Array>', "", grid, flags=re.S), encoding="utf-8")
         mesh = meshio.read(path)
         numpy.testing.assert_array_equal(mesh.points, numpy.asarray(model.nodes["position"]))
         ids = numpy.asarray(model.nodes["id"])
