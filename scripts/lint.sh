@@ -13,7 +13,7 @@ checks=
 [ "${1:-}" != quick ] || checks='-checks=-clang-analyzer-*'
 jobs=$(nproc)
 cmake -S . -B $build -G Ninja -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ -DCONVERTNASTRAN_TESTS=OFF \
-    -DCONVERTNASTRAN_BENCH=ON -DCONVERTNASTRAN_FUZZ=ON >/dev/null
+    -DCONVERTNASTRAN_BENCH=ON -DCONVERTNASTRAN_FUZZ=ON -DCONVERTNASTRAN_VIEWER=OFF >/dev/null
 
 echo "== shellcheck"
 git ls-files '*.sh' '*.bash' | xargs shellcheck -x

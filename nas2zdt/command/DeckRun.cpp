@@ -83,15 +83,11 @@ void CDeckRun::OnModel(const CDataPool& rPool) {
     if (m_rOptions.sREPORT.empty()) return;
     const CAccount& rAccount = *m_conversion.GetAccount();
     const T_RESTATED_D& rRestated = m_conversion.GetRestated();
-    const T_REPORT_D report{m_conversion.GetResult(),
-                            rAccount,
-                            m_conversion.GetCheck(),
-                            m_notes,
-                            rRestated.aTOLD,
-                            rRestated.lines.GetFiles(),
-                            MakeWarnings(rAccount, m_rOptions.allowed, m_rOptions.bFAITHFUL),
-                            m_rOptions.aARGUMENTS,
-                            ReportDate()};
+    const std::vector<std::string> aWarnings = MakeWarnings(rAccount, m_rOptions.allowed, m_rOptions.bFAITHFUL);
+    const std::vector<std::string>& rFiles = rRestated.lines.GetFiles();
+    const T_REPORT_D report{
+        m_conversion.GetResult(), rAccount,    m_conversion.GetCheck(), m_notes, rRestated.aTOLD, rFiles, aWarnings,
+        m_rOptions.aARGUMENTS,    ReportDate()};
     WriteReport(report, rPool, m_rOptions.sREPORT, m_rInputs);
 }
 

@@ -20,6 +20,7 @@
 #include <map>
 #include <set>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -56,7 +57,7 @@ class CPageData {
         std::string sJson = "{" + JsonMember("version", std::uint64_t(1)) + "," + Head() + "," + Model() + "," +
                             Losses() + "," + Restated() + ",";
         TakeFindings();
-        sJson += CDeckText(m_files.GetNames(), std::move(m_wanted)).Write(m_rFile) + "," + Result() + "}";
+        sJson += CDeckText(m_files.GetNames(), std::exchange(m_wanted, {})).Write(m_rFile) + "," + Result() + "}";
         CBlock block(m_rFile, "report", "json");
         block.Write(sJson);
         block.Finish();
