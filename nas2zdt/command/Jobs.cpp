@@ -105,8 +105,9 @@ void PlanPictures(const T_PICTURE_D& rPicture, const T_OPTIONS_D& rOptions, T_JO
             if (rJobs.sFAILURE.empty()) rJobs.sFAILURE = TestOutput(sFile, "the " + sWhat, rOutputs);
             continue;
         }
-        const std::string sLost = rOutputs.Add(sFile, "the " + sWhat + " of " + rJob.sDECK);
-        if (!sLost.empty()) rJob.sREFUSED = "its " + sWhat + " " + sFile + " would overwrite " + sLost;
+        std::string sIts = "its " + sWhat, sOf = "the " + sWhat;
+        const std::string sLost = rOutputs.Add(sFile, sOf.append(" of ").append(rJob.sDECK));
+        if (!sLost.empty()) rJob.sREFUSED = sIts.append(" ").append(sFile).append(" would overwrite ").append(sLost);
     }
 }
 

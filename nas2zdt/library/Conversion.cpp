@@ -358,9 +358,10 @@ void CConversion::DrawCases(CSvgPicture& rPicture, const std::vector<std::int32_
     const std::string sStem = ToText(ToPath(m_rWanted.GetName()).stem());
     for (const std::int32_t iCase : aCases) {
         const std::string sCase = std::to_string(iCase);
-        const std::string sPath = ToText(ToPath(sFolder) / ToPath(sStem + "-case-" + sCase + ".svg"));
+        std::string sFile = sStem, sTitle = m_rWanted.GetName();
+        const std::string sPath = ToText(ToPath(sFolder) / ToPath(sFile.append("-case-").append(sCase).append(".svg")));
         RefuseInput(sPath, m_rInputs);
-        rPicture.Write(m_rWanted.GetName() + ", load case " + sCase, sPath, m_rInputs, iCase);
+        rPicture.Write(sTitle.append(", load case ").append(sCase), sPath, m_rInputs, iCase);
         Protect(sPath);
     }
 }

@@ -69,8 +69,7 @@ class CRecords<T_NODS_D> {
 
     /// Whether the position is where the coordinates are, and there is nothing else.
     static bool IsPlain(const T_NODS_D& r) {
-        return r.iCP == 0 && r.iCD == 0 && r.bPS == std::array<bool, 6>() && IsSameReal(r.dGX, r.dX1) &&
-               IsSameReal(r.dGY, r.dX2) && IsSameReal(r.dGZ, r.dX3);
+        return r.Traits() == 0 && IsSameReal(r.dGX, r.dX1) && IsSameReal(r.dGY, r.dX2) && IsSameReal(r.dGZ, r.dX3);
     }
     static T_MORE_D MoreOf(const T_NODS_D& r) { return {r.iCP, r.iCD, r.bPS, {r.dGX, r.dGY, r.dGZ}}; }
     std::uint32_t AddMore(const T_NODS_D& record) {

@@ -17,7 +17,8 @@ struct T_HEAD_D {
 
     explicit T_HEAD_D(const T_MBLD_D& r)
         : iKIND(r.iKIND), iFORM(r.iFORM), iSCALE(r.iSCALE), iDIR(r.iDIR), bCID(r.iCID != 0),
-          bFACE(r.iFACEG1 != 0 || r.iFACEG34 != 0), bGRIDS(r.iG != std::array<std::int32_t, 4>()) {
+          bFACE(r.iFACEG1 != 0 || r.iFACEG34 != 0) {
+        for (const std::int32_t iGrid : r.iG) bGRIDS |= iGrid != 0;
         for (const double d : r.dN) bDIRECTION |= !IsSameReal(d, 0.0);
         for (std::size_t i = 0; i < aVALUES.size(); ++i) {
             if (IsSameReal(r.dV[i], 0.0)) continue;
