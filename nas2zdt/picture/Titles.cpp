@@ -54,7 +54,7 @@ std::string MassText(const T_SIXVALUES& rMass) {
 std::string HeldText(std::uint8_t nHeld) {
     std::string sText;
     for (unsigned i = 0; i < 6; ++i) {
-        if (nHeld >> i & 1u) sText += static_cast<char>('1' + i);
+        if (unsigned{nHeld} >> i & 1u) sText += static_cast<char>('1' + i);
     }
     return sText;
 }
