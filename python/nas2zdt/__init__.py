@@ -14,7 +14,7 @@ from dataclasses import dataclass
 from typing import Any, Callable, Dict, Iterable, List, Optional, Tuple, Union
 
 from . import _library
-from ._library import Handle, library
+from ._library import Handle, native
 from ._model import Column, Model, Table
 
 __all__ = [
@@ -33,7 +33,7 @@ __all__ = [
     "convert",
 ]
 
-__version__: str = library.Nas2zdtGetVersion().decode()
+__version__: str = native.Nas2zdtGetVersion().decode()
 
 Path = Union[str, "os.PathLike[str]"]
 
@@ -180,10 +180,10 @@ class _Calls:
 def _make_result(handle: Handle, deck: str, target: Optional[Path], calls: _Calls) -> Result:
     pointer = handle.pointer
     log: List[str] = []
-    while (line := library.Nas2zdtGetLogLine(pointer, len(log))) is not None:
+    while (line := native.Nas2zdtGetLogLine(pointer, len(log))) is not None:
         log.append(_decode(line))
     size = ctypes.c_size_t()
-    output = library.Nas2zdtGetOutput(pointer, size)
+    output = native.Nas2zdtGetOutput(pointer, size)
     table = _library.Table(nSize=ctypes.sizeof(_library.Table))
     return Result(
         deck=deck,
@@ -191,9 +191,9 @@ def _make_result(handle: Handle, deck: str, target: Optional[Path], calls: _Call
         output=ctypes.string_at(output, size.value) if output else None,
         log=tuple(log),
         warnings=tuple(calls.warnings),
-        account=_decode_json(library.Nas2zdtGetAccount(pointer)),
-        check=_decode_json(library.Nas2zdtGetCheck(pointer)),
-        model=Model(handle) if library.Nas2zdtGetTable(pointer, 0, table) else None,
+        account=_decode_json(native.Nas2zdtGetAccount(pointer)),
+        check=_decode_json(native.Nas2zdtGetCheck(pointer)),
+        model=Model(handle) if native.Nas2zdtGetTable(pointer, 0, table) else None,
     )
 
 
@@ -274,16 +274,16 @@ def convert(
     pointer = ctypes.byref(handle.pointer)
     if isinstance(deck, bytes):
         shown = os.fspath(name) if name is not None else "deck"
-        code = library.Nas2zdtConvertMemory(deck, len(deck), _encode(name), _encode(target), options, pointer)
+        code = native.Nas2zdtConvertMemory(deck, len(deck), _encode(name), _encode(target), options, pointer)
     else:
         shown = os.fspath(deck)
-        code = library.Nas2zdtConvertFile(_encode(deck), _encode(target), options, pointer)
+        code = native.Nas2zdtConvertFile(_encode(deck), _encode(target), options, pointer)
     if calls.raised is not None:
         raise calls.raised
     result = _make_result(handle, shown, target, calls)
     if code == 0:
         return result
-    text = _decode(library.Nas2zdtGetText(handle.pointer))
-    file = _decode(library.Nas2zdtGetFile(handle.pointer))
-    line = library.Nas2zdtGetLine(handle.pointer)
+    text = _decode(native.Nas2zdtGetText(handle.pointer))
+    file = _decode(native.Nas2zdtGetFile(handle.pointer))
+    line = native.Nas2zdtGetLine(handle.pointer)
     raise _ERRORS.get(code, ConversionError)(text, code, file or None, line or None, result)

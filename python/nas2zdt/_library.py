@@ -98,7 +98,7 @@ def _load() -> ctypes.CDLL:
     return library
 
 
-library = _load()
+native = _load()
 
 
 class Handle:
@@ -108,4 +108,4 @@ class Handle:
         self.pointer = c_void_p()
 
     def __del__(self) -> None:
-        library.Nas2zdtFreeResult(self.pointer)
+        native.Nas2zdtFreeResult(self.pointer)

@@ -88,11 +88,11 @@ class Model:
         self.loads: Dict[int, Dict[str, Table]] = {}  #: those of each load case, by its id and by name
         place = 0
         table = _library.Table(nSize=ctypes.sizeof(_library.Table))
-        while _library.library.Nas2zdtGetTable(handle.pointer, place, table):
+        while _library.native.Nas2zdtGetTable(handle.pointer, place, table):
             columns = {}
             for i in range(table.nColumns):
                 column = _library.Column(nSize=ctypes.sizeof(_library.Column))
-                _library.library.Nas2zdtGetColumn(handle.pointer, place, i, column)
+                _library.native.Nas2zdtGetColumn(handle.pointer, place, i, column)
                 columns[column.sName.decode()] = Column(handle, column)
             name = table.sName.decode()
             made = Table(name, table.nRows, columns)
