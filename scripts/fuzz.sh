@@ -24,7 +24,8 @@ if ! can_fuzz; then
     fi
 fi
 cmake --preset fuzz
-cmake --build --preset fuzz
+# shellcheck disable=SC2086 # several words
+cmake --build --preset fuzz --target $(printf 'fuzz_%s ' $targets)
 
 # Files of the runs belong in memory.
 for folder in /dev/shm "${TMPDIR:-/tmp}"; do
