@@ -68,6 +68,10 @@ CRefusal::~CRefusal() {
     g_nUntilRefusal = NEVER;
 }
 
+bool CRefusal::IsMet() const {
+    return g_nUntilRefusal <= 0;
+}
+
 long LivePieces() {
     return g_nLive;
 }

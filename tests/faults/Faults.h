@@ -39,6 +39,9 @@ class CRefusal {
     ~CRefusal();
     CRefusal(const CRefusal&) = delete;
     CRefusal& operator=(const CRefusal&) = delete;
+
+    /// Whether there were that many requests.
+    bool IsMet() const;
 };
 
 /// Pieces of memory that operator new gave and operator delete didn't take back yet.

@@ -2,10 +2,12 @@
 
 #include "faults/Host.h"
 
+#include "driver/CConvertNastran.h"
 #include "driver/ConvertFile.h"
 #include "faults/Faults.h"
 #include "messages/MsgDll.h"
 #include "support/Deck.h"
+#include "support/NoDialogs.h"
 
 #include <gtest/gtest.h>
 
@@ -48,6 +50,44 @@ TEST(MemoryFaultTest, EachRequestOfACall) {
             ASSERT_TRUE(sWritten == "<no file>" || sZdt.starts_with(sWritten)) << nTh;
         }
         EXPECT_GT(nFailed, 200) << "a run of every card asks for memory more often than this";
+    }
+}
+
+/// Which thread is refused is a matter of chance, so what comes of it may be either, but whole.
+TEST(MemoryFaultTest, RequestsOfThreads) {
+    std::string sDeck = "BEGIN BULK\n", sZdt = "*VERSION\n  5.8.1\n\n*NODE\n";
+    for (int i = 100000; i < 140000; ++i) { // enough for four pieces
+        sDeck += "GRID," + std::to_string(i) + "\n";
+        sZdt += "  " + std::to_string(i) + ", 0, 0, 0\n";
+    }
+    sZdt += "\n";
+    const CTempFolder folder;
+    WriteText(folder.Path("deck.dat"), sDeck + "ENDDATA\n");
+    CNoDialogs dialogs;
+    T_CONVERT_D options;
+    options.nTHREADS = 4;
+    for (const bool bOnwards : {false, true}) {
+        int nFailed = 0;
+        bool bMet = true;
+        for (long nTh = 1; bMet; nTh += 1 + nTh / 16) {
+            std::filesystem::remove(folder.Path("deck.zdt"));
+            const long nLive = LivePieces();
+            {
+                CConvertNastran run(dialogs);
+                const std::string sPath = folder.Path("deck.dat");
+                const CRefusal refusal(nTh, bOnwards);
+                const int iResult = run.Convert(sPath, options);
+                bMet = refusal.IsMet();
+                nFailed += 1 - iResult;
+                EXPECT_EQ(run.GetFailure().eFAILURE, iResult == 1 ? FAILURE_NONE : FAILURE_EXHAUSTED) << nTh;
+                EXPECT_TRUE(bMet || iResult == 1);
+            }
+            const std::string sWritten = ReadText(folder.Path("deck.zdt"));
+            EXPECT_TRUE(sWritten == "<no file>" || sZdt.starts_with(sWritten)) << nTh;
+            EXPECT_EQ(LivePieces(), nLive) << "a leak at request " << nTh;
+        }
+        EXPECT_EQ(ReadText(folder.Path("deck.zdt")), sZdt);
+        EXPECT_GT(nFailed, 10);
     }
 }
 

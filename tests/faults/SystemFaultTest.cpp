@@ -2,6 +2,7 @@
 
 #include "faults/Faults.h"
 #include "support/Deck.h"
+#include "support/NoDialogs.h"
 
 #include <gtest/gtest.h>
 
@@ -121,6 +122,30 @@ TEST_F(SystemFaultTest, AFullDiskKeepsWhatWasWritten) {
         EXPECT_TRUE(nTh == 1 ? run.sZDT.empty() : run.sZDT.size() > nBefore) << nTh;
         nBefore = run.sZDT.size();
     }
+}
+
+TEST_F(SystemFaultTest, EachWriteOfAFileThatThreadsMake) {
+    for (int i = 200001; i < 240000; ++i) {
+        m_sDeck.insert(m_sDeck.size() - 8, "GRID," + std::to_string(i) + "\n");
+        m_sZdt.insert(m_sZdt.size() - 1, "  " + std::to_string(i) + ", 0, 0, 0\n");
+    }
+    Restore();
+    T_CONVERT_D options;
+    options.nTHREADS = 4;
+    CNoDialogs dialogs;
+    std::size_t nBefore = 0;
+    for (int nTh = 1;; ++nTh) {
+        const CFault fault(CALL_WRITE, nTh, ENOSPC);
+        CConvertNastran run(dialogs);
+        ASSERT_EQ(run.Convert("deck.dat", options), 1);
+        const std::string sWritten = ReadText("deck.zdt");
+        ASSERT_TRUE(m_sZdt.starts_with(sWritten)) << nTh;
+        ASSERT_TRUE(nTh == 1 ? sWritten.empty() : sWritten.size() > nBefore) << nTh;
+        nBefore = sWritten.size();
+        if (!fault.IsMet()) break;
+        ASSERT_LT(nBefore, m_sZdt.size()) << nTh;
+    }
+    EXPECT_EQ(nBefore, m_sZdt.size());
 }
 
 TEST_F(SystemFaultTest, ALimitOfTheSizeOfFilesDoesNotEndTheHost) {
