@@ -70,6 +70,9 @@ class CDeckFile {
     /// Identity of the open deck.
     const T_FILEID_D& GetId() const { return m_id; }
 
+    /// Bytes not read yet of those that the deck had when it was opened.
+    std::uint64_t GetUnread() const { return m_nUnread; }
+
   private:
     std::string FindWithoutCase(const std::string& sFolder, const std::string& sName);
     std::string ResolveWithoutCase(std::string sPath);

@@ -34,6 +34,8 @@ struct T_SHAPESECTION_ROW;
 struct T_TAPEREDSECTION_ROW;
 template <class... ARGS>
 class T_FORMAT_D;
+template <class RECORD>
+class CMap;
 
 /// Where a run's model goes, for a host that doesn't want it beside the deck.
 class COutput {
@@ -118,6 +120,14 @@ class CConvertNastran {
     int PeekNextLine();
     int SwitchSection(std::string_view sText);
     T_LINE_D* FetchLine(std::int32_t nLongest);
+
+    // reader/CardsAhead.cpp
+    void ShareDeck();
+    void LookAhead(T_CHUNK_D& rChunk);
+    void TakeAhead(T_CHUNK_D& rChunk, std::size_t iBegin, std::size_t iEnd);
+    bool PassRun();
+    template <class RECORD>
+    std::int32_t PassRecords(CMap<RECORD>& rTable, const T_RUN_D& rRun);
 
     // reader/DeckObserver.cpp
     void TakeObservedGroup(CDeckObserver& rObserver);
@@ -274,7 +284,6 @@ class CConvertNastran {
     T_FAIL_D m_failure;
 
     CDeckList m_aIncludeFiles;            // the main deck, too
-    CLineReader m_fp;                     // of the current deck
     std::int32_t m_iSection = 0;          // 0 before CEND, 1 case control, 2 bulk data
     std::int32_t m_iLineNo = 0;           // lines read of the current deck
     std::int64_t m_nFileLines = 0;        // lines that count; a Ctrl-Z ends them
@@ -283,6 +292,11 @@ class CConvertNastran {
     T_FIELDUSE_D m_fieldUse;              // of its fields, for the observer
     std::vector<T_RAWLINE_D> m_aRawLines; // of its lines, likewise
     T_QUIET_D* m_pQuiet = nullptr;        // what the observer needn't be told of
+
+    // read cards of a long deck ahead, each those of a chunk
+    std::vector<std::unique_ptr<CConvertNastran>> m_aTakers;
+
+    CLineReader m_fp; // of the current deck; its threads work on the takers
 
     std::int32_t m_iCurLoadSet = 0;    // set of the last load card
     T_LOAD_D* m_pCurLoadSet = nullptr; // its record

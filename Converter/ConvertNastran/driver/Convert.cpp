@@ -68,6 +68,7 @@ void CConvertNastran::ReadDecks(const std::string& sPath) {
         m_aIncludeFiles.Open(m_fp.GetId());
         if (bMain) LogBanner(*m_pMsgMgr, m_options.sDECKNAME.empty() ? sDeck : m_options.sDECKNAME);
         if (m_options.pOBSERVER) m_options.pOBSERVER->OnDeckBegin(sDeck);
+        ShareDeck();
         ReadDeckFile();
         if (m_options.pOBSERVER) m_options.pOBSERVER->OnDeckEnd(m_iSection == 2);
         m_fp.Close();

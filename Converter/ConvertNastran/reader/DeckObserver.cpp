@@ -33,7 +33,8 @@ void TellLoss(CDeckObserver& rObserver, E_LOSS eLoss, E_GROUP eGroup, const CLin
     rObserver.OnLoss({eLoss, rCard.iKEYWORD, rCard.sWORD, rLines.First().iLINE, rLines.Last().iLINE});
 }
 
-/// Whether a field isn't blank that is watched or wasn't read.
+} // namespace
+
 bool HasFieldToTell(const T_QUIET_D& rQuiet, const T_DATA_D& rCard) {
     const T_QUIET_D::T_WATCH_D& rWatch = rQuiet.aWATCHES[static_cast<std::size_t>(rCard.iKEYWORD)];
     if (rWatch.nFILLED == T_QUIET_D::EVERY_CARD) return true;
@@ -51,8 +52,6 @@ bool HasFieldToTell(const T_QUIET_D& rQuiet, const T_DATA_D& rCard) {
     const auto isFilled = [](std::string_view s) { return !s.empty(); };
     return anyField(rWatch.nFILLED, isFilled) || anyField(rWatch.nVALUES, &HoldsValue);
 }
-
-} // namespace
 
 void TellDeletedFields(CDeckObserver& rObserver, std::span<const std::string_view> aFields, std::int32_t iLine) {
     std::size_t nDeleted = 0;
@@ -93,7 +92,7 @@ void TellDeletedFields(CDeckObserver& rObserver, std::span<const std::string_vie
 
 /// Tells the text of a plain small field line before the first of its fields is joined: NASTRAN doesn't join it.
 void CConvertNastran::TellJoining(const T_LINE_D& rLine) {
-    if (!m_card.pUSE || std::exchange(m_fieldUse.bTELL, true)) return;
+    if (!m_card.pUSE || std::exchange(m_fieldUse.bTELL, true) || !m_options.pOBSERVER) return;
     const T_RAWLINE_D text{rLine.Text().substr(0, T_LINE_D::SMALL_COLUMNS)};
     m_options.pOBSERVER->OnText({&text, 1}, rLine.iLINE);
 }

@@ -54,12 +54,15 @@ struct T_QUIET_D {
     std::int32_t iLAST = -1;                       // keyword of the last card, if it wasn't told
     bool bTELLALL = false; // for a while, whatever is watched; it may be set while the card in hand is read
 
-    /// Takes note of a card that isn't told.
-    void Count(std::int32_t iKeyword) {
+    /// Takes note of cards that aren't told.
+    void Count(std::int32_t iKeyword, std::uint32_t nCards = 1) {
         iLAST = iKeyword;
-        ++aWATCHES[static_cast<std::size_t>(iKeyword)].nCOUNT;
+        aWATCHES[static_cast<std::size_t>(iKeyword)].nCOUNT += nCards;
     }
 };
+
+/// Whether a card has a field that isn't blank and is watched or wasn't read.
+bool HasFieldToTell(const T_QUIET_D& rQuiet, const T_DATA_D& rCard);
 
 /// Told in the order of the deck, while the run goes on, and of what the target file doesn't say behind it, in the
 /// order of the passes and sections; what a call is given is valid during the call. An exception ends the run as one of

@@ -3,6 +3,7 @@
 #include "driver/CConvertNastran.h"
 #include "messages/MsgDll.h"
 #include "reader/DeckObserver.h"
+#include "reader/LineGroup.h"
 #include "reader/NastranStrParser.h"
 #include "reader/PlainFields.h"
 
@@ -75,6 +76,7 @@ int CConvertNastran::ReadDeckFile() {
     m_aLines.StartDeck();
     for (;;) {
         m_aLines.StartCard();
+        if (PassRun()) continue;
         const int iResult = ReadCardGroup();
         if (iResult < 0) return 1;
         if (iResult == 0 || m_aLines.IsEmpty()) continue;

@@ -13,6 +13,7 @@ class CConvertNastran;
 enum E_CARD_ACTION : std::int32_t {
     CARD_SKIPPED,  // known, and passed over in silence
     CARD_PARSED,   // its handler stores it
+    CARD_ALONE,    // the same, and does nothing but to store one grid or element, whatever cards there are beside it
     CARD_REPORTED, // a line of the log says that it isn't converted
     CARD_INCLUDED, // names a deck to read
     CARD_END,      // ends the deck; the reader stops earlier, at the line
@@ -25,8 +26,9 @@ struct T_KEYWORD_D {
     int (CConvertNastran::*pfnPARSE)(const T_DATA_D&) = nullptr;
 
     constexpr T_KEYWORD_D(const char* sName, E_CARD_ACTION eAction = CARD_SKIPPED) : sNAME(sName), eACTION(eAction) {}
-    constexpr T_KEYWORD_D(const char* sName, int (CConvertNastran::*pfnParse)(const T_DATA_D&))
-        : sNAME(sName), eACTION(CARD_PARSED), pfnPARSE(pfnParse) {}
+    constexpr T_KEYWORD_D(const char* sName, int (CConvertNastran::*pfnParse)(const T_DATA_D&),
+                          E_CARD_ACTION eAction = CARD_PARSED)
+        : sNAME(sName), eACTION(eAction), pfnPARSE(pfnParse) {}
 
     static constexpr std::size_t COUNT = 242;
     static const std::array<T_KEYWORD_D, COUNT> TABLE;

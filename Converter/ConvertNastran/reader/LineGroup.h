@@ -1,12 +1,22 @@
 #pragma once
 // The lines of the card in hand, and the line looked ahead to.
 
+#include "messages/RunError.h"
 #include "reader/Card.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <limits>
 #include <memory>
 #include <utility>
 #include <vector>
+
+/// iLine + 1. Throws CRunError if there is no such number.
+inline std::int32_t NextLine(std::int32_t iLine) {
+    constexpr std::int32_t LAST = std::numeric_limits<std::int32_t>::max();
+    if (iLine == LAST) throw CRunError(FAILURE_TOO_MANY_LINES, LAST, LAST);
+    return iLine + 1;
+}
 
 /// Lines are filled behind the group and join it one by one. They are reused from card to card, so their number never
 /// shrinks.

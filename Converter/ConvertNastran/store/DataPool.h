@@ -10,6 +10,7 @@
 #include "store/LoadRecords.h"
 #include "store/Map.h"
 #include "store/PropertyRecords.h"
+#include "store/Taken.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -31,6 +32,7 @@ class CDataPool {
     CZdtMsgMgr* m_pMsgMgr = nullptr;  // the run's log, not owned; set just before the passes
     CLeftSink* m_pLeftSink = nullptr; // who is told what the file won't say, likewise; null for nobody
     std::int64_t m_nMostCarried = std::numeric_limits<std::int64_t>::max(); // limit on frames, likewise
+    CTakenRecords* m_pTaken = nullptr; // where grids and elements go instead of their tables, not owned
     std::vector<CLocalAxis> m_aLocalAxis;
 
     CMap<T_CD1R_D> CD1R{101};
@@ -66,9 +68,9 @@ class CDataPool {
         if (m_pLeftSink) m_pLeftSink->OnReplaced(sKeyword, bSame);
     }
 
-    /// The same by the table's name.
-    int SetNODS(std::int32_t iID, const T_NODS_D& record) { return Set(NODS, iID, record); }
-    int SetELEM(std::int32_t iID, const T_ELEM_D& record) { return Set(ELEM, iID, record); }
+    /// The same by the table's name. Grids and elements go elsewhere if m_pTaken says so.
+    int SetNODS(std::int32_t iID, const T_NODS_D& record) { return m_pTaken ? Keep(iID, record) : Set(NODS, iID, record); }
+    int SetELEM(std::int32_t iID, const T_ELEM_D& record) { return m_pTaken ? Keep(iID, record) : Set(ELEM, iID, record); }
     int SetPROP(std::int32_t iID, T_PROP_D record) { return Set(PROP, iID, std::move(record)); }
     int SetMATL(std::int32_t iID, T_MATL_D record) { return Set(MATL, iID, std::move(record)); }
     int SetEIGB(std::int32_t iID, T_EIGB_D record) { return Set(EIGB, iID, std::move(record)); }
@@ -174,6 +176,11 @@ class CDataPool {
     int ComputeElementLength(std::int32_t iElement, double& rLength) const;
 
   private:
+    template <class RECORD>
+    int Keep(std::int32_t iID, const RECORD& record) {
+        m_pTaken->Add(iID, record);
+        return 1;
+    }
     void MeasureStretches();
     void TellFrames() const;
     void TellParents() const;

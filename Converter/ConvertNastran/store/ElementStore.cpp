@@ -29,8 +29,11 @@ constexpr std::size_t CountSlots(std::int32_t iShape) {
 } // namespace
 
 T_ELEM_D CRecords<T_ELEM_D>::Get(std::size_t i) const {
-    const std::uint16_t nForm = m_aForms[i];
-    CWordReader words(m_words.At(m_aPlaces[i]));
+    return Read(m_aForms[i], m_words.At(m_aPlaces[i]));
+}
+
+T_ELEM_D CRecords<T_ELEM_D>::Read(std::uint16_t nForm, const std::uint32_t* pWords) {
+    CWordReader words(pWords);
     T_ELEM_D record;
     record.iTYPE = TypeOfTraits(nForm & TRAITS);
     record.iSUBTYPE = ShapeOfTraits(nForm & TRAITS);

@@ -47,6 +47,14 @@ class CRecords<T_ELEM_D> {
 
     void Fetch(std::size_t i) const { __builtin_prefetch(m_words.At(m_aPlaces[i])); }
 
+    /// What a record consists of, and how many of its nodes it has words for.
+    static std::uint16_t FormOf(const T_ELEM_D& record, std::size_t& rNodes);
+
+    /// The number of words, which Write fills and Read takes out.
+    static std::size_t CountWords(std::uint16_t nForm, std::size_t nNodes);
+    static void Write(const T_ELEM_D& record, std::uint16_t nForm, std::size_t nNodes, std::uint32_t* pWords);
+    static T_ELEM_D Read(std::uint16_t nForm, const std::uint32_t* pWords);
+
   private:
     /// What a record consists of: its traits, and a bit for each part that it has beside property and nodes.
     enum E_FORM_BITS : std::uint16_t {
@@ -57,10 +65,6 @@ class CRecords<T_ELEM_D> {
         WITH_VECTOR = 1u << 13, // dX1 to dX3
     };
     static_assert(ElementTraits(TYPE_BUSH, 15) <= TRAITS);
-
-    static std::uint16_t FormOf(const T_ELEM_D& record, std::size_t& rNodes);
-    static std::size_t CountWords(std::uint16_t nForm, std::size_t nNodes);
-    static void Write(const T_ELEM_D& record, std::uint16_t nForm, std::size_t nNodes, std::uint32_t* pWords);
 
     CBlocks<std::uint16_t> m_aForms;
     CBlocks<std::uint32_t> m_aPlaces; // in m_words

@@ -73,6 +73,13 @@ class CMap {
         return 1;
     }
 
+    /// Stores a record under a key that has none. False if it has one, which stays.
+    bool Add(std::int32_t iKey, const RECORD& record) {
+        if (m_index.Find(iKey) != CKeyIndex::NONE) return false;
+        Append(iKey, record);
+        return true;
+    }
+
     bool Has(std::int32_t iKey) const { return m_index.Find(iKey) != CKeyIndex::NONE; }
 
     /// The record of a key, which is as good as a pointer to it; null if there is none.
