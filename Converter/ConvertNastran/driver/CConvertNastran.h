@@ -127,7 +127,7 @@ class CConvertNastran {
     void TakeAhead(T_CHUNK_D& rChunk, std::size_t iBegin, std::size_t iEnd);
     bool PassRun();
     template <class RECORD>
-    std::int32_t PassRecords(CMap<RECORD>& rTable, const T_RUN_D& rRun);
+    std::int32_t PassRecords(CMap<RECORD>& rTable, const T_CARDRUN_D& rRun);
 
     // reader/DeckObserver.cpp
     void TakeObservedGroup(CDeckObserver& rObserver);

@@ -81,7 +81,7 @@ void CConvertNastran::TakeAhead(T_CHUNK_D& rChunk, std::size_t iBegin, std::size
     }
     const bool bOn = !rChunk.aRUNS.empty() && rChunk.aRUNS.back().iEND == iBegin &&
                      rChunk.aRUNS.back().iKEYWORD == m_card.iKEYWORD &&
-                     rChunk.aRUNS.back().nLINES < T_RUN_D::MOST_LINES;
+                     rChunk.aRUNS.back().nLINES < T_CARDRUN_D::MOST_LINES;
     if (!bOn) rChunk.aRUNS.push_back({iBegin, iBegin, 0, m_card.iKEYWORD, m_card.sWORD == "GRID", iRecord});
     rChunk.aRUNS.back().iEND = iEnd;
     ++rChunk.aRUNS.back().nLINES;
@@ -90,7 +90,7 @@ void CConvertNastran::TakeAhead(T_CHUNK_D& rChunk, std::size_t iBegin, std::size
 /// Stores the records from iPlace on until an id is there already, since of that there is something to tell. Returns
 /// their number, at most nMost; counts their lines.
 template <class RECORD>
-std::int32_t CConvertNastran::PassRecords(CMap<RECORD>& rTable, const T_RUN_D& rRun) {
+std::int32_t CConvertNastran::PassRecords(CMap<RECORD>& rTable, const T_CARDRUN_D& rRun) {
     const CTakenRecords& rTaken = m_fp.GetTaken();
     std::size_t iPlace = rRun.iRECORDS;
     RECORD record;
@@ -105,7 +105,7 @@ std::int32_t CConvertNastran::PassRecords(CMap<RECORD>& rTable, const T_RUN_D& r
 /// Stores the records of the run that begins with the next line, and looks at the line behind it. False if no run does,
 /// or its lines have to be read one by one.
 bool CConvertNastran::PassRun() {
-    const T_RUN_D* const pRun = m_iSection == 2 ? m_fp.FindRun(m_aLines.IsPeeked()) : nullptr;
+    const T_CARDRUN_D* const pRun = m_iSection == 2 ? m_fp.FindRun(m_aLines.IsPeeked()) : nullptr;
     if (!pRun || (m_pQuiet && m_pQuiet->bTELLALL)) return false;
     constexpr std::int32_t LAST = std::numeric_limits<std::int32_t>::max();
     if (m_nFileLines <= LAST || m_iLineNo >= LAST - pRun->nLINES) return false; // the lines don't count, or too many

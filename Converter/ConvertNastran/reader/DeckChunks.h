@@ -16,7 +16,7 @@
 constexpr std::size_t LONGEST_PIECE = 499;
 
 /// Lines one behind the other, each one card of the same keyword whose record is among those that were taken.
-struct T_RUN_D {
+struct T_CARDRUN_D {
     static constexpr std::int32_t MOST_LINES = 1000; // so that what isn't met at its begin is no great loss
 
     std::size_t iBEGIN = 0, iEND = 0; // bytes of the chunk
@@ -30,8 +30,8 @@ struct T_RUN_D {
 struct T_CHUNK_D {
     std::unique_ptr<char[]> pBYTES; // CNastranStrParser::SLACK more than there are
     std::size_t nBYTES = 0;
-    bool bSPECIAL = false;      // whether there is a NUL or a Ctrl-Z
-    std::vector<T_RUN_D> aRUNS; // ascending, apart from each other; none holds the last line
+    bool bSPECIAL = false;          // whether there is a NUL or a Ctrl-Z
+    std::vector<T_CARDRUN_D> aRUNS; // ascending, apart from each other; none holds the last line
     CTakenRecords taken;
 };
 

@@ -87,15 +87,15 @@ bool CLineReader::Read(std::string_view& rText) {
     return true;
 }
 
-const T_RUN_D* CLineReader::FindRun(bool bLast) {
+const T_CARDRUN_D* CLineReader::FindRun(bool bLast) {
     if (!m_pChunk) return nullptr;
-    const std::vector<T_RUN_D>& rRuns = m_pChunk->aRUNS;
+    const std::vector<T_CARDRUN_D>& rRuns = m_pChunk->aRUNS;
     const std::size_t iLine = bLast ? m_iLine : m_iNext;
     while (m_iRun < rRuns.size() && rRuns[m_iRun].iBEGIN < iLine) ++m_iRun;
     return m_iRun < rRuns.size() && rRuns[m_iRun].iBEGIN == iLine ? &rRuns[m_iRun] : nullptr;
 }
 
-void CLineReader::Pass(const T_RUN_D& rRun, std::int32_t nLines) {
+void CLineReader::Pass(const T_CARDRUN_D& rRun, std::int32_t nLines) {
     const auto lineBehind = [&](std::size_t iByte) { // the run has one
         const void* const pFeed = std::memchr(m_pBytes + iByte, '\n', m_iEnd - iByte);
         return static_cast<std::size_t>(static_cast<const char*>(pFeed) + 1 - m_pBytes);

@@ -32,13 +32,13 @@ class CLineReader {
     bool Read(std::string_view& rText);
 
     /// The run that begins with the line that Read gives next or, with bLast, gave last; null if none does.
-    const T_RUN_D* FindRun(bool bLast);
+    const T_CARDRUN_D* FindRun(bool bLast);
 
     /// The records of the runs that it gives.
     const CTakenRecords& GetTaken() const { return m_pChunk->taken; }
 
     /// Goes on behind the first nLines lines of a run, which must be those that FindRun was asked for.
-    void Pass(const T_RUN_D& rRun, std::int32_t nLines);
+    void Pass(const T_CARDRUN_D& rRun, std::int32_t nLines);
 
     /// How much of the deck was read, in bytes; grows by a block at a time.
     std::uint64_t GetBytesRead() const { return m_nBytesRead; }
