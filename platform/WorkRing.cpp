@@ -7,6 +7,7 @@
 CWorkRing::CWorkRing(std::size_t nThreads, std::function<bool(std::size_t)> begin,
                      std::function<void(std::size_t)> make)
     : m_nSlots(SlotsFor(nThreads)), m_begin(std::move(begin)), m_make(std::move(make)), m_aMade(m_nSlots) {
+    m_aWorkers.reserve(nThreads); // a thread that has begun must have its place
     try {
         for (std::size_t i = 1; i < nThreads; ++i) {
             m_aWorkers.push_back(std::make_unique<CWorker>([this] { Work(); }));

@@ -46,6 +46,10 @@ class CListener : public CQuietObserver {
     void OnText(std::span<const T_RAWLINE_D> aLines, std::int32_t iFirst) override {
         Tell("text", aLines.front().sTEXT, aLines.size(), iFirst);
     }
+    void OnSaidIgnored(std::int32_t iLine) override {
+        Tell("ignored", iLine);
+        m_quiet.bTELLALL = true;
+    }
     void OnControlLine(std::string_view sText, std::int32_t iLine) override { Tell("control", sText, iLine); }
     void OnDeckEnd(bool bBulk) override {
         Tell("end", bBulk, m_quiet.iLAST);
@@ -123,6 +127,7 @@ std::string MakeLongDeck(const std::vector<std::string>& aOdd, int nStep, const 
 TEST(Threads, ReadWhatIsOddAmongWhatIsPlain) {
     const std::vector<std::string> aOdd = {
         "$ text\n",                                                                            // comment
+        "$\n$" + std::string(170, '-') + "\n",                                                 // long comment
         " \n",                                                                                 // blank line
         "\n",                                                                                  // empty line
         Card({"GRID", "20000", "", "1."}) + Card({"CQUAD4", "2000", "1", "2", "3", "4", "5"}), // id for the second time
@@ -157,6 +162,7 @@ TEST(Threads, ReadWhatIsOddAmongWhatIsPlain) {
         {"Ctrl-Z in a line", MakeLongDeck({Card({"GRID", "95017", "\x1A"})}, 9001)},
         {"Ctrl-Z before a line", MakeLongDeck({"\x1AGRID\n"}, 9001)},
         {"end of the deck", MakeLongDeck({"ENDDATA\n"}, 9001)},
+        {"end in a field", MakeLongDeck({Card({"GRID", "95018", "ENDDATA"})}, 9001)},
     };
     for (const auto& [sName, sDeck] : aDecks) {
         ASSERT_GT(sDeck.size(), std::size_t{1} << 21) << "too short for threads";

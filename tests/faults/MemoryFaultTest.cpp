@@ -56,8 +56,8 @@ TEST(MemoryFaultTest, EachRequestOfACall) {
 /// Which thread is refused is a matter of chance, so what comes of it may be either, but whole.
 TEST(MemoryFaultTest, RequestsOfThreads) {
     std::string sDeck = "BEGIN BULK\n", sZdt = "*VERSION\n  5.8.1\n\n*NODE\n";
-    for (int i = 100000; i < 140000; ++i) { // enough for four pieces
-        sDeck += "GRID," + std::to_string(i) + "\n";
+    for (int i = 100000; i < 140000; ++i) { // enough for several to read and to write
+        sDeck += "GRID    " + std::to_string(i) + std::string(40, ' ') + "\n";
         sZdt += "  " + std::to_string(i) + ", 0, 0, 0\n";
     }
     sZdt += "\n";

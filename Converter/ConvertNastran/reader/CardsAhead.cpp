@@ -72,13 +72,10 @@ void CConvertNastran::TakeAhead(T_CHUNK_D& rChunk, std::size_t iBegin, std::size
     m_aLines[0].bCONT = false;
     if (!AssembleCard()) return m_fieldUse.Clear();
     if (T_KEYWORD_D::TABLE[static_cast<std::size_t>(m_card.iKEYWORD)].eACTION != CARD_ALONE) return m_fieldUse.Clear();
-    const std::size_t iRecord = rChunk.taken.GetEnd();
+    const std::size_t iRecord = rChunk.taken.GetEnd(); // records without a run don't matter
     m_fieldUse.nREACHED = 0;
     DispatchCard(m_card);
-    if (m_pQuiet && (m_fieldUse.bTELL || HasFieldToTell(*m_pQuiet, m_card))) {
-        rChunk.taken.CutAt(iRecord);
-        return m_fieldUse.Clear();
-    }
+    if (m_pQuiet && (m_fieldUse.bTELL || HasFieldToTell(*m_pQuiet, m_card))) return m_fieldUse.Clear();
     const bool bOn = !rChunk.aRUNS.empty() && rChunk.aRUNS.back().iEND == iBegin &&
                      rChunk.aRUNS.back().iKEYWORD == m_card.iKEYWORD &&
                      rChunk.aRUNS.back().nLINES < T_CARDRUN_D::MOST_LINES;
@@ -108,7 +105,7 @@ bool CConvertNastran::PassRun() {
     const T_CARDRUN_D* const pRun = m_iSection == 2 ? m_fp.FindRun(m_aLines.IsPeeked()) : nullptr;
     if (!pRun || (m_pQuiet && m_pQuiet->bTELLALL)) return false;
     constexpr std::int32_t LAST = std::numeric_limits<std::int32_t>::max();
-    if (m_nFileLines <= LAST || m_iLineNo >= LAST - pRun->nLINES) return false; // the lines don't count, or too many
+    if (m_iLineNo >= LAST - pRun->nLINES) return false; // where the count fails has its line
     CDataPool& rPool = *m_pDataPool;
     const std::int32_t nPassed = pRun->bGRIDS ? PassRecords(rPool.NODS, *pRun) : PassRecords(rPool.ELEM, *pRun);
     if (nPassed == 0) return false;

@@ -14,9 +14,8 @@ class CTakenRecords {
     /// Forgets all of them.
     void Clear() { m_aWords.clear(); }
 
-    /// Where the next record will be, and back to a place: those from there on are forgotten.
+    /// Where the next record will be.
     std::size_t GetEnd() const { return m_aWords.size(); }
-    void CutAt(std::size_t iPlace) { m_aWords.resize(iPlace); }
 
     void Add(std::int32_t iID, const T_NODS_D& record);
     void Add(std::int32_t iID, const T_ELEM_D& record);
