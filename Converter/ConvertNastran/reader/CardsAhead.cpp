@@ -71,7 +71,7 @@ void CConvertNastran::TakeAhead(T_CHUNK_D& rChunk, std::size_t iBegin, std::size
     m_aLines[0].iFORMAT = FORMAT_SMALL;
     m_aLines[0].bCONT = false;
     if (!AssembleCard()) return m_fieldUse.Clear();
-    if (T_KEYWORD_D::TABLE[static_cast<std::size_t>(m_card.iKEYWORD)].eACTION != CARD_ALONE) return m_fieldUse.Clear();
+    if (!T_KEYWORD_D::TABLE[static_cast<std::size_t>(m_card.iKEYWORD)].bALONE) return m_fieldUse.Clear();
     const std::size_t iRecord = rChunk.taken.GetEnd(); // records without a run don't matter
     m_fieldUse.nREACHED = 0;
     DispatchCard(m_card);

@@ -13,7 +13,6 @@ class CConvertNastran;
 enum E_CARD_ACTION : std::int32_t {
     CARD_SKIPPED,  // known, and passed over in silence
     CARD_PARSED,   // its handler stores it
-    CARD_ALONE,    // the same, and does nothing but to store one grid or element, whatever cards there are beside it
     CARD_REPORTED, // a line of the log says that it isn't converted
     CARD_INCLUDED, // names a deck to read
     CARD_END,      // ends the deck; the reader stops earlier, at the line
@@ -24,11 +23,14 @@ struct T_KEYWORD_D {
     std::string_view sNAME;
     E_CARD_ACTION eACTION;
     int (CConvertNastran::*pfnPARSE)(const T_DATA_D&) = nullptr;
+    bool bALONE =
+        false; // whether the handler does nothing but store one grid or element, whatever cards there are beside
 
     constexpr T_KEYWORD_D(const char* sName, E_CARD_ACTION eAction = CARD_SKIPPED) : sNAME(sName), eACTION(eAction) {}
-    constexpr T_KEYWORD_D(const char* sName, int (CConvertNastran::*pfnParse)(const T_DATA_D&),
-                          E_CARD_ACTION eAction = CARD_PARSED)
-        : sNAME(sName), eACTION(eAction), pfnPARSE(pfnParse) {}
+    constexpr T_KEYWORD_D(const char* sName, int (CConvertNastran::*pfnParse)(const T_DATA_D&), bool bAlone = false)
+        : sNAME(sName), eACTION(CARD_PARSED), pfnPARSE(pfnParse), bALONE(bAlone) {}
+
+    static constexpr bool ALONE = true;
 
     static constexpr std::size_t COUNT = 242;
     static const std::array<T_KEYWORD_D, COUNT> TABLE;
