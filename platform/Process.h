@@ -41,11 +41,12 @@ struct T_CHILD_D {
     T_CHILD_D* pNEXT = nullptr;
 };
 
-/// A process. It is ended with its object. Objects on several threads don't meet.
+/// A process, which must end once it reads the end of its input: that is waited for when the object goes. Objects on
+/// several threads don't meet.
 class CChildProcess {
   public:
     CChildProcess() = default;
-    ~CChildProcess() { End(); }
+    ~CChildProcess() { Wait(); }
     CChildProcess(const CChildProcess&) = delete;
     CChildProcess& operator=(const CChildProcess&) = delete;
 
@@ -62,7 +63,6 @@ class CChildProcess {
     std::string Wait();
 
   private:
-    void End();
     std::string Reap();
 
     T_CHILD_D m_entry;

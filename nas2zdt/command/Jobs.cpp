@@ -132,6 +132,8 @@ std::string TestUsage(const T_OPTIONS_D& rOptions, bool bFolder) {
     if (rOptions.eCOLOUR != BY_KIND && !rOptions.Draws()) return "--colour needs --view or --view-cases";
     const bool bMixed = rOptions.eACCOUNT == WANTED_JSON || rOptions.eCHECK == WANTED_JSON;
     if (bMixed && rOptions.IsJsonLines()) return "--account and --check can't be json and jsonl at a time";
+    const bool bOthers = !rOptions.sREPORT.empty() || !rOptions.sRESTATED.empty() || !rOptions.sVIEWCASES.empty();
+    if (rOptions.bRESUME && bOthers) return "--resume doesn't go with --report, --restated and --view-cases";
     if (!rOptions.HasSeveralDecks()) return {};
     if (!rOptions.sOUTPUT.empty() && !bFolder) return "-o must name a folder for several decks: " + rOptions.sOUTPUT;
     for (const T_PICTURE_D& rPicture : PICTURES) {

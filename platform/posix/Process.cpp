@@ -111,7 +111,7 @@ CPipe CPipe::TakeOutput() {
 }
 
 int CChildProcess::Start(const std::string& sArgument, std::string& rCause) {
-    End();
+    Wait();
     CPipe input, output;
     std::array<int, 2> aIn{}, aOut{};
     int iError = 0;
@@ -154,14 +154,6 @@ std::string CChildProcess::Reap() {
     *ppEntry = m_entry.pNEXT;
     m_entry = {};
     return EndText(iStatus);
-}
-
-void CChildProcess::End() {
-    if (!IsStarted()) return;
-    m_input.Close();
-    m_output.Close();
-    ::kill(static_cast<pid_t>(m_entry.iPROCESS), SIGTERM);
-    Reap();
 }
 
 void EndChildProcesses() noexcept {

@@ -120,7 +120,7 @@ CPipe CPipe::TakeOutput() {
 }
 
 int CChildProcess::Start(const std::string& sArgument, std::string& rCause) {
-    End();
+    Wait();
     CPipe input, output;
     HANDLE aHandles[3] = {nullptr, nullptr, ::GetStdHandle(STD_ERROR_HANDLE)};
     PROCESS_INFORMATION process{};
@@ -164,11 +164,6 @@ std::string CChildProcess::Reap() {
     ::CloseHandle(hProcess);
     m_entry = {};
     return "ended with exit status " + std::to_string(nStatus);
-}
-
-/// Once it reads the end of its input it has nothing more to do.
-void CChildProcess::End() {
-    Wait();
 }
 
 void EndChildProcesses() noexcept {} // the system tells them of Ctrl-C itself

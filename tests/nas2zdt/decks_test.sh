@@ -48,6 +48,7 @@ END
 "$nas2zdt" -q -o results @- <list 2>err || fail "a list from standard input"
 [ "$(echo results/*)" = "results/@list.zdt results/a.zdt results/one.zdt" ] || fail "a list from standard input: its results"
 expect "two forms" 2 --account=json --check=jsonl one.dat
+expect "outputs that no note has" 2 --resume --view-cases cases one.dat
 
 # ---- whatever is converted at a time, all is told in the order of the list
 mkdir many
