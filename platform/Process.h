@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 /// One way of a pipe. Its end in this process is closed with the object.
 class CPipe {
@@ -15,8 +15,11 @@ class CPipe {
     ~CPipe() { Close(); }
     CPipe(const CPipe&) = delete;
     CPipe& operator=(const CPipe&) = delete;
-    CPipe(CPipe&& rOther) noexcept;
-    CPipe& operator=(CPipe&& rOther) noexcept;
+    CPipe(CPipe&& rOther) noexcept : m_iHandle(std::exchange(rOther.m_iHandle, NONE)) {}
+    CPipe& operator=(CPipe&& rOther) noexcept {
+        std::swap(m_iHandle, rOther.m_iHandle);
+        return *this;
+    }
 
     /// Writes all of it, without a signal. Returns 0 if nobody takes it any more.
     int Write(std::string_view sBytes);
@@ -32,7 +35,8 @@ class CPipe {
     static CPipe TakeOutput();
 
   private:
-    std::intptr_t m_iHandle = -1;
+    static constexpr std::intptr_t NONE = -1;
+    std::intptr_t m_iHandle = NONE;
 };
 
 /// An entry of the list of processes that an interrupted program ends: plain data, since a signal may come at any time.
@@ -60,7 +64,11 @@ class CChildProcess {
     CPipe& GetOutput() { return m_output; } // what it writes
 
     /// Waits for its end, with its pipes closed. Returns how it ended: "ended by signal 9 (Killed)".
-    std::string Wait();
+    std::string Wait() {
+        m_input.Close();
+        m_output.Close();
+        return IsStarted() ? Reap() : std::string();
+    }
 
   private:
     std::string Reap();

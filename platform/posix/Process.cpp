@@ -14,13 +14,10 @@
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
-#include <utility>
 
 namespace {
 
 T_CHILD_D* g_pFirst = nullptr; // changes while nothing interrupts
-
-constexpr std::intptr_t NO_PIPE = -1;
 
 /// Closed in every program that is started, unless that is told otherwise.
 int MakePipe(CPipe& rReads, CPipe& rWrites, std::array<int, 2>& rEnds) {
@@ -68,13 +65,6 @@ int Spawn(const std::string& sArgument, int iInput, int iOutput, pid_t& rProcess
 
 } // namespace
 
-CPipe::CPipe(CPipe&& rOther) noexcept : m_iHandle(std::exchange(rOther.m_iHandle, NO_PIPE)) {}
-
-CPipe& CPipe::operator=(CPipe&& rOther) noexcept {
-    std::swap(m_iHandle, rOther.m_iHandle);
-    return *this;
-}
-
 int CPipe::Write(std::string_view sBytes) {
     const CHeldSignals held;
     while (!sBytes.empty()) {
@@ -98,8 +88,8 @@ std::size_t CPipe::Read(char* pBuffer, std::size_t nSize) {
 }
 
 void CPipe::Close() {
-    if (m_iHandle != NO_PIPE) ::close(static_cast<int>(m_iHandle));
-    m_iHandle = NO_PIPE;
+    if (m_iHandle != NONE) ::close(static_cast<int>(m_iHandle));
+    m_iHandle = NONE;
 }
 
 CPipe CPipe::TakeInput() {
@@ -131,13 +121,6 @@ int CChildProcess::Start(const std::string& sArgument, std::string& rCause) {
     m_output.Close();
     rCause = CauseText(iError);
     return 0;
-}
-
-std::string CChildProcess::Wait() {
-    if (!IsStarted()) return {};
-    m_input.Close();
-    m_output.Close();
-    return Reap();
 }
 
 /// Its number may be another's as soon as the system has told its end: only then may it be off the list.

@@ -5,13 +5,11 @@
 #include "platform/win32/Text.h"
 
 #include <algorithm>
-#include <utility>
 
 #include <windows.h>
 
 namespace {
 
-constexpr std::intptr_t NO_PIPE = -1;
 constexpr std::size_t LARGEST_PIECE = std::size_t{1} << 20;
 
 HANDLE ToHandle(std::intptr_t iHandle) {
@@ -78,13 +76,6 @@ std::intptr_t Take(DWORD nStandard) {
 
 } // namespace
 
-CPipe::CPipe(CPipe&& rOther) noexcept : m_iHandle(std::exchange(rOther.m_iHandle, NO_PIPE)) {}
-
-CPipe& CPipe::operator=(CPipe&& rOther) noexcept {
-    std::swap(m_iHandle, rOther.m_iHandle);
-    return *this;
-}
-
 int CPipe::Write(std::string_view sBytes) {
     while (!sBytes.empty()) {
         DWORD nWritten = 0;
@@ -107,8 +98,8 @@ std::size_t CPipe::Read(char* pBuffer, std::size_t nSize) {
 }
 
 void CPipe::Close() {
-    if (m_iHandle != NO_PIPE) ::CloseHandle(ToHandle(m_iHandle));
-    m_iHandle = NO_PIPE;
+    if (m_iHandle != NONE) ::CloseHandle(ToHandle(m_iHandle));
+    m_iHandle = NONE;
 }
 
 CPipe CPipe::TakeInput() {
@@ -147,13 +138,6 @@ int CChildProcess::Start(const std::string& sArgument, std::string& rCause) {
     m_input.Close();
     m_output.Close();
     return 0;
-}
-
-std::string CChildProcess::Wait() {
-    if (!IsStarted()) return {};
-    m_input.Close();
-    m_output.Close();
-    return Reap();
 }
 
 std::string CChildProcess::Reap() {
