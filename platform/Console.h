@@ -10,6 +10,9 @@
 /// The arguments of the program without its name, from those that main was given.
 std::vector<std::string> ReadArguments(int nArgs, char** aArgs);
 
+/// Whether what starts programs here puts the names of files in place of patterns.
+bool ShellExpands();
+
 /// For a program: from now on a write past a limit of file sizes, or to a pipe without a reader, fails without a
 /// signal.
 void IgnoreWriteSignals();

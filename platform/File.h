@@ -22,6 +22,16 @@ struct T_FILEID_D {
     auto operator<=>(const T_FILEID_D&) const = default;
 };
 
+/// What changes with the contents of a file.
+struct T_FILESTAMP_D {
+    std::uint64_t nBYTES = 0;
+    std::int64_t nTIME = 0; // of the last change, in nanoseconds of a clock that all files and FileTimeNow share
+    auto operator<=>(const T_FILESTAMP_D&) const = default;
+};
+
+/// The time of a file that is changed now.
+std::int64_t FileTimeNow();
+
 /// Files that are read and may not be overwritten, each with its description: "the deck wing.dat".
 using T_INPUTS = std::map<T_FILEID_D, std::string>;
 
@@ -73,12 +83,16 @@ class CDeckFile {
     /// Bytes not read yet of those that the deck had when it was opened.
     std::uint64_t GetUnread() const { return m_nUnread; }
 
+    /// As it was opened.
+    const T_FILESTAMP_D& GetStamp() const { return m_stamp; }
+
   private:
     std::string FindWithoutCase(const std::string& sFolder, const std::string& sName);
     std::string ResolveWithoutCase(std::string sPath);
 
     std::intptr_t m_iHandle = -1;
     T_FILEID_D m_id;
+    T_FILESTAMP_D m_stamp;
     std::uint64_t m_nUnread = 0;                                  // of the bytes that the deck had when it was opened
     std::map<std::string, std::vector<std::string>> m_mapFolders; // names in folders that were searched
 };

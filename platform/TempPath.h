@@ -48,8 +48,8 @@ class CTempPath {
     T_TEMP_D m_entry;
 };
 
-/// From now on what interrupts the program removes them first. For a program: the signals of a library's host are the
-/// host's own.
+/// From now on what interrupts the program ends its processes and removes the paths first. For a program: the signals
+/// of a library's host are the host's own.
 void CatchInterruptions();
 
 /// Removes all of them, the newest first. Safe in the handler of a signal.

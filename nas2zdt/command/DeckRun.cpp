@@ -6,6 +6,7 @@
 #include "nas2zdt/report/Report.h"
 #include "platform/console/ConsoleDialogs.h"
 
+#include <algorithm>
 #include <iostream>
 
 namespace {
@@ -16,8 +17,8 @@ bool IsIncludeFailure(E_FAILURE eFailure) {
 
 } // namespace
 
-CDeckRun::CDeckRun(const T_OPTIONS_D& rOptions, const T_JOB_D& rJob, T_INPUTS& rInputs)
-    : m_rOptions(rOptions), m_rJob(rJob), m_rInputs(rInputs), m_wanted(Plan(rOptions, rJob, m_notes)),
+CDeckRun::CDeckRun(const T_OPTIONS_D& rOptions, const T_JOB_D& rJob, T_INPUTS& rInputs, CReplaceGuard* pGuard)
+    : m_rOptions(rOptions), m_rJob(rJob), m_rInputs(rInputs), m_pGuard(pGuard), m_wanted(Plan(rOptions, rJob, m_notes)),
       m_conversion(m_wanted, rInputs, *this) {}
 
 T_CONVERSION_D CDeckRun::Plan(const T_OPTIONS_D& rOptions, const T_JOB_D& rJob, CRunNotes& rNotes) {
@@ -72,6 +73,19 @@ void CDeckRun::OnDeck(const std::string& sName, std::uint64_t nBytes) {
 
 void CDeckRun::OnBytesRead(std::uint64_t nBytes) {
     m_progress->Update(nBytes);
+}
+
+void CDeckRun::BeforeReplacing(const std::vector<std::string>& aPaths, bool bLate, T_INPUTS& rInputs) {
+    if (m_rOptions.bRESUME && !bLate) m_resume.KeepRead(rInputs);
+    if (m_pGuard) m_pGuard->BeforeReplacing(aPaths, bLate, rInputs);
+}
+
+/// A result that lacks an include isn't done: the include may be there the next time.
+std::string CDeckRun::MakeNote() const {
+    const std::vector<T_TOLD_D>& rTold = m_conversion.GetRestated().aTOLD;
+    const bool bLacks =
+        std::any_of(rTold.begin(), rTold.end(), [](const T_TOLD_D& rOne) { return rOne.sKEYWORD == "INCLUDE"; });
+    return bLacks ? std::string() : m_resume.Make(m_rOptions, m_rJob);
 }
 
 void CDeckRun::BeforeWriting() {

@@ -130,7 +130,11 @@ std::string TestUsage(const T_OPTIONS_D& rOptions, bool bFolder) {
     if (!bCheck && rOptions.dTOLERANCE >= 0.0) return "--tolerance needs --check or --report";
     if (rOptions.iCASE && rOptions.sVIEW.empty() && rOptions.sVTU.empty()) return "--case needs --view or --vtu";
     if (rOptions.eCOLOUR != BY_KIND && !rOptions.Draws()) return "--colour needs --view or --view-cases";
-    if (rOptions.aDECKS.size() == 1) return {};
+    const bool bMixed = rOptions.eACCOUNT == WANTED_JSON || rOptions.eCHECK == WANTED_JSON;
+    if (bMixed && rOptions.IsJsonLines()) return "--account and --check can't be json and jsonl at a time";
+    const bool bOthers = !rOptions.sREPORT.empty() || !rOptions.sRESTATED.empty() || !rOptions.sVIEWCASES.empty();
+    if (rOptions.bRESUME && bOthers) return "--resume doesn't go with --report, --restated and --view-cases";
+    if (!rOptions.HasSeveralDecks()) return {};
     if (!rOptions.sOUTPUT.empty() && !bFolder) return "-o must name a folder for several decks: " + rOptions.sOUTPUT;
     for (const T_PICTURE_D& rPicture : PICTURES) {
         const std::string& sPath = rOptions.*rPicture.pPATH;

@@ -2,6 +2,7 @@
 
 #include "nas2zdt/command/Options.h"
 
+#include "nas2zdt/text/Json.h"
 #include "nas2zdt/text/Similar.h"
 #include "nas2zdt/text/Words.h"
 
@@ -41,8 +42,8 @@ bool Keep(T_OPTIONS_D& rOptions, const std::string& sValue) {
 
 template <E_FORMAT_WANTED T_OPTIONS_D::*FORMAT>
 bool SetFormat(T_OPTIONS_D& rOptions, const std::string& sValue) {
-    rOptions.*FORMAT = sValue.empty() ? WANTED_TABLE : WANTED_JSON;
-    return sValue.empty() || sValue == "json";
+    rOptions.*FORMAT = sValue.empty() ? WANTED_TABLE : sValue == "json" ? WANTED_JSON : WANTED_JSONL;
+    return sValue.empty() || sValue == "json" || sValue == "jsonl";
 }
 
 /// A length from 0 on.
@@ -122,7 +123,7 @@ constexpr T_LIMITNAME_D LIMITS[] = {
 };
 
 constexpr std::string_view LIFTED = "none";
-constexpr std::int64_t MOST_THREADS = 1024;
+constexpr std::int64_t MOST_AT_A_TIME = 1024;
 
 bool ReadNumber(std::string_view sText, std::int64_t& rNumber) {
     const char* const pEnd = sText.data() + sText.size();
@@ -130,11 +131,27 @@ bool ReadNumber(std::string_view sText, std::int64_t& rNumber) {
     return error == std::errc() && pRead == pEnd && rNumber > 0;
 }
 
-bool SetThreads(T_OPTIONS_D& rOptions, const std::string& sText) {
-    std::int64_t nThreads = 0;
-    const bool bRead = ReadNumber(sText, nThreads);
-    rOptions.nTHREADS = static_cast<std::size_t>(std::min(nThreads, MOST_THREADS));
+/// Keeps a number of threads or processes.
+template <std::size_t T_OPTIONS_D::*COUNT>
+bool SetCount(T_OPTIONS_D& rOptions, const std::string& sText) {
+    std::int64_t nCount = 0;
+    const bool bRead = ReadNumber(sText, nCount);
+    rOptions.*COUNT = static_cast<std::size_t>(std::min(nCount, MOST_AT_A_TIME));
     return bRead;
+}
+
+/// "dat,.BDF". Results are no decks.
+bool SetExtensions(T_OPTIONS_D& rOptions, const std::string& sValue) {
+    rOptions.aEXTENSIONS.clear();
+    for (std::size_t iStart = 0; iStart <= sValue.size();) {
+        const std::size_t iEnd = std::min(sValue.find(',', iStart), sValue.size());
+        const std::string sName = sValue.substr(iStart, iEnd - iStart);
+        const std::string sExtension = (sName.starts_with('.') ? "" : ".") + sName;
+        if (sExtension.size() < 2 || (sExtension.size() == 4 && StartsWithoutCase(sExtension, ".ZDT"))) return false;
+        rOptions.aEXTENSIONS.push_back(sExtension);
+        iStart = iEnd + 1;
+    }
+    return true;
 }
 
 /// "NAME=N" or "NAME=none" sets one limit, "none" all. N is a whole number above 0.
@@ -158,8 +175,8 @@ bool SetLimit(T_OPTIONS_D& rOptions, const std::string& sText) {
 // clang-format off
 constexpr T_OPTION_D OPTIONS[] = {
     {"-o",             VALUE_NEEDED,  "PATH", "the result goes to the file PATH, or into the folder PATH", &Keep<&T_OPTIONS_D::sOUTPUT>},
-    {"--account",      VALUE_ALLOWED, "json", "tells what became of every keyword, as a table or as JSON", &SetFormat<&T_OPTIONS_D::eACCOUNT>},
-    {"--check",        VALUE_ALLOWED, "json", "tells whether the deck is sound, and sums of deck and result", &SetFormat<&T_OPTIONS_D::eCHECK>},
+    {"--account",      VALUE_ALLOWED, "json|jsonl", "tells what became of every keyword, as a table or as JSON", &SetFormat<&T_OPTIONS_D::eACCOUNT>},
+    {"--check",        VALUE_ALLOWED, "json|jsonl", "tells whether the deck is sound, and sums of deck and result", &SetFormat<&T_OPTIONS_D::eCHECK>},
     {"--tolerance",    VALUE_NEEDED,  "D",    "with --check, the distance within which nodes coincide; 0 for none", &SetTolerance},
     {"--strict",       VALUE_ALLOWED, "any",  "exit status 3 for a loss of model or mass, or for any",     &SetStrict},
     {"--allow",        VALUE_NEEDED,  "KIND", "--strict and the warnings pass over this kind, keyword or KEYWORD:KIND", &TakeAllowed},
@@ -177,7 +194,11 @@ constexpr T_OPTION_D OPTIONS[] = {
     {"--case",         VALUE_NEEDED,  "ID",   "with --view or --vtu, the load case whose loads they have", &SetCase},
     {"--report",       VALUE_NEEDED,  "FILE", "writes a page to review the conversion in any browser",     &Keep<&T_OPTIONS_D::sREPORT>},
     {"--limit",        VALUE_NEEDED,  "NAME=N", "sets the limit on ranges, decks, output or frames; none lifts it", &SetLimit},
-    {"--threads",      VALUE_NEEDED,  "N",    "works with at most N threads, where that pays; else with one a core", &SetThreads},
+    {"--threads",      VALUE_NEEDED,  "N",    "works on a deck with at most N threads, where that pays", &SetCount<&T_OPTIONS_D::nTHREADS>},
+    {"-r, --recursive", VALUE_NONE,   "",     "a folder stands for all decks beneath it",                  &Set<&T_OPTIONS_D::bRECURSIVE>},
+    {"--extensions",   VALUE_NEEDED,  "LIST", "with it, the extensions of decks; else dat,bdf,nas,blk",    &SetExtensions},
+    {"--jobs",         VALUE_NEEDED,  "N",    "converts at most N decks at a time; else one a core",       &SetCount<&T_OPTIONS_D::nJOBS>},
+    {"--resume",       VALUE_NONE,    "",     "passes over decks that an earlier run has converted", &Set<&T_OPTIONS_D::bRESUME>},
     {"--log",          VALUE_NEEDED,  "FILE", "saves the log of all decks",                                &Keep<&T_OPTIONS_D::sLOG>},
     {"-q, --quiet",    VALUE_NONE,    "",     "prints errors and warnings, and the account if asked for, but no log",   &Set<&T_OPTIONS_D::bQUIET>},
     {"-h, --help",     VALUE_NONE,    "",     "this text",                                                 &Set<&T_OPTIONS_D::bHELP>},
@@ -199,10 +220,21 @@ const T_OPTION_D* FindOption(std::string_view sForm) {
     return nullptr;
 }
 
+/// Those that no result, exit status or account depends on.
+bool Matters(const T_OPTION_D& rOption) {
+    constexpr std::string_view OTHERS[] = {"-o",     "--no-warnings", "--threads", "--recursive", "--extensions",
+                                           "--jobs", "--resume",      "--log",     "--quiet"};
+    return std::find(std::begin(OTHERS), std::end(OTHERS), LastForm(rOption.sNAME)) == std::end(OTHERS);
+}
+
 /// The words that a value of an option is or begins with; none if it is free.
 std::vector<std::string_view> WordsOf(const T_OPTION_D& rOption) {
     std::vector<std::string_view> aWords;
-    if (rOption.eVALUE == VALUE_ALLOWED) aWords.push_back(rOption.sVALUE);
+    if (rOption.eVALUE == VALUE_ALLOWED) {
+        const std::size_t iBar = rOption.sVALUE.find('|');
+        aWords.push_back(rOption.sVALUE.substr(0, iBar));
+        if (iBar != std::string_view::npos) aWords.push_back(rOption.sVALUE.substr(iBar + 1));
+    }
     if (rOption.pfnSet == &SetColour) {
         for (const T_COLOURNAME_D& rColour : COLOURINGS) aWords.push_back(rColour.sNAME);
     }
@@ -259,6 +291,7 @@ int ReadOptions(const std::vector<std::string>& aArgs, T_OPTIONS_D& rOptions, st
         const std::string& sArg = aArgs[i];
         if (bOptions && sArg == "--") {
             bOptions = false;
+            rOptions.iPLAIN = rOptions.aDECKS.size();
             continue;
         }
         if (!bOptions || sArg.size() < 2 || sArg[0] != '-') {
@@ -285,6 +318,8 @@ int ReadOptions(const std::vector<std::string>& aArgs, T_OPTIONS_D& rOptions, st
             rWhy = WrongValue(*pOption, sValue);
             return 0;
         }
+        if (Matters(*pOption))
+            rOptions.sMATTERS += " " + std::string(LastForm(pOption->sNAME)) + "=" + JsonText(sValue);
     }
     for (const T_PICTURE_D& rPicture : PICTURES) {
         if (HasForeignExtension(rOptions.*rPicture.pFILE, rPicture.sEXTENSION)) {
@@ -302,6 +337,7 @@ std::string HelpText() {
                         "\n"
                         "Converts NASTRAN bulk data decks, each with all that it includes, into ZDT text files,\n"
                         "which are written beside the decks under their names with the extension .zdt.\n"
+                        "@FILE stands for the decks that the file lists, one a line.\n"
                         "The log of a run goes to standard output, failures to standard error.\n"
                         "\n";
     for (const T_OPTION_D& rOption : OPTIONS) {
@@ -313,7 +349,7 @@ std::string HelpText() {
         sText += sLeft + std::string(rOption.sHELP) + "\n";
     }
     return sText + "\n"
-                   "Several decks convert one after the other; -o then names a folder.\n"
+                   "For several decks -o names a folder.\n"
                    "exit status: 0 success, 1 a run failed, 2 wrong usage, 3 a loss (--strict),\n"
                    "4 an error of a deck (--check)\n";
 }

@@ -9,13 +9,14 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 /// The form of the account or the check.
-enum E_FORMAT_WANTED { WANTED_NONE, WANTED_TABLE, WANTED_JSON };
+enum E_FORMAT_WANTED { WANTED_NONE, WANTED_TABLE, WANTED_JSON, WANTED_JSONL };
 
 /// Which losses fail a run.
 enum E_STRICT { STRICT_NONE, STRICT_RESULTS, STRICT_ANY };
@@ -44,8 +45,15 @@ struct T_OPTIONS_D {
     std::optional<std::int32_t> iCASE; // the load case of picture and grid; all of them without it
     E_COLOUR_BY eCOLOUR = BY_KIND;     // of pictures
     T_LIMITS_D limits;
-    std::size_t nTHREADS = 0; // that may work at a time; 0 for one a core
+    std::size_t nTHREADS = 0; // that may work on a deck at a time; 0 for one a core, or one for several decks
+    std::size_t nJOBS = 0;    // decks at a time; 0 for one a core
+    bool bRECURSIVE = false;  // whether folders stand for the decks beneath them
+    bool bRESUME = false;     // whether decks that are done are passed over
+    std::vector<std::string> aEXTENSIONS = {".dat", ".bdf", ".nas", ".blk"}; // of decks in folders
     std::vector<std::string> aDECKS;
+    std::size_t iPLAIN = std::numeric_limits<std::size_t>::max(); // the first of them behind "--", which is no list
+    bool bLISTED = false;                // whether they came from a list or folder, however many there are
+    std::string sMATTERS;                // options that what a run writes, tells or returns depends on, as given
     std::vector<std::string> aARGUMENTS; // all of them, as given
 
     /// Whether the deck is joined or restated before it is converted.
@@ -67,8 +75,11 @@ struct T_OPTIONS_D {
     /// Whether there are SVG pictures.
     bool Draws() const { return !sVIEW.empty() || !sVIEWCASES.empty(); }
 
-    /// Whether standard output is one JSON object.
-    bool IsJson() const { return eACCOUNT == WANTED_JSON || eCHECK == WANTED_JSON; }
+    /// Whether standard output is JSON, and whether that is a line a deck in place of one object.
+    bool IsJson() const { return IsJsonLines() || eACCOUNT == WANTED_JSON || eCHECK == WANTED_JSON; }
+    bool IsJsonLines() const { return eACCOUNT == WANTED_JSONL || eCHECK == WANTED_JSONL; }
+
+    bool HasSeveralDecks() const { return bLISTED || aDECKS.size() != 1; }
 };
 
 /// Reads the arguments without the program's name. Returns 1, or 0 with the error in rWhy.

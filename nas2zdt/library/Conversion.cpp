@@ -261,11 +261,12 @@ void CConversion::KeepRestated(const std::string& sDeck) {
 /// Called once all decks are read, which no output may overwrite. Gives the file to write to.
 CFile& CConversion::Open(const T_INPUTS& rDecks) {
     if (!m_rWanted.IsPrepared()) m_rInputs.insert(rDecks.begin(), rDecks.end()); // else they are in it
+    std::vector<std::string> aOutputs = {m_rWanted.sTARGET, m_rWanted.sVIEW, m_rWanted.sVTU, m_rWanted.sREPORT,
+                                         m_rWanted.sLOG};
+    std::erase(aOutputs, std::string());
+    m_rWatch.BeforeReplacing(aOutputs, false, m_rInputs);
     m_bRefused = true;
-    for (const std::string* pOutput :
-         {&m_rWanted.sTARGET, &m_rWanted.sVIEW, &m_rWanted.sVTU, &m_rWanted.sREPORT, &m_rWanted.sLOG}) {
-        if (!pOutput->empty()) RefuseInput(*pOutput, m_rInputs);
-    }
+    for (const std::string& sOutput : aOutputs) RefuseInput(sOutput, m_rInputs);
     m_bRefused = false;
     Poll();
     m_rWatch.BeforeWriting();
@@ -356,13 +357,19 @@ void CConversion::DrawCases(CSvgPicture& rPicture, const std::vector<std::int32_
     if (error) throw CFileException(sFolder, error.message());
     for (const std::string* pOutput : {&m_rWanted.sTARGET, &m_rWanted.sVIEW, &m_rWanted.sVTU}) Protect(*pOutput);
     const std::string sStem = ToText(ToPath(m_rWanted.GetName()).stem());
+    std::vector<std::string> aPaths;
     for (const std::int32_t iCase : aCases) {
-        const std::string sCase = std::to_string(iCase);
-        std::string sFile = sStem, sTitle = m_rWanted.GetName();
-        const std::string sPath = ToText(ToPath(sFolder) / ToPath(sFile.append("-case-").append(sCase).append(".svg")));
-        RefuseInput(sPath, m_rInputs);
-        rPicture.Write(sTitle.append(", load case ").append(sCase), sPath, m_rInputs, iCase);
-        Protect(sPath);
+        std::string sFile = sStem;
+        sFile.append("-case-").append(std::to_string(iCase)).append(".svg");
+        aPaths.push_back(ToText(ToPath(sFolder) / ToPath(sFile)));
+    }
+    m_rWatch.BeforeReplacing(aPaths, true, m_rInputs);
+    for (std::size_t i = 0; i < aCases.size(); ++i) {
+        std::string sTitle = m_rWanted.GetName();
+        RefuseInput(aPaths[i], m_rInputs);
+        rPicture.Write(sTitle.append(", load case ").append(std::to_string(aCases[i])), aPaths[i], m_rInputs,
+                       aCases[i]);
+        Protect(aPaths[i]);
     }
 }
 

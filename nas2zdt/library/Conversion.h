@@ -59,7 +59,13 @@ class CConversionWatch {
     virtual void OnDeck(const std::string& sName, std::uint64_t nBytes) = 0; // 0 if the size isn't known
     virtual void OnBytesRead(std::uint64_t nBytes) = 0;
 
-    /// All is read; the target file is opened next.
+    /// All is read, and files of these paths will be written: may add to rInputs, which has what this conversion has
+    /// read, more that they may not replace. bLate for files whose names weren't known before.
+    virtual void BeforeReplacing(const std::vector<std::string>& aPaths, bool bLate, T_INPUTS& rInputs) {
+        static_cast<void>(aPaths), static_cast<void>(bLate), static_cast<void>(rInputs);
+    }
+
+    /// The target file is opened next.
     virtual void BeforeWriting() {}
 
     /// The target file is there, and the pictures are. Throws CFileException if something else can't be made of rPool.

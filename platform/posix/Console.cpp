@@ -14,6 +14,10 @@ std::vector<std::string> ReadArguments(int nArgs, char** aArgs) {
     return {aArgs + (nArgs > 0 ? 1 : 0), aArgs + nArgs};
 }
 
+bool ShellExpands() {
+    return true;
+}
+
 void IgnoreWriteSignals() {
     ::signal(SIGPIPE, SIG_IGN);
     ::signal(SIGXFSZ, SIG_IGN);

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
@@ -56,7 +57,17 @@ std::vector<std::string> ListFolder(const std::string& sFolder) {
     return aNames;
 }
 
+std::int64_t ToNanoseconds(const timespec& rTime) {
+    return std::int64_t{rTime.tv_sec} * 1'000'000'000 + rTime.tv_nsec;
+}
+
 } // namespace
+
+std::int64_t FileTimeNow() {
+    timespec now{};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    return ToNanoseconds(now);
+}
 
 std::string FullPath(const std::string& sPath) {
     std::error_code error;
@@ -156,6 +167,7 @@ int CDeckFile::Open(const std::string& sPath, std::string& rCause) {
     m_iHandle = iFile;
     m_nUnread = static_cast<std::uint64_t>(status.st_size);
     m_id = IdOf(status);
+    m_stamp = {m_nUnread, ToNanoseconds(status.st_mtim)};
     return 1;
 }
 

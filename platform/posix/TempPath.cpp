@@ -1,6 +1,8 @@
 // Temporary paths on POSIX systems.
 
 #include "platform/TempPath.h"
+
+#include "platform/Process.h"
 #include "platform/TempSystem.h"
 #include "platform/posix/Calls.h"
 
@@ -41,6 +43,7 @@ extern "C" void RemoveAndEnd(int iSignal) {
     for (int i = 0; i < MOST_MILLISECONDS && g_locked.test_and_set(std::memory_order_acquire); ++i) {
         ::poll(nullptr, 0, 1);
     }
+    EndChildProcesses();
     RemoveTempPaths();
     // the signal does what it did before; it is held until this function returns
     std::signal(iSignal, SIG_DFL);

@@ -20,6 +20,10 @@ std::vector<std::string> ReadArguments(int, char**) {
     return aArguments;
 }
 
+bool ShellExpands() {
+    return false;
+}
+
 void IgnoreWriteSignals() {} // there are none
 
 bool IsTerminal(std::FILE* pStream) {

@@ -59,7 +59,18 @@ std::string ToUpper(const std::string& sName) {
     return Narrow(sWide);
 }
 
+std::int64_t ToNanoseconds(const FILETIME& rTime) {
+    constexpr std::int64_t STEP = 100; // of a file's time
+    return ((std::int64_t{rTime.dwHighDateTime} << 32) | rTime.dwLowDateTime) * STEP;
+}
+
 } // namespace
+
+std::int64_t FileTimeNow() {
+    FILETIME now{};
+    ::GetSystemTimeAsFileTime(&now);
+    return ToNanoseconds(now);
+}
 
 std::wstring SystemPath(const std::string& sPath) {
     std::wstring sWide = Widen(sPath);
@@ -113,6 +124,9 @@ int CDeckFile::Open(const std::string& sPath, std::string& rCause) {
         rCause = CauseText(::GetLastError());
     } else {
         m_nUnread = static_cast<std::uint64_t>(size.QuadPart);
+        FILETIME changed{};
+        ::GetFileTime(hFile, nullptr, nullptr, &changed);
+        m_stamp = {m_nUnread, ToNanoseconds(changed)};
         return 1;
     }
     Close();

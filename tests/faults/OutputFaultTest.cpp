@@ -52,7 +52,7 @@ class OutputFaultTest : public testing::Test {
     std::string Run() {
         for (const char* sOutput : OUTPUTS) WriteText(sOutput, OLD);
         T_INPUTS inputs;
-        CDeckRun run(m_options, m_job, inputs);
+        CDeckRun run(m_options, m_job, inputs, nullptr);
         run.Run();
         m_nSections = run.GetResult().aSECTIONS.size();
         return run.GetResult().sERROR;

@@ -32,7 +32,7 @@ if command -v bash >/dev/null; then
     }
     bash_gives - | cmp - options || fail "bash: all options"
     [ "$(bash_gives --acc)" = --account ] || fail "bash: an option"
-    [ "$(bash_gives --account =)" = json ] || fail "bash: a value behind ="
+    [ "$(bash_gives --account = | tr '\n' ' ')" = "json jsonl " ] || fail "bash: a value behind ="
     [ "$(bash_gives --strict = a)" = any ] || fail "bash: the beginning of a value"
     [ -z "$(bash_gives --limit "")" ] || fail "bash: a value of no list"
     [ "$(bash_gives --logical "")" = deep ] || fail "bash: a folder"
@@ -60,11 +60,11 @@ zpty -d shell
 END
     cat >expected <<'END'
 nas2zdt --account
-nas2zdt --check=json 
+nas2zdt --strict=any 
 nas2zdt --log=three.zdt 
 nas2zdt --quiet one.dat 
 END
-    timeout 100 zsh -f complete.zsh "$project" "$nas2zdt" "nas2zdt --acc" "nas2zdt --check=j" "nas2zdt --log=th" \
+    timeout 100 zsh -f complete.zsh "$project" "$nas2zdt" "nas2zdt --acc" "nas2zdt --strict=a" "nas2zdt --log=th" \
         "nas2zdt --quiet o" </dev/null >out || fail "zsh takes too long"
     cmp out expected || fail "zsh: $(cat out)"
     passed=$((passed + 1))
