@@ -2,6 +2,7 @@
 
 #include "platform/File.h"
 
+#include "platform/Paths.h"
 #include "platform/posix/Calls.h"
 
 #include <algorithm>
@@ -57,6 +58,15 @@ std::vector<std::string> ListFolder(const std::string& sFolder) {
 }
 
 } // namespace
+
+std::filesystem::path ToPath(const std::string& sPath) {
+    return sPath;
+}
+
+bool IsFolder(const std::string& sPath) {
+    std::error_code error;
+    return std::filesystem::is_directory(sPath, error);
+}
 
 std::string FullPath(const std::string& sPath) {
     std::error_code error;
