@@ -31,29 +31,31 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 omitted=
-omit() { omitted="$omitted
-  $1: $missing"; }
+omit() { # omit WHAT WHY
+    omitted="$omitted
+  $1: $2"
+}
 wheel=
 python=/usr/lib/python3/dist-packages
 if have "$python/build $python/setuptools $python/wheel" "python3-build python3-setuptools python3-wheel"; then
     wheel=yes
 else
-    omit "wheels"
+    omit wheels "$missing"
 fi
-have "node npm" "nodejs npm" || omit "the page of --report, in all packages"
+have "node npm" "nodejs npm" || : # CMake tells what it does without
 
-# build PRESET OPTION...: into build/package-PRESET, and a wheel of it
+# build PRESET: into build/package-PRESET, and a wheel of it
 build() {
-    preset=$1
-    shift
-    cmake --preset "$preset" -B "build/package-$preset" -DCONVERTNASTRAN_TESTS=OFF -DCONVERTNASTRAN_EXAMPLES=OFF "$@" \
-        >"$work/configured"
-    grep -F " isn't there" "$work/configured" || :
-    cmake --build "build/package-$preset" -j"${JOBS:-$(nproc)}"
-    [ -z "$wheel" ] || {
-        cmake --build "build/package-$preset" --target wheel
-        cp "build/package-$preset"/wheel/*.whl "$packages"
-    }
+    build=build/package-$1
+    rm -rf "$build"
+    cmake --preset "$1" -B "$build" -DCONVERTNASTRAN_TESTS=OFF -DCONVERTNASTRAN_EXAMPLES=OFF >"$work/configured"
+    without=$(sed -n "/isn't there\|built without/s/^-- //p" "$work/configured")
+    [ -z "$without" ] || omit "from packages of $1" "$without"
+    cmake --build "$build" -j"${JOBS:-$(nproc)}"
+    if [ -n "$wheel" ]; then
+        cmake --build "$build" --target wheel
+        cp "$build"/wheel/*.whl "$packages"
+    fi
 }
 # pack PRESET GENERATOR SUFFIX
 pack() {
@@ -65,21 +67,21 @@ echo "== source"
 git archive --prefix="convertnastran-$version/" HEAD | gzip -9 -n >"$packages/convertnastran-$version.tar.gz"
 
 echo "== Linux"
-have pkg-config:gtk+-3.0 "libgtk-3-dev pkg-config" || omit "the windows of a desktop, on Linux"
-have "/usr/include/zlib.h /usr/include/openssl/sha.h" "zlib1g-dev libssl-dev" || omit "small pages with hashes, on Linux"
+have pkg-config:gtk+-3.0 "libgtk-3-dev pkg-config" || omit "the windows of a desktop on Linux" "$missing"
+have "/usr/include/zlib.h /usr/include/openssl/sha.h" "zlib1g-dev libssl-dev" || :
 build release
 pack release TGZ .tar.gz
-if have dpkg-shlibdeps dpkg-dev; then pack release DEB .deb; else omit "the Debian package"; fi
+if have dpkg-shlibdeps dpkg-dev; then pack release DEB .deb; else omit "the Debian package" "$missing"; fi
 
 echo "== Windows"
 if have x86_64-w64-mingw32-g++-posix g++-mingw-w64-x86-64-posix; then
-    have /usr/x86_64-w64-mingw32/include/zlib.h libz-mingw-w64-dev || omit "small pages, on Windows"
-    have makensis nsis || omit "the installer for Windows"
+    have /usr/x86_64-w64-mingw32/include/zlib.h libz-mingw-w64-dev || :
+    have makensis nsis || omit "the installer for Windows" "$missing"
     build windows
     pack windows ZIP .zip
     ! command -v makensis >/dev/null || pack windows NSIS .exe
 else
-    omit "the packages for Windows"
+    omit "the packages for Windows" "$missing"
 fi
 
 (cd "$packages" && sha256sum -- * >"$work/SHA256SUMS" && mv "$work/SHA256SUMS" .)

@@ -10,7 +10,7 @@ environment=
 restore() { [ -z "$environment" ] || wine reg add "$environment" /v Path /t REG_EXPAND_SZ /d "$before" /f >/dev/null; }
 trap 'restore; rm -rf "$folder"' EXIT
 fail() {
-    echo "failed: $1"
+    printf 'failed: %s\n' "$1"
     exit 1
 }
 
