@@ -4,6 +4,7 @@
 
 file(REMOVE_RECURSE ${FOLDER})
 file(COPY ${SOURCE}/ DESTINATION ${FOLDER}/source PATTERN __pycache__ EXCLUDE)
+file(COPY ${SOURCE}/../LICENSE DESTINATION ${FOLDER}/source)
 string(REPLACE "," ";" LIBRARIES "${LIBRARIES}")
 foreach(library ${LIBRARIES}) # a wheel holds no links: the file gets the name that is loaded
   get_filename_component(name ${library} NAME)

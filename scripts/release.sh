@@ -1,7 +1,7 @@
 #!/bin/sh
 # Makes all packages of what is committed, in build/packages/VERSION: release.sh [VERSION]. With VERSION it must be that
 # of the project, and CHANGELOG.md must say that it is released. Packages whose tools aren't there and can't be installed
-# are left out, and named at the end. The same commit gives the same bytes wherever tools and libraries are the same.
+# are left out, and named at the end.
 set -eu
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
