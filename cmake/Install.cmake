@@ -1,7 +1,11 @@
 # What an installation holds, how other projects find it, and the package.
 
 if(NOT CMAKE_INSTALL_DOCDIR)
-  set(CMAKE_INSTALL_DOCDIR share/doc/convertnastran) # where a distribution looks for a package's
+  if(WIN32)
+    set(CMAKE_INSTALL_DOCDIR doc)
+  else()
+    set(CMAKE_INSTALL_DOCDIR share/doc/convertnastran) # where a distribution looks for a package's
+  endif()
 endif()
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
@@ -37,8 +41,8 @@ endif()
 install(TARGETS nas2zdt RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES Converter/ConvertNastran/driver/ConvertFile.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ConvertNastran)
 install(FILES nas2zdt/library/nas2zdt.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/nas2zdt)
-install(FILES docs/nas2zdt.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 if(NOT WIN32)
+  install(FILES docs/nas2zdt.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
   install(FILES completions/nas2zdt.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME nas2zdt)
   install(FILES completions/_nas2zdt DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
 endif()
@@ -46,7 +50,11 @@ install(FILES README.md CHANGELOG.md docs/account.md docs/batches.md docs/cards.
   docs/hosts.md docs/library.md docs/pictures.md docs/report.md docs/sections.md docs/zdt.md
   DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES examples/read_zdt.py examples/sum_zdt.py DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
-install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
+if(WIN32)
+  install(FILES LICENSE DESTINATION . RENAME LICENSE.txt)
+else()
+  install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
+endif()
 
 # ---- for find_package(ConvertNastran) and pkg-config
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ConvertNastran)
@@ -63,7 +71,7 @@ foreach(library ConvertNastran nas2zdt)
 endforeach()
 
 # ---- the Python package: installed for the interpreter of the distribution, or as a wheel with the library in it
-if(CONVERTNASTRAN_PYTHON)
+if(CONVERTNASTRAN_PYTHON AND NOT WIN32) # there it is a wheel alone
   install(DIRECTORY python/nas2zdt DESTINATION ${CONVERTNASTRAN_PYTHON_DIR} PATTERN __pycache__ EXCLUDE)
 endif()
 file(READ python/pyproject.toml pyproject)
@@ -73,29 +81,50 @@ endif()
 find_program(CONVERTNASTRAN_WHEEL_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH) # the one that packages are for
 find_program(CONVERTNASTRAN_WHEEL_PYTHON python3)
 set(wheel_command ${CMAKE_COMMAND} -D PYTHON=${CONVERTNASTRAN_WHEEL_PYTHON} -D SOURCE=${PROJECT_SOURCE_DIR}/python
-  -D LIBRARIES=$<TARGET_SONAME_FILE:nas2zdt_library>,$<TARGET_FILE:Convertmsg>)
+  -D STRIP=${CMAKE_STRIP} -D LIBRARIES=$<TARGET_SONAME_FILE:nas2zdt_library>,$<TARGET_FILE:Convertmsg>)
 if(WIN32)
   list(TRANSFORM wheel_command REPLACE TARGET_SONAME_FILE TARGET_FILE)
+  list(APPEND wheel_command -D PLATFORM=win_amd64)
 endif()
 add_custom_target(wheel
   COMMAND ${wheel_command} -D FOLDER=${PROJECT_BINARY_DIR}/wheel -P ${PROJECT_SOURCE_DIR}/cmake/Wheel.cmake
   VERBATIM)
 add_dependencies(wheel nas2zdt_library Convertmsg)
 
-# ---- the package
-set(CPACK_GENERATOR DEB)
+# ---- the packages
 set(CPACK_PACKAGE_NAME convertnastran)
 set(CPACK_PACKAGE_CONTACT "the maintainers <maintainers@localhost>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/Package.cmake)
+
+if(WIN32)
+  set(CPACK_GENERATOR ZIP)
+  find_program(CONVERTNASTRAN_MAKENSIS makensis)
+  if(CONVERTNASTRAN_MAKENSIS)
+    list(APPEND CPACK_GENERATOR NSIS)
+  else()
+    message(STATUS "makensis isn't there: no installer among the packages")
+  endif()
+  list(APPEND CMAKE_MODULE_PATH ${PROJECT_SOURCE_DIR}/cmake) # where CPack finds our NSIS.template.in
+  set(CPACK_PACKAGE_INSTALL_DIRECTORY ${PROJECT_NAME})
+  set(CPACK_PACKAGE_INSTALL_REGISTRY_KEY ${PROJECT_NAME})
+  set(CPACK_NSIS_DISPLAY_NAME ${PROJECT_NAME})
+  set(CPACK_COPYRIGHT ${copyright})
+  set(CPACK_DOCUMENTATION ${CMAKE_INSTALL_DOCDIR})
+  include(CPack)
+  return()
+endif()
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_SYSTEM_NAME linux-${CMAKE_SYSTEM_PROCESSOR})
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "A library that a structural analysis host loads and
 calls, and the command nas2zdt for terminals and scripts. A deck is read with
 all that it includes, resolved into global terms and written as one ZDT file.")
-set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "python3, python3-numpy")
-set(CPACK_STRIP_FILES ON)
-set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/Package.cmake)
 
 # How programs that link the library depend on this package, and that the loader learns of the library.
 file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/package/shlibs CONTENT

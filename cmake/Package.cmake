@@ -1,10 +1,33 @@
-# Run by CPack between filling the package's folder and packing it: what the distribution asks of a package, and what
+# Run by CPack between filling a package's folder and packing it: what a distribution asks of its packages, and what
 # this one needs of others.
+
+set(root ${CPACK_TEMPORARY_INSTALL_DIRECTORY})
+
+# ---- the same bytes whenever and wherever it is made
+if(DEFINED ENV{SOURCE_DATE_EPOCH} AND NOT CPACK_GENERATOR STREQUAL "DEB") # which knows how
+  execute_process(COMMAND find ${root} -exec touch -h -d @$ENV{SOURCE_DATE_EPOCH} {} + COMMAND_ERROR_IS_FATAL ANY)
+endif()
+
+# ---- what the installer for Windows unpacks and removes: CPack's own lists are in the order of the file system
+if(CPACK_GENERATOR STREQUAL "NSIS")
+  file(GLOB_RECURSE entries LIST_DIRECTORIES ON RELATIVE ${root} ${root}/*) # sorted, folders before what is in them
+  set(folders)
+  foreach(entry ${entries})
+    string(REPLACE / \\ target $INSTDIR/${entry})
+    if(IS_DIRECTORY ${root}/${entry})
+      string(APPEND CPACK_INSTALL_COMMANDS "  CreateDirectory \"${target}\"\n")
+      string(PREPEND folders "  RMDir \"${target}\"\n")
+    else()
+      string(APPEND CPACK_INSTALL_COMMANDS "  File \"/oname=${target}\" \"${root}/${entry}\"\n")
+      string(APPEND CPACK_REMOVE_COMMANDS "  Delete \"${target}\"\n")
+    endif()
+  endforeach()
+  string(APPEND CPACK_REMOVE_COMMANDS "${folders}")
+endif()
 
 if(NOT CPACK_GENERATOR STREQUAL "DEB")
   return()
 endif()
-set(root ${CPACK_TEMPORARY_INSTALL_DIRECTORY})
 set(usr ${root}${CPACK_PACKAGING_INSTALL_PREFIX})
 
 # ---- the changelog, dated like everything in the package

@@ -1,5 +1,5 @@
-# Windows, 64 bit, by the mingw-w64 compilers of a Linux distribution. Each binary stands alone: it imports libraries of
-# the system only.
+# Windows, 64 bit, by the mingw-w64 compilers of a Linux distribution. Each binary stands alone, as it imports libraries
+# of the system only, and doesn't tell when it was linked.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 
@@ -10,7 +10,7 @@ set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 set(CMAKE_RC_FLAGS_INIT "-c 65001") # resource scripts are UTF-8
 
 foreach(kind EXE SHARED MODULE)
-  set(CMAKE_${kind}_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++")
+  set(CMAKE_${kind}_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++ -Wl,--no-insert-timestamp")
 endforeach()
 
 set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)

@@ -35,6 +35,9 @@ std::int64_t FileTimeNow();
 /// Files that are read and may not be overwritten, each with its description: "the deck wing.dat".
 using T_INPUTS = std::map<T_FILEID_D, std::string>;
 
+/// Whether there is a folder of that name.
+bool IsFolder(const std::string& sPath);
+
 /// The path from the root of the file system without "." and "..", whether the file exists or not. It leads to the same
 /// file as sPath; a symbolic link keeps its name but before a "..".
 std::string FullPath(const std::string& sPath);

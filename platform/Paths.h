@@ -4,9 +4,8 @@
 #include <filesystem>
 #include <string>
 
-inline std::filesystem::path ToPath(const std::string& sPath) {
-    return std::filesystem::path(std::u8string(sPath.begin(), sPath.end()));
-}
+/// Takes every text: bytes that aren't UTF-8 are read as those of a name in a deck are.
+std::filesystem::path ToPath(const std::string& sPath);
 
 inline std::string ToText(const std::filesystem::path& rPath) {
     const std::u8string sPath = rPath.u8string();

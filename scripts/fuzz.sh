@@ -24,7 +24,7 @@ if ! can_fuzz; then
     fi
 fi
 cmake --preset fuzz
-# shellcheck disable=SC2086 # several words
+# shellcheck disable=SC2046,SC2086 # several words
 cmake --build --preset fuzz --target $(printf 'fuzz_%s ' $targets)
 
 # Files of the runs belong in memory.

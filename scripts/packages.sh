@@ -1,5 +1,6 @@
 # shellcheck shell=sh disable=SC2034
-# For the scripts beside it: what they need from the distribution, a copy of the project, and a screen to run a test on.
+# For the scripts beside it: what they need from the distribution, a copy of the project, a screen to run a test on, and
+# paths as Wine has them.
 
 # The words of $1 that aren't there: files are absolute paths, "pkg-config:NAME" is what it says, and everything else is
 # a command, whatever the current folder has of that name.
@@ -27,8 +28,8 @@ require() {
   install_packages $2
 }
 
-# The same for a test that can be done without: ends the script as skipped then, and asks nobody for a password.
-need() {
+# The same for what can be done without: false, with $missing, if they can't be had. Asks nobody for a password.
+have() {
   missing=$(missing_of "$1")
   if [ -n "$missing" ] && [ "$(id -u)" = 0 ] && command -v apt-get >/dev/null; then
     echo "installing: $2"
@@ -36,10 +37,14 @@ need() {
     install_packages $2 >/dev/null 2>&1 || :
     missing=$(missing_of "$1")
   fi
-  if [ -n "$missing" ]; then
-    echo "skipped: not there and not to be had: $missing(packages: $2)"
-    exit 0
-  fi
+  [ -z "$missing" ]
+}
+
+# The same for a test: ends the script as skipped then.
+need() {
+  have "$1" "$2" && return
+  echo "skipped: not there and not to be had: $missing(packages: $2)"
+  exit 0
 }
 
 # Copies what git has of the project into the folder $1.
@@ -81,3 +86,6 @@ expect_done() {
     exit 1
   fi
 }
+
+# The absolute path $1 as Wine names it.
+windows_path() { printf 'Z:%s' "$1" | tr / '\134'; }

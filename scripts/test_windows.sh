@@ -5,8 +5,8 @@ set -eu
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
 
-need "cmake ninja x86_64-w64-mingw32-g++-posix wine /usr/src/googletest /usr/x86_64-w64-mingw32/include/zlib.h Xvfb xdotool import" \
-  "cmake ninja-build g++-mingw-w64-x86-64-posix googletest libz-mingw-w64-dev wine wine64 xvfb xdotool imagemagick fonts-ipafont-gothic"
+need "cmake ninja x86_64-w64-mingw32-g++-posix wine makensis /usr/src/googletest /usr/x86_64-w64-mingw32/include/zlib.h Xvfb xdotool import" \
+  "cmake ninja-build g++-mingw-w64-x86-64-posix googletest libz-mingw-w64-dev wine wine64 nsis xvfb xdotool imagemagick fonts-ipafont-gothic"
 
 cmake --preset windows >/dev/null
 cmake --build --preset windows -j"${JOBS:-2}"
@@ -54,7 +54,6 @@ if [ ! -d "$WINEPREFIX" ]; then
   wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
   wineserver -w
 fi
-windows_path() { printf 'Z:%s' "$1" | tr / '\134'; } # as Wine names it
 
 echo "== tests"
 ctest --preset windows --no-tests=error
@@ -73,6 +72,17 @@ done
 echo "== the library without dialogs"
 (cd "$folder/été 日本" && rm grids.zdt && wine "$bin/library_host.exe" grids.dat grids.zdt | grep -q 'result: 0')
 cmp "$folder/été 日本/grids.zdt" examples/grids.zdt
+
+echo "== names of decks that aren't UTF-8, in programs whose code page is"
+printf "BEGIN BULK\nINCLUDE 'GR\326.D'\nENDDATA\n" >"$folder/main.dat"
+cp examples/grids.dat "$folder/GRÖ.D"
+cp examples/grids.dat "$folder/été 日本/é日.dat"
+(cd "$folder" && wine "$bin/nas2zdt.exe" --quiet --no-warnings --flatten main.dat)
+cmp "$folder/main.zdt" examples/grids.zdt
+(cd "$folder" && wine "$bin/library_host.exe" "été 日本/é日.dat" main.zdt | grep -q 'result: 0')
+
+echo "== packages"
+tests/scripts/windows_packages_test.sh
 
 echo "== nothing is loaded from the current folder"
 mkdir "$folder/alone"

@@ -12,11 +12,6 @@
 
 namespace {
 
-bool IsFolder(const std::string& sPath) {
-    std::error_code error;
-    return std::filesystem::is_directory(ToPath(sPath), error);
-}
-
 /// The path of the result beside a deck. The extension is what follows the last "." of the full path, so a deck without
 /// one needs the full path.
 std::string TargetBeside(const std::string& sDeck) {

@@ -2,6 +2,7 @@
 
 #include "platform/File.h"
 
+#include "platform/Paths.h"
 #include "platform/posix/Calls.h"
 
 #include <algorithm>
@@ -67,6 +68,15 @@ std::int64_t FileTimeNow() {
     timespec now{};
     ::clock_gettime(CLOCK_REALTIME, &now);
     return ToNanoseconds(now);
+}
+
+std::filesystem::path ToPath(const std::string& sPath) {
+    return sPath;
+}
+
+bool IsFolder(const std::string& sPath) {
+    std::error_code error;
+    return std::filesystem::is_directory(sPath, error);
 }
 
 std::string FullPath(const std::string& sPath) {

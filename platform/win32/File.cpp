@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::intptr_t NO_FILE = -1; // INVALID_HANDLE_VALUE
 constexpr std::size_t LARGEST_PIECE = 1 << 30;
+constexpr std::size_t SHORT_PATH = MAX_PATH - 12; // for folders, in which a short name must fit
 
 HANDLE ToHandle(std::intptr_t iHandle) {
     return reinterpret_cast<HANDLE>(iHandle);
@@ -74,9 +75,17 @@ std::int64_t FileTimeNow() {
 
 std::wstring SystemPath(const std::string& sPath) {
     std::wstring sWide = Widen(sPath);
-    if (sWide.size() < MAX_PATH || sWide.starts_with(L"\\\\?\\")) return sWide;
-    sWide = FullWidePath(sWide);
-    return sWide.starts_with(L"\\\\") ? L"\\\\?\\UNC" + sWide.substr(1) : L"\\\\?\\" + sWide;
+    const std::wstring sFull = FullWidePath(sWide);
+    if (sFull.size() < SHORT_PATH || sFull.starts_with(L"\\\\?\\") || sFull.starts_with(L"\\\\.\\")) return sWide;
+    return sFull.starts_with(L"\\\\") ? L"\\\\?\\UNC" + sFull.substr(1) : L"\\\\?\\" + sFull;
+}
+
+std::filesystem::path ToPath(const std::string& sPath) {
+    return Widen(sPath);
+}
+
+bool IsFolder(const std::string& sPath) {
+    return HasAttribute(SystemPath(sPath), FILE_ATTRIBUTE_DIRECTORY);
 }
 
 std::string FullPath(const std::string& sPath) {

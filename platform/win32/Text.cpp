@@ -15,12 +15,20 @@ std::wstring WidenFrom(UINT nCodePage, DWORD nFlags, std::string_view sText) {
     return sWide;
 }
 
+/// That of the system, whatever the host has chosen for itself. 0, which is the host's, where a language has none.
+UINT SystemCodePage() {
+    DWORD nCodePage = CP_ACP;
+    ::GetLocaleInfoW(LOCALE_SYSTEM_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
+                     reinterpret_cast<LPWSTR>(&nCodePage), sizeof nCodePage / sizeof(wchar_t));
+    return nCodePage;
+}
+
 } // namespace
 
 std::wstring Widen(std::string_view sText) {
     if (sText.empty()) return {};
     std::wstring sWide = WidenFrom(CP_UTF8, MB_ERR_INVALID_CHARS, sText);
-    return sWide.empty() ? WidenFrom(CP_ACP, 0, sText) : sWide;
+    return sWide.empty() ? WidenFrom(SystemCodePage(), 0, sText) : sWide;
 }
 
 std::string Narrow(std::wstring_view sText) {

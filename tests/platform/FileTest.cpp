@@ -2,6 +2,9 @@
 
 #include "platform/WholeFile.h"
 #include "support/Deck.h"
+#ifdef _WIN32
+#include "platform/win32/Text.h"
+#endif
 
 #include <gtest/gtest.h>
 
@@ -25,6 +28,21 @@ TEST(File, LongAndForeignNames) { // longer than 260 characters, which Windows t
     char aBytes[20];
     EXPECT_EQ(std::string(aBytes, static_cast<std::size_t>(deck.Read(aBytes, sizeof aBytes))), "bytes\n\x1A\r\n");
 }
+
+#ifdef _WIN32
+TEST(File, SystemPathIsLongWhereTheWholeIs) {
+    const CTempFolder folder;
+    const std::string sFolder = folder.Path(std::string(150, 'a')), sLong(150, 'b');
+    std::filesystem::create_directory(PathOf(sFolder));
+    const std::filesystem::path here = std::filesystem::current_path();
+    EXPECT_EQ(SystemPath("short.dat"), L"short.dat");
+    std::filesystem::current_path(PathOf(sFolder));
+    EXPECT_EQ(SystemPath(sLong), L"\\\\?\\" + (std::filesystem::current_path() / sLong).wstring());
+    std::filesystem::current_path(here);
+    EXPECT_EQ(SystemPath(std::string("\\\\server\\folder\\") + sLong + sLong),
+              L"\\\\?\\UNC\\server\\folder\\" + Widen(sLong + sLong));
+}
+#endif
 
 TEST(File, FolderIsNoDeck) {
     const CTempFolder folder;
