@@ -34,6 +34,10 @@ target = good[:-4] + ".zdt"
 assert convert(good + "\n") == (0, target)
 assert open(target).read() == "*VERSION\n  5.8.1\n\n*NODE\n  1, 0, 0, 0\n\n"
 assert convert(os.path.join(folder, "missing.dat") + "\n" + good + "\n") == (0, target), "asks again"
+assert convert(good + "\r\n") == (0, target), "a line that ends as on Windows"
+length = len(target.encode())
+assert convert(good + "\n", length + 1) == (0, target), "a path that just fits"
+assert convert(good + "\n", length) == (0, ""), "a path that is one byte too long"
 assert convert(good + "\n", 10) == (0, ""), "a path that doesn't fit"
 assert convert("\n") == (1, "untouched"), "an empty line cancels"
 assert convert("") == (1, "untouched"), "the end of input cancels"
