@@ -84,8 +84,8 @@ void CConvertNastran::TakeAhead(T_CHUNK_D& rChunk, std::size_t iBegin, std::size
     ++rChunk.aRUNS.back().nLINES;
 }
 
-/// Stores the records from iPlace on until an id is there already, since of that there is something to tell. Returns
-/// their number, at most nMost; counts their lines.
+/// Stores the records of a run until an id is there already, since of that there is something to tell. Returns their
+/// number; their lines count.
 template <class RECORD>
 std::int32_t CConvertNastran::PassRecords(CMap<RECORD>& rTable, const T_CARDRUN_D& rRun) {
     const CTakenRecords& rTaken = m_fp.GetTaken();
