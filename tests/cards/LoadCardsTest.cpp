@@ -40,6 +40,24 @@ TEST(LoadCards, ForcesAndMomentsKeepTheirOrderAndTheirKind) {
               "\n");
 }
 
+TEST(LoadCards, SectionsOfACaseHaveTheirOrder) {
+    EXPECT_EQ(Case("CQUAD4,1,1,1,2,3,4\nSPCD,1,5,1,.5\nTEMPP1,1,1,2.,,1.,4.\nTEMP,1,5,3.\nPLOAD2,1,4.,1\n"
+                   "PLOAD1,1,9,FX,FR,.5,6.\nMOMENT,1,5,,7.,1.\nFORCE,1,5,,8.,1.\nGRAV,1,,9.,0.,0.,-1.\n",
+                   "1"),
+              "*SELFWEIGHT, 0, 0, -9\n\n"
+              "*CONLOAD\n    5,  8, 0, 0, 0, 0, 0\n\n"
+              "*CONLOAD\n    5,  0, 0, 0, 7, 0, 0\n\n"
+              "*BEAMLOAD\n"
+              "    9, BEAM,    CONLOAD,    GX,    NO,     0.5,     6,     0,     0,     0,     0,     0,     0\n\n"
+              "*PRESSURE\n1, PRES , PLATE, FACE, LZ, 0, 0, 0, NO, 4, 0, 0, 0, 0, \n\n"
+              "*NDTEMPER    ; Nodal Temperatures\n    5,  3,\n\n"
+              "*ELTEMPER    ; Element Temperatures\n; ELEM_LIST, TEMPER, GROUP\n    1,  2,\n\n"
+              "*THERGRAD    ; Temperature Gradient\n"
+              "; ELEM_LIST, iETYP, TZ, bUSEHZ, HZ, TY, bUSEHY, HY, GROUP\n; ELEM_LIST, iETYP, TZ, bUSEHZ, HZ, GROUP\n"
+              "    1, 2, 3, YES, 0,\n\n"
+              "*SPDISP    ; Specified Displacement of Supports\n    5,  100000, 0.5, 0, 0, 0, 0, 0\n\n");
+}
+
 TEST(LoadCards, LaterGravityOverwrites) {
     EXPECT_EQ(Case("GRAV,1,,1.,1.,1.,1.\nFORCE,1,5\nGRAV,1,8,9.81,.5,0.,-1.\n", "1"),
               "*SELFWEIGHT, 4.905, 0, -9.81\n\n*CONLOAD\n\n");

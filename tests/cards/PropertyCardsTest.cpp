@@ -82,6 +82,14 @@ INSTANTIATE_TEST_SUITE_P(Cards, PropertyTest, testing::ValuesIn<T_SLOTS_D>({
 }), [](const auto& rInfo) { return std::string(rInfo.param.sNAME); });
 // clang-format on
 
+TEST(BeamCard, TapersByEachValueOfEndB) {
+    for (std::size_t iValue = 0; iValue < 6; ++iValue) { // A, I1, I2, I12, J and, which doesn't count, NSM
+        const std::string sCard = "PBEAM,7,2,,,,,,\n,,,,,,,,\n,YES,1." + std::string(iValue, ',') + ",.5\n";
+        const CStoredRun run(sCard);
+        EXPECT_EQ(run.GetDataPool().PROP.Find(7)->bTAPERED, iValue < 5 ? 1 : 0) << sCard;
+    }
+}
+
 TEST(LaminateCard, HalfALineIsAPly) {
     const CStoredRun run("PCOMP          7     -.5\n"
                          "+              2      .1     30.     YES              .2     60.     YES\n"

@@ -168,6 +168,7 @@ grep -Fxq "nas2zdt: one.svg: is no folder" err || fail "a folder that is a file"
 
 # ---- the page of a review, if the command has it
 printf old >page.html
+rm -f good.zdt
 status=0
 "$nas2zdt" -q --report page.html good.dat >out 2>err || status=$?
 if [ "$status" -eq 0 ]; then

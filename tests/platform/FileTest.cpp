@@ -44,6 +44,31 @@ TEST(File, SystemPathIsLongWhereTheWholeIs) {
 }
 #endif
 
+TEST(File, TextsOfAboutABuffer) { // which holds 256 KiB, and a piece's grows from 64
+    const CTempFolder folder;
+    constexpr std::size_t BUFFER = 262144, PIECE = 65536;
+    for (const std::size_t nFirst : {std::size_t{0}, BUFFER - 1, BUFFER, BUFFER + 1}) {
+        for (const std::size_t nSecond : {std::size_t{1}, PIECE, PIECE + 1, 2 * PIECE + 1, BUFFER, 3 * BUFFER}) {
+            const std::string sFirst(nFirst, 'a'), sSecond(nSecond, 'b');
+            CFile file;
+            file.Create(folder.Path("a.zdt"));
+            file.Write(sFirst);
+            file.Write(sSecond);
+            CTextPiece piece;
+            for (const char* sText : {"c", "d"}) {
+                piece.Write(sText);
+                piece.Write(sSecond);
+                file.Append(piece);
+                file.Write(sFirst);
+            }
+            file.Close();
+            EXPECT_TRUE(ReadText(folder.Path("a.zdt")) ==
+                        sFirst + sSecond + "c" + sSecond + sFirst + "d" + sSecond + sFirst)
+                << nFirst << " " << nSecond;
+        }
+    }
+}
+
 TEST(File, FolderIsNoDeck) {
     const CTempFolder folder;
     CDeckFile deck;

@@ -47,6 +47,7 @@ const std::vector<T_DECK_D> DECKS = {
     {"CtrlZInColumn1", "BEGIN BULK\nGRID,1\nGRID,2\n\x1AGRID,3\nGRID,4\n$\n", "  1, 0, 0, 0\n  2, 0, 0, 0\n", {}},
     {"CtrlZBehindText", "BEGIN BULK\nGRID,1\nGRID,2\x1A\nGRID,3\n$\n", "  1, 0, 0, 0\n  2, 0, 0, 0\n", {}},
     {"CtrlZInCaseControl", "CEND\nTITLE\n\x1A\nBEGIN BULK\nGRID,1\n$\n", "", {}},
+    {"EnddataInCaseControl", "CEND\nTITLE ENDDATA\nBEGIN BULK\nGRID,1\n$\n", "", {}},
     {"CtrlZInACommentIsNotCompared", "BEGIN BULK\n$\x1A\nGRID,1\nGRID,2\n$\n", "  1, 0, 0, 0\n", {}},
     // sections
     {"LowerCase", "cend\nbegin bulk\ngrid,1\nenddata\n", "  1, 0, 0, 0\n", {}},
@@ -77,6 +78,10 @@ const std::vector<T_DECK_D> DECKS = {
      "  1, 0, 0, 0\n  2, 0, 0, 0\n",
      {IGNORED + "2)"}},
     {"KeywordBeforeTheStar", "BEGIN BULK\nGRID,1\nGRID*                  2\n$\n", "  1, 0, 0, 0\n  2, 0, 0, 0\n", {}},
+    {"SkippedKeywordBeforeTheStar",
+     "BEGIN BULK\nGRID,1\nSPCADD*                1\nGRID,2\n$\n",
+     "  1, 0, 0, 0\n  2, 0, 0, 0\n",
+     {}},
     {"EqualsLine", "BEGIN BULK\nGRID,1\n=(3)\nGRID,2\n$\n", "  1, 0, 0, 0\n  2, 0, 0, 0\n", {IGNORED + "2)"}},
     {"EqualsLineThatIsFirst", "BEGIN BULK\nGRID 12 A=B\n$\n", "  12, 0, 0, 0\n", {}},
     // small field
@@ -102,10 +107,21 @@ const std::vector<T_DECK_D> DECKS = {
      "BEGIN BULK\nGRID*                  1               0              1.              2.\n+             3.\n$\n",
      "  1, 1, 2, 3\n",
      {}},
+    {"PlusBeforeTheStarIsSmall", // the 9 would stand behind the 3 in a wide field
+     "BEGIN BULK\nGRID*                  1               0              1.              2.\n+*      3.      9\n$\n",
+     "  1, 1, 2, 3\n",
+     {}},
+    {"LargeColumnsPast72",
+     "BEGIN BULK\nGRID*                  1               0              1.              2.GARBAGE\n*                   "
+     "  "
+     "3.\n$\n",
+     "  1, 1, 2, 3\n",
+     {}},
     {"StarBeyondTheFirstField", "BEGIN BULK\nGRID           1       *\n$\n", "  1, 0, 0, 0\n", {}},
     // free field
     {"PlusDeletesTheField", "BEGIN BULK\nGRID,1,,1.0E+3,2.,3.\n$\n", "  1, 2, 3, 0\n", {}},
     {"TabsAndBlanks", "BEGIN BULK\nGRID,\t1 ,, 2. 5 ,\t\n$\n", "  1, 2.5, 0, 0\n", {}},
+    {"TabAmongBlanks", "BEGIN BULK\nGRID \t1 A=B\n$\n", "  1, 0, 0, 0\n", {}},
     {"CommaBehindColumn10", "BEGIN BULK\nGRID           1,\n$\n", "  1, 0, 0, 0\n", {}},
     {"ColonCuts", "BEGIN BULK\nGRID,3,:0,1.\n$\n", "  3, 0, 0, 0\n", {}},
     {"NulEndsTheText", std::string("BEGIN BULK\nGRID,4\0,,9.\n$\n", 25), "  4, 0, 0, 0\n", {}},

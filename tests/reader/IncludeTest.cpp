@@ -41,6 +41,14 @@ TEST_F(IncludeTest, EachDeckNeedsItsOwnBulkMarkerAndEnd) {
     EXPECT_EQ(Sections(run.sZDT, "*NODE"), "*NODE\n  1, 0, 0, 0\n\n");
 }
 
+TEST_F(IncludeTest, EachDeckCountsItsOwnLines) {
+    WriteText("a.dat", "BEGIN BULK\nGRID,1\n\x1A\nGRID,2\nGRID,3\n$\n"); // its end is no other deck's
+    WriteText("b.dat", "$\n$\n$\nBEGIN BULK\nRBAR,1\nGRID,4\n$\n");
+    const T_RUN_D run = Run("INCLUDE,a.dat\nINCLUDE,b.dat\n");
+    EXPECT_EQ(Sections(run.sZDT, "*NODE"), "*NODE\n  1, 0, 0, 0\n  4, 0, 0, 0\n\n");
+    EXPECT_EQ(run.aLOG, (std::vector<std::string>{"RBAR isn't converted in this version. (Line:5)"}));
+}
+
 TEST_F(IncludeTest, FindsNamesWithoutRegardToCaseAndWithBothSeparators) {
     std::filesystem::create_directories("Sub/Deep");
     WriteText("Sub/Deep/Parts.dat", "BEGIN BULK\nGRID,5\nENDDATA\n");

@@ -88,6 +88,17 @@ INSTANTIATE_TEST_SUITE_P(Cases, GridPositionTest, testing::ValuesIn<T_CASE_D>({
      "CORD1R,5,11,12,13\nCORD2C,5,,7.,,,7.,,1.\n,8.\n"
      "GRID,1,5,1.,0.,3.\n",
      "  1, 7, 2, 3\n  11, 1, 90, 0\n  12, 1, 90, 1\n  13, 2, 90, 0\n"},
+    {"SixTablesInTurn", // x and z change places, x grows by 10, places, radius on z and 100 on x, places, radius and 1000
+     "GRID,11\nGRID,12,,1.\nGRID,13,,,,1.\nGRID,21,,100.\nGRID,22,,100.,,1.\nGRID,23,,101.\n"
+     "CORD2S,5,,1000.,,,1000.,,1.\n,1001.\nCORD2C,5,,,,,1.,,\n,,,1.\nCORD1S,5,21,22,23\nCORD1C,5,11,12,13\n"
+     "CORD2R,5,,10.,,,10.,,1.\n,11.\nCORD1R,5,11,12,13\n"
+     "GRID,1,5,1.,,2.\n",
+     "  1, 1000, 0, 1\n"
+     "  11, 0, 0, 0\n  12, 1, 0, 0\n  13, 0, 0, 1\n  21, 100, 0, 0\n  22, 100, 0, 1\n  23, 101, 0, 0\n"},
+    {"SystemZeroIsTheBasicOne",
+     "CORD2C,0,,100.,,,100.,,1.\n,200.\nCORD2R,5,0,1.,,,1.,,1.\n,2.\n"
+     "GRID,1,5\nGRID,2,0\n",
+     "  1, 1, 0, 0\n  2, 0, 0, 0\n"},
     {"SphereOnACylinder", // first as a linked rectangle: (3, 0, 10); then as a sphere that isn't linked
      "CORD2S,5,6,1.,,,1.,,1.\n,2.\n"
      "CORD2C,6,,,,10.,,,11.\n,1.,,10.\n"

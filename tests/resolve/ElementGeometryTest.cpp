@@ -7,7 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cmath>
 #include <ostream>
+#include <utility>
 
 namespace {
 
@@ -127,7 +130,7 @@ TEST(ElementGeometry, BetaAngle) {
     EXPECT_EQ(model.Beta(1, 2, 0, 0, 0), "0");
     EXPECT_EQ(model.Beta(1, 2, 3, 0, 0), "0"); // along the element
     EXPECT_EQ(model.Beta(1, 5, 1, 0, 0), "0"); // no length
-    EXPECT_EQ(model.Beta(1, 99, 1, 0, 0), "0");
+    EXPECT_EQ(model.Beta(2, 99, 0, 0, 1), "0"); // no second node: the first
     // vertical
     EXPECT_EQ(model.Beta(1, 3, 1, 0, 0), "90");
     EXPECT_EQ(model.Beta(1, 3, -1, 0, 0), "270");
@@ -141,6 +144,19 @@ TEST(ElementGeometry, BetaAngle) {
     EXPECT_EQ(model.Beta(1, 4, 0, 1, 0), "-90");
     EXPECT_EQ(model.Beta(1, 4, 0, 0, 1), "0");
     EXPECT_EQ(model.Beta(1, 4, 0, -1, 0), "90");
+    // nearly vertical or level, and a little less so
+    const double NEAR = 0.00009, FAR = 0.00011;
+    const std::pair<std::array<double, 3>, const char*> aEnds[] = {
+        {{NEAR, 0, 1}, "180"}, {{FAR, 0, 1}, "-90"}, {{-NEAR, 0, 1}, "180"}, {{-FAR, 0, 1}, "90"},
+        {{0, NEAR, 1}, "180"}, {{0, FAR, 1}, "0"},   {{0, -NEAR, 1}, "180"}, {{0, -FAR, 1}, "0"}};
+    for (const auto& [dEnd, sAngle] : aEnds) {
+        model.AddNode(6, dEnd[0], dEnd[1], dEnd[2]);
+        EXPECT_EQ(model.Beta(1, 6, 0, 1, 0), sAngle) << Text(dEnd[0], dEnd[1], dEnd[2]);
+    }
+    for (const double dZ : {NEAR, -NEAR, FAR, -FAR}) {
+        model.AddNode(6, 1, 0, dZ);
+        EXPECT_EQ(model.Beta(1, 6, 0, 0, 1), std::fabs(dZ) == NEAR ? "90" : "0") << dZ;
+    }
 }
 
 TEST(ElementGeometry, Length) {

@@ -105,12 +105,16 @@ TEST(MathFunc, TurnsAboutAnAxis) {
     EXPECT_EQ(Turn(60, {0, 0, 1}, 2, 0, 3), "1 1.73205 3");
     EXPECT_EQ(Turn(90, {0, 0, 1}, 1, 1e-11, -0.0), "0 1 0"); // small values become 0, and lose their sign
     EXPECT_EQ(Turn(0, {0, 0, 1}, 1, 1e-11, -0.0), "1 1e-11 -0");
+    EXPECT_EQ(Turn(90, {0, 0, 1}, 2e-10, 9e-11, 2e-10), "0 2e-10 2e-10");
+    EXPECT_EQ(Turn(90, {0, 0, 1}, 9e-11, -2e-10, -9e-11), "2e-10 0 0");
 }
 
 TEST(MathFunc, NormalizeRefusesNoLength) {
     double dUnit[3] = {7, 8, 9};
     EXPECT_EQ(CMathFunc::Normalize({1e-16, 0, 0}, dUnit), 0);
     EXPECT_EQ(Text(dUnit[0], dUnit[1], dUnit[2]), "7 8 9");
+    EXPECT_EQ(CMathFunc::Normalize({0, 0, 2e-15}, dUnit), 1);
+    EXPECT_EQ(Text(dUnit[0], dUnit[1], dUnit[2]), "0 0 1");
     EXPECT_EQ(CMathFunc::Normalize({0, 3, -4}, dUnit), 1);
     EXPECT_EQ(Text(dUnit[0], dUnit[1], dUnit[2]), "0 0.6 -0.8");
 }

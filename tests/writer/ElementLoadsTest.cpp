@@ -46,6 +46,16 @@ TEST(PressureLoads, PlatesByCornersByVectorAndUniform) {
               "\n");
 }
 
+TEST(PressureLoads, MoreThanABatch) {
+    std::string sCards, sLines;
+    for (int i = 1; i <= 40; ++i) {
+        const std::string sID = std::to_string(i);
+        sCards += "CTRIA3," + sID + ",1,1,2,3\nPLOAD2,1," + sID + ".5," + sID + "\n";
+        sLines += sID + ", PRES , PLATE, FACE, LZ, 0, 0, 0, NO, " + sID + ".5, 0, 0, 0, 0, \n";
+    }
+    EXPECT_EQ(Sections(ConvertBulk(sCards), "*PRESSURE"), "*PRESSURE\n" + sLines + "\n");
+}
+
 TEST(PressureLoads, SolidsByFace) {
     EXPECT_EQ(Sections(ConvertBulk("CTETRA,1,1,11,12,13,14\nCPENTA,2,1,11,12,13,14,15,16\n"
                                    "CHEXA,3,1,11,12,13,14,15,16,17,18\n"

@@ -15,6 +15,7 @@ TEST(GeneralLinks, PropertiesAndLinks) {
                                          "CGAP,30,9,1,2,0.,1.,-1.,5\n"
                                          "CGAP,31,9,98,99\n"
                                          "CGAP,32,10,1,5,1.\n"
+                                         "CGAP,33,9,1,2,0.,0.,1.\n"
                                          "CBUSH,29,7,1,3,-1.,0.,0.\n"
                                          "CBUSH,28,7,1,4,1.,-1.,1.\n"
                                          "CBUSH,27,7,1,4,0.,0.,1.\n"
@@ -78,6 +79,7 @@ TEST(GeneralLinks, PropertiesAndLinks) {
               " 30, 1, 2, GPROP9, , 0, 45, \n"
               "31, 98, 99, GPROP9, , 1, 0, 0, 0, 0, \n"
               "32, 1, 5, GPROP10, , 1, 0, 0, 0, 0, \n"
+              " 33, 1, 2, GPROP9, , 0, 180, \n" // a quarter turn from the vector's plane
               "\n"
               "*VERSION\n"
               "  5.8.1\n"
