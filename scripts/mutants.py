@@ -218,6 +218,8 @@ class Source:
         if self.words[i] != "(":
             return
         behind = self.partner.get(i)
+        if self.words[i - 1] in ("min", "max"):
+            return self.find_extremes(i, behind)
         if behind is None or not re.fullmatch(r"\w+|>", self.words[i - 1]) or self.words[i - 1] in HEADS:
             return
         begin, end = self.end_of(i), self.places[behind]
@@ -231,13 +233,17 @@ class Source:
             stop = bisect.bisect_left(self.places, places[k + 2] + len(b))
             self.add(first, stop, lambda n, a=a, b=b: f"(Mutant({n}) ? {b} : {a}), (Mutant({n}) ? {a} : {b})",
                      f"{a}{arguments[k + 1]}{b}", f"{b}, {a}", "arguments")
-        name = self.words[i - 1]
+        if self.words[i - 1] == ">":
+            self.find_extremes(i, behind)
+
+    def find_extremes(self, i, behind):
+        """The smaller for the larger of some values that begin behind word i."""
         start = i - 1
-        if name == ">":
+        if self.words[start] == ">":
             while start > 0 and self.words[start] != "<":
                 start -= 1
             start -= 1
-            name = self.words[start]
+        name = self.words[start]
         if name in ("min", "max") and self.words[start - 2:start] == ["std", "::"]:
             other = "max" if name == "min" else "min"
             whole = self.text[self.places[start]:self.end_of(behind)]

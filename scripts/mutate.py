@@ -58,10 +58,17 @@ inline char* OpenReached() {
 }
 inline const char* const g_pNumber = std::getenv("MUTANT");
 inline const int g_iMutant = g_pNumber ? std::atoi(g_pNumber) : -1;
-inline char* const g_pReached = OpenReached();
+struct T_REACHED_D {
+    char* p = OpenReached();
+    ~T_REACHED_D() {
+        if (p) munmap(p, MOST);
+        p = nullptr;
+    }
+};
+inline T_REACHED_D g_reached;
 }
 inline bool Mutant(int i) {
-    if (mutants::g_pReached) mutants::g_pReached[i] = 1;
+    if (mutants::g_reached.p) mutants::g_reached.p[i] = 1;
     return i == mutants::g_iMutant;
 }
 #endif
@@ -115,9 +122,20 @@ def choose(options):
         if all(fault.end <= begin or end <= fault.begin for begin, end in taken[name]):
             taken[name].append((fault.begin, fault.end))
             chosen.append(fault)
-        if len(chosen) == min(options.sample, MOST):
+        if len(chosen) == min(options.sample, MOST // 2):
             break
     return chosen
+
+
+def give_numbers(chosen):
+    """A number each, which stays when other faults come or go: so does the object file."""
+    faults = {}
+    for fault in sorted(chosen, key=lambda fault: (fault.path, fault.begin)):
+        number = int.from_bytes(rank(fault.path, fault.faulty)[:4], "big") % MOST
+        while number in faults:
+            number = (number + 1) % MOST
+        faults[number] = fault
+    return faults
 
 
 def write(path, text):
@@ -188,7 +206,7 @@ def build(faults):
     launcher = ["-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"] if shutil.which("ccache") else []
     subprocess.run(["cmake", "-S", SOURCE, "-B", BUILD, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release", *launcher,
                     "-DCMAKE_CXX_FLAGS_RELEASE=-O1", f"-DCMAKE_CXX_FLAGS=-w -Wno-narrowing -include {HEADER}",
-                    "-DCONVERTNASTRAN_GTK=OFF", "-DCONVERTNASTRAN_VIEWER=OFF"],
+                    "-DCONVERTNASTRAN_GTK=OFF", "-DCONVERTNASTRAN_VIEWER=AUTO"],
                    check=True, stdout=subprocess.DEVNULL, env=environment)
     try_headers(faults, environment)
     while True:
@@ -355,7 +373,7 @@ def main():
 
     begun = time.monotonic()
     FOLDER.mkdir(parents=True, exist_ok=True)
-    faults = dict(enumerate(choose(options)))
+    faults = give_numbers(choose(options))
     wanted = len(faults)
     build(faults)
     print(f"{len(faults)} of {wanted} faults compile; built in {time.monotonic() - begun:.0f} s", flush=True)

@@ -114,6 +114,9 @@ TEST(LoadCards, RangesThatCantBeHeldEndTheRun) {
         EXPECT_EQ(run.failure.iLINE, 3) << sCard;
         EXPECT_EQ(run.failure.nLIMIT, 10000000) << sCard;
     }
+    T_LIMITS_D limits; // a range that is long enough for its own limit meets that of all
+    limits.nRANGES = 1;
+    EXPECT_EQ(RunBulk("PLOAD2,1,1.,5,THRU,10000005\n", limits).failure.eFAILURE, FAILURE_LIMIT_RANGES);
     // No ids in these, whatever the distance of their ends.
     EXPECT_EQ(RunBulk("PLOAD2,1,1.,2147483647,THRU,2147483647\nPLOAD2,1,1.,9,THRU,-9\nPLOAD2,1,1.,-2147483648,THRU\n")
                   .iRESULT,

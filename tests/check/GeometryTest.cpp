@@ -167,6 +167,10 @@ INSTANTIATE_TEST_SUITE_P(
          "warning coincident-grids GRID 11 line 7: GRID 1 (deck:2) is 9e-05 away, and nothing links them\n"
          "warning coincident-grids GRID 12 line 8: GRID 1 (deck:2) is 9e-05 away, and nothing links them\n"
          "warning coincident-grids GRID 19 line 15: GRID 18 (deck:14) is 0.0001 away, and nothing links them\n"},
+        {"CoincidentInARow", // 7 is too far from 5, and 6 stands for no grid
+         SQUARE + "GRID,5,,5.,5.,0.\nGRID,6,,5.,5.,6.-5\nGRID,7,,5.,5.,1.2-4\n"
+                  "CQUAD4,1,1,1,2,3,4\nCROD,2,1,5,2\nCROD,3,1,6,2\nCROD,4,1,7,2\n",
+         "warning coincident-grids GRID 6 line 7: GRID 5 (deck:6) is 6e-05 away, and nothing links them\n"},
         {"StrayGrid", // then it is a hundredth of a mean edge, about the fifth root of a million
          SQUARE + "GRID,5,,1.+6,0.,0.\nGRID,6,,0.,-.2\nCROD,1,1,1,2\nCROD,2,1,1,5\nCROD,3,1,2,3\nCROD,4,1,3,4\n"
                   "CROD,5,1,2,6\n",

@@ -37,6 +37,14 @@ class CDeckFolder : public CTempFolder {
     std::string GetDeck() const { return Path("deck.dat"); }
 };
 
+TEST(Limits, AreWideUnlessSet) {
+    const T_LIMITS_D limits;
+    EXPECT_EQ(limits.nRANGES, 50000000);
+    EXPECT_EQ(limits.nDECKS, 1000000);
+    EXPECT_EQ(limits.nOUTPUT, 1073741824);
+    EXPECT_EQ(limits.nFRAMES, 10000000000);
+}
+
 TEST(Limits, EntriesOfAllRanges) {
     const CDeckFolder folder("PLOAD2,1,1.,1,THRU,6\n"                // 2 to 6
                              "PLOAD2,1,1.,9,THRU,-9\n"               // none

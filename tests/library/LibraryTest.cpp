@@ -353,15 +353,17 @@ TEST_F(LibraryTest, ModelAsArrays) {
     options.bModel = 1;
     const RESULT result = ConvertText("BEGIN BULK\n"
                                       "GRID,10,,0.,0.,0.\nGRID,20,,2.,0.,0.\nGRID,30,,2.,1.,0.\nGRID,40,,0.,1.,0.\n"
-                                      "GRID,50,,0.,0.,3.\n"
+                                      "GRID,50,,0.,0.,3.\nGRID,60,,0.,0.,0.\nCELAS2,12,5.,10,1,60,1,.5\n"
                                       "CQUAD4,1,5,10,20,30,40\nCTRIA3,2,5,10,20,50\nCTETRA,3,6,10,20,30,50\n"
                                       "CBAR,4,7,10,50,1.,0.,0.\nCONM2,8,30,,2.5\nRBE2,9,10,13,20,30\n"
                                       "PSHELL,5,1,.25,1\nPSOLID,6,1\nPBAR,7,1,2.,3.,4.,5.\nMAT1,1,210.,,.3\n"
                                       "SPC1,1,12,10,20\n"
                                       "FORCE,3,30,,2.,0.,0.,-1.\nMOMENT,3,40,,1.,7.,0.,0.\nPLOAD2,3,1.5,1\n"
+                                      "PLOAD4,3,2,1.,2.,3.,4.,,\n,,0.,0.,-1.\n"
                                       "FORCE,4,20,,1.,1.,0.,0.\nLOAD,6,1.,2.,3,5.,4\nENDDATA\n",
                                       nullptr, nullptr, options);
-    EXPECT_EQ(Tables(result), "nodes id: 10 | 20 | 30 | 40 | 50; position: 0 0 0 | 2 0 0 | 2 1 0 | 0 1 0 | 0 0 3\n"
+    EXPECT_EQ(Tables(result), "nodes id: 10 | 20 | 30 | 40 | 50 | 60; "
+                              "position: 0 0 0 | 2 0 0 | 2 1 0 | 0 1 0 | 0 0 3 | 0 0 0\n"
                               "beams id: 4; nodes: 10 50; property: 7; material: 1; reference: 0 1 0\n"
                               "triangles id: 2; nodes: 10 20 50; property: 5; material: 1; plane_stress: 0\n"
                               "quads id: 1; nodes: 10 20 30 40; property: 5; material: 1; plane_stress: 0\n"
@@ -372,11 +374,14 @@ TEST_F(LibraryTest, ModelAsArrays) {
                               "thicknesses id: 5; bends: 1; thickness: 0.25 0.25\n"
                               "supports node: 10 | 20; held: 1 1 0 0 0 0 | 1 1 0 0 0 0\n"
                               "rigid_links id: 9 | 9; nodes: 10 20 | 10 30; tied: 1 0 1 0 0 0 | 1 0 1 0 0 0\n"
+                              "general_links id: 12; nodes: 10 60; property: 8; angle: 0\n"
+                              "springs id: 8; stiffness: 5 0 0 0 0 0; damping: 0.5 0 0 0 0 0\n"
                               "load_cases id: 3 | 4\n"
                               "combinations id: 6 | 6; case: 3 | 4; factor: 2 | 5\n"
                               "forces of 3 node: 30; value: 0 0 -2\n"
                               "moments of 3 node: 40; value: 7 0 0\n"
-                              "pressures of 3 element: 1; face: 0; value: 1.5 1.5 1.5 1.5; direction: 0 0 0\n"
+                              "pressures of 3 element: 1 | 2; face: 0 | 0; value: 1.5 1.5 1.5 1.5 | 1 2 3 4; "
+                              "direction: 0 0 0 | 0 0 -1\n"
                               "forces of 4 node: 20; value: 1 0 0\n");
     T_NAS2ZDT_COLUMN_D column = {};
     column.nSize = sizeof column;

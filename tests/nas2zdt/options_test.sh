@@ -25,7 +25,7 @@ expect "help fits a page" 0 --help
 [ "$(wc -l <out)" -le 44 ] || fail "help has more lines than a page"
 [ "$(wc -L <out)" -le 96 ] || fail "help has lines that are too long"
 for args in "--log" "--log= good.dat" "--strict=all good.dat" "--allow" "--allow= good.dat" "--account=xml good.dat" "--check=xml good.dat" "--tolerance 1 good.dat" "--check --tolerance -1 good.dat" "--check --tolerance 1x good.dat" "--quiet=1 good.dat" "-o" \
-    "--limit" "--limit ranges good.dat" "--limit ranges=0 good.dat" "--limit ranges=5x good.dat" "--limit lines=5 good.dat" \
+    "--limit" "--limit ranges good.dat" "--limit ranges=0 good.dat" "--threads 0 good.dat" "--limit ranges=5x good.dat" "--limit lines=5 good.dat" \
     "--limit decks=99999999999999999999 good.dat" "--limit =5 good.dat" "--restated x.dat good.dat" "--subcase 1 good.dat" "--super 1 good.dat" "--faithful --super x good.dat" \
     "--logical A=. good.dat" "--faithful --logical A good.dat" "--faithful --restated x.dat good.dat lossy.dat" "-o good.zdt good.dat lossy.dat" \
     "--case 1 good.dat" "--view x.svg --case x good.dat" "--view x.svg --colour red good.dat" "--colour loss good.dat" "--view x.svg good.dat lossy.dat"; do
@@ -238,6 +238,10 @@ says "what sets it" err "nas2zdt: range.dat: the option --limit ranges=N sets th
 expect "a limit that is met" 0 --limit ranges=8 range.dat
 expect "a limit that is lifted" 0 --limit=ranges=7 --limit ranges=none range.dat
 expect "all limits lifted" 0 --limit ranges=7 --limit none range.dat
+printf 'BEGIN BULK\nGRID,1,,0.,0.,0.\n=,*(1),=,*(1.),==\n=(4)\n=,*(1),=,*(1.),==\n=(4)\nENDDATA\n' >made.dat
+expect "a limit on replication" 1 --faithful --limit ranges=9 made.dat
+says "a limit on replication" err "nas2zdt: made.dat:6: limit on ranges: replication makes more than 9 cards in all; the option --limit ranges=N sets it"
+expect "a limit that replication meets" 0 --faithful --limit ranges=10 made.dat
 printf 'BEGIN BULK\nINCLUDE,good.dat\nENDDATA\n' >outer.dat
 for args in "" "--flatten"; do
     # shellcheck disable=SC2086 # an argument or none

@@ -44,7 +44,7 @@ TEST(Colours, ByLoss) {
     WriteText(folder.Path("deck.dat"),
               "BEGIN BULK\nGRID,1\nGRID,2,,1.\nGRID,3,9,1.,1.\nGRID,4,,0.,1.\nMAT1,5,1.,,.3\nMAT1,6,2.,,.3\n"
               "PROD,1,5,1.\nCROD,11,1,1,2\nPTUBE,2,5,1.\nCTUBE,12,2,1,4\nPSHELL,3,5,.1,6\nCQUAD4,13,3,1,2,3,4\n"
-              "CELAS2,14,5.,1,1,,,.1\nENDDATA\n");
+              "CELAS2,14,5.,1,1,,,.1\nRBAR,15,1,2\nENDDATA\n");
     CNoDialogs dialogs;
     CConvertNastran run(dialogs);
     CAccount account;
@@ -59,6 +59,7 @@ TEST(Colours, ByLoss) {
              "class=\"p3s",
              "<title>plate 13, property 3, material 5, thickness 0.1; PSHELL altered: plates whose bending material",
              "<title>node 3 at 1, 1, 0; GRID altered: coordinates in a CP that",
+             "Kinds of loss that name nothing in the picture, see --account: 1",
              "<title>CTUBE altered: rods written as beams, which bend, and without axes</title>",
          }) {
         EXPECT_NE(sSvg.find(sText), std::string::npos) << sText;

@@ -139,6 +139,10 @@ TEST(File, ATargetIsToldApartBeforeItIsThere) {
     EXPECT_EQ(target.sNAME, again.sNAME);
     EXPECT_NE(target.folder, FindTarget(folder.Path("sub/a.zdt")).folder);
     EXPECT_EQ(FindTarget(folder.Path("sub")).eTARGET, TARGET_STREAM);
+#ifndef _WIN32
+    WriteText(folder.Path("file"), "");
+    EXPECT_EQ(FindTarget(folder.Path("file/a.zdt")).eTARGET, TARGET_STREAM); // there can't be any
+#endif
 }
 
 } // namespace

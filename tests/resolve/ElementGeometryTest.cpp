@@ -128,8 +128,8 @@ TEST(ElementGeometry, BetaAngle) {
     model.AddNode(5, 0, 0, 0);
     model.NODS.Update(2, [](T_NODS_D& rNode) { rNode.dGZ = 5.0; }); // the card's coordinates count
     EXPECT_EQ(model.Beta(1, 2, 0, 0, 0), "0");
-    EXPECT_EQ(model.Beta(1, 2, 3, 0, 0), "0"); // along the element
-    EXPECT_EQ(model.Beta(1, 5, 1, 0, 0), "0"); // no length
+    EXPECT_EQ(model.Beta(1, 2, 3, 0, 0), "0");  // along the element
+    EXPECT_EQ(model.Beta(1, 5, 1, 0, 0), "0");  // no length
     EXPECT_EQ(model.Beta(2, 99, 0, 0, 1), "0"); // no second node: the first
     // vertical
     EXPECT_EQ(model.Beta(1, 3, 1, 0, 0), "90");

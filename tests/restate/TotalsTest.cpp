@@ -135,6 +135,8 @@ TEST(Totals, OfWhatCardsMean) {
               "supports: component 1 3, component 2 3, component 3 4, component 6 1\n"},
              {"a bar and an equation", "RBAR,11,1,2,123456\nMPC,1,2,1,2.,1,1,-2.\nMPC,1,3,1,1.,1,1,-1.\nMPC,1,2,3,1.\n",
               "rigid links: count 7\n"},
+             {"a body of many grids", "RBE1,11,1,123456,,,,,\n,UM,2,12,3,3\n", "rigid links: count 3\n"},
+             {"all of a range but its last", "SPC1,1,1,1,THRU,3,EXCEPT,3\n", "supports: component 1 2\n"},
              {"a mass beside its grid", "CONM2,11,4,2,2.,1.,0.,0.\nCONM2,12,1,-1,1.,0.,0.,5.\n",
               "masses: count 2, mass 3, mass by x 2, mass by y 4, mass by z 5\n"},
              {"a field that isn't a number", "FORCE,5,1,,X,1.\nCROD,11,1,1,A\n", ""},

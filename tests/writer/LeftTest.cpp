@@ -62,14 +62,15 @@ const std::vector<T_CASE_D> CASES = {
     {"Parents", "CORD2C,1,,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\nCORD2R,2,1,2.,90.,0.,2.,90.,1.\n,3.,90.,0.\n"
         "CORD2R,3,2,0.,5.,0.,0.,5.,1.\n,1.,5.,0.\nCORD2R,4,9,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\n"
         "CORD2R,5,5,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\nCORD2C,6,1,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\n"
-        "CORD2C,7,1,1.,90.,0.,1.,90.,1.\n,2.,90.,0.\n",
+        "CORD2C,7,1,1.,90.,0.,1.,90.,1.\n,2.,90.,0.\nCORD2S,8,9,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\n",
         "CORD2R frame-parent-polar 2 1\nCORD2R frame-parent-kind 3 2\nCORD2R frame-parent-missing 4 9\n"
-        "CORD2R frame-parent-kind 5 5\nCORD2C frame-parent-kind 7 1\n"},
+        "CORD2R frame-parent-kind 5 5\nCORD2C frame-parent-kind 7 1\nCORD2S frame-parent-missing 8 9\n"},
     {"SphereOnCylinder", "CORD2C,1,,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\nCORD2S,2,1,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\n"
         "CORD2R,3,2,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\n",
         "CORD2R frame-parent-polar 3 2\nCORD2S frame-sphere-copied 2 1\n"},
-    {"FramesOnGrids", "CORD2R,5,,0.,7.,0.,0.,7.,1.\n,1.,7.,0.\nGRID,6,5\nCORD1R,1,1,4,6\nCORD1C,2,1,9,2\n",
-        "CORD1R frame-grid-cp 1 6\nCORD1C frame-grid-missing 2 9\nCORD1R frame-line 1\nCORD1C frame-line 2\n"},
+    {"FramesOnGrids", "CORD2R,5,,0.,7.,0.,0.,7.,1.\n,1.,7.,0.\nGRID,6,5\nCORD1R,1,1,4,6\nCORD1C,2,1,9,2\nCORD1S,3,1,9,2\n",
+        "CORD1R frame-grid-cp 1 6\nCORD1C frame-grid-missing 2 9\nCORD1S frame-grid-missing 3 9\n"
+        "CORD1R frame-line 1\nCORD1C frame-line 2\nCORD1S frame-line 3\n"},
     {"FramesOfOneId", "CORD2R,7,,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\nCORD2S,7,,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\n",
         "CORD2S frame-twice 7\n"},
     {"FramesInACircle", "CORD2R,1,2,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\nCORD2C,2,1,0.,0.,0.,0.,0.,1.\n,1.,0.,0.\n"
