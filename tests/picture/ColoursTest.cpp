@@ -59,7 +59,7 @@ TEST(Colours, ByLoss) {
              "class=\"p3s",
              "<title>plate 13, property 3, material 5, thickness 0.1; PSHELL altered: plates whose bending material",
              "<title>node 3 at 1, 1, 0; GRID altered: coordinates in a CP that",
-             "Kinds of loss that name nothing in the picture, see --account: 1",
+             "picture, see --account: 1",
              "<title>CTUBE altered: rods written as beams, which bend, and without axes</title>",
          }) {
         EXPECT_NE(sSvg.find(sText), std::string::npos) << sText;
