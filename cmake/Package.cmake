@@ -51,7 +51,7 @@ find_program(DPKG_SHLIBDEPS dpkg-shlibdeps)
 if(NOT DPKG_SHLIBDEPS)
   message(FATAL_ERROR "dpkg-shlibdeps, which finds what the package depends on, isn't there (package: dpkg-dev)")
 endif()
-file(GLOB_RECURSE binaries ${usr}/nas2zdt ${usr}/libConvertNastran.so.*.* ${usr}/libnas2zdt.so.*.*
+file(GLOB_RECURSE binaries ${usr}/bin/nas2zdt ${usr}/libConvertNastran.so.*.* ${usr}/libnas2zdt.so.*.*
   ${usr}/Convertmsg.DLL)
 file(GLOB_RECURSE plugin ${usr}/ConvertNastranGtk.so)
 if(plugin)
