@@ -61,9 +61,7 @@ class CConversionWatch {
 
     /// All is read, and files of these paths will be written: may add to rInputs, which has what this conversion has
     /// read, more that they may not replace. bLate for files whose names weren't known before.
-    virtual void BeforeReplacing(const std::vector<std::string>& aPaths, bool bLate, T_INPUTS& rInputs) {
-        static_cast<void>(aPaths), static_cast<void>(bLate), static_cast<void>(rInputs);
-    }
+    virtual void BeforeReplacing(const std::vector<std::string>& /*aPaths*/, bool /*bLate*/, T_INPUTS& /*rInputs*/) {}
 
     /// The target file is opened next.
     virtual void BeforeWriting() {}
