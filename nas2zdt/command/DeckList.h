@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-/// Replaces folders (--recursive), lists (@FILE, @- for standard input) and, where the system leaves patterns to
-/// programs, those by the decks that they stand for: the arguments stay in their order, what one stands for is sorted
-/// by the bytes of the path. Returns 1, or 0 with what can't be read in rWhy.
+/// Replaces folders (--recursive), lists (files behind an at sign, "-" for standard input) and, where the system leaves
+/// patterns to programs, those by the decks that they stand for: the arguments stay in their order, what one stands for
+/// is sorted by the bytes of the path. Returns 1, or 0 with what can't be read in rWhy.
 int ListDecks(T_OPTIONS_D& rOptions, std::string& rWhy);
 
 /// The files that a pattern with "*" and "?" in its last name stands for, sorted; the pattern itself if there are none.
