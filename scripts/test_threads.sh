@@ -14,6 +14,6 @@ folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 "$bin/nas2zdt-deckgen" --cards 100000 --format mixed -o "$folder/deck.dat"
 for threads in 2 4; do
-    "$bin/nas2zdt" --threads $threads --account --check --no-warnings "$folder/deck.dat" >"$folder/told.$threads"
+    "$bin/nas2zdt" --threads $threads --account --check --no-warnings "$folder/deck.dat" >"$folder/told.$threads" || [ $? = 4 ]
 done
 cmp "$folder/told.2" "$folder/told.4"

@@ -150,8 +150,23 @@ TEST(Threads, ReadWhatIsOddAmongWhatIsPlain) {
         "=,*1,==\n",                                                                    // replication
         "CEND\n" + Card({"GRID", "95015"}) + "BEGIN BULK\n",                            // section
     };
+    const std::vector<std::string> aSets = {
+        Card({"FORCE", "3", "16000", "", "2.", "1.", "", "-1."}) + Card({"FORCE", "4", "16001", "", "2.", "1."}),
+        Card({"FORCE", "3", "16002", "7", ".1", "", ".3"}) + Card({"MOMENT", "3", "16000", "", "2.", "1."}),
+        Card({"FORCE1", "4", "16000", "2.", "15000", "15001"}) + Card({"MOMENT2", "3", "16000", "2.", "1", "2", "3"}),
+        Card({"PLOAD4", "3", "17001", "1.5"}) + Card({"PLOAD4", "3", "17002", "1.", "2.", "", "", "THRU", "17009"}),
+        Card({"PLOAD4", "9", "17001", "1.5", "", "", "", "15000"}) + Card({"PLOAD2", "9", "-2.", "17001", "17003"}),
+        Card({"PLOAD1", "4", "17001", "FY", "FR", "0.", "1.", "1.", "2."}) + Card({"GRAV", "4", "", "9.8", "1."}),
+        Card({"SPCD", "3", "16000", "13", ".5", "16001", "0", "-.5"}) + Card({"SPCD", "3", "16003", "2", ".1"}),
+        Card({"TEMP", "8", "16000", "1.5", "16001", "2.5", "16002", "3.5"}) + Card({"TEMP", "9", "0", "1.", "-3"}),
+        Card({"TEMPD", "8", "20."}) + Card({"TEMP", "8", "16004", "-1.5"}) + Card({"SPC1", "7", "2"}),
+        Card({"SPC", "6", "16000", "0", "", "16001", "246"}) + Card({"SPC", "6", "0", "123", ".5"}),
+        Card({"SPC1", "5", "123", "16000", "THRU", "16009"}) + Card({"SPC1", "5", "0", "16001", "16002"}),
+        Card({"MPC", "5", "16000", "1", "1.", "16001", "2", "2."}) + Card({"SPC", "7", "16000", "1"}),
+    };
     const std::pair<const char*, std::string> aDecks[] = {
         {"plain", MakeLongDeck({""}, 7)},
+        {"loads and supports", MakeLongDeck(aSets, 3)},
         {"odd lines", MakeLongDeck(aOdd, 7)},
         {"carriage returns", MakeLongDeck({"$\r\n"}, 700, "\r\n")},
         {"include", MakeLongDeck({"INCLUDE,part.dat\n"}, 9001)},
@@ -184,7 +199,7 @@ TEST(Pieces, AreTakenInOrderWhoeverMakesThem) {
             for (const T_LEFT_D& rLeft : rPiece.aLEFT) sTaken += std::to_string(rLeft.iID) + " ";
             rPiece.aLEFT.clear();
         };
-        MakePieces(500, nThreads, make, take);
+        MakePieces<T_PIECE_D>(500, nThreads, make, take);
         EXPECT_EQ(sTaken, sMade);
     }
 }
@@ -201,7 +216,7 @@ TEST(Pieces, FailWithWhoeverFails) {
                 if (!bMaking && nTaken == 50) fail();
                 ++nTaken;
             };
-            EXPECT_THROW(MakePieces(500, nThreads, make, take), std::runtime_error);
+            EXPECT_THROW(MakePieces<T_PIECE_D>(500, nThreads, make, take), std::runtime_error);
             EXPECT_LE(nTaken, 50u);
         }
     }

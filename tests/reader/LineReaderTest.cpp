@@ -39,7 +39,7 @@ void FindRuns(std::size_t, T_CHUNK_D& rChunk) {
     const auto isPiece = [&](std::size_t i) { return aBegins[i + 1] - aBegins[i] > 499; };
     for (std::size_t i = 10; i + 3 < aBegins.size(); i += 10) {
         if (isPiece(i) || isPiece(i + 1) || isPiece(i + 2)) continue;
-        rChunk.aRUNS.push_back({aBegins[i], aBegins[i + 3], 3, 0, false, 0});
+        rChunk.aRUNS.push_back({.iBEGIN = aBegins[i], .iEND = aBegins[i + 3], .nLINES = 3, .iKEYWORD = 0});
     }
 }
 

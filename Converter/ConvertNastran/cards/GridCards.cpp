@@ -4,7 +4,10 @@
 #include "reader/FieldCursor.h"
 #include "store/DataPool.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 namespace {
@@ -111,30 +114,29 @@ int CConvertNastran::ParseCORD2S(const T_DATA_D& rCard) {
 int CConvertNastran::ParseSPC(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
     const std::int32_t iSID = fields.Int();
-    m_pDataPool->m_iLastCNST = iSID;
-    T_CNST_D& rSet = m_pDataPool->CNST[iSID];
-    rSet.aCNND.Add(ReadConstrainedGrid(fields, "D1")); // with any grid
+    std::array<T_CNND_D, 2> aGrids = {ReadConstrainedGrid(fields, "D1")}; // with any grid
     if (fields.Peek().empty()) {
         fields.Skip("G2", "C2", "D2");
-        return 1;
+    } else {
+        aGrids[1] = ReadConstrainedGrid(fields, "D2");
     }
-    const T_CNND_D second = ReadConstrainedGrid(fields, "D2");
-    if (second.iNODE != 0) rSet.aCNND.Add(second);
-    return 1;
+    return m_pDataPool->AddSupports(iSID, std::span(aGrids).first(aGrids[1].iNODE != 0 ? 2 : 1), true);
 }
 
 int CConvertNastran::ParseSPC1(const T_DATA_D& rCard) {
-    constexpr int GRIDS = 9; // those of later continuations aren't read
+    constexpr std::size_t GRIDS = 9; // those of later continuations aren't read
     CFieldCursor fields(rCard);
-    T_CNST_D& rSet = m_pDataPool->CNST[fields.Int()]; // m_iLastCNST doesn't follow this card
+    const std::int32_t iSID = fields.Int();
     T_CNND_D grid;
     grid.bSPC1 = true;
     SetComponents(grid, fields.Text());
-    for (int i = 0; i < GRIDS; ++i) {
+    std::array<T_CNND_D, GRIDS> aGrids;
+    std::size_t nGrids = 0;
+    for (std::size_t i = 0; i < GRIDS; ++i) {
         grid.iNODE = fields.Int(); // THRU reads as 0
-        if (grid.iNODE != 0) rSet.aCNND.Add(grid);
+        if (grid.iNODE != 0) aGrids[nGrids++] = grid;
     }
-    return 1;
+    return m_pDataPool->AddSupports(iSID, std::span(aGrids).first(nGrids), false);
 }
 
 int CConvertNastran::ParseMPC(const T_DATA_D& rCard) {

@@ -29,9 +29,9 @@ void WalkRange(const T_DATA_D& rCard, std::int32_t iBefore, std::int32_t iLast, 
     for (std::int64_t iID = iFirst; iID <= iLast; ++iID) take(static_cast<std::int32_t>(iID));
 }
 
-/// Adds a force or moment, whose grid is the next field, to a set. Forms 1 and 2 keep the magnitude alone; their
-/// direction is worked out once all grids are known.
-int AddNodalLoad(CFieldCursor& rFields, T_LOAD_D& rSet, E_LOAD_KIND eKind, E_LOAD_FORM eForm) {
+/// A force or moment, whose grid is the next field. Forms 1 and 2 keep the magnitude alone; their direction is worked
+/// out once all grids are known.
+T_MBLD_D ReadNodalLoad(CFieldCursor& rFields, E_LOAD_KIND eKind, E_LOAD_FORM eForm) {
     T_MBLD_D entry;
     entry.iKIND = eKind;
     entry.iFORM = eForm;
@@ -45,8 +45,7 @@ int AddNodalLoad(CFieldCursor& rFields, T_LOAD_D& rSet, E_LOAD_KIND eKind, E_LOA
         const std::size_t nGrids = eForm == FORM_CROSS ? 4 : 2;
         for (std::size_t i = 0; i < nGrids; ++i) entry.iG[i] = rFields.Int();
     }
-    rSet.aMBLD.Add(entry);
-    return 1;
+    return entry;
 }
 
 /// TYPE of PLOAD1: what the load is and where it points.
@@ -83,9 +82,10 @@ E_LOAD_SCALE TextToScale(std::string_view sScale) {
     return sScale.empty() || sScale == "LE" ? SCALE_LE : SCALE_OTHER; // FRPR too, which is the usual word
 }
 
-/// Reads three pairs of id and temperature. The first is taken with any id, the others with one above 0.
-template <class RECORD>
-void AddTemperaturePairs(CFieldCursor& rFields, CArray<RECORD>& rEntries) {
+/// Reads three pairs of id and temperature and calls add with them: the first with any id, the others with one above 0.
+/// Always 1.
+template <class ADD>
+int ReadTemperaturePairs(CFieldCursor& rFields, ADD add) {
     for (int iPair = 0; iPair < 3; ++iPair) {
         if (iPair > 0 && rFields.Peek().empty()) {
             rFields.Skip(CFieldCursor::BY_PLACE, CFieldCursor::BY_PLACE);
@@ -93,8 +93,9 @@ void AddTemperaturePairs(CFieldCursor& rFields, CArray<RECORD>& rEntries) {
         }
         const std::int32_t iID = rFields.Int();
         const double dTemperature = rFields.Real();
-        if (iPair == 0 || iID > 0) rEntries.Add({iID, dTemperature});
+        if (iPair == 0 || iID > 0) add(iID, dTemperature);
     }
+    return 1;
 }
 
 } // namespace
@@ -109,34 +110,58 @@ T_LOAD_D& CConvertNastran::EnsureLoadSet(std::int32_t iSID) {
     return *m_pCurLoadSet;
 }
 
+/// Adds an entry to a load set. Always 1.
+int CConvertNastran::AddLoad(std::int32_t iSID, const T_MBLD_D& rEntry) {
+    if (m_pDataPool->m_pTaken) {
+        m_pDataPool->m_pTaken->Add(iSID, rEntry);
+    } else {
+        EnsureLoadSet(iSID).aMBLD.Add(rEntry);
+    }
+    return 1;
+}
+int CConvertNastran::AddTemperature(std::int32_t iSID, const T_NTLD_D& rEntry) {
+    if (m_pDataPool->m_pTaken) {
+        m_pDataPool->m_pTaken->Add(iSID, rEntry);
+    } else {
+        EnsureLoadSet(iSID).aNTLD.Add(rEntry);
+    }
+    return 1;
+}
+
 int CConvertNastran::ParseFORCE(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
-    return AddNodalLoad(fields, EnsureLoadSet(fields.Int()), LOAD_FORCE, FORM_PLAIN);
+    const std::int32_t iSID = fields.Int();
+    return AddLoad(iSID, ReadNodalLoad(fields, LOAD_FORCE, FORM_PLAIN));
 }
 
 int CConvertNastran::ParseFORCE1(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
-    return AddNodalLoad(fields, EnsureLoadSet(fields.Int()), LOAD_FORCE, FORM_TWO_GRIDS);
+    const std::int32_t iSID = fields.Int();
+    return AddLoad(iSID, ReadNodalLoad(fields, LOAD_FORCE, FORM_TWO_GRIDS));
 }
 
 int CConvertNastran::ParseFORCE2(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
-    return AddNodalLoad(fields, EnsureLoadSet(fields.Int()), LOAD_FORCE, FORM_CROSS);
+    const std::int32_t iSID = fields.Int();
+    return AddLoad(iSID, ReadNodalLoad(fields, LOAD_FORCE, FORM_CROSS));
 }
 
 int CConvertNastran::ParseMOMENT(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
-    return AddNodalLoad(fields, EnsureLoadSet(fields.Int()), LOAD_MOMENT, FORM_PLAIN);
+    const std::int32_t iSID = fields.Int();
+    return AddLoad(iSID, ReadNodalLoad(fields, LOAD_MOMENT, FORM_PLAIN));
 }
 
 int CConvertNastran::ParseMOMENT1(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
-    return AddNodalLoad(fields, EnsureLoadSet(fields.Int()), LOAD_MOMENT, FORM_TWO_GRIDS);
+    const std::int32_t iSID = fields.Int();
+    return AddLoad(iSID, ReadNodalLoad(fields, LOAD_MOMENT, FORM_TWO_GRIDS));
 }
 
 int CConvertNastran::ParseMOMENT2(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
-    return AddNodalLoad(fields, EnsureLoadSet(fields.Int()), LOAD_MOMENT, FORM_CROSS);
+    const std::int32_t iSID = fields.Int();
+    return AddLoad(iSID, ReadNodalLoad(fields, LOAD_MOMENT, FORM_CROSS));
 }
 
 /// Gravity is part of the set: a second card overwrites the first.
@@ -179,8 +204,7 @@ int CConvertNastran::ParsePLOAD1(const T_DATA_D& rCard) {
     entry.dV[1] = fields.Real(); // P1
     entry.dV[2] = fields.Real(); // X2, 0 for a load at one point
     entry.dV[3] = fields.Real(); // P2
-    EnsureLoadSet(iSID).aMBLD.Add(entry);
-    return 1;
+    return AddLoad(iSID, entry);
 }
 
 int CConvertNastran::ParsePLOAD2(const T_DATA_D& rCard) {
@@ -227,14 +251,13 @@ int CConvertNastran::ParsePLOAD4(const T_DATA_D& rCard) {
     }
     entry.iCID = fields.Int();
     for (double& rN : entry.dN) rN = fields.Real();
-    EnsureLoadSet(iSID).aMBLD.Add(entry);
-    return 1;
+    return AddLoad(iSID, entry);
 }
 
 /// A load, not a constraint. The first pair is taken with any grid.
 int CConvertNastran::ParseSPCD(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
-    CLoadEntries& rEntries = EnsureLoadSet(fields.Int()).aMBLD;
+    const std::int32_t iSID = fields.Int();
     for (int iPair = 0; iPair < 2; ++iPair) {
         if (iPair > 0 && fields.Peek().empty()) {
             fields.Skip("G2", "C2", "D2");
@@ -246,15 +269,17 @@ int CConvertNastran::ParseSPCD(const T_DATA_D& rCard) {
         const std::array<bool, 6> bDOF = ComponentsOrAll(fields.Text());
         const double dD = fields.Real();
         for (std::size_t i = 0; i < 6; ++i) entry.dV[i] = bDOF[i] ? dD : 0.0;
-        if (iPair == 0 || entry.iID != 0) rEntries.Add(entry);
+        if (iPair == 0 || entry.iID != 0) AddLoad(iSID, entry);
     }
     return 1;
 }
 
 int CConvertNastran::ParseTEMP(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
-    AddTemperaturePairs(fields, EnsureLoadSet(fields.Int()).aNTLD);
-    return 1;
+    const std::int32_t iSID = fields.Int();
+    return ReadTemperaturePairs(fields, [&](std::int32_t iGrid, double dTemperature) {
+        AddTemperature(iSID, {iGrid, dTemperature});
+    });
 }
 
 /// Four pairs of set and default temperature. A blank set is set 0, which is made by its mention, but its temperature
@@ -317,8 +342,10 @@ int CConvertNastran::ParseTEMPP1(const T_DATA_D& rCard) {
 /// Read as three pairs like TEMP, though the later fields of the card have another meaning.
 int CConvertNastran::ParseTEMPRB(const T_DATA_D& rCard) {
     CFieldCursor fields(rCard);
-    AddTemperaturePairs(fields, EnsureLoadSet(fields.Int()).aETLD);
-    return 1;
+    CArray<T_ETLD_D>& rEntries = EnsureLoadSet(fields.Int()).aETLD;
+    return ReadTemperaturePairs(fields, [&](std::int32_t iEID, double dTemperature) {
+        rEntries.Add({iEID, dTemperature});
+    });
 }
 
 int CConvertNastran::ParseEIGB(const T_DATA_D& rCard) {

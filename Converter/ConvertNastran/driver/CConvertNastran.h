@@ -27,7 +27,10 @@ enum E_GROUP : std::int32_t;
 enum E_LOSS : std::int32_t;
 struct T_KEYWORD_D;
 struct T_LEFT_D;
+enum E_LOAD_KIND : std::int8_t;
 struct T_LOAD_D;
+struct T_MBLD_D;
+struct T_NTLD_D;
 struct T_QUIET_D;
 struct T_LOADCASE_ROW;
 struct T_SHAPESECTION_ROW;
@@ -124,10 +127,11 @@ class CConvertNastran {
     // reader/CardsAhead.cpp
     void ShareDeck();
     void LookAhead(T_CHUNK_D& rChunk);
-    void TakeAhead(T_CHUNK_D& rChunk, std::size_t iBegin, std::size_t iEnd);
+    void TakeAhead(T_CHUNK_D& rChunk, const T_LINE_D& rLine, std::size_t iBegin, std::size_t iEnd);
     bool PassRun();
     template <class RECORD>
     std::int32_t PassRecords(CMap<RECORD>& rTable, const T_CARDRUN_D& rRun);
+    std::int32_t PassEntries(const T_CARDRUN_D& rRun);
 
     // reader/DeckObserver.cpp
     void TakeObservedGroup(CDeckObserver& rObserver);
@@ -142,6 +146,7 @@ class CConvertNastran {
 
     // reader/CardAssembly.cpp
     int AssembleCard();
+    int AssembleWords(const T_LINE_D& rLine);
     int SplitSmallLine(T_LINE_D& rLine, std::string_view& rFirst);
     int SplitLargeLine(T_LINE_D& rLine);
     int SplitFreeLine(T_LINE_D& rLine);
@@ -208,6 +213,8 @@ class CConvertNastran {
 
     // cards/LoadCards.cpp
     T_LOAD_D& EnsureLoadSet(std::int32_t iSID);
+    int AddLoad(std::int32_t iSID, const T_MBLD_D& rEntry);
+    int AddTemperature(std::int32_t iSID, const T_NTLD_D& rEntry);
     int ParseFORCE(const T_DATA_D& rCard);
     int ParseFORCE1(const T_DATA_D& rCard);
     int ParseFORCE2(const T_DATA_D& rCard);
@@ -265,6 +272,8 @@ class CConvertNastran {
 
     // writer/LoadSections.cpp: those of one load case in the order of the file
     int WriteStaticLoadCases(CFile& rFile);
+    template <class FORMAT>
+    int WriteEntries(CFile& rFile, const T_LOAD_D& rSet, E_LOAD_KIND eKind, std::string_view sHead, FORMAT format);
     int WriteNodalForces(CFile& rFile, const T_LOAD_D& rSet);
     int WriteNodalMoments(CFile& rFile, const T_LOAD_D& rSet);
     int WriteBeamLoads(CFile& rFile, const T_LOAD_D& rSet);

@@ -44,6 +44,7 @@ int CConvertNastran::Convert(const std::string& sPath, const T_CONVERT_D& rOptio
         ReadDecks(sPath);
         m_pDataPool->m_pMsgMgr = m_pMsgMgr.get();
         m_pDataPool->m_nMostCarried = m_options.limits.nFRAMES;
+        m_pDataPool->m_nThreads = m_nThreads;
         m_pDataPool->ResolveModel();
         if (!WriteZdtFile(sPath)) throw CRunError(FAILURE_NOT_WRITTEN);
         WriteSummary();

@@ -34,6 +34,8 @@ struct T_LINE_D {
     bool bRETURN = false;  // whether it may have a carriage return
     bool bENDING = false;  // whether it may have "ENDDATA"
     bool bCUT = false;     // whether there was a ":", where the text ends now
+    bool bWORDS = false;   // whether each field of eight columns is blank or one word of ASCII, with none of bMARKED,
+                           // bTABBED and bCUT
     std::uint32_t nTEXT = 0;
     char aTEXT[ROOM];
 

@@ -1,14 +1,47 @@
 // From a group of lines to a card: cutting lines into fields.
 
 #include "driver/CConvertNastran.h"
+#include "platform/TextWord.h"
 #include "reader/DeckObserver.h"
 #include "reader/NastranStrParser.h"
 
 #include <algorithm>
 #include <array>
 
+namespace {
+
+constexpr std::size_t SMALL_FIELDS = 8; // behind the first
+
+/// The field at a column of a line whose bWORDS holds: no byte's highest bit is set.
+std::string_view WordAt(const T_LINE_D& rLine, std::size_t iColumn) {
+    const char* const pField = rLine.aTEXT + iColumn;
+    const TEXTWORD nOther = LoadWord(pField) ^ RepeatInWord(' ');
+    if (nOther == 0) return {pField, 0};
+    const TEXTWORD nFilled = (nOther + RepeatInWord(0x7F)) & RepeatInWord('\x80');
+    // not the functions of <bit>, which look for 0 first
+    const unsigned nFirst = static_cast<unsigned>(__builtin_ctzll(nFilled)) / 8;
+    const unsigned nLast = (63U - static_cast<unsigned>(__builtin_clzll(nFilled))) / 8;
+    return {pField + nFirst, nLast - nFirst + 1};
+}
+
+} // namespace
+
+/// The same as AssembleCard of one small field line whose bWORDS holds.
+int CConvertNastran::AssembleWords(const T_LINE_D& rLine) {
+    m_card.aFIELDS.resize(SMALL_FIELDS);
+    m_card.aLINES.assign(SMALL_FIELDS, rLine.iLINE);
+    for (std::size_t i = 0; i < SMALL_FIELDS; ++i) m_card.aFIELDS[i] = WordAt(rLine, T_LINE_D::ColumnsBefore(i));
+    m_card.sWORD = WordAt(rLine, 0);
+    m_card.iKEYWORD = -1;
+    return KeywordToId(m_card.sWORD, m_card.iKEYWORD);
+}
+
 /// Makes m_card of m_aLines. Returns 1, or 0 if the first field isn't a keyword.
 int CConvertNastran::AssembleCard() {
+    if (const T_LINE_D& rLine = m_aLines.First();
+        rLine.bWORDS && rLine.iFORMAT == FORMAT_SMALL && m_aLines.GetCount() == 1) {
+        return AssembleWords(rLine);
+    }
     std::vector<std::string_view>& rFields = m_card.aFIELDS;
     m_card.iKEYWORD = -1;
     m_card.sWORD = {};
@@ -54,8 +87,10 @@ int CConvertNastran::SplitSmallLine(T_LINE_D& rLine, std::string_view& rFirst) {
     };
     rFirst = Field(0);
     const std::size_t nFields = m_card.aFIELDS.size();
-    m_card.aFIELDS.resize(nFields + 8);
-    for (std::size_t i = 0; i < 8; ++i) m_card.aFIELDS[nFields + i] = Field(8 * (i + 1));
+    m_card.aFIELDS.resize(nFields + SMALL_FIELDS);
+    for (std::size_t i = 0; i < SMALL_FIELDS; ++i) {
+        m_card.aFIELDS[nFields + i] = Field(T_LINE_D::ColumnsBefore(i));
+    }
     return 1;
 }
 

@@ -9,6 +9,7 @@
 
 #include <cstring>
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -20,8 +21,8 @@ bool BeginsCard(const T_LINE_D& rLine) {
 }
 
 /// Whether such a line, if it is a card, is no more than small fields of one word.
-bool IsPlain(const CLineGroup& rLines) {
-    return BeginsCard(rLines.First()) && !rLines.First().bENDING && IsPlainSmallLine(rLines);
+bool IsPlain(const T_LINE_D& rLine) {
+    return BeginsCard(rLine) && rLine.bWORDS && !rLine.bENDING && IsEndBlank(rLine);
 }
 
 } // namespace
@@ -44,44 +45,46 @@ void CConvertNastran::LookAhead(T_CHUNK_D& rChunk) {
     rChunk.taken.Clear();
     if (rChunk.bSPECIAL) return;
     m_pDataPool->m_pTaken = &rChunk.taken;
-    m_aLines.StartDeck();
     const char* const pBytes = rChunk.pBYTES.get();
-    std::size_t iBegin = 0; // of the line before, which is in the group if it may be a card alone
+    T_LINE_D aLines[2];
+    T_LINE_D *pLine = &aLines[0], *pBefore = &aLines[1];
+    bool bPlain = false;    // whether the line before may be a card alone
+    std::size_t iBegin = 0; // of that line
     for (std::size_t i = 0; i < rChunk.nBYTES;) {
         const auto* const pFeed = static_cast<const char*>(std::memchr(pBytes + i, '\n', rChunk.nBYTES - i));
         if (!pFeed) break;
         const auto nText = static_cast<std::size_t>(pFeed - pBytes) - i;
-        T_LINE_D& rLine = m_aLines.Next();
         const bool bShort = nText <= LONGEST_BULK_LINE;
-        if (bShort) CNastranStrParser::NormalizeLine({pBytes + i, nText}, rLine);
-        if (!m_aLines.IsEmpty() && bShort && BeginsCard(rLine)) TakeAhead(rChunk, iBegin, i);
-        m_aLines.SetPeeked();
-        m_aLines.StartCard();
-        m_aLines.TakePeeked();
-        m_aLines.AddNext();
-        if (!bShort || !IsPlain(m_aLines)) m_aLines.StartCard();
+        if (bShort) CNastranStrParser::NormalizeLine({pBytes + i, nText}, *pLine);
+        if (bPlain && bShort && BeginsCard(*pLine)) TakeAhead(rChunk, *pBefore, iBegin, i);
+        bPlain = bShort && IsPlain(*pLine);
+        std::swap(pLine, pBefore);
         iBegin = i;
         i += nText + 1;
     }
 }
 
-/// Takes the record of the line in hand, which ends at iEnd, if there is nothing else to its card, nor to be told of
-/// it.
-void CConvertNastran::TakeAhead(T_CHUNK_D& rChunk, std::size_t iBegin, std::size_t iEnd) {
-    m_aLines[0].iFORMAT = FORMAT_SMALL;
-    m_aLines[0].bCONT = false;
-    if (!AssembleCard()) return m_fieldUse.Clear();
-    if (!T_KEYWORD_D::TABLE[static_cast<std::size_t>(m_card.iKEYWORD)].bALONE) return m_fieldUse.Clear();
+/// Takes the records of a line, the bytes from iBegin on before iEnd, if there is nothing else to its card, nor to be
+/// told of it.
+void CConvertNastran::TakeAhead(T_CHUNK_D& rChunk, const T_LINE_D& rLine, std::size_t iBegin, std::size_t iEnd) {
+    if (!AssembleWords(rLine)) return;
+    const T_KEYWORD_D& rKeyword = T_KEYWORD_D::TABLE[static_cast<std::size_t>(m_card.iKEYWORD)];
+    if (!rKeyword.bALONE) return;
     const std::size_t iRecord = rChunk.taken.GetEnd(); // records without a run don't matter
     m_fieldUse.nREACHED = 0;
-    DispatchCard(m_card);
+    (this->*rKeyword.pfnPARSE)(m_card);
     if (m_pQuiet && (m_fieldUse.bTELL || HasFieldToTell(*m_pQuiet, m_card))) return m_fieldUse.Clear();
-    const bool bOn = !rChunk.aRUNS.empty() && rChunk.aRUNS.back().iEND == iBegin &&
-                     rChunk.aRUNS.back().iKEYWORD == m_card.iKEYWORD &&
-                     rChunk.aRUNS.back().nLINES < T_CARDRUN_D::MOST_LINES;
-    if (!bOn) rChunk.aRUNS.push_back({iBegin, iBegin, 0, m_card.iKEYWORD, m_card.sWORD == "GRID", iRecord});
-    rChunk.aRUNS.back().iEND = iEnd;
-    ++rChunk.aRUNS.back().nLINES;
+    T_CARDRUN_D* pRun = rChunk.aRUNS.empty() ? nullptr : &rChunk.aRUNS.back();
+    if (!pRun || pRun->iEND != iBegin || pRun->iKEYWORD != m_card.iKEYWORD || pRun->nLINES == T_CARDRUN_D::MOST_LINES) {
+        pRun = &rChunk.aRUNS.emplace_back();
+        pRun->iBEGIN = iBegin;
+        pRun->iKEYWORD = m_card.iKEYWORD;
+        pRun->eTAKEN = rChunk.taken.GetLast();
+        pRun->iRECORDS = iRecord;
+    }
+    pRun->iEND = iEnd;
+    pRun->iRECORDSEND = rChunk.taken.GetEnd();
+    ++pRun->nLINES;
 }
 
 /// Stores the records of a run until an id is there already, since of that there is something to tell. Returns their
@@ -90,12 +93,28 @@ template <class RECORD>
 std::int32_t CConvertNastran::PassRecords(CMap<RECORD>& rTable, const T_CARDRUN_D& rRun) {
     const CTakenRecords& rTaken = m_fp.GetTaken();
     std::size_t iPlace = rRun.iRECORDS;
-    RECORD record;
     for (std::int32_t i = 0; i < rRun.nLINES; ++i) {
-        const std::int32_t iID = rTaken.Take(iPlace, record);
-        if (!rTable.Add(iID, record)) return i;
+        if (!rTaken.Put(iPlace, rTable)) return i;
         ++m_iLineNo;
     }
+    return rRun.nLINES;
+}
+
+/// Adds the entries of a run of loads, temperatures or supports to their sets. Returns the number of its lines, which
+/// count.
+std::int32_t CConvertNastran::PassEntries(const T_CARDRUN_D& rRun) {
+    const CTakenRecords& rTaken = m_fp.GetTaken();
+    for (std::size_t iPlace = rRun.iRECORDS; iPlace < rRun.iRECORDSEND;) {
+        const std::int32_t iSID = rTaken.IdAt(iPlace);
+        if (rRun.eTAKEN == TAKEN_LOAD) {
+            rTaken.Put(iPlace, EnsureLoadSet(iSID).aMBLD);
+        } else if (rRun.eTAKEN == TAKEN_TEMPERATURE) {
+            rTaken.Put(iPlace, EnsureLoadSet(iSID).aNTLD);
+        } else if (rTaken.Put(iPlace, m_pDataPool->CNST[iSID].aCNND)) {
+            m_pDataPool->m_iLastCNST = iSID;
+        }
+    }
+    m_iLineNo += rRun.nLINES;
     return rRun.nLINES;
 }
 
@@ -107,7 +126,9 @@ bool CConvertNastran::PassRun() {
     constexpr std::int32_t LAST = std::numeric_limits<std::int32_t>::max();
     if (m_iLineNo >= LAST - pRun->nLINES) return false; // where the count fails has its line
     CDataPool& rPool = *m_pDataPool;
-    const std::int32_t nPassed = pRun->bGRIDS ? PassRecords(rPool.NODS, *pRun) : PassRecords(rPool.ELEM, *pRun);
+    const std::int32_t nPassed = pRun->eTAKEN == TAKEN_GRID      ? PassRecords(rPool.NODS, *pRun)
+                                 : pRun->eTAKEN == TAKEN_ELEMENT ? PassRecords(rPool.ELEM, *pRun)
+                                                                 : PassEntries(*pRun);
     if (nPassed == 0) return false;
     if (m_pQuiet) m_pQuiet->Count(pRun->iKEYWORD, static_cast<std::uint32_t>(nPassed));
     m_fp.Pass(*pRun, nPassed);

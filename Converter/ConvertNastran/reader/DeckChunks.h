@@ -15,15 +15,15 @@
 /// A line of more bytes than this comes in pieces.
 constexpr std::size_t LONGEST_PIECE = 499;
 
-/// Lines one behind the other, each one card of the same keyword whose record is among those that were taken.
+/// Lines one behind the other, each one card of the same keyword whose records are among those that were taken.
 struct T_CARDRUN_D {
     static constexpr std::int32_t MOST_LINES = 1000; // so that what isn't met at its begin is no great loss
 
     std::size_t iBEGIN = 0, iEND = 0; // bytes of the chunk
     std::int32_t nLINES = 0;
     std::int32_t iKEYWORD = -1;
-    bool bGRIDS = false;      // whether the records are grids; else they are elements
-    std::size_t iRECORDS = 0; // place of the first record
+    E_TAKEN eTAKEN = TAKEN_GRID;
+    std::size_t iRECORDS = 0, iRECORDSEND = 0; // places of the first record, and behind the last
 };
 
 /// Whole lines of a deck, or pieces of LONGEST_PIECE bytes of a longer one.

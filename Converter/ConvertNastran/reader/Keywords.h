@@ -23,8 +23,9 @@ struct T_KEYWORD_D {
     std::string_view sNAME;
     E_CARD_ACTION eACTION;
     int (CConvertNastran::*pfnPARSE)(const T_DATA_D&) = nullptr;
-    bool bALONE =
-        false; // whether the handler does nothing but store one grid or element, whatever cards there are beside
+    // Whether the handler does nothing but store a grid or an element, or add to a load or constraint set what
+    // CTakenRecords has, whatever cards there are beside.
+    bool bALONE = false;
 
     constexpr T_KEYWORD_D(const char* sName, E_CARD_ACTION eAction = CARD_SKIPPED) : sNAME(sName), eACTION(eAction) {}
     constexpr T_KEYWORD_D(const char* sName, int (CConvertNastran::*pfnParse)(const T_DATA_D&), bool bAlone = false)

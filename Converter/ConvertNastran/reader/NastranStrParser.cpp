@@ -16,25 +16,57 @@ std::string_view Trim(std::string_view sText) {
     return sText;
 }
 
+/// The bytes at pRaw, of which nLeft belong to the text; blanks for the others.
+T_BYTES LoadText(const char* pRaw, std::size_t nLeft) {
+    const T_BYTES bytes = LoadBytes(pRaw);
+    if (nLeft >= sizeof(T_BYTES)) return bytes;
+    const T_BYTES inside = Mask(PLACES_OF_BYTES < static_cast<unsigned char>(nLeft));
+    return (bytes & inside) | (' ' & ~inside);
+}
+
+/// Takes a line that is in upper case and whose bWORDS holds; nearly all are. Else false, and rLine is unknown.
+bool TakeWords(std::string_view sRaw, T_LINE_D& rLine) {
+    T_BYTES odd{}, returns{}, endings{};
+    T_FIELDS torn{};
+    std::size_t i = 0;
+    for (; i < sRaw.size(); i += sizeof(T_BYTES)) {
+        const T_BYTES bytes = LoadText(sRaw.data() + i, sRaw.size() - i);
+        std::memcpy(rLine.aTEXT + i, &bytes, sizeof bytes);
+        const T_BYTES blank = Mask(bytes == ' '), back = Mask(bytes == '\r');
+        odd |= ~(blank | back | Mask(bytes - 'A' < 26) | Mask(bytes - '-' < 13) | Mask(bytes == '+')); // -./ and digits
+        torn |= TornFields(~blank);
+        returns |= back;
+        endings |= Mask(bytes == 'D') & Mask(LoadBytes(sRaw.data() + i + 1) == 'D');
+    }
+    if (AnySet(odd | reinterpret_cast<T_BYTES>(torn))) return false;
+    for (; i < T_LINE_D::SMALL_COLUMNS; i += sizeof(T_BYTES)) std::memset(rLine.aTEXT + i, ' ', sizeof(T_BYTES));
+    rLine.bWORDS = true;
+    rLine.bMARKED = rLine.bTABBED = rLine.bCUT = false;
+    rLine.bRETURN = AnySet(returns);
+    rLine.bENDING = AnySet(endings);
+    rLine.nTEXT = static_cast<std::uint32_t>(sRaw.size());
+    return true;
+}
+
 } // namespace
 
 int CNastranStrParser::NormalizeLine(std::string_view sRaw, T_LINE_D& rLine) {
     rLine.nTEXT = 0;
     rLine.bCOMMENT = sRaw.starts_with('$');
     if (rLine.bCOMMENT) return 0;
-    T_BYTES marks{}, tabs{}, returns{}, colons{}, endings{};
+    if (sRaw.size() <= T_LINE_D::SMALL_COLUMNS && TakeWords(sRaw, rLine)) return 1;
+    T_BYTES marks{}, tabs{}, returns{}, colons{}, endings{}, all{};
+    T_FIELDS torn{};
     std::size_t i = 0;
     for (; i < sRaw.size(); i += sizeof(T_BYTES)) {
-        T_BYTES bytes = LoadBytes(sRaw.data() + i);
-        if (const std::size_t nLeft = sRaw.size() - i; nLeft < sizeof(T_BYTES)) {
-            const T_BYTES inside = Mask(PLACES_OF_BYTES < static_cast<unsigned char>(nLeft));
-            bytes = (bytes & inside) | (' ' & ~inside);
-        }
+        T_BYTES bytes = LoadText(sRaw.data() + i, sRaw.size() - i);
         bytes -= Mask(bytes - 'a' < 26) & ('a' - 'A');
         marks |= Mask(bytes == ',') | Mask(bytes == '*') | Mask(bytes == '=') | Mask(bytes == '$');
         tabs |= Mask(bytes == '\t');
         returns |= Mask(bytes == '\r');
         colons |= Mask(bytes == ':');
+        all |= bytes;
+        torn |= TornFields(Mask(bytes != ' '));
         std::memcpy(rLine.aTEXT + i, &bytes, sizeof bytes);
         // A double D is rare enough to leave the rest of the word to a search.
         endings |= Mask(bytes == 'D') &
@@ -47,6 +79,8 @@ int CNastranStrParser::NormalizeLine(std::string_view sRaw, T_LINE_D& rLine) {
     rLine.bENDING = AnySet(endings);
     rLine.nTEXT = static_cast<std::uint32_t>(sRaw.size());
     rLine.bCUT = AnySet(colons);
+    rLine.bWORDS = sRaw.size() <= T_LINE_D::SMALL_COLUMNS && !(rLine.bMARKED || rLine.bTABBED || rLine.bCUT) &&
+                   !AnySet((all & '\x80') | reinterpret_cast<T_BYTES>(torn));
     if (rLine.bCUT) {
         rLine.nTEXT = static_cast<std::uint32_t>(rLine.Text().find(':'));
         std::memset(rLine.aTEXT + rLine.nTEXT, ' ', sRaw.size() - rLine.nTEXT);

@@ -13,19 +13,14 @@ namespace {
 constexpr std::size_t MARK_COLUMN = 72; // from 0
 constexpr TEXTWORD BLANK_WORD = RepeatInWord(' ');
 
-using T_FIELDS = std::uint64_t __attribute__((vector_size(16))); // two of eight columns
-
 /// Each field of eight columns is one word.
 bool IsPlainSmall(const T_LINE_D& rLine) {
-    if (rLine.bMARKED) return false;
-    T_FIELDS odd{};
+    if (rLine.bWORDS || rLine.bMARKED) return rLine.bWORDS;
+    T_FIELDS torn{};
     for (std::size_t i = 0; i < std::min<std::size_t>(rLine.nTEXT, MARK_COLUMN); i += sizeof(T_BYTES)) {
-        const T_BYTES bytes = LoadBytes(rLine.aTEXT + i);
-        // adding its lowest bit to a run of ones carries it all away; a second run stays
-        const auto filled = reinterpret_cast<T_FIELDS>(Mask(bytes != ' '));
-        odd |= (filled + (filled & -filled)) & filled;
+        torn |= TornFields(Mask(LoadBytes(rLine.aTEXT + i) != ' '));
     }
-    return !AnySet(reinterpret_cast<T_BYTES>(odd));
+    return !AnySet(reinterpret_cast<T_BYTES>(torn));
 }
 
 /// As many fields as there are, none with anything in it that has more than one reading, blanks in front of a field

@@ -30,4 +30,14 @@ inline T_BYTES Mask(auto comparison) {
     return reinterpret_cast<T_BYTES>(comparison);
 }
 
+/// Two fields of eight columns.
+using T_FIELDS = std::uint64_t __attribute__((vector_size(16)));
+
+/// Something in each field whose bytes that aren't blank, those that are set in bFilled, aren't side by side.
+inline T_FIELDS TornFields(T_BYTES bFilled) {
+    // adding its lowest bit to a run of ones carries it all away; a second run stays
+    const auto filled = reinterpret_cast<T_FIELDS>(bFilled);
+    return (filled + (filled & -filled)) & filled;
+}
+
 inline constexpr T_BYTES PLACES_OF_BYTES = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15};

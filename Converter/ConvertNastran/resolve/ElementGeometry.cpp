@@ -1,12 +1,14 @@
 // The third pass, the reference point of each line element, and what writers ask of an element's geometry.
 
 #include "messages/MsgDll.h"
+#include "platform/WorkPieces.h"
 #include "store/DataPool.h"
 #include "store/MathFunc.h"
 
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <vector>
 
 namespace {
 
@@ -21,6 +23,11 @@ enum E_ORIENTATION {
 
 bool IsBeam(const T_ELEM_D& rElement) {
     return rElement.iTYPE == TYPE_BAR || rElement.iTYPE == TYPE_BEAM;
+}
+
+/// Whether a beam's vector is given in axes of end A, the frame iCD, that aren't the basic ones.
+bool IsVectorTurned(const CDataPool& rPool, const T_ELEM_D& rBeam, std::int32_t iCD) {
+    return rBeam.bVECTOR != 0 && rBeam.bVECTOR != BASIC_VECTOR && IsBeam(rBeam) && rPool.TurnsVectors(iCD);
 }
 
 bool IsReported(E_ORIENTATION eOrientation) {
@@ -58,31 +65,44 @@ double DegreesOf(double dCosine, double dMore) {
 
 } // namespace
 
-/// Tells of a beam whose vector is given in axes of end A that aren't the basic ones.
-void CDataPool::TellVectorAxes(std::int32_t iID, const T_ELEM_D& rElement, std::int32_t iCD) const {
-    if (rElement.bVECTOR == 0 || rElement.bVECTOR == BASIC_VECTOR || !IsBeam(rElement) || !TurnsVectors(iCD)) return;
-    TellLeft({.eREASON = LEFT_BEAM_AXES, .iID = iID, .iOTHER = iCD, .sKEYWORD = KeywordOf(rElement)});
-}
-
 void CDataPool::ResolveElementOrientations() {
+    struct T_PART_D {
+        bool bREPORT = false;
+        std::vector<T_LEFT_D> aLEFT;
+    };
+    constexpr std::size_t PART = std::size_t{1} << 14; // elements; a thread costs as much as some hundred
+    const auto isLine = [](std::uint16_t nTraits) { return ShapeOfTraits(nTraits) == SHAPE_LINE; };
+    const auto resolve = [&](std::size_t iPart, T_PART_D& rPart) {
+        double dFrom[3], dTo[3], dR[3];
+        std::optional<T_NODS_D> pFrom;
+        ELEM.UpdatePart(iPart * PART, (iPart + 1) * PART, isLine, [&](std::int32_t iID, T_ELEM_D& rElement) {
+            const E_ORIENTATION eOrientation = FindOrientation(*this, rElement, pFrom, dFrom, dTo, dR);
+            rPart.bREPORT |= IsReported(eOrientation);
+            if (eOrientation != ORIENTATION_GIVEN) return;
+            if (pFrom->iCD != 0 && m_pLeftSink && IsVectorTurned(*this, rElement, pFrom->iCD)) {
+                const char* const sKeyword = KeywordOf(rElement);
+                rPart.aLEFT.push_back(
+                    {.eREASON = LEFT_BEAM_AXES, .iID = iID, .iOTHER = pFrom->iCD, .sKEYWORD = sKeyword});
+            }
+            // The card's vector lies in plane 1; the target wants a point a quarter turn from it.
+            double dVX = dR[0] - dFrom[0], dVY = dR[1] - dFrom[1], dVZ = dR[2] - dFrom[2];
+            CMathFunc::RotateAboutAxis(90.0, dTo[0] - dFrom[0], dTo[1] - dFrom[1], dTo[2] - dFrom[2], dVX, dVY, dVZ);
+            rElement.dX1 = dFrom[0] + dVX;
+            rElement.dX2 = dFrom[1] + dVY;
+            rElement.dX3 = dFrom[2] + dVZ;
+            rElement.bVECTOR = 1;
+        });
+    };
+    bool bReport = false;
+    const auto take = [&](T_PART_D& rPart) {
+        for (const T_LEFT_D& rLeft : rPart.aLEFT) TellLeft(rLeft);
+        rPart.aLEFT.clear();
+        bReport |= rPart.bREPORT;
+    };
+    MakePieces<T_PART_D>((ELEM.GetCount() + PART - 1) / PART, m_nThreads, resolve, take);
+    if (!bReport) return;
     double dFrom[3], dTo[3], dR[3];
     std::optional<T_NODS_D> pFrom;
-    bool bReport = false;
-    const auto isLine = [](std::uint16_t nTraits) { return ShapeOfTraits(nTraits) == SHAPE_LINE; };
-    ELEM.UpdateEach(isLine, [&](std::int32_t iID, T_ELEM_D& rElement) {
-        const E_ORIENTATION eOrientation = FindOrientation(*this, rElement, pFrom, dFrom, dTo, dR);
-        bReport |= IsReported(eOrientation);
-        if (eOrientation != ORIENTATION_GIVEN) return;
-        if (pFrom->iCD != 0 && m_pLeftSink) TellVectorAxes(iID, rElement, pFrom->iCD);
-        // The card's vector lies in plane 1; the target wants a point a quarter turn from it.
-        double dVX = dR[0] - dFrom[0], dVY = dR[1] - dFrom[1], dVZ = dR[2] - dFrom[2];
-        CMathFunc::RotateAboutAxis(90.0, dTo[0] - dFrom[0], dTo[1] - dFrom[1], dTo[2] - dFrom[2], dVX, dVY, dVZ);
-        rElement.dX1 = dFrom[0] + dVX;
-        rElement.dX2 = dFrom[1] + dVY;
-        rElement.dX3 = dFrom[2] + dVZ;
-        rElement.bVECTOR = 1;
-    });
-    if (!bReport) return;
     // Only the lines of the log need store order.
     const auto lacks = [&](const T_ELEM_D& rElement) {
         return rElement.iSUBTYPE == SHAPE_LINE && IsReported(FindOrientation(*this, rElement, pFrom, dFrom, dTo, dR));

@@ -32,7 +32,8 @@ class CDataPool {
     CZdtMsgMgr* m_pMsgMgr = nullptr;  // the run's log, not owned; set just before the passes
     CLeftSink* m_pLeftSink = nullptr; // who is told what the file won't say, likewise; null for nobody
     std::int64_t m_nMostCarried = std::numeric_limits<std::int64_t>::max(); // limit on frames, likewise
-    CTakenRecords* m_pTaken = nullptr; // where grids and elements go instead of their tables, not owned
+    std::size_t m_nThreads = 1;                                             // that the passes may use, likewise
+    CTakenRecords* m_pTaken = nullptr; // where records go instead of their tables as far as it has any, not owned
     std::vector<CLocalAxis> m_aLocalAxis;
 
     CMap<T_CD1R_D> CD1R{101};
@@ -68,13 +69,26 @@ class CDataPool {
         if (m_pLeftSink) m_pLeftSink->OnReplaced(sKeyword, bSame);
     }
 
-    /// The same by the table's name. Grids and elements go elsewhere if m_pTaken says so.
-    int SetNODS(std::int32_t iID, const T_NODS_D& record) { return m_pTaken ? Keep(iID, record) : Set(NODS, iID, record); }
-    int SetELEM(std::int32_t iID, const T_ELEM_D& record) { return m_pTaken ? Keep(iID, record) : Set(ELEM, iID, record); }
+    /// The same by the table's name.
+    int SetNODS(std::int32_t iID, const T_NODS_D& record) {
+        return m_pTaken ? Keep(iID, record) : Set(NODS, iID, record);
+    }
+    int SetELEM(std::int32_t iID, const T_ELEM_D& record) {
+        return m_pTaken ? Keep(iID, record) : Set(ELEM, iID, record);
+    }
     int SetPROP(std::int32_t iID, T_PROP_D record) { return Set(PROP, iID, std::move(record)); }
     int SetMATL(std::int32_t iID, T_MATL_D record) { return Set(MATL, iID, std::move(record)); }
     int SetEIGB(std::int32_t iID, T_EIGB_D record) { return Set(EIGB, iID, std::move(record)); }
     int SetEIRL(std::int32_t iID, T_EIRL_D record) { return Set(EIRL, iID, std::move(record)); }
+
+    /// Adds constrained grids to a set, which is made on first mention. bLast tells whether it becomes m_iLastCNST.
+    /// Always 1.
+    int AddSupports(std::int32_t iSID, std::span<const T_CNND_D> aGrids, bool bLast) {
+        if (m_pTaken) return Keep(iSID, aGrids, bLast);
+        if (bLast) m_iLastCNST = iSID;
+        for (CArray<T_CNND_D>& rGrids = CNST[iSID].aCNND; const T_CNND_D& rGrid : aGrids) rGrids.Add(rGrid);
+        return 1;
+    }
 
     /// Output id of a node: its renumbered id, or the id itself. Always 1.
     int MapNodeId(std::int32_t iID, std::int32_t& rOut) const {
@@ -176,9 +190,9 @@ class CDataPool {
     int ComputeElementLength(std::int32_t iElement, double& rLength) const;
 
   private:
-    template <class RECORD>
-    int Keep(std::int32_t iID, const RECORD& record) {
-        m_pTaken->Add(iID, record);
+    template <class... RECORD>
+    int Keep(std::int32_t iID, const RECORD&... record) {
+        m_pTaken->Add(iID, record...);
         return 1;
     }
     void MeasureStretches();
@@ -188,7 +202,6 @@ class CDataPool {
     void TellSharedFrameIds() const;
     void TellFlatFrames() const;
     E_LEFT FindAxesLoss(std::int32_t iCD, const CUCSBase& rFrame) const;
-    void TellVectorAxes(std::int32_t iID, const T_ELEM_D& rElement, std::int32_t iCD) const;
     bool IsCopiedSphere(std::int32_t iCID) const;
     void TellLeft(const T_LEFT_D& rLeft) const {
         if (m_pLeftSink) m_pLeftSink->OnLeft(rLeft);

@@ -2,6 +2,8 @@
 
 #include "store/ElementStore.h"
 
+#include <algorithm>
+
 namespace {
 
 /// Node slots up to the last corner of a shape.
@@ -97,6 +99,13 @@ void CRecords<T_ELEM_D>::Make(std::size_t i, const T_ELEM_D& record) {
     const std::uint32_t iPlace = m_words.Add(CountWords(nForm, nNodes));
     Write(record, nForm, nNodes, m_words.At(iPlace));
     m_aForms.Set(i, nForm);
+    m_aPlaces.Set(i, iPlace);
+}
+
+void CRecords<T_ELEM_D>::Make(std::size_t i, const T_WORDS_D& record) {
+    const std::uint32_t iPlace = m_words.Add(record.aWORDS.size());
+    std::copy(record.aWORDS.begin(), record.aWORDS.end(), m_words.At(iPlace));
+    m_aForms.Set(i, record.nFORM);
     m_aPlaces.Set(i, iPlace);
 }
 

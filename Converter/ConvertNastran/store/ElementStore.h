@@ -20,7 +20,14 @@ class CRecords<T_ELEM_D> {
     T_ELEM_D Get(std::size_t i) const;
     FOUND Found(std::size_t i) const { return Get(i); }
 
+    /// A record in few words, and what it consists of.
+    struct T_WORDS_D {
+        std::uint16_t nFORM;
+        std::span<const std::uint32_t> aWORDS;
+    };
+
     void Make(std::size_t i, const T_ELEM_D& record);
+    void Make(std::size_t i, const T_WORDS_D& record);
     void Unmake(std::size_t) noexcept {}
 
     /// A record that needs more words than the one before goes elsewhere.

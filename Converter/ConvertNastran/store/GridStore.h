@@ -30,6 +30,11 @@ class CRecords<T_NODS_D> {
         m_aCoordinates.Set(i, {record.dX1, record.dX2, record.dX3});
         m_aMore.Set(i, iMore);
     }
+    /// A grid of its coordinates alone.
+    void Make(std::size_t i, const std::array<double, 3>& coordinates) {
+        m_aCoordinates.Set(i, coordinates);
+        m_aMore.Set(i, 0);
+    }
     void Unmake(std::size_t) noexcept {}
 
     void Replace(std::size_t i, const T_NODS_D& record) {

@@ -2,6 +2,7 @@
 
 #include "store/LoadEntries.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace {
@@ -11,7 +12,7 @@ struct T_HEAD_D {
     /// A value is zero, the same as the one before, or stands among the words.
     enum E_VALUE : std::uint8_t { VALUE_ZERO, VALUE_SAME, VALUE_OWN };
 
-    std::int8_t iKIND = 0, iFORM = 0, iSCALE = 0, iDIR = 0;
+    std::int8_t iKIND = 0, iFORM = 0, iSCALE = 0, iDIR = 0; // the kind in the lowest byte
     bool bCID = false, bFACE = false, bGRIDS = false, bDIRECTION = false;
     std::array<std::uint8_t, 6> aVALUES = {}; // E_VALUE
 
@@ -96,11 +97,21 @@ T_MBLD_D CLoadEntries::operator[](std::size_t i) const {
 }
 
 void CLoadEntries::Add(const T_MBLD_D& rEntry) {
+    ROOM aRoom;
+    AddWords(Pack(rEntry, aRoom));
+}
+
+std::span<const std::uint32_t> CLoadEntries::Pack(const T_MBLD_D& rEntry, ROOM& rRoom) {
     const T_HEAD_D head(rEntry);
-    const std::uint32_t iPlace = m_words.Add(head.CountWords());
-    Write(rEntry, head, m_words.At(iPlace));
+    Write(rEntry, head, rRoom.data());
+    return std::span(rRoom).first(head.CountWords());
+}
+
+void CLoadEntries::AddWords(std::span<const std::uint32_t> aWords) {
+    const std::uint32_t iPlace = m_words.Add(aWords.size());
+    std::copy(aWords.begin(), aWords.end(), m_words.At(iPlace));
     m_aPlaces.Add(iPlace);
-    m_aKinds.push_back(rEntry.iKIND);
+    m_aKinds.push_back(static_cast<std::int8_t>(aWords.front()));
 }
 
 /// An entry that needs more words than the one before goes elsewhere.

@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 /// Kinds of an entry, T_MBLD_D::iKIND.
@@ -75,6 +76,12 @@ class CLoadEntries {
 
     void Add(const T_MBLD_D& rEntry);
 
+    /// An entry in few words, which AddWords takes. They lie in rRoom.
+    static constexpr std::size_t MOST_WORDS = 27;
+    using ROOM = std::array<std::uint32_t, MOST_WORDS>;
+    static std::span<const std::uint32_t> Pack(const T_MBLD_D& rEntry, ROOM& rRoom);
+    void AddWords(std::span<const std::uint32_t> aWords);
+
     /// The kind of each entry.
     const std::vector<std::int8_t>& GetKinds() const { return m_aKinds; }
 
@@ -93,8 +100,15 @@ class CLoadEntries {
     template <class PREDICATE>
     class CWalk {
       public:
-        CWalk(const CLoadEntries& rEntries, PREDICATE taken) : m_rEntries(rEntries), m_taken(taken) {}
-        bool IsEmpty() const { return Next(0) == m_rEntries.GetSize(); }
+        CWalk(const CLoadEntries& rEntries, PREDICATE taken, std::size_t iBegin, std::size_t iEnd)
+            : m_rEntries(rEntries), m_taken(taken), m_iBegin(iBegin), m_iEnd(iEnd) {}
+        bool IsEmpty() const { return Next(m_iBegin) == m_iEnd; }
+
+        /// Number of the entries that it comes by, and a walk over those from iBegin on before iEnd.
+        std::size_t GetCount() const { return m_iEnd - m_iBegin; }
+        CWalk Part(std::size_t iBegin, std::size_t iEnd) const {
+            return {m_rEntries, m_taken, m_iBegin + iBegin, m_iBegin + iEnd};
+        }
         class CPosition {
           public:
             CPosition(const CWalk& rWalk, std::size_t iPlace) : m_rWalk(rWalk), m_iPlace(iPlace) {}
@@ -109,25 +123,26 @@ class CLoadEntries {
             const CWalk& m_rWalk;
             std::size_t m_iPlace;
         };
-        CPosition begin() const { return {*this, Next(0)}; }
-        CPosition end() const { return {*this, m_rEntries.GetSize()}; }
+        CPosition begin() const { return {*this, Next(m_iBegin)}; }
+        CPosition end() const { return {*this, m_iEnd}; }
 
       private:
         /// The first place from iPlace on whose entry is taken.
         std::size_t Next(std::size_t iPlace) const {
             const std::vector<std::int8_t>& aKinds = m_rEntries.m_aKinds;
-            while (iPlace < aKinds.size() && !m_taken(aKinds[iPlace])) ++iPlace;
+            while (iPlace < m_iEnd && !m_taken(aKinds[iPlace])) ++iPlace;
             return iPlace;
         }
 
         const CLoadEntries& m_rEntries;
         PREDICATE m_taken;
+        std::size_t m_iBegin, m_iEnd;
     };
 
     /// The entries whose kinds taken accepts. None may be added during the walk.
     template <class PREDICATE>
     auto Walk(PREDICATE taken) const {
-        return CWalk<PREDICATE>(*this, taken);
+        return CWalk<PREDICATE>(*this, taken, 0, GetSize());
     }
 
     /// The entries of one kind.

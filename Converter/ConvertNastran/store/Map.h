@@ -73,8 +73,9 @@ class CMap {
         return 1;
     }
 
-    /// Stores a record under a key that has none. False if it has one, which stays.
-    bool Add(std::int32_t iKey, const RECORD& record) {
+    /// Stores a record, or what makes one, under a key that has none. False if it has one, which stays.
+    template <class VALUE>
+    bool Add(std::int32_t iKey, const VALUE& record) {
         if (m_index.Find(iKey) != CKeyIndex::NONE) return false;
         Append(iKey, record);
         return true;
@@ -117,13 +118,20 @@ class CMap {
     /// the cheapest: for work on each record by itself. change adds none to this table.
     template <class PREDICATE, class CHANGE>
     void UpdateEach(PREDICATE taken, CHANGE change) {
-        for (std::size_t i = 0; i < m_nRecords; ++i) {
-            if (IsTaken(taken, i)) UpdateAt(i, change);
-        }
+        UpdatePart(0, m_nRecords, taken, change);
     }
     template <class CHANGE>
     void UpdateEach(CHANGE change) {
-        UpdateEach(All, change);
+        UpdateEach(T_ALL(), change);
+    }
+
+    /// The same for the records at the places from iBegin on before iEnd, which may be more than there are. Parts apart
+    /// from each other may be changed at a time if no record needs more room than before.
+    template <class PREDICATE, class CHANGE>
+    void UpdatePart(std::size_t iBegin, std::size_t iEnd, PREDICATE taken, CHANGE change) {
+        for (std::size_t i = iBegin; i < std::min(iEnd, m_nRecords); ++i) {
+            if (IsTaken(taken, i)) UpdateAt(i, change);
+        }
     }
 
     /// The same in store order; change may add to this table.
@@ -153,7 +161,9 @@ class CMap {
     /// Number of the records that taken accepts, as Walk does.
     template <class PREDICATE>
     std::size_t Count(PREDICATE taken) const {
-        if constexpr (TakesTraits<PREDICATE>) {
+        if constexpr (std::is_same_v<PREDICATE, T_ALL>) {
+            return m_nRecords;
+        } else if constexpr (TakesTraits<PREDICATE>) {
             return m_records.Count(m_nRecords, taken);
         } else {
             std::size_t nTaken = 0;
@@ -223,7 +233,7 @@ class CMap {
     }
 
     /// All records in store order.
-    CWalk Walk() const { return Walk(All); }
+    CWalk Walk() const { return Walk(T_ALL()); }
 
     /// The records that taken accepts, by ascending id.
     template <class PREDICATE>
@@ -237,10 +247,11 @@ class CMap {
         }
         return {*this, std::move(aPlaces)};
     }
-    CWalk Sorted() const { return Sorted(All); }
+    CWalk Sorted() const { return Sorted(T_ALL()); }
 
   private:
-    static bool All(const RECORD&) { return true; }
+    /// Accepts all records, which needn't be looked at for it.
+    struct T_ALL {};
 
     template <class PREDICATE>
     static constexpr bool TakesTraits = HasTraits<RECORD>&& std::is_invocable_v<PREDICATE, std::uint16_t>;
@@ -253,7 +264,9 @@ class CMap {
 
     template <class PREDICATE>
     bool IsTaken(PREDICATE& rTaken, std::size_t i) const {
-        if constexpr (TakesTraits<PREDICATE>) {
+        if constexpr (std::is_same_v<PREDICATE, T_ALL>) {
+            return true;
+        } else if constexpr (TakesTraits<PREDICATE>) {
             return rTaken(m_records.Traits(i));
         } else {
             return rTaken(m_records.Get(i));

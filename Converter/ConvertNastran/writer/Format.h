@@ -100,7 +100,7 @@ inline char* PutValue(char* p, std::string_view sText) {
 }
 
 /// Writes a text that is most often two characters long.
-inline char* PutLiteral(char* p, std::string_view sText) {
+[[gnu::always_inline]] inline char* PutLiteral(char* p, std::string_view sText) {
     if (sText.size() == 2) {
         std::memcpy(p, sText.data(), 2);
     } else {
@@ -110,7 +110,8 @@ inline char* PutLiteral(char* p, std::string_view sText) {
 }
 
 template <class VALUE>
-char* PutPart(char* p, std::string_view sLiteral, std::size_t nWidth, const VALUE& value) {
+[[gnu::always_inline]] inline char* PutPart(char* p, std::string_view sLiteral, std::size_t nWidth,
+                                            const VALUE& value) {
     p = PutLiteral(p, sLiteral);
     char* pEnd = PutValue(p, value);
     const auto nText = static_cast<std::size_t>(pEnd - p);
@@ -120,9 +121,10 @@ char* PutPart(char* p, std::string_view sLiteral, std::size_t nWidth, const VALU
     return p + nWidth;
 }
 
-/// Formats the arguments at the end of rSink. Throws CFileException if that is a file.
+/// Formats the arguments at the end of rSink. Inlined with what it calls, so that the pieces of the format are
+/// constants where a line is written. Throws CFileException if that is a file.
 template <class... ARGS>
-void FormatTo(CTextSink& rSink, const T_FORMAT_D<ARGS...>& rFormat, const ARGS&... args) {
+[[gnu::always_inline]] inline void FormatTo(CTextSink& rSink, const T_FORMAT_D<ARGS...>& rFormat, const ARGS&... args) {
     std::size_t i = 0;
     std::size_t nRoom = rFormat.Literal(sizeof...(ARGS)).size();
     ((nRoom += rFormat.Literal(i).size() + rFormat.Width(i) + LongestText(args), ++i), ...);
@@ -137,7 +139,8 @@ void FormatTo(CTextSink& rSink, const T_FORMAT_D<ARGS...>& rFormat, const ARGS&.
 /// The one way to the output file: sends a line made of a printf format and its arguments, which are checked against it
 /// by the compiler. Adds no line feed. Always 1. Throws as FormatTo.
 template <class... ARGS>
-int WriteLine(CTextSink& rSink, T_FORMAT_D<std::type_identity_t<ARGS>...> format, const ARGS&... args) {
+[[gnu::always_inline]] inline int WriteLine(CTextSink& rSink, T_FORMAT_D<std::type_identity_t<ARGS>...> format,
+                                            const ARGS&... args) {
     FormatTo(rSink, format, args...);
     return 1;
 }

@@ -3,25 +3,26 @@
 
 #include "driver/CConvertNastran.h"
 #include "store/DataPool.h"
+#include "writer/Pieces.h"
 #include "writer/Section.h"
 #include "writer/rows/LoadRows.h"
 
 namespace {
 
-void WriteCornerPressure(CFile& rFile, const T_CORNERPRESSURE_ROW& r) {
+void WriteCornerPressure(CTextSink& rSink, const T_CORNERPRESSURE_ROW& r) {
     const auto& [p1, p2, p3, p4] = r.dP;
     const auto& [n1, n2, n3] = r.dN;
     if (r.bSOLID && r.bVECTOR) {
-        WriteLine(rFile, "%d, PRES , SOLID, %d, VECTOR, %g, %g, %g, NO, 0, %g, %g, %g, %g, \n", r.iEID, r.iFACE, n1, n2,
+        WriteLine(rSink, "%d, PRES , SOLID, %d, VECTOR, %g, %g, %g, NO, 0, %g, %g, %g, %g, \n", r.iEID, r.iFACE, n1, n2,
                   n3, p1, p2, p3, p4);
     } else if (r.bSOLID) {
-        WriteLine(rFile, "%d, PRES , SOLID, %d, NORMAL, 0, 0, 0, NO, 0, %g, %g, %g, %g, \n", r.iEID, r.iFACE, p1, p2,
+        WriteLine(rSink, "%d, PRES , SOLID, %d, NORMAL, 0, 0, 0, NO, 0, %g, %g, %g, %g, \n", r.iEID, r.iFACE, p1, p2,
                   p3, p4);
     } else if (r.bVECTOR) {
-        WriteLine(rFile, "%d, PRES , PLATE, FACE, VECTOR, %g, %g, %g, NO, 0, %g, %g, %g, %g, \n", r.iEID, n1, n2, n3,
+        WriteLine(rSink, "%d, PRES , PLATE, FACE, VECTOR, %g, %g, %g, NO, 0, %g, %g, %g, %g, \n", r.iEID, n1, n2, n3,
                   p1, p2, p3, p4);
     } else {
-        WriteLine(rFile, "%d, PRES , PLATE, FACE, LZ, 0, 0, 0, NO, 0, %g, %g, %g, %g, \n", r.iEID, p1, p2, p3, p4);
+        WriteLine(rSink, "%d, PRES , PLATE, FACE, LZ, 0, 0, 0, NO, 0, %g, %g, %g, %g, \n", r.iEID, p1, p2, p3, p4);
     }
 }
 
@@ -53,30 +54,41 @@ int CConvertNastran::WriteStaticLoadCases(CFile& rFile) {
     return 1;
 }
 
+/// The section of the entries of a kind, if there are any. format is as for WriteRows.
+template <class FORMAT>
+int CConvertNastran::WriteEntries(CFile& rFile, const T_LOAD_D& rSet, E_LOAD_KIND eKind, std::string_view sHead,
+                                  FORMAT format) {
+    const auto entries = rSet.aMBLD.Walk(eKind);
+    if (entries.IsEmpty()) return 1;
+    rFile.Write(sHead);
+    WriteRows(rFile, entries, m_nThreads, format, [&](const T_LEFT_D& rLeft) { TellLeft(rLeft); });
+    return WriteLine(rFile, "\n");
+}
+
 int CConvertNastran::WriteNodalForces(CFile& rFile, const T_LOAD_D& rSet) {
-    CSection section(rFile, "*CONLOAD\n");
-    const CRowVisitor visitor{
-        [&](const T_NODALLOAD_ROW& r) { section.Line("%5d,  %g, %g, %g, 0, 0, 0\n", r.iNODE, r.dX, r.dY, r.dZ); },
-        [&](const T_LEFT_D& rLeft) {
-            section.Begin();
-            TellLeft(rLeft);
-        },
+    const auto format = [&](const auto& rPart, CTextSink& rSink, const auto& tell) {
+        const CRowVisitor visitor{
+            [&](const T_NODALLOAD_ROW& r) {
+                WriteLine(rSink, "%5d,  %g, %g, %g, 0, 0, 0\n", r.iNODE, r.dX, r.dY, r.dZ);
+            },
+            tell,
+        };
+        ForEachNodalLoad(GetDataPool(), rPart, LOAD_FORCE, visitor);
     };
-    ForEachNodalLoad(GetDataPool(), rSet, LOAD_FORCE, visitor);
-    return section.End();
+    return WriteEntries(rFile, rSet, LOAD_FORCE, "*CONLOAD\n", format);
 }
 
 int CConvertNastran::WriteNodalMoments(CFile& rFile, const T_LOAD_D& rSet) {
-    CSection section(rFile, "*CONLOAD\n");
-    const CRowVisitor visitor{
-        [&](const T_NODALLOAD_ROW& r) { section.Line("%5d,  0, 0, 0, %g, %g, %g\n", r.iNODE, r.dX, r.dY, r.dZ); },
-        [&](const T_LEFT_D& rLeft) {
-            section.Begin();
-            TellLeft(rLeft);
-        },
+    const auto format = [&](const auto& rPart, CTextSink& rSink, const auto& tell) {
+        const CRowVisitor visitor{
+            [&](const T_NODALLOAD_ROW& r) {
+                WriteLine(rSink, "%5d,  0, 0, 0, %g, %g, %g\n", r.iNODE, r.dX, r.dY, r.dZ);
+            },
+            tell,
+        };
+        ForEachNodalLoad(GetDataPool(), rPart, LOAD_MOMENT, visitor);
     };
-    ForEachNodalLoad(GetDataPool(), rSet, LOAD_MOMENT, visitor);
-    return section.End();
+    return WriteEntries(rFile, rSet, LOAD_MOMENT, "*CONLOAD\n", format);
 }
 
 int CConvertNastran::WriteBeamLoads(CFile& rFile, const T_LOAD_D& rSet) {
@@ -96,22 +108,17 @@ int CConvertNastran::WriteBeamLoads(CFile& rFile, const T_LOAD_D& rSet) {
 }
 
 int CConvertNastran::WritePressureLoads(CFile& rFile, const T_LOAD_D& rSet) {
-    CSection section(rFile, "*PRESSURE\n");
-    const CRowVisitor visitor{
-        [&](const T_UNIFORMPRESSURE_ROW& r) {
-            section.Line("%d, PRES , PLATE, FACE, LZ, 0, 0, 0, NO, %g, 0, 0, 0, 0, \n", r.iEID, r.dP);
-        },
-        [&](const T_CORNERPRESSURE_ROW& r) {
-            section.Begin();
-            WriteCornerPressure(rFile, r);
-        },
-        [&](const T_LEFT_D& rLeft) {
-            section.Begin();
-            TellLeft(rLeft);
-        },
+    const auto format = [&](const auto& rPart, CTextSink& rSink, const auto& tell) {
+        const CRowVisitor visitor{
+            [&](const T_UNIFORMPRESSURE_ROW& r) {
+                WriteLine(rSink, "%d, PRES , PLATE, FACE, LZ, 0, 0, 0, NO, %g, 0, 0, 0, 0, \n", r.iEID, r.dP);
+            },
+            [&](const T_CORNERPRESSURE_ROW& r) { WriteCornerPressure(rSink, r); },
+            tell,
+        };
+        ForEachPressure(GetDataPool(), rPart, visitor);
     };
-    ForEachPressure(GetDataPool(), rSet, visitor);
-    return section.End();
+    return WriteEntries(rFile, rSet, LOAD_PRESSURE, "*PRESSURE\n", format);
 }
 
 /// The keyword comes also with a default temperature that no grid takes.

@@ -3,11 +3,11 @@
 
 #include "platform/File.h"
 #include "platform/TextSink.h"
+#include "platform/WorkPieces.h"
 #include "store/Left.h"
 
 #include <algorithm>
 #include <cstddef>
-#include <functional>
 #include <vector>
 
 /// Lines of a section, and what their rows leave out.
@@ -15,12 +15,6 @@ struct T_PIECE_D {
     CTextPiece text;
     std::vector<T_LEFT_D> aLEFT;
 };
-
-/// Calls make(i, piece) for the pieces from 0 to nPieces - 1, on up to nThreads threads, this one among them, and
-/// take(piece) on this thread for one after the other. A piece is empty when it is made anew. Throws what the two
-/// throw.
-void MakePieces(std::size_t nPieces, std::size_t nThreads, const std::function<void(std::size_t, T_PIECE_D&)>& make,
-                const std::function<void(T_PIECE_D&)>& take);
 
 /// Writes the rows of a walk. format(part, sink, tell) formats those of a part of it to a sink, and tells what they
 /// leave out; with more than one thread it is called on all of them. The file and tell get everything in order.
@@ -39,5 +33,5 @@ void WriteRows(CFile& rFile, const WALK& rWalk, std::size_t nThreads, FORMAT for
         for (const T_LEFT_D& rLeft : rPiece.aLEFT) tell(rLeft);
         rPiece.aLEFT.clear();
     };
-    MakePieces((nRows + PIECE - 1) / PIECE, nThreads, make, take);
+    MakePieces<T_PIECE_D>((nRows + PIECE - 1) / PIECE, nThreads, make, take);
 }

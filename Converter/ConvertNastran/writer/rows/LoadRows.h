@@ -105,10 +105,10 @@ void ForEachGravity(const T_LOAD_D& rSet, const VISITOR& rVisitor) {
     if (rSet.bGRAV) rVisitor(T_GRAVITY_ROW{rSet.dGRAVX, rSet.dGRAVY, rSet.dGRAVZ});
 }
 
-/// Forces or moments.
-template <class VISITOR>
-void ForEachNodalLoad(const CDataPool& rPool, const T_LOAD_D& rSet, E_LOAD_KIND eKind, const VISITOR& rVisitor) {
-    for (const T_MBLD_D& rEntry : rSet.aMBLD.Walk(eKind)) {
+/// Forces or moments, a walk over entries of that kind.
+template <class WALK, class VISITOR>
+void ForEachNodalLoad(const CDataPool& rPool, const WALK& rWalk, E_LOAD_KIND eKind, const VISITOR& rVisitor) {
+    for (const T_MBLD_D& rEntry : rWalk) {
         const auto& d = rEntry.dV;
         const auto Tell = [&](E_LEFT eForce, E_LEFT eMoment) {
             const E_LEFT eReason = eKind == LOAD_FORCE ? eForce : eMoment;
@@ -122,6 +122,11 @@ void ForEachNodalLoad(const CDataPool& rPool, const T_LOAD_D& rSet, E_LOAD_KIND 
             Tell(LEFT_FORCE_ZERO, LEFT_MOMENT_ZERO);
         }
     }
+}
+
+template <class VISITOR>
+void ForEachNodalLoad(const CDataPool& rPool, const T_LOAD_D& rSet, E_LOAD_KIND eKind, const VISITOR& rVisitor) {
+    ForEachNodalLoad(rPool, rSet.aMBLD.Walk(eKind), eKind, rVisitor);
 }
 
 /// The file has positions in fractions of the element's length: an entry that gives lengths on an element without one
@@ -185,19 +190,24 @@ void VisitPressure(const CDataPool& rPool, const T_MBLD_D& rEntry, std::int32_t 
     }
 }
 
-/// Pressures on plates and solids. Elements are looked up in batches, so that their cache misses overlap.
-template <class VISITOR>
-void ForEachPressure(const CDataPool& rPool, const T_LOAD_D& rSet, const VISITOR& rVisitor) {
+/// Pressures on plates and solids, a walk over entries of that kind. Elements are looked up in batches, so that their
+/// cache misses overlap.
+template <class WALK, class VISITOR>
+void ForEachPressure(const CDataPool& rPool, const WALK& rWalk, const VISITOR& rVisitor) {
     constexpr std::size_t BATCH = 16;
     std::array<T_MBLD_D, BATCH> aEntries;
     std::array<std::int32_t, BATCH> aTypes;
-    const auto pressures = rSet.aMBLD.Walk(LOAD_PRESSURE);
-    for (auto position = pressures.begin(); position != pressures.end();) {
+    for (auto position = rWalk.begin(); position != rWalk.end();) {
         std::size_t nEntries = 0;
-        for (; nEntries < BATCH && position != pressures.end(); ++position) aEntries[nEntries++] = *position;
+        for (; nEntries < BATCH && position != rWalk.end(); ++position) aEntries[nEntries++] = *position;
         for (std::size_t i = 0; i < nEntries; ++i) aTypes[i] = TypeOfTraits(rPool.ELEM.TraitsOf(aEntries[i].iID));
         for (std::size_t i = 0; i < nEntries; ++i) VisitPressure(rPool, aEntries[i], aTypes[i], rVisitor);
     }
+}
+
+template <class VISITOR>
+void ForEachPressure(const CDataPool& rPool, const T_LOAD_D& rSet, const VISITOR& rVisitor) {
+    ForEachPressure(rPool, rSet.aMBLD.Walk(LOAD_PRESSURE), rVisitor);
 }
 
 /// The grids' own temperatures, then the default one for all others, by ascending id.
