@@ -106,12 +106,9 @@ double ConvertExactly(const T_DECIMAL_D& rDecimal) {
     return rDecimal.nExponent > 0 ? std::numeric_limits<double>::infinity() : 0.0;
 }
 
-} // namespace
+// Numbers that aren't short. Functions of their own, which aren't inlined, keep the way of nearly all numbers short.
 
-std::int32_t TextToInt(std::string_view sText, bool& rWhole) {
-    rWhole = true;
-    std::int32_t iShort = 0;
-    if (ReadShortInt(sText, iShort)) return iShort;
+[[gnu::noinline]] std::int32_t ReadLongInt(std::string_view sText, bool& rWhole) {
     const char* p = sText.data();
     const char* const pEnd = p + sText.size();
     while (p < pEnd && IsSpace(*p)) ++p;
@@ -130,10 +127,7 @@ std::int32_t TextToInt(std::string_view sText, bool& rWhole) {
     return static_cast<std::int32_t>(bNegative ? -nValue : nValue);
 }
 
-double TextToReal(std::string_view sField, bool& rWhole) {
-    rWhole = true;
-    double dShort = 0.0;
-    if (ReadShortReal(sField, dShort)) return dShort;
+[[gnu::noinline]] double ReadLongReal(std::string_view sField, bool& rWhole) {
     T_DECIMAL_D decimal;
     rWhole = false;
     if (!ReadDecimal(sField, decimal)) return 0.0;
@@ -157,4 +151,18 @@ double TextToReal(std::string_view sField, bool& rWhole) {
         rWhole = rWhole && std::isfinite(dValue);
     }
     return decimal.bNegative ? -dValue : dValue;
+}
+
+} // namespace
+
+std::int32_t TextToInt(std::string_view sText, bool& rWhole) {
+    rWhole = true;
+    std::int32_t iShort = 0;
+    return ReadShortInt(sText, iShort) ? iShort : ReadLongInt(sText, rWhole);
+}
+
+double TextToReal(std::string_view sField, bool& rWhole) {
+    rWhole = true;
+    double dShort = 0.0;
+    return ReadShortReal(sField, dShort) ? dShort : ReadLongReal(sField, rWhole);
 }
