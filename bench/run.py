@@ -3,6 +3,9 @@
 
     bench/run.py growth     time and memory as decks grow, beside cp, gmsh and meshio; draws a plot
     bench/run.py reference  the same for the reference deck
+    bench/run.py threads    the reference deck with one thread, two and more
+    bench/run.py additions  the reference deck with what the command does besides converting
+    bench/run.py ladder     what the system alone takes to move the bytes of the reference deck and its result
     bench/run.py doubling   whether a deck twice as long takes at most 2.1 times as long
     bench/run.py tiny       a deck of ten cards: what a run costs at least
     bench/run.py cards      what a card of each kind costs, in every field format and order of ids
@@ -52,8 +55,8 @@ def note(text):
 # ---- what is measured
 
 
-def nas2zdt(name, binary):
-    return Program(name, lambda deck, output: [str(binary), str(deck)])
+def nas2zdt(name, binary, *arguments):
+    return Program(name, lambda deck, output: [str(binary), *arguments, str(deck)])
 
 
 CP = Program("cp", lambda deck, output: ["cp", str(deck), str(output)])
@@ -97,18 +100,19 @@ def measure(program, deck):
     overwrites what another left."""
     output = deck.with_suffix(".copy")
     report = deck.with_suffix(".report")
-    traces = [output, deck.with_suffix(".zdt"), Path(f"{output}.msh"), Path(f"{output}.vtk"), report]
+    traces = [output, deck.with_suffix(".zdt"), report, *(Path(f"{output}{end}") for end in (".msh", ".vtk", ".html"))]
     for path in traces:
         path.unlink(missing_ok=True)
     command = program.command(deck, output)
-    subprocess.run([BIN / "nas2zdt-measure", report, *command], check=True)
+    measured = [BIN / "nas2zdt-measure", report, *command]
+    said = subprocess.run(measured, check=True, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True).stderr
     seconds, user, system, kilobytes, status = report.read_text().split()
     for path in traces:
         path.unlink(missing_ok=True)
-    if int(status) != 0:
+    if int(status) not in (0, 4):  # 4: the check found faults of the deck
         if program.yardstick:
             return None
-        fail(f"{' '.join(command)} ended with {status}")
+        fail(f"{' '.join(command)} ended with {status}: {said}")
     return Sample(float(seconds), float(user) + float(system), int(kilobytes) * 1024 / 1e6)
 
 
@@ -210,6 +214,61 @@ def reference(options):
     deck.unlink()
 
 
+def ratios(options, title, chosen):
+    """Measures programs on the reference deck, all but the first as ratios to the first, too."""
+    deck = generate(options, "reference", "--reference", "--scale", options.scale)
+    samples = measure_in_turn(chosen, deck, options.runs, options.limit)
+    deck.unlink()
+    print(f"### {title}\n")
+    rows = []
+    first = middle(next(iter(samples.values())))
+    for name, taken in samples.items():
+        median = middle(taken)
+        figures = [f"{median.seconds:.3f}", f"{min(sample.seconds for sample in taken):.3f}", f"{median.cpu:.3f}"]
+        figures += [f"{median.megabytes:.0f}"]
+        figures += [f"{part / whole:.2f}" for part, whole in zip(median, first)]
+        rows.append([name, *figures, str(len(taken))])
+    header = ["program", "median s", "least s", "CPU s", "peak MB", "time to first", "CPU to first", "memory to first"]
+    table([*header, "runs"], rows)
+
+
+def threads(options):
+    counts = sorted({1, 2, os.cpu_count()})
+    chosen = [nas2zdt(str(path), path) for path in options.against]
+    chosen += [nas2zdt(f"--threads {count}", options.binary, "--threads", str(count)) for count in counts]
+    ratios(options, "Threads", chosen)
+
+
+def additions(options):
+    def adding(*arguments):
+        return nas2zdt(" ".join(arguments), options.binary, *arguments)
+
+    def report(deck, output):
+        return [str(options.binary), "--report", f"{output}.html", str(deck)]
+
+    chosen = [adding("--no-warnings"), nas2zdt("with warnings", options.binary), adding("--account")]
+    chosen += [adding("--check"), adding("--faithful"), Program("--report", report)]
+    ratios(options, "What the command does besides converting", chosen)
+
+
+def ladder(options):
+    """Each step does more with the same bytes than the one before."""
+    deck = generate(options, "reference", "--reference", "--scale", options.scale)
+    result = deck.with_suffix(".moved")
+    subprocess.run([options.binary, "--quiet", "-o", result, deck], check=True)
+    deck.unlink()  # the steps have one of their own
+
+    def shell(name, script):
+        return Program(name, lambda deck, output: ["sh", "-c", script, "sh", str(deck), str(output), str(result)])
+
+    chosen = [shell("reading the deck", 'cat "$1" >/dev/null'), CP]
+    chosen += [shell("reading the deck, writing the result's bytes", 'cat "$1" >/dev/null; cp "$3" "$2"')]
+    chosen += [shell("counting lines and words of the deck, too", 'wc "$1" >/dev/null; cp "$3" "$2"')]
+    chosen += [nas2zdt(f"nas2zdt --threads {count}", options.binary, "--threads", str(count)) for count in (1, 2)]
+    ratios(options, "From moving bytes to converting", chosen)
+    result.unlink()
+
+
 def doubling(options):
     program = programs(options, False)[0]
     sizes = [options.longest >> shift for shift in range(options.doublings, -1, -1)]
@@ -303,7 +362,16 @@ def cards(options):
     print(flush=True)
 
 
-MODES = {"growth": growth, "reference": reference, "doubling": doubling, "tiny": tiny, "cards": cards}
+MODES = {
+    "growth": growth,
+    "reference": reference,
+    "threads": threads,
+    "additions": additions,
+    "ladder": ladder,
+    "doubling": doubling,
+    "tiny": tiny,
+    "cards": cards,
+}
 
 
 # ---- getting ready

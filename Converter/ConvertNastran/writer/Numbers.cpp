@@ -29,8 +29,11 @@ bool RoundToDigits(double dValue, T_ROUNDED_D& rRounded) {
         return nPower < 0 ? dValue / EXACT_POWERS[static_cast<std::size_t>(-nPower)]
                           : dValue * EXACT_POWERS[static_cast<std::size_t>(nPower)];
     };
-    nExponent += scaled() >= 1e6;
-    const double dScaled = scaled(); // the true quotient to half a unit in its last place, less than 1e-10 here
+    double dScaled = scaled(); // the true quotient to half a unit in its last place, less than 1e-10 here
+    if (dScaled >= 1e6) {
+        ++nExponent;
+        dScaled = scaled();
+    }
     if (!(dScaled >= 1e5 && dScaled < 1e6)) return false;
     const auto nFloor = static_cast<std::uint32_t>(dScaled);
     const double dFraction = dScaled - nFloor;
