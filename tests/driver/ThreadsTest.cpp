@@ -33,7 +33,7 @@ class CListener : public CQuietObserver {
         m_quiet.aWATCHES[static_cast<std::size_t>(iGrid)].Set(1 << 2, 0);
         m_quiet.aWATCHES[static_cast<std::size_t>(iPlate)] = {};
     }
-    void OnLeft(const T_LEFT_D& r) override { Tell("left", r.eREASON, r.iID, r.iOTHER); }
+    void OnLeft(const T_LEFT_D& r) override { Tell("left", r.sKEYWORD ? r.sKEYWORD : "", r.eREASON, r.iID, r.iOTHER); }
     void OnReplaced(const char* sKeyword, bool bSame) override {
         Tell(sKeyword, "replaced", bSame);
         m_quiet.bTELLALL = true;
@@ -63,16 +63,19 @@ class CListener : public CQuietObserver {
     std::ostringstream m_told;
 };
 
-/// Enough grids and elements for pieces; every seventh element lacks a grid, every eleventh its property.
+/// Enough grids and elements for pieces; every fourth element is a bar with its vector along Y. Of the others every
+/// seventh lacks a grid, every eleventh its property.
 std::string MakeDeck() {
     std::string sDeck = "BEGIN BULK\n";
     for (int i = 1; i <= 60000; ++i) {
         const std::string sID = std::to_string(i);
         sDeck += "GRID," + sID + ",," + sID + ".5,2.," + sID + "\n";
+        if (i % 4 == 0) sDeck += "CBAR," + sID + ",2," + sID + ",1,0.,1.,0.\n";
+        if (i % 4 == 0) continue;
         sDeck += "CQUAD4," + sID + "," + (i % 11 == 0 ? "9" : "1") + "," + sID + "," + (i % 7 == 0 ? "70000" : "1") +
                  ",3,4\n";
     }
-    return sDeck + "PSHELL,1,1,.1\nPSHELL,2,1,.1\nMAT1,1,7.+7,,.3\nENDDATA\n";
+    return sDeck + "PSHELL,1,1,.1\nPBAR,2,1,.1\nMAT1,1,7.+7,,.3\nENDDATA\n";
 }
 
 /// What comes of a deck: its result and failure, the lines of the log, what is told, and the file.
@@ -100,6 +103,8 @@ TEST(Threads, DoNotShowInAResult) {
     EXPECT_NE(sAlone.find("  60000, 60000.5, 2, 60000\n\n*ELEMENT\n1, PLATE, 1, 1, 1, 1, 3, 4, 1\n"),
               std::string::npos);
     EXPECT_NE(sAlone.find(" 7 70000 \n"), std::string::npos);
+    // a quarter turn of Y about the line from (16384.5, 2, 16384) to (1.5, 2, 1); the last of the first part of bars
+    EXPECT_NE(sAlone.find("  16384, BEAM, 1, 2, 16384, 1, REF, 16385.2, 2, 16383.3\n"), std::string::npos);
     for (const std::size_t nThreads : {2U, 8U}) EXPECT_TRUE(WhatComesOf(sDeck, nThreads, true) == sAlone) << nThreads;
 }
 
@@ -159,14 +164,22 @@ TEST(Threads, ReadWhatIsOddAmongWhatIsPlain) {
         Card({"PLOAD1", "4", "17001", "FY", "FR", "0.", "1.", "1.", "2."}) + Card({"GRAV", "4", "", "9.8", "1."}),
         Card({"SPCD", "3", "16000", "13", ".5", "16001", "0", "-.5"}) + Card({"SPCD", "3", "16003", "2", ".1"}),
         Card({"TEMP", "8", "16000", "1.5", "16001", "2.5", "16002", "3.5"}) + Card({"TEMP", "9", "0", "1.", "-3"}),
-        Card({"TEMPD", "8", "20."}) + Card({"TEMP", "8", "16004", "-1.5"}) + Card({"SPC1", "7", "2"}),
-        Card({"SPC", "6", "16000", "0", "", "16001", "246"}) + Card({"SPC", "6", "0", "123", ".5"}),
-        Card({"SPC1", "5", "123", "16000", "THRU", "16009"}) + Card({"SPC1", "5", "0", "16001", "16002"}),
-        Card({"MPC", "5", "16000", "1", "1.", "16001", "2", "2."}) + Card({"SPC", "7", "16000", "1"}),
+        Card({"TEMPD", "8", "20."}) + Card({"TEMP", "8", "16004", "-1.5"}),
+    };
+    const std::vector<std::string> aSupports = {
+        Card({"SPC", "6", "16000", "0", "", "16001", "246"}) + Card({"SPC1", "5", "1"}),
+        Card({"SPC", "7", "0", "123", ".5"}) + Card({"SPC1", "5", "123", "16000", "THRU", "16009"}),
+        Card({"MPC", "8", "16000", "1", "1.", "16001", "2", "2."}) + Card({"SPC1", "6", "0", "16001", "16002"}),
+    };
+    const std::vector<std::string> aOneSet = {
+        Card({"SPC", "6", "16000", "0", "", "16001", "246"}) + Card({"SPC", "6", "70000", "0"}),
+        Card({"SPC1", "6", "123", "16000", "THRU", "16009"}) + Card({"SPC1", "6", "0", "70001", "16002"}),
     };
     const std::pair<const char*, std::string> aDecks[] = {
         {"plain", MakeLongDeck({""}, 7)},
-        {"loads and supports", MakeLongDeck(aSets, 3)},
+        {"loads", MakeLongDeck(aSets, 3)},
+        {"supports", MakeLongDeck(aSupports, 3)},
+        {"supports of one set", MakeLongDeck(aOneSet, 3)},
         {"odd lines", MakeLongDeck(aOdd, 7)},
         {"carriage returns", MakeLongDeck({"$\r\n"}, 700, "\r\n")},
         {"include", MakeLongDeck({"INCLUDE,part.dat\n"}, 9001)},

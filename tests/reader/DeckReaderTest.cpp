@@ -57,6 +57,11 @@ const std::vector<T_DECK_D> DECKS = {
     {"NoMarker", "GRID,1\nGRID,2\n$\n", "", {}},
     {"CendInTheBulk", "BEGIN BULK\nGRID,1\nCEND\nGRID,2\nBEGIN BULK\nGRID,3\n$\n", "  1, 0, 0, 0\n  3, 0, 0, 0\n", {}},
     {"NothingAtAll", "", "", {}},
+    {"SmallFieldsThatAreNotWords",
+     "BEGIN BULK\nGRID    1 2             1 .5\ngrid    21              2.5\nGRID    22      :       2.\n"
+     "GRID    23              1.+1    - 3.    4.\r\nGRID    24              .5\r\n$\n",
+     "  12, 1.5, 0, 0\n  21, 2.5, 0, 0\n  22, 0, 0, 0\n  23, 10, -3, 4\n  24, 0.5, 0, 0\n",
+     {}},
     // what parts cards
     {"LineOfBlanksDropsTheCard", "BEGIN BULK\nGRID,1\n    \nGRID,2\n$\n", "  2, 0, 0, 0\n", {}},
     {"LoneReturnIsALine", "BEGIN BULK\r\nGRID,1\r\n\r\nGRID,2\r\n$\r\n", "  1, 0, 0, 0\n  2, 0, 0, 0\n", {}},

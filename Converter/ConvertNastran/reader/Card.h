@@ -31,7 +31,7 @@ struct T_LINE_D {
     bool bCOMMENT = false; // whether it is a comment; then there is no text
     bool bMARKED = false;  // whether it may have a ",", "*", "=" or "$": without one it is a small field line
     bool bTABBED = false;  // whether it may have a tab
-    bool bRETURN = false;  // whether it may have a carriage return
+    bool bRETURN = false;  // whether it may have a carriage return; unknown where bWORDS holds
     bool bENDING = false;  // whether it may have "ENDDATA"
     bool bCUT = false;     // whether there was a ":", where the text ends now
     bool bWORDS = false;   // whether each field of eight columns is blank or one word of ASCII, with none of bMARKED,

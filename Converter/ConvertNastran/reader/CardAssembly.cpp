@@ -16,7 +16,7 @@ constexpr std::size_t SMALL_FIELDS = 8; // behind the first
 std::string_view WordAt(const T_LINE_D& rLine, std::size_t iColumn) {
     const char* const pField = rLine.aTEXT + iColumn;
     const TEXTWORD nOther = LoadWord(pField) ^ RepeatInWord(' ');
-    if (nOther == 0) return {pField, 0};
+    if (nOther == 0) return {pField, pField};
     const TEXTWORD nFilled = (nOther + RepeatInWord(0x7F)) & RepeatInWord('\x80');
     // not the functions of <bit>, which look for 0 first
     const unsigned nFirst = static_cast<unsigned>(__builtin_ctzll(nFilled)) / 8;

@@ -26,23 +26,22 @@ T_BYTES LoadText(const char* pRaw, std::size_t nLeft) {
 
 /// Takes a line that is in upper case and whose bWORDS holds; nearly all are. Else false, and rLine is unknown.
 bool TakeWords(std::string_view sRaw, T_LINE_D& rLine) {
-    T_BYTES odd{}, returns{}, endings{};
+    T_BYTES odd{}, endings{};
     T_FIELDS torn{};
     std::size_t i = 0;
     for (; i < sRaw.size(); i += sizeof(T_BYTES)) {
         const T_BYTES bytes = LoadText(sRaw.data() + i, sRaw.size() - i);
         std::memcpy(rLine.aTEXT + i, &bytes, sizeof bytes);
-        const T_BYTES blank = Mask(bytes == ' '), back = Mask(bytes == '\r');
-        odd |= ~(blank | back | Mask(bytes - 'A' < 26) | Mask(bytes - '-' < 13) | Mask(bytes == '+')); // -./ and digits
+        const T_BYTES blank = Mask(bytes == ' ');
+        odd |= ~(blank | Mask(bytes == '\r') | Mask(bytes - 'A' < 26) | Mask(bytes - '-' < 13) |
+                 Mask(bytes == '+')); // -./ and digits
         torn |= TornFields(~blank);
-        returns |= back;
         endings |= Mask(bytes == 'D') & Mask(LoadBytes(sRaw.data() + i + 1) == 'D');
     }
     if (AnySet(odd | reinterpret_cast<T_BYTES>(torn))) return false;
     for (; i < T_LINE_D::SMALL_COLUMNS; i += sizeof(T_BYTES)) std::memset(rLine.aTEXT + i, ' ', sizeof(T_BYTES));
     rLine.bWORDS = true;
     rLine.bMARKED = rLine.bTABBED = rLine.bCUT = false;
-    rLine.bRETURN = AnySet(returns);
     rLine.bENDING = AnySet(endings);
     rLine.nTEXT = static_cast<std::uint32_t>(sRaw.size());
     return true;
@@ -80,7 +79,7 @@ int CNastranStrParser::NormalizeLine(std::string_view sRaw, T_LINE_D& rLine) {
     rLine.nTEXT = static_cast<std::uint32_t>(sRaw.size());
     rLine.bCUT = AnySet(colons);
     rLine.bWORDS = sRaw.size() <= T_LINE_D::SMALL_COLUMNS && !(rLine.bMARKED || rLine.bTABBED || rLine.bCUT) &&
-                   !AnySet((all & '\x80') | reinterpret_cast<T_BYTES>(torn));
+                   !AnySet((all & 0x80) | reinterpret_cast<T_BYTES>(torn));
     if (rLine.bCUT) {
         rLine.nTEXT = static_cast<std::uint32_t>(rLine.Text().find(':'));
         std::memset(rLine.aTEXT + rLine.nTEXT, ' ', sRaw.size() - rLine.nTEXT);
