@@ -90,17 +90,16 @@ bool AreSame(const T_TOTALROW_D& rA, const T_TOTALROW_D& rB, double dTolerance) 
 
 } // namespace
 
-void T_LISTSUM_D::Add(const std::int32_t* pIDs, std::size_t nIDs) {
-    constexpr std::uint64_t STEP = 0x9E3779B97F4A7C15u;
-    std::uint64_t nList = nIDs;
-    for (std::size_t i = 0; i < nIDs; ++i) nList = Scatter(nList + STEP + static_cast<std::uint32_t>(pIDs[i]));
+void T_LISTSUM_D::Add(std::int32_t iFirst, const std::int32_t* pIDs, std::size_t nIDs) {
+    constexpr std::uint64_t FACTOR = 0x9E3779B97F4A7C15u; // odd and large: ids of a list are its digits to this base
+    std::uint64_t nList = (nIDs + 1) * FACTOR + static_cast<std::uint32_t>(iFirst);
+    for (std::size_t i = 0; i < nIDs; ++i) nList = nList * FACTOR + static_cast<std::uint32_t>(pIDs[i]);
     ++nCOUNT;
-    nCHECK += nList;
+    nCHECK += Scatter(nList);
 }
 
 double WeightOf(std::int32_t iID) {
-    constexpr int BITS = 52;
-    return 1.0 + std::ldexp(static_cast<double>(Scatter(static_cast<std::uint32_t>(iID)) >> (64 - BITS)), -BITS);
+    return 1.0 + static_cast<double>(Scatter(static_cast<std::uint32_t>(iID)) >> 12) * 0x1p-52;
 }
 
 void T_TOTALS_D::AddNode(std::int32_t iNode, const T_VECTOR& rPosition) {
@@ -140,10 +139,7 @@ void Choose(std::map<std::int32_t, T_GROUPTOTALS_D>& rGroups, std::int32_t iID, 
 } // namespace
 
 void CElementSum::AddIds(const T_SUMMEDELEMENT_D& rElement, const std::int32_t* pNodes) {
-    std::array<std::int32_t, 9> aIDs = {rElement.iEID};
-    const std::size_t nCorners = BODY_CORNERS[rElement.eBODY];
-    std::copy_n(pNodes, nCorners, aIDs.begin() + 1);
-    m_rTotals.aELEMENTS[rElement.eBODY].Add(aIDs.data(), nCorners + 1);
+    m_rTotals.aELEMENTS[rElement.eBODY].Add(rElement.iEID, pNodes, BODY_CORNERS[rElement.eBODY]);
     ++m_rTotals.aFORMS[rElement.eFORM];
     Choose(m_rTotals.mapPROPERTIES, rElement.iPID, m_iPID, m_pProperty);
     Choose(m_rTotals.mapMATERIALS, rElement.iMID, m_iMID, m_pMaterial);

@@ -42,8 +42,9 @@ struct T_LISTSUM_D {
     std::uint64_t nCOUNT = 0;
     std::uint64_t nCHECK = 0;
 
-    void Add(const std::int32_t* pIDs, std::size_t nIDs);
-    void Add(std::initializer_list<std::int32_t> aIDs) { Add(aIDs.begin(), aIDs.size()); }
+    /// A list of iFirst and nIDs others.
+    void Add(std::int32_t iFirst, const std::int32_t* pIDs, std::size_t nIDs);
+    void Add(std::initializer_list<std::int32_t> aIDs) { Add(*aIDs.begin(), aIDs.begin() + 1, aIDs.size() - 1); }
 };
 
 /// A number from 1 to 2 out of an id. A sum of values with such weights tells which id has which.
