@@ -158,14 +158,12 @@ void CDeckTotals::Weigh(const T_DECKELEMENT_D& rElement, T_SUMMEDELEMENT_D& rSum
         return;
     }
     if (rSummed.eFORM < FORM_TETRA) rSummed.iPID = rElement.iPID;
-    if (!m_pProperty || rElement.iPID != m_iPID) {
-        m_pProperty = m_elementMasses.Find(rElement.iPID);
-        m_iPID = rElement.iPID;
-    }
-    if (!m_pProperty) return;
-    rSummed.iMID = m_pProperty->iMID;
-    rSummed.dADDED = m_pProperty->dADDED;
-    rSummed.dMASS = m_elementMasses.FindPlate(rElement.iEID, *m_pProperty);
+    const auto find = [&](std::int32_t iPID) { return m_elementMasses.Find(iPID); };
+    const T_PROPERTYMASS_D* pProperty = m_properties.Get(rElement.iPID, find);
+    if (!pProperty) return;
+    rSummed.iMID = pProperty->iMID;
+    rSummed.dADDED = pProperty->dADDED;
+    rSummed.dMASS = m_elementMasses.FindPlate(rElement.iEID, *pProperty);
 }
 
 /// An offset is in the axes of a frame at the grid, or with frame -1 the position itself.

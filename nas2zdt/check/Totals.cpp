@@ -123,26 +123,14 @@ void T_TOTALS_D::AddAxes(std::int32_t iNode, const std::array<T_VECTOR, 3>& rAxe
     axisY.Add(rAxes[1]);
 }
 
-namespace {
-
-/// The group of an id; mostly that of the element before.
-void Choose(std::map<std::int32_t, T_GROUPTOTALS_D>& rGroups, std::int32_t iID, std::int32_t& rLast,
-            T_GROUPTOTALS_D*& rpGroup) {
-    if (iID == 0) {
-        rpGroup = nullptr;
-    } else if (iID != rLast || !rpGroup) {
-        rpGroup = &rGroups[iID];
-    }
-    rLast = iID;
-}
-
-} // namespace
-
 void CElementSum::AddIds(const T_SUMMEDELEMENT_D& rElement, const std::int32_t* pNodes) {
     m_rTotals.aELEMENTS[rElement.eBODY].Add(rElement.iEID, pNodes, BODY_CORNERS[rElement.eBODY]);
     ++m_rTotals.aFORMS[rElement.eFORM];
-    Choose(m_rTotals.mapPROPERTIES, rElement.iPID, m_iPID, m_pProperty);
-    Choose(m_rTotals.mapMATERIALS, rElement.iMID, m_iMID, m_pMaterial);
+    const auto groupOf = [](auto& rFinds, auto& rGroups, std::int32_t iID) {
+        return iID == 0 ? nullptr : rFinds.Get(iID, [&](std::int32_t i) { return &rGroups[i]; });
+    };
+    m_pProperty = groupOf(m_properties, m_rTotals.mapPROPERTIES, rElement.iPID);
+    m_pMaterial = groupOf(m_materials, m_rTotals.mapMATERIALS, rElement.iMID);
     for (T_GROUPTOTALS_D* pGroup : {m_pProperty, m_pMaterial}) {
         if (pGroup) ++pGroup->nELEMENTS;
     }

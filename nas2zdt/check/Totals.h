@@ -1,6 +1,7 @@
 #pragma once
 // A model added up, so that two tellings of it can be compared.
 
+#include "nas2zdt/check/RecentFinds.h"
 #include "nas2zdt/restate/Frame.h"
 
 #include <algorithm>
@@ -251,8 +252,8 @@ class CElementSum {
     void AddMeasure(const T_SUMMEDELEMENT_D& rElement, const std::array<T_VECTOR, 8>& rCorners);
 
     T_TOTALS_D& m_rTotals;
-    T_GROUPTOTALS_D *m_pProperty = nullptr, *m_pMaterial = nullptr; // of the element before
-    std::int32_t m_iPID = 0, m_iMID = 0;
+    CRecentFinds<T_GROUPTOTALS_D> m_properties, m_materials;
+    T_GROUPTOTALS_D *m_pProperty = nullptr, *m_pMaterial = nullptr; // of the element in hand
 };
 
 /// One number of the totals.
