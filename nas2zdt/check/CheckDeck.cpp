@@ -51,9 +51,13 @@ CCheckDeck::CCheckDeck(const std::string& sDeck, const T_CHOICE_D& rChoice)
     : m_source(m_told, rChoice.iPART, rChoice.nRANGES) {
     constexpr std::uintmax_t LARGE = std::uintmax_t{1} << 22; // bytes; a smaller deck is read before a thread pays
     CCardSink& rSelf = *this;
-    m_relay.emplace(rSelf, Reserve(sDeck) >= LARGE && rChoice.nTHREADS > 1);
-    m_source.Read(sDeck, rChoice.join, &*m_relay);
-    m_relay->Finish();
+    if (Reserve(sDeck) >= LARGE && rChoice.nTHREADS > 1) {
+        m_relay.emplace(rSelf, true);
+        m_source.Read(sDeck, rChoice.join, &*m_relay);
+        m_relay->Finish();
+    } else {
+        m_source.Read(sDeck, rChoice.join, &rSelf);
+    }
     ChooseCase(rChoice);
     FillGrids();
     FillOrientations();

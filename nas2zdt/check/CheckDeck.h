@@ -194,7 +194,7 @@ class CCheckDeck : private CCardSink {
 
     CTold m_told;
     CSourceDeck m_source;
-    std::optional<CCardRelay> m_relay; // has the texts of cards
+    std::optional<CCardRelay> m_relay; // if there is one, it has the texts of cards
     CCardFields m_card;                // the card in hand
     CColumnFields m_columns;           // likewise, if it came as a line
     TEXTWORD m_nKeyword = 0;           // of the last line

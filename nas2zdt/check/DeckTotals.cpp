@@ -122,15 +122,15 @@ void CDeckTotals::AddElements() {
         if (m_rDeck.FindElement(rElement.iEID) != &rElement) continue;
         const T_ELEMENTKIND_D& rKind = rElement.GetKind();
         const std::span<const std::int32_t> aCorners = m_rDeck.GetCorners(rElement);
-        std::array<std::int32_t, 8> aNodes = {};
+        const std::int32_t* pNodes = aCorners.data();
+        std::array<std::int32_t, 2> aEnds = {};
         if (rKind.eFORM == FORM_SPRING) {
             std::size_t nEnds = 0;
             for (std::size_t i = 0; i < aCorners.size(); ++i) {
-                if (aCorners[i] != 0 && (rElement.nENDS & (1u << i))) aNodes[nEnds++] = aCorners[i];
+                if (aCorners[i] != 0 && (rElement.nENDS & (1u << i))) aEnds[nEnds++] = aCorners[i];
             }
             if (nEnds == 0) continue;
-        } else {
-            std::copy(aCorners.begin(), aCorners.end(), aNodes.begin());
+            pNodes = aEnds.data();
         }
         if (rKind.eFORM == FORM_DAMPER || rKind.eFORM == FORM_SCALARMASS) {
             ++m_totals.aFORMS[rKind.eFORM];
@@ -138,7 +138,7 @@ void CDeckTotals::AddElements() {
         }
         T_SUMMEDELEMENT_D element = {rKind.eFORM, rKind.eBODY, rElement.iEID};
         if (rKind.eBODY != BODY_LINK) Weigh(rElement, element);
-        sum.Add(element, aNodes.data(), [&](std::int32_t iGrid, T_VECTOR& rPosition) {
+        sum.Add(element, pNodes, [&](std::int32_t iGrid, T_VECTOR& rPosition) {
             const T_VECTOR* pPosition = m_rDeck.FindPosition(iGrid);
             if (pPosition) rPosition = *pPosition;
             return pPosition != nullptr;
@@ -158,14 +158,12 @@ void CDeckTotals::Weigh(const T_DECKELEMENT_D& rElement, T_SUMMEDELEMENT_D& rSum
         return;
     }
     if (rSummed.eFORM < FORM_TETRA) rSummed.iPID = rElement.iPID;
-    if (!m_pProperty || rElement.iPID != m_iPID) {
-        m_pProperty = m_elementMasses.Find(rElement.iPID);
-        m_iPID = rElement.iPID;
-    }
-    if (!m_pProperty) return;
-    rSummed.iMID = m_pProperty->iMID;
-    rSummed.dADDED = m_pProperty->dADDED;
-    rSummed.dMASS = m_elementMasses.FindPlate(rElement.iEID, *m_pProperty);
+    const auto find = [&](std::int32_t iPID) { return m_elementMasses.Find(iPID); };
+    const T_PROPERTYMASS_D* pProperty = m_properties.Get(rElement.iPID, find);
+    if (!pProperty) return;
+    rSummed.iMID = pProperty->iMID;
+    rSummed.dADDED = pProperty->dADDED;
+    rSummed.dMASS = m_elementMasses.FindPlate(rElement.iEID, *pProperty);
 }
 
 /// An offset is in the axes of a frame at the grid, or with frame -1 the position itself.

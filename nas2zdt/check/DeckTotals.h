@@ -4,6 +4,7 @@
 
 #include "nas2zdt/check/CheckDeck.h"
 #include "nas2zdt/check/DeckMasses.h"
+#include "nas2zdt/check/RecentFinds.h"
 #include "nas2zdt/check/Totals.h"
 
 #include <algorithm>
@@ -130,9 +131,8 @@ class CDeckTotals : public CCardTaker {
     T_TOTALS_D m_totals;
     T_SETTOTALS_D* m_pSet = nullptr; // of the last load
     std::int32_t m_iSet = 0;
-    std::vector<T_PENDING_D> m_aPending;           // pressures that wait for others nearby
-    const T_PROPERTYMASS_D* m_pProperty = nullptr; // of the last element
-    std::int32_t m_iPID = 0;
+    std::vector<T_PENDING_D> m_aPending; // pressures that wait for others nearby
+    CRecentFinds<const T_PROPERTYMASS_D> m_properties;
 
     struct T_DECKMASS_D {
         std::int32_t iGRID, iCID;

@@ -2,9 +2,9 @@
 
 #include "nas2zdt/check/FileTotals.h"
 
+#include "nas2zdt/check/DenseRows.h"
 #include "nas2zdt/check/KeySort.h"
 #include "nas2zdt/check/Measure.h"
-#include "nas2zdt/restate/IdTable.h"
 #include "store/DataPool.h"
 #include "writer/rows/ConstraintRows.h"
 #include "writer/rows/ElementRows.h"
@@ -26,13 +26,14 @@ struct T_FILEBODY_D {
 
 class CFileTotals {
   public:
-    explicit CFileTotals(const CDataPool& rPool) : m_rPool(rPool), m_bMapped(!rPool.m_mapNodeId.IsEmpty()) {
+    explicit CFileTotals(const CDataPool& rPool) : m_rPool(rPool) {
+        m_aPositions.reserve(rPool.NODS.GetCount());
         const auto node = [&](const T_NODE_ROW& r) {
-            const T_VECTOR position = {r.dX, r.dY, r.dZ};
-            if (m_bMapped) m_positions.Put(r.iNODE, position);
-            m_totals.AddNode(r.iNODE, position);
+            m_aPositions.push_back({r.iNODE, {r.dX, r.dY, r.dZ}});
+            m_totals.AddNode(r.iNODE, m_aPositions.back().at);
         };
         ForEachNode(rPool, CRowVisitor{node, IGNORE_LEFT});
+        m_places.Fill(m_aPositions, [](const T_POSITION_D& r) { return r.iNODE; });
         ForEachLocalAxis(rPool, [&](const CLocalAxis& rAxis) { AddAxis(rAxis); });
         AddElements();
         AddTies();
@@ -48,20 +49,19 @@ class CFileTotals {
     T_TOTALS_D Take() { return std::move(m_totals); }
 
   private:
-    /// Looks a node of the file up. Those are the grids of the model, unless ids are mapped.
+    /// A node of the file.
+    struct T_POSITION_D {
+        std::int32_t iNODE;
+        T_VECTOR at;
+    };
+
     bool Find(std::int32_t iNode, T_VECTOR& rPosition) const {
-        if (m_bMapped) {
-            const T_VECTOR* pPosition = m_positions.Find(iNode);
-            if (pPosition) rPosition = *pPosition;
-            return pPosition != nullptr;
-        }
-        const auto pNode = m_rPool.NODS.Find(iNode);
-        if (pNode) rPosition = {pNode->dGX, pNode->dGY, pNode->dGZ};
-        return pNode.has_value();
+        const std::uint32_t iPlace = m_places.Find(iNode);
+        if (iPlace == CKeyIndex::NONE) return false;
+        rPosition = m_aPositions[iPlace].at;
+        return true;
     }
-    bool Has(std::int32_t iNode) const {
-        return m_bMapped ? m_positions.Has(iNode) : m_rPool.NODS.Has(iNode);
-    }
+    bool Has(std::int32_t iNode) const { return m_places.Find(iNode) != CKeyIndex::NONE; }
 
     /// Three points: the origin, one on X, one in the XY plane.
     void AddAxis(const CLocalAxis& r) {
@@ -276,13 +276,13 @@ class CFileTotals {
         const std::span<const std::uint8_t> places =
             r.bSOLID ? FaceCorners(body.eBODY, r.iFACE) : std::span(PLATE).first(BODY_CORNERS[body.eBODY]);
         if (places.empty()) return;
-        std::vector<T_VECTOR> aFace;
+        std::array<T_VECTOR, 4> aFace;
         double dMean = 0.0;
         for (std::size_t i = 0; i < places.size(); ++i) {
-            aFace.push_back(body.dCORNERS[places[i]]);
+            aFace[i] = body.dCORNERS[places[i]];
             dMean += r.dP[i] / static_cast<double>(places.size());
         }
-        T_FACELOAD_D load = {aFace, r.dP, {}, {}};
+        T_FACELOAD_D load = {std::span(aFace).first(places.size()), r.dP, {}, {}};
         if (r.bSOLID) {
             load.dP.fill(dMean);
             T_VECTOR inside = {};
@@ -333,8 +333,8 @@ class CFileTotals {
     }
 
     const CDataPool& m_rPool;
-    bool m_bMapped;                 // whether nodes of the file may have other ids than their grids
-    CIdTable<T_VECTOR> m_positions; // of nodes, if they may
+    std::vector<T_POSITION_D> m_aPositions;
+    CDenseRows m_places; // of these, by node
     T_TOTALS_D m_totals;
     CElementSum m_elements{m_totals};
 };

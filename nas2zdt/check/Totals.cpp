@@ -90,17 +90,16 @@ bool AreSame(const T_TOTALROW_D& rA, const T_TOTALROW_D& rB, double dTolerance) 
 
 } // namespace
 
-void T_LISTSUM_D::Add(const std::int32_t* pIDs, std::size_t nIDs) {
-    constexpr std::uint64_t STEP = 0x9E3779B97F4A7C15u;
-    std::uint64_t nList = nIDs;
-    for (std::size_t i = 0; i < nIDs; ++i) nList = Scatter(nList + STEP + static_cast<std::uint32_t>(pIDs[i]));
+void T_LISTSUM_D::Add(std::int32_t iFirst, const std::int32_t* pIDs, std::size_t nIDs) {
+    constexpr std::uint64_t FACTOR = 0x9E3779B97F4A7C15u; // odd and large: ids of a list are its digits to this base
+    std::uint64_t nList = (nIDs + 1) * FACTOR + static_cast<std::uint32_t>(iFirst);
+    for (std::size_t i = 0; i < nIDs; ++i) nList = nList * FACTOR + static_cast<std::uint32_t>(pIDs[i]);
     ++nCOUNT;
-    nCHECK += nList;
+    nCHECK += Scatter(nList);
 }
 
 double WeightOf(std::int32_t iID) {
-    constexpr int BITS = 52;
-    return 1.0 + std::ldexp(static_cast<double>(Scatter(static_cast<std::uint32_t>(iID)) >> (64 - BITS)), -BITS);
+    return 1.0 + static_cast<double>(Scatter(static_cast<std::uint32_t>(iID)) >> 12) * 0x1p-52;
 }
 
 void T_TOTALS_D::AddNode(std::int32_t iNode, const T_VECTOR& rPosition) {
@@ -124,29 +123,14 @@ void T_TOTALS_D::AddAxes(std::int32_t iNode, const std::array<T_VECTOR, 3>& rAxe
     axisY.Add(rAxes[1]);
 }
 
-namespace {
-
-/// The group of an id; mostly that of the element before.
-void Choose(std::map<std::int32_t, T_GROUPTOTALS_D>& rGroups, std::int32_t iID, std::int32_t& rLast,
-            T_GROUPTOTALS_D*& rpGroup) {
-    if (iID == 0) {
-        rpGroup = nullptr;
-    } else if (iID != rLast || !rpGroup) {
-        rpGroup = &rGroups[iID];
-    }
-    rLast = iID;
-}
-
-} // namespace
-
 void CElementSum::AddIds(const T_SUMMEDELEMENT_D& rElement, const std::int32_t* pNodes) {
-    std::array<std::int32_t, 9> aIDs = {rElement.iEID};
-    const std::size_t nCorners = BODY_CORNERS[rElement.eBODY];
-    std::copy_n(pNodes, nCorners, aIDs.begin() + 1);
-    m_rTotals.aELEMENTS[rElement.eBODY].Add(aIDs.data(), nCorners + 1);
+    m_rTotals.aELEMENTS[rElement.eBODY].Add(rElement.iEID, pNodes, BODY_CORNERS[rElement.eBODY]);
     ++m_rTotals.aFORMS[rElement.eFORM];
-    Choose(m_rTotals.mapPROPERTIES, rElement.iPID, m_iPID, m_pProperty);
-    Choose(m_rTotals.mapMATERIALS, rElement.iMID, m_iMID, m_pMaterial);
+    const auto groupOf = [](auto& rFinds, auto& rGroups, std::int32_t iID) {
+        return iID == 0 ? nullptr : rFinds.Get(iID, [&](std::int32_t i) { return &rGroups[i]; });
+    };
+    m_pProperty = groupOf(m_properties, m_rTotals.mapPROPERTIES, rElement.iPID);
+    m_pMaterial = groupOf(m_materials, m_rTotals.mapMATERIALS, rElement.iMID);
     for (T_GROUPTOTALS_D* pGroup : {m_pProperty, m_pMaterial}) {
         if (pGroup) ++pGroup->nELEMENTS;
     }

@@ -1,6 +1,7 @@
 #pragma once
 // A model added up, so that two tellings of it can be compared.
 
+#include "nas2zdt/check/RecentFinds.h"
 #include "nas2zdt/restate/Frame.h"
 
 #include <algorithm>
@@ -42,8 +43,9 @@ struct T_LISTSUM_D {
     std::uint64_t nCOUNT = 0;
     std::uint64_t nCHECK = 0;
 
-    void Add(const std::int32_t* pIDs, std::size_t nIDs);
-    void Add(std::initializer_list<std::int32_t> aIDs) { Add(aIDs.begin(), aIDs.size()); }
+    /// A list of iFirst and nIDs others.
+    void Add(std::int32_t iFirst, const std::int32_t* pIDs, std::size_t nIDs);
+    void Add(std::initializer_list<std::int32_t> aIDs) { Add(*aIDs.begin(), aIDs.begin() + 1, aIDs.size() - 1); }
 };
 
 /// A number from 1 to 2 out of an id. A sum of values with such weights tells which id has which.
@@ -250,8 +252,8 @@ class CElementSum {
     void AddMeasure(const T_SUMMEDELEMENT_D& rElement, const std::array<T_VECTOR, 8>& rCorners);
 
     T_TOTALS_D& m_rTotals;
-    T_GROUPTOTALS_D *m_pProperty = nullptr, *m_pMaterial = nullptr; // of the element before
-    std::int32_t m_iPID = 0, m_iMID = 0;
+    CRecentFinds<T_GROUPTOTALS_D> m_properties, m_materials;
+    T_GROUPTOTALS_D *m_pProperty = nullptr, *m_pMaterial = nullptr; // of the element in hand
 };
 
 /// One number of the totals.

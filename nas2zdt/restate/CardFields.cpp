@@ -42,7 +42,11 @@ bool CCardFields::Is(std::size_t i, std::string_view sUpper) const {
 std::int32_t CCardFields::Int(std::size_t i, std::int32_t iDefault) const {
     std::int32_t iValue = 0;
     if (i >= m_nFields) return iDefault;
-    if (m_bColumns && ReadShortInt(m_columns.Cut(i).Short(), iValue)) return iValue;
+    if (m_bColumns) {
+        const TEXTWORD nColumns = m_columns.Load(i);
+        if (nColumns == BLANK_COLUMNS) return iDefault;
+        if (ReadLeftInt(nColumns, iValue) || ReadShortInt(m_columns.Cut(i).Short(), iValue)) return iValue;
+    }
     const std::string_view sField = Text(i);
     if (sField.empty()) return iDefault;
     if (ReadInteger(sField, iValue)) return iValue;
@@ -53,10 +57,17 @@ std::int32_t CCardFields::Int(std::size_t i, std::int32_t iDefault) const {
 double CCardFields::Real(std::size_t i, double dDefault) const {
     double dValue = 0.0;
     if (i >= m_nFields) return dDefault;
-    const bool bShort = m_bColumns && ReadShortReal(m_columns.Cut(i).Short(), dValue);
+    if (m_bColumns) {
+        const T_COLUMNS_D field = m_columns.Cut(i);
+        if (field.nTEXT == 0) return dDefault;
+        if (ReadShortReal(field.Short(), dValue)) {
+            m_bIntegerForReal |= !field.HasPoint();
+            return dValue;
+        }
+    }
     const std::string_view sField = Text(i);
-    if (!bShort && sField.empty()) return dDefault;
-    if (bShort || ReadReal(sField, dValue)) {
+    if (sField.empty()) return dDefault;
+    if (ReadReal(sField, dValue)) {
         m_bIntegerForReal = m_bIntegerForReal || (sField.find('.') == std::string_view::npos && !IsReal(sField));
         return dValue;
     }

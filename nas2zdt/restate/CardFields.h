@@ -30,7 +30,9 @@ class CCardFields {
         if (i >= m_nFields) return {};
         return m_bColumns ? m_columns.Text(i) : m_text.GetFields()[i];
     }
-    bool IsBlank(std::size_t i) const { return Text(i).empty(); }
+    bool IsBlank(std::size_t i) const {
+        return i >= m_nFields || (m_bColumns ? m_columns.IsBlank(i) : m_text.GetFields()[i].empty());
+    }
 
     /// Whether the field is this word, in any case. sUpper is in upper case.
     bool Is(std::size_t i, std::string_view sUpper) const;

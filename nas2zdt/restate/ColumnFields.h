@@ -46,6 +46,11 @@ class CColumnFields {
         if (i / LINE_FIELDS >= m_aLines.size()) return {};
         return CutColumns(m_aLines[i / LINE_FIELDS], LINE_FIELDS * (1 + i % LINE_FIELDS));
     }
+    /// The columns of the same field as they are.
+    TEXTWORD Load(std::size_t i) const {
+        if (i / LINE_FIELDS >= m_aLines.size()) return BLANK_COLUMNS;
+        return LoadColumns(m_aLines[i / LINE_FIELDS], LINE_FIELDS * (1 + i % LINE_FIELDS));
+    }
     std::string_view Text(std::size_t i) const { return Cut(i).Text(); }
     bool IsBlank(std::size_t i) const { return Load(i) == BLANK_COLUMNS; }
 
@@ -61,8 +66,7 @@ class CColumnFields {
     double Real(std::size_t i) const {
         const T_COLUMNS_D field = Cut(i);
         double dValue = 0.0;
-        const bool bPoint = FindOthers(field.nWORD, '.') != RepeatInWord('\x80');
-        m_bOther |= !(bPoint && ReadShortReal(field.Short(), dValue)) && field.nTEXT > 0;
+        m_bOther |= !(field.HasPoint() && ReadShortReal(field.Short(), dValue)) && field.nTEXT > 0;
         return dValue;
     }
 
@@ -83,11 +87,6 @@ class CColumnFields {
     bool HasOther() const { return m_bOther; }
 
   private:
-    TEXTWORD Load(std::size_t i) const {
-        if (i / LINE_FIELDS >= m_aLines.size()) return BLANK_COLUMNS;
-        return LoadColumns(m_aLines[i / LINE_FIELDS], LINE_FIELDS * (1 + i % LINE_FIELDS));
-    }
-
     static constexpr std::size_t LINE_FIELDS = 8; // which is their width, too
 
     std::vector<std::string_view> m_aLines;

@@ -16,6 +16,7 @@ struct T_COLUMNS_D {
 
     std::string_view Text() const { return {pTEXT, nTEXT}; }
     T_SHORT_D Short() const { return {nWORD, nTEXT}; }
+    bool HasPoint() const { return FindOthers(nWORD, '.') != RepeatInWord('\x80'); }
 };
 
 constexpr TEXTWORD BLANK_COLUMNS = RepeatInWord(' ');

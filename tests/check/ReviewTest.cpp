@@ -115,6 +115,8 @@ TEST(Review, WeighsElements) {
              {"a shear panel", "CSHEAR,1,1,1,2,3,4\nPSHEAR,1,1,.5,2.\n", "5 2"},
              {"a pyramid", "CPYRAM,1,1,1,2,3,4,5\nPSOLID,1,1\n", "3.33333"},
              {"a tetrahedron of MAT9", "CTETRA,1,1,1,2,4,5\nPSOLID,1,9\nMAT9,9\n,,,,,,,,\n,,,,,,,6.\n", "1"},
+             {"properties whose ids are alike in their lower bits",
+              "CQUAD4,1,1,1,2,3,4\nCQUAD4,2,257,1,2,3,4\nCQUAD4,3,1,1,2,3,4\nPSHELL,1,1,.5\nPSHELL,257,1,.2\n", "12"},
              {"no material", std::string(QUAD) + "PSHELL,1,7,.5,,,,,3.\n", " 3"},
          }) {
         SCOPED_TRACE(rCase.sNAME);
