@@ -49,9 +49,8 @@ std::string LegendRow(const std::string& sSvg, const std::string& sName) {
 // Seen from (1, -1, 1), of the cubes side by side two tops, two fronts and one right side, of the wedge its top, front
 // and right side, of the tetrahedron its face towards the eye.
 TEST(SvgWriter, EachPartOnce) {
-    CDataPool pool;
-    FillModel(pool);
-    const std::string sSvg = Draw(pool);
+    const CStoredRun run(MODEL_CARDS);
+    const std::string sSvg = Draw(run.GetDataPool());
     const std::map<std::string, int> model = {{"solid", 9}, {"plate", 2},   {"plstrs", 1},  {"beam", 1}, {"truss", 2},
                                               {"rigid", 2}, {"elastic", 1}, {"general", 1}, {"node", 1}};
     EXPECT_EQ(CountClasses(sSvg, "model"), model);
@@ -84,9 +83,8 @@ TEST(SvgWriter, EachPartOnce) {
 }
 
 TEST(SvgWriter, TitlesNameWhatIsUnderThePointer) {
-    CDataPool pool;
-    FillModel(pool);
-    const std::string sSvg = Draw(pool);
+    const CStoredRun run(MODEL_CARDS);
+    const std::string sSvg = Draw(run.GetDataPool());
     for (const char* sTitle :
          {"solid 101, property 1, material 4", "plate 105, property 2, material 1, thickness 2.5",
           "beam 108, property 1, material 4", "beam 108, towards its reference", "truss 101, property 1, material 7",
@@ -122,17 +120,16 @@ TEST(SvgWriter, ModelsWithoutExtent) {
     CDataPool empty;
     EXPECT_TRUE(CountClasses(Draw(empty), "model").empty());
 
-    CDataPool pool;
-    FillModel(pool);
-    pool.NODS.UpdateEach([](std::int32_t, T_NODS_D& rNode) { rNode.dGX = rNode.dGY = rNode.dGZ = 7.0; });
-    const std::string sPoint = Draw(pool); // nothing is apart any more: the spring is a general link
+    std::string sCards = MODEL_CARDS;
+    for (int i = 1; i <= 24; ++i) sCards += "GRID," + std::to_string(i) + ",,7.,7.,7.\n";
+    const CStoredRun point(sCards);
+    const std::string sPoint = Draw(point.GetDataPool()); // nothing is apart any more: the spring is a general link
     EXPECT_EQ(LegendRow(sPoint, "general link"), "2");
     EXPECT_EQ(LegendRow(sPoint, "elastic link"), "no row");
 
     // 1 is of one cube, with its support; 23 of the shear panel, a rigid leg and the spring
-    pool.NODS.Update(1, [](T_NODS_D& rNode) { rNode.dGX = std::numeric_limits<double>::infinity(); });
-    pool.NODS.Update(23, [](T_NODS_D& rNode) { rNode.dGY = std::nan(""); });
-    const std::string sNowhere = Draw(pool);
+    const CStoredRun nowhere(sCards + "GRID,1,,1.E999,7.,7.\nGRID,23,9,7.,7.,7.\nCORD2R,9,,1.E999,,,1.E999,,1.\n");
+    const std::string sNowhere = Draw(nowhere.GetDataPool());
     EXPECT_NE(sNowhere.find("no numbers: 4<"), std::string::npos);
     EXPECT_EQ(sNowhere.find("nan"), std::string::npos);
     EXPECT_EQ(sNowhere.find("inf"), std::string::npos);
