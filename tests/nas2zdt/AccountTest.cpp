@@ -1,9 +1,8 @@
 // What the account says of small decks with one fault each.
 
-#include "nas2zdt/account/AccountOutput.h"
 #include "nas2zdt/text/Escape.h"
+#include "support/Accounted.h"
 #include "support/Deck.h"
-#include "support/NoDialogs.h"
 
 #include <gtest/gtest.h>
 
@@ -41,14 +40,10 @@ class AccountTest : public testing::TestWithParam<T_CASE_D> {};
 
 /// The account of a run, which converts as without one.
 CAccount Account(const std::string& sDeck) {
-    const CTempFolder folder;
-    WriteText(folder.Path("deck.dat"), sDeck);
-    CNoDialogs dialogs;
-    CAccount account;
-    CConvertNastran run(dialogs);
-    EXPECT_EQ(run.Convert(folder.Path("deck.dat"), {.pOBSERVER = &account}), 1);
-    EXPECT_EQ(ReadText(folder.Path("deck.zdt")), RunDeck(sDeck).sZDT);
-    return account;
+    T_ACCOUNTED_D run = RunAccounted(sDeck);
+    EXPECT_EQ(run.iRESULT, 1);
+    EXPECT_EQ(run.sZDT, RunDeck(sDeck).sZDT);
+    return std::move(run.account);
 }
 
 TEST_P(AccountTest, Tells) {
