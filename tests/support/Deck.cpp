@@ -121,3 +121,11 @@ std::string Sections(const std::string& sZdt, std::string_view sKeyword) {
     }
     return sFound;
 }
+
+std::string WithoutComments(const std::string& sZdt) {
+    std::string sText = "\n" + sZdt;
+    for (std::size_t i = sText.find("\n;"); i != std::string::npos; i = sText.find("\n;", i)) {
+        sText.erase(i, sText.find('\n', i + 1) - i);
+    }
+    return sText.substr(1);
+}

@@ -68,3 +68,6 @@ std::string ConvertBulk(std::string_view sCards);
 
 /// All blocks of the target file that begin with sKeyword, each through the empty line that ends it.
 std::string Sections(const std::string& sZdt, std::string_view sKeyword);
+
+/// The text without lines that are comments, which the examples have.
+std::string WithoutComments(const std::string& sZdt);
