@@ -116,6 +116,8 @@ TEST_F(LibraryTest, EndsWithCodeFileAndLine) {
         {"Loss", sLoss, [](OPTIONS& r) { r.eStrict = NAS2ZDT_STRICT_RESULTS; }, "1 in/deck.dat:0: in/deck.dat: 1 loss"},
         {"LossAllowed", sLoss, [](OPTIONS& r) { r.eStrict = NAS2ZDT_STRICT_RESULTS, r.sAllowed = " note  RBE3 "; },
          "0 :0: "},
+        {"AnyLoss", "BEGIN BULK\nGRID,1,,1.2345678\nENDDATA\n", [](OPTIONS& r) { r.eStrict = NAS2ZDT_STRICT_ANY; },
+         "1 in/deck.dat:0: in/deck.dat: 1 loss"},
         {"Strict", sLoss, [](OPTIONS& r) { r.eStrict = 3; }, "3 :0: eStrict isn't one of its numbers"},
         {"Threads", sLoss, [](OPTIONS& r) { r.nThreads = -1; }, "3 :0: the number of threads is negative"},
         {"Tolerance", sLoss, [](OPTIONS& r) { r.bTolerance = 1, r.dTolerance = HUGE_VAL; },
@@ -136,6 +138,7 @@ TEST_F(LibraryTest, DecksAndTargetsThatCantBe) {
     const std::string sNone = m_folder.Path("none/deck.dat");
     EXPECT_EQ(Nas2zdtGetCode(ConvertFile(sNone.c_str(), nullptr).get()), NAS2ZDT_DECK_NOT_OPENED);
     EXPECT_EQ(Nas2zdtGetFile(ConvertFile(sNone.c_str(), nullptr).get()), sNone);
+    EXPECT_EQ(Nas2zdtGetCode(ConvertFile("/proc/self/mem", nullptr).get()), NAS2ZDT_DECK_NOT_READ);
     EXPECT_EQ(Nas2zdtGetCode(ConvertFile(sDeck.c_str(), sNone.c_str()).get()), NAS2ZDT_NOT_WRITTEN);
     EXPECT_EQ(Nas2zdtGetFile(ConvertFile(sDeck.c_str(), sNone.c_str()).get()), sNone);
     EXPECT_EQ(Ending(ConvertFile(sDeck.c_str(), sDeck.c_str())),

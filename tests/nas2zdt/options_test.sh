@@ -110,6 +110,7 @@ expect "the account of a deck" 0 --quiet --account lossy.dat
 says "a stored row" out "  GRID            1        1        -        -        -        -        -        -"
 says "a reported row" out "  RBAR            1        -        -        1        -        -        -        -"
 says "a loss" out "  RBAR            1  reported: not converted: 3"
+says "sections" out "Sections of lossy.zdt"
 says "a section" out "  *NODE                   1        3"
 expect "strict without a loss" 0 --quiet --strict=any good.dat
 silent "strict without a loss" out err

@@ -96,6 +96,16 @@ TEST(SvgWriter, TitlesNameWhatIsUnderThePointer) {
     }
 }
 
+/// Of two forces, the second half as large: the first upwards, from the right and the left of whose tip lines go.
+TEST(SvgWriter, ArrowsOfForces) {
+    const CStoredRun run("GRID,1\nGRID,2,,1.\nFORCE,1,1,,.5,0.,0.,1.\nFORCE,1,2,,.25,1.\n");
+    const std::string sSvg = Draw(run.GetDataPool());
+    for (const char* sArrow : {"M90 246.9L90 201.9M93 207.9L90 201.9 87 207.9",
+                               "M852.8 642.3L880 658.1M873.3 657.7L880 658.1 876.3 652.5"}) {
+        EXPECT_NE(sSvg.find("<path class=\"force\" d=\"" + std::string(sArrow) + "\"/>"), std::string::npos) << sArrow;
+    }
+}
+
 TEST(SvgWriter, OneLoadCaseAtATime) {
     const CStoredRun run(
         "GRID,1\nGRID,2,,1.\nSPC1,1,123,1\nFORCE,7,2,,1.,1.\nFORCE,8,1,,2.,0.,1.\nMOMENT,8,2,,3.,1.\n");

@@ -96,6 +96,13 @@ TEST(RulesPage, IsThatOfTheRules) {
     EXPECT_EQ(sPage.substr(iTitle + sTitle.size()), MakeRulesTable()) << "scripts/make_pages.sh makes the page anew";
 }
 
+TEST(RestateText, OfMoreThanABlockOfMemory) {
+    std::string sDeck = "CEND\nBEGIN BULK\n";
+    for (int i = 10000; i < 50000; ++i) sDeck += "GRID    " + std::to_string(i) + "           1.5     2.5     3.5\n";
+    sDeck += "ENDDATA\n";
+    EXPECT_TRUE(RestateText(sDeck).sTEXT == sDeck);
+}
+
 /// A card of more than 1001 lines is lost, so an RBE2 has at most 8005 dependent grids.
 TEST(RestateLinks, LongListsAreSplit) {
     std::string sGrids;
