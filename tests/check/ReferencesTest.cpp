@@ -28,17 +28,14 @@ using LINES = std::multiset<std::string>;
 LINES ShowFindings(const std::string& sDeck) {
     const CTempFolder folder;
     const CFindings findings = FindIn(folder, sDeck);
-    const std::string sFolder = folder.Path("");
     LINES shown;
     for (const T_FINDING_D& rFinding : findings.GetAll()) {
         EXPECT_EQ(rFinding.nCOUNT, rFinding.aPLACES.size());
         for (const T_PLACED_D& rPlace : rFinding.aPLACES) {
-            std::string sText = "line " + std::to_string(rPlace.origin.iLINE) + ": " + rFinding.pKIND->sCODE + " " +
-                                (rFinding.sKEYWORD.empty() ? "-" : rFinding.sKEYWORD) + " " +
-                                std::to_string(rPlace.iID) + ": " + rPlace.sTEXT;
-            const std::size_t iFolder = sText.find(sFolder);
-            if (iFolder != std::string::npos) sText.erase(iFolder, sFolder.size());
-            shown.insert(sText);
+            const std::string sText = "line " + std::to_string(rPlace.origin.iLINE) + ": " + rFinding.pKIND->sCODE +
+                                      " " + (rFinding.sKEYWORD.empty() ? "-" : rFinding.sKEYWORD) + " " +
+                                      std::to_string(rPlace.iID) + ": " + rPlace.sTEXT;
+            shown.insert(Without(sText, folder.Path("")));
         }
     }
     return shown;

@@ -54,14 +54,6 @@ std::string Ending(const RESULT& rResult) {
            ": " + Nas2zdtGetText(p);
 }
 
-std::vector<std::string> List(const std::string& sFolder) {
-    std::vector<std::string> aNames;
-    for (const auto& rEntry : std::filesystem::directory_iterator(PathOf(sFolder))) {
-        aNames.push_back(rEntry.path().filename().string());
-    }
-    return aNames;
-}
-
 /// A folder for temporary files of its own, in which nothing may be left.
 class LibraryTest : public testing::Test {
   protected:
@@ -70,7 +62,7 @@ class LibraryTest : public testing::Test {
         SetTemporary(m_sTemporary);
     }
     void TearDown() override {
-        EXPECT_TRUE(List(m_sTemporary).empty());
+        EXPECT_TRUE(ListFolder(m_sTemporary).empty());
         SetTemporary(m_sBefore);
     }
 
@@ -281,7 +273,7 @@ TEST_F(LibraryTest, CancelledAtAnyTimeItLeavesNothing) {
     for (int i = 1; i < 40000; ++i) sDeck += "GRID," + std::to_string(i) + "\n";
     const std::string sTarget = m_folder.Path("deck.zdt");
     WriteText(sTarget, "old");
-    const std::vector<std::string> aNames = List(m_folder.Path("."));
+    const std::vector<std::string> aNames = ListFolder(m_folder.Path("."));
     T_NAS2ZDT_OPTIONS_D late = NoOptions();
     T_HEARD_D heard;
     heard.bCANCELATLOG = true;
@@ -300,7 +292,7 @@ TEST_F(LibraryTest, CancelledAtAnyTimeItLeavesNothing) {
             if (asked.nASKED <= nCancel) break; // it wasn't asked so often
             ASSERT_EQ(Ending(result), "2 deck:0: deck: cancelled") << nCancel;
             ASSERT_EQ(ReadText(sTarget), "old") << nCancel;
-            ASSERT_EQ(List(m_folder.Path(".")), aNames) << nCancel;
+            ASSERT_EQ(ListFolder(m_folder.Path(".")), aNames) << nCancel;
         }
         EXPECT_GE(nCancel, bFaithful ? 9 : 5);
         EXPECT_EQ(ReadText(sTarget).substr(0, 9), "*VERSION\n");

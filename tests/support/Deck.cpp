@@ -64,6 +64,28 @@ std::string ReadText(const std::string& sPath) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
+std::vector<std::string> ListFolder(const std::string& sFolder) {
+    std::vector<std::string> aNames;
+    for (const auto& rEntry : std::filesystem::directory_iterator(PathOf(sFolder))) {
+        aNames.push_back(rEntry.path().filename().string());
+    }
+    std::sort(aNames.begin(), aNames.end());
+    return aNames;
+}
+
+std::string Repeat(const std::string& sText, int nTimes) {
+    std::string sAll;
+    for (; nTimes > 0; --nTimes) sAll += sText;
+    return sAll;
+}
+
+std::string Without(std::string sText, const std::string& sPart) {
+    for (std::size_t i = sText.find(sPart); i != std::string::npos; i = sText.find(sPart, i)) {
+        sText.erase(i, sPart.size());
+    }
+    return sText;
+}
+
 T_RUN_D RunFile(const std::string& sPath, const T_LIMITS_D& rLimits) {
     T_RUN_D result;
     CSilentDialogs dialogs(result);
