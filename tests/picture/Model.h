@@ -7,9 +7,8 @@
 /// them plates, lines and links, and loads. Element 110 has no line in the target file; plate 113, a leg of the RBE2
 /// and a force name grids that don't exist.
 inline constexpr const char* MODEL_CARDS =
-    "GRID,1\nGRID,2,,1.\nGRID,3,,1.,1.,,,1\nGRID,4,,,1.\nGRID,5,,,,1.\nGRID,6,,1.,,1.\nGRID,7,,1.,1.,1.\nGRID,8,,,1.,1."
-    "\n"
-    "GRID,9,,2.\nGRID,10,,2.,1.\nGRID,11,,2.,,1.\nGRID,12,,2.,1.,1.\n" // with some of those the second cube
+    "GRID,1\nGRID,2,,1.\nGRID,3,,1.,1.,,,1\nGRID,4,,,1.\nGRID,5,,,,1.\nGRID,6,,1.,,1.\nGRID,7,,1.,1.,1.\n"
+    "GRID,8,,,1.,1.\nGRID,9,,2.\nGRID,10,,2.,1.\nGRID,11,,2.,,1.\nGRID,12,,2.,1.,1.\n"
     "GRID,13,,,,2.\nGRID,14,,1.,,2.\nGRID,15,,1.,1.,2.\nGRID,16,,,1.,2.\n"
     "GRID,17,,4.\nGRID,18,,5.\nGRID,19,,5.,1.\nGRID,20,,4.,1.\nGRID,21,,4.,,1.\nGRID,22,,6.\nGRID,23,,6.,1.\n"
     "GRID,24,,3.,,2.\n" // of nothing

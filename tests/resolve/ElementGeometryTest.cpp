@@ -102,7 +102,10 @@ TEST(ElementGeometry, AnglesOfLinks) {
         aAngles.push_back(std::string(sAngle) + ", ");
     }
     EXPECT_EQ(Columns(ConvertBulk(sCards), ", GPROP7, , 0, "), aAngles);
-    EXPECT_EQ(Columns(ConvertBulk("GRID,3,,,,1.\nCBUSH,1,7,99,3,1.,1.,0.\n"), ", GPROP7, , 0, "), COLUMNS{"135, "});
+    // a first grid that doesn't exist is the origin, a second one is the first
+    EXPECT_EQ(Columns(ConvertBulk("GRID,2,,1.\nGRID,3,,,,1.\nCBUSH,1,7,99,3,1.,1.,0.\nCBUSH,2,7,2,99,0.,0.,1.\n"),
+                      ", GPROP7, , 0, "),
+              (COLUMNS{"135, ", "0, "}));
 }
 
 /// The file has them as fractions of the length between positions.

@@ -16,6 +16,7 @@ struct T_SMALL_D {
     friend std::ostream& operator<<(std::ostream& rOut, const T_SMALL_D& rDeck) { return rOut << rDeck.sNAME; }
 };
 
+// the last two lines of a section of values
 #define NO_STRESS "    0, 0, 0, 0, 0, 0, 0, 0, 0, 0\n    0, 0, 0, 0, 0, 0, 0, 0\n"
 
 class SmallDeckTest : public testing::TestWithParam<T_SMALL_D> {};
