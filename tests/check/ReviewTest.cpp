@@ -68,6 +68,22 @@ TEST(Review, SumsOfTheExampleAreThoseInItsComments) {
     for (const auto& [sKey, dSum] : mapSums) ADD_FAILURE() << sKey << " isn't told";
 }
 
+/// By what the cards of a row lost, and by no others.
+TEST(Review, SaysWhyForcesDiffer) {
+    const CTempFolder folder;
+    WriteText(folder.Path("deck.dat"),
+              "BEGIN BULK\nGRID,1\nMAT1,1,2.,,.3,,,20.\nCORD2R,7,,0.,0.,0.,0.,0.,1.\n,0.,1.,0.\n"
+              "FORCE,1,1,7,1.,1.,0.,0.\nMOMENT,1,1,0,1.,1.,0.,0.\nENDDATA\n");
+    std::string sShown;
+    for (const T_REVIEWROW_D& rRow : ReviewDeck(folder.Path("deck.dat"), folder)) {
+        if (!rRow.bDIFFERS) continue;
+        sShown += rRow.sNAME + ":";
+        for (const std::string& sWhy : rRow.aWHY) sShown += " " + sWhy;
+        sShown += "\n";
+    }
+    EXPECT_EQ(sShown, "force x: FORCE: dropped: CID\nforce y: FORCE: dropped: CID\n");
+}
+
 /// The rows of masses that aren't zero: "total 2, Ixx about it 1".
 std::string ShowMasses(const std::string& sCards) {
     const CTempFolder folder;

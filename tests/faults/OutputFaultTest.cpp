@@ -19,14 +19,6 @@ namespace {
 
 const std::string OLD = "of an earlier run";
 
-/// The names in the folder, in order.
-std::vector<std::string> List(const std::string& sFolder) {
-    std::vector<std::string> aNames;
-    for (const auto& rEntry : std::filesystem::directory_iterator(sFolder)) aNames.push_back(rEntry.path().filename());
-    std::sort(aNames.begin(), aNames.end());
-    return aNames;
-}
-
 /// A deck and three outputs of an earlier run, in a folder that the test works in.
 class OutputFaultTest : public testing::Test {
   public:
@@ -76,7 +68,7 @@ class OutputFaultTest : public testing::Test {
 TEST_F(OutputFaultTest, EachCallOfARun) {
     ASSERT_EQ(Run(), "");
     const std::vector<std::string> aWhole = ReadOutputs();
-    const std::vector<std::string> aNames = List(".");
+    const std::vector<std::string> aNames = ListFolder(".");
     const std::pair<E_CALL, int> aFaults[] = {
         {CALL_OPEN, EACCES},  {CALL_FSTAT, EIO},         {CALL_READ, EIO},
         {CALL_WRITE, ENOSPC}, {CALL_WRITE, SHORT_WRITE}, {CALL_CLOSE, EIO},
@@ -96,7 +88,7 @@ TEST_F(OutputFaultTest, EachCallOfARun) {
             }
             const bool bUnread = sError.starts_with("deck.zdt: can't be read for the account: ");
             EXPECT_EQ(sError.empty(), !bOld && !bUnread) << eCall << " " << nTh << " " << sError;
-            EXPECT_EQ(List("."), aNames) << eCall << " " << nTh;
+            EXPECT_EQ(ListFolder("."), aNames) << eCall << " " << nTh;
             nOld += bOld ? 1 : 0;
             nUnread += bUnread ? 1 : 0;
         }
@@ -157,7 +149,7 @@ TEST_F(OutputFaultTest, NoSignalLeavesAnythingBehind) {
     WriteText("deck.zdt", OLD);
     std::filesystem::create_directory("tmp");
     ::setenv("TMPDIR", "tmp", 1);
-    const std::vector<std::string> aNames = List(".");
+    const std::vector<std::string> aNames = ListFolder(".");
     for (const int iSignal : {SIGHUP, SIGINT, SIGQUIT, SIGUSR1, SIGUSR2, SIGPIPE, SIGALRM, SIGTERM, SIGXCPU, SIGXFSZ,
                               SIGVTALRM, SIGPROF, SIGABRT, SIGRTMIN, SIGRTMAX}) {
         if (!Ends(iSignal)) continue;
@@ -168,8 +160,8 @@ TEST_F(OutputFaultTest, NoSignalLeavesAnythingBehind) {
             ASSERT_EQ(::waitpid(child, &iStatus, 0), child);
             EXPECT_EQ(WIFSIGNALED(iStatus) ? WTERMSIG(iStatus) : 0, bIgnored ? 0 : iSignal) << iSignal;
             EXPECT_EQ(ReadText("deck.zdt"), bIgnored ? "new" : OLD) << iSignal;
-            EXPECT_EQ(List("."), aNames) << iSignal;
-            EXPECT_TRUE(List("tmp").empty()) << iSignal;
+            EXPECT_EQ(ListFolder("."), aNames) << iSignal;
+            EXPECT_TRUE(ListFolder("tmp").empty()) << iSignal;
             WriteText("deck.zdt", OLD);
         }
     }

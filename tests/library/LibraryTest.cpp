@@ -54,14 +54,6 @@ std::string Ending(const RESULT& rResult) {
            ": " + Nas2zdtGetText(p);
 }
 
-std::vector<std::string> List(const std::string& sFolder) {
-    std::vector<std::string> aNames;
-    for (const auto& rEntry : std::filesystem::directory_iterator(PathOf(sFolder))) {
-        aNames.push_back(rEntry.path().filename().string());
-    }
-    return aNames;
-}
-
 /// A folder for temporary files of its own, in which nothing may be left.
 class LibraryTest : public testing::Test {
   protected:
@@ -70,7 +62,7 @@ class LibraryTest : public testing::Test {
         SetTemporary(m_sTemporary);
     }
     void TearDown() override {
-        EXPECT_TRUE(List(m_sTemporary).empty());
+        EXPECT_TRUE(ListFolder(m_sTemporary).empty());
         SetTemporary(m_sBefore);
     }
 
@@ -116,6 +108,8 @@ TEST_F(LibraryTest, EndsWithCodeFileAndLine) {
         {"Loss", sLoss, [](OPTIONS& r) { r.eStrict = NAS2ZDT_STRICT_RESULTS; }, "1 in/deck.dat:0: in/deck.dat: 1 loss"},
         {"LossAllowed", sLoss, [](OPTIONS& r) { r.eStrict = NAS2ZDT_STRICT_RESULTS, r.sAllowed = " note  RBE3 "; },
          "0 :0: "},
+        {"AnyLoss", "BEGIN BULK\nGRID,1,,1.2345678\nENDDATA\n", [](OPTIONS& r) { r.eStrict = NAS2ZDT_STRICT_ANY; },
+         "1 in/deck.dat:0: in/deck.dat: 1 loss"},
         {"Strict", sLoss, [](OPTIONS& r) { r.eStrict = 3; }, "3 :0: eStrict isn't one of its numbers"},
         {"Threads", sLoss, [](OPTIONS& r) { r.nThreads = -1; }, "3 :0: the number of threads is negative"},
         {"Tolerance", sLoss, [](OPTIONS& r) { r.bTolerance = 1, r.dTolerance = HUGE_VAL; },
@@ -136,6 +130,7 @@ TEST_F(LibraryTest, DecksAndTargetsThatCantBe) {
     const std::string sNone = m_folder.Path("none/deck.dat");
     EXPECT_EQ(Nas2zdtGetCode(ConvertFile(sNone.c_str(), nullptr).get()), NAS2ZDT_DECK_NOT_OPENED);
     EXPECT_EQ(Nas2zdtGetFile(ConvertFile(sNone.c_str(), nullptr).get()), sNone);
+    EXPECT_EQ(Nas2zdtGetCode(ConvertFile("/proc/self/mem", nullptr).get()), NAS2ZDT_DECK_NOT_READ);
     EXPECT_EQ(Nas2zdtGetCode(ConvertFile(sDeck.c_str(), sNone.c_str()).get()), NAS2ZDT_NOT_WRITTEN);
     EXPECT_EQ(Nas2zdtGetFile(ConvertFile(sDeck.c_str(), sNone.c_str()).get()), sNone);
     EXPECT_EQ(Ending(ConvertFile(sDeck.c_str(), sDeck.c_str())),
@@ -278,7 +273,7 @@ TEST_F(LibraryTest, CancelledAtAnyTimeItLeavesNothing) {
     for (int i = 1; i < 40000; ++i) sDeck += "GRID," + std::to_string(i) + "\n";
     const std::string sTarget = m_folder.Path("deck.zdt");
     WriteText(sTarget, "old");
-    const std::vector<std::string> aNames = List(m_folder.Path("."));
+    const std::vector<std::string> aNames = ListFolder(m_folder.Path("."));
     T_NAS2ZDT_OPTIONS_D late = NoOptions();
     T_HEARD_D heard;
     heard.bCANCELATLOG = true;
@@ -297,7 +292,7 @@ TEST_F(LibraryTest, CancelledAtAnyTimeItLeavesNothing) {
             if (asked.nASKED <= nCancel) break; // it wasn't asked so often
             ASSERT_EQ(Ending(result), "2 deck:0: deck: cancelled") << nCancel;
             ASSERT_EQ(ReadText(sTarget), "old") << nCancel;
-            ASSERT_EQ(List(m_folder.Path(".")), aNames) << nCancel;
+            ASSERT_EQ(ListFolder(m_folder.Path(".")), aNames) << nCancel;
         }
         EXPECT_GE(nCancel, bFaithful ? 9 : 5);
         EXPECT_EQ(ReadText(sTarget).substr(0, 9), "*VERSION\n");

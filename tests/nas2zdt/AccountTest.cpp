@@ -1,9 +1,8 @@
 // What the account says of small decks with one fault each.
 
-#include "nas2zdt/account/AccountOutput.h"
 #include "nas2zdt/text/Escape.h"
+#include "support/Accounted.h"
 #include "support/Deck.h"
-#include "support/NoDialogs.h"
 
 #include <gtest/gtest.h>
 
@@ -41,24 +40,14 @@ class AccountTest : public testing::TestWithParam<T_CASE_D> {};
 
 /// The account of a run, which converts as without one.
 CAccount Account(const std::string& sDeck) {
-    const CTempFolder folder;
-    WriteText(folder.Path("deck.dat"), sDeck);
-    CNoDialogs dialogs;
-    CAccount account;
-    CConvertNastran run(dialogs);
-    EXPECT_EQ(run.Convert(folder.Path("deck.dat"), {.pOBSERVER = &account}), 1);
-    EXPECT_EQ(ReadText(folder.Path("deck.zdt")), RunDeck(sDeck).sZDT);
-    return account;
+    T_ACCOUNTED_D run = RunAccounted(sDeck);
+    EXPECT_EQ(run.iRESULT, 1);
+    EXPECT_EQ(run.sZDT, RunDeck(sDeck).sZDT);
+    return std::move(run.account);
 }
 
 TEST_P(AccountTest, Tells) {
     EXPECT_EQ(Describe(Account(GetParam().sDECK)), GetParam().sACCOUNT);
-}
-
-std::string Many(const std::string& sLine, int nLines) {
-    std::string sText;
-    for (int i = 0; i < nLines; ++i) sText += sLine;
-    return sText;
 }
 
 // clang-format off
@@ -71,7 +60,7 @@ const std::vector<T_CASE_D> CASES = {
     {"CutOffByAComment", "BEGIN BULK\nGRID,1\n$\n,2.,3.\nGRID,2\n$\n", "GRID 2: 2 0 0 0 0 0 1 cut-off*1@4-4\n"},
     {"CutOffFromNothing", "BEGIN BULK\n+,1\n$\n", " 0: 0 0 0 0 0 0 1 cut-off*1@2-2\n"},
     {"CutOffAtTheEnd", "BEGIN BULK\nGRID,1\n$\n,2.", "GRID 1: 1 0 0 0 0 0 1 cut-off*1@4-4\n"},
-    {"TooManyLines", "BEGIN BULK\nGRID,1\n" + Many(",1.\n", 1002) + "GRID,2\n$\n",
+    {"TooManyLines", "BEGIN BULK\nGRID,1\n" + Repeat(",1.\n", 1002) + "GRID,2\n$\n",
         "GRID 2: 1 0 0 0 0 1 1 too-many-lines*1@2-1002 cut-off*1@1004-1004\n"},
     {"UnknownWords", "BEGIN BULK\nFOO,1\nGRID,1\nPARAM   POST    -1\nFOO\n=\n$\n",
         "= 1: 0 0 0 0 1 0 0 replication*1@6-6 unknown-word*1@6-6\nFOO 2: 0 0 0 0 2 0 0 unknown-word*2@2-2@5-5\n"

@@ -33,12 +33,7 @@ class FlattenTest : public testing::Test {
         try {
             Join();
         } catch (const CFileException& rError) {
-            std::string sText = rError.GetText();
-            const std::string sFolder = m_folder.Path("");
-            for (std::size_t i = sText.find(sFolder); i != std::string::npos; i = sText.find(sFolder)) {
-                sText.erase(i, sFolder.size());
-            }
-            return sText;
+            return Without(rError.GetText(), m_folder.Path(""));
         }
         return {};
     }

@@ -21,7 +21,11 @@ mkdir other results
 cp good.dat other/good.dat
 
 # ---- the command line
+expect "no deck" 2
+expect "version" 0 --version
+grep -Eq '^nas2zdt [0-9]+\.[0-9]+' out || fail "version text"
 expect "help fits a page" 0 --help
+grep -q '^usage: nas2zdt' out || fail "help text"
 [ "$(wc -l <out)" -le 44 ] || fail "help has more lines than a page"
 [ "$(wc -L <out)" -le 96 ] || fail "help has lines that are too long"
 for args in "--log" "--log= good.dat" "--strict=all good.dat" "--allow" "--allow= good.dat" "--account=xml good.dat" "--check=xml good.dat" "--tolerance 1 good.dat" "--check --tolerance -1 good.dat" "--check --tolerance 1x good.dat" "--quiet=1 good.dat" "-o" \
@@ -46,6 +50,18 @@ for option in -q -h -V; do expect "the short form $option" 0 $option good.dat; d
 expect "a short form with a value" 2 -q=1 good.dat
 expect "a deck behind --" 1 -- --quiet
 grep -q '^nas2zdt: --quiet: ' err || fail "a deck that looks like an option"
+
+# ---- without options
+expect "a deck converts" 0 good.dat
+says "the log on standard output" out "** Original File   : good.dat"
+silent "a deck converts" err
+cmp good.zdt one.expected || fail "the target file"
+printf 'BEGIN BULK\nINCLUDE,loop.dat\nENDDATA\n' >loop.dat
+expect "a deck that includes itself" 1 loop.dat
+mkdir blocked.zdt
+cp good.dat blocked.dat
+expect "a target that can't be written" 1 blocked.dat
+grep -q 'blocked.zdt' err || fail "name of the target"
 
 # ---- nothing of the options changes a result or a log
 expect "plain" 0 lossy.dat
@@ -94,6 +110,7 @@ expect "the account of a deck" 0 --quiet --account lossy.dat
 says "a stored row" out "  GRID            1        1        -        -        -        -        -        -"
 says "a reported row" out "  RBAR            1        -        -        1        -        -        -        -"
 says "a loss" out "  RBAR            1  reported: not converted: 3"
+says "sections" out "Sections of lossy.zdt"
 says "a section" out "  *NODE                   1        3"
 expect "strict without a loss" 0 --quiet --strict=any good.dat
 silent "strict without a loss" out err

@@ -183,6 +183,15 @@ if [ "$status" -eq 0 ]; then
     printf 'CEND\nBEGIN BULK\nGRID,1\nCROD,7,5,1,99\nENDDATA\n' >broken.dat
     expect "errors of a deck are the page's alone" 0 -q --no-warnings --report page.html broken.dat
     expect "a page of a joined deck" 0 -q --flatten --report page.html outer.dat
+    grep -q 'id="report"' page.html || fail "a page of a joined deck has no data"
+    if grep -q 'id="report".*deflate' page.html && command -v python3 >/dev/null; then
+        python3 - <<'END' || fail "the data of a page"
+import base64, json, re, zlib
+data = re.search(r'id="report"[^>]*>([^<]*)<', open("page.html").read())[1]
+page = json.loads(zlib.decompress(base64.b64decode(data)))
+assert page["version"] == 1 and [file["name"] for file in page["files"]] == ["outer.dat", "PART.INC"]
+END
+    fi
     ln PART.INC hard.html
     for args in "--report hard.html outer.dat|hard.html: would overwrite the deck PART.INC" \
         "-o x.html --report x.html good.dat|x.html: the report would overwrite the result of good.dat" \

@@ -49,9 +49,8 @@ std::string LegendRow(const std::string& sSvg, const std::string& sName) {
 // Seen from (1, -1, 1), of the cubes side by side two tops, two fronts and one right side, of the wedge its top, front
 // and right side, of the tetrahedron its face towards the eye.
 TEST(SvgWriter, EachPartOnce) {
-    CDataPool pool;
-    FillModel(pool);
-    const std::string sSvg = Draw(pool);
+    const CStoredRun run(MODEL_CARDS);
+    const std::string sSvg = Draw(run.GetDataPool());
     const std::map<std::string, int> model = {{"solid", 9}, {"plate", 2},   {"plstrs", 1},  {"beam", 1}, {"truss", 2},
                                               {"rigid", 2}, {"elastic", 1}, {"general", 1}, {"node", 1}};
     EXPECT_EQ(CountClasses(sSvg, "model"), model);
@@ -84,9 +83,8 @@ TEST(SvgWriter, EachPartOnce) {
 }
 
 TEST(SvgWriter, TitlesNameWhatIsUnderThePointer) {
-    CDataPool pool;
-    FillModel(pool);
-    const std::string sSvg = Draw(pool);
+    const CStoredRun run(MODEL_CARDS);
+    const std::string sSvg = Draw(run.GetDataPool());
     for (const char* sTitle :
          {"solid 101, property 1, material 4", "plate 105, property 2, material 1, thickness 2.5",
           "beam 108, property 1, material 4", "beam 108, towards its reference", "truss 101, property 1, material 7",
@@ -95,6 +93,16 @@ TEST(SvgWriter, TitlesNameWhatIsUnderThePointer) {
           "node 1 at 0, 0, 0, held 123456", "node 3 at 1, 1, 0, held 1", "force on node 15: 0, 0, 10, load case 1",
           "pressure on element 102: 0, 0, 2, 0, load case 1", "gravity: 0, 0, -9.81, load case 1"}) {
         EXPECT_NE(sSvg.find("<title>" + std::string(sTitle) + "</title>"), std::string::npos) << sTitle;
+    }
+}
+
+/// Of two forces, the second half as large: the first upwards, from the right and the left of whose tip lines go.
+TEST(SvgWriter, ArrowsOfForces) {
+    const CStoredRun run("GRID,1\nGRID,2,,1.\nFORCE,1,1,,.5,0.,0.,1.\nFORCE,1,2,,.25,1.\n");
+    const std::string sSvg = Draw(run.GetDataPool());
+    for (const char* sArrow : {"M90 246.9L90 201.9M93 207.9L90 201.9 87 207.9",
+                               "M852.8 642.3L880 658.1M873.3 657.7L880 658.1 876.3 652.5"}) {
+        EXPECT_NE(sSvg.find("<path class=\"force\" d=\"" + std::string(sArrow) + "\"/>"), std::string::npos) << sArrow;
     }
 }
 
@@ -122,17 +130,16 @@ TEST(SvgWriter, ModelsWithoutExtent) {
     CDataPool empty;
     EXPECT_TRUE(CountClasses(Draw(empty), "model").empty());
 
-    CDataPool pool;
-    FillModel(pool);
-    pool.NODS.UpdateEach([](std::int32_t, T_NODS_D& rNode) { rNode.dGX = rNode.dGY = rNode.dGZ = 7.0; });
-    const std::string sPoint = Draw(pool); // nothing is apart any more: the spring is a general link
+    std::string sCards = MODEL_CARDS;
+    for (int i = 1; i <= 24; ++i) sCards += "GRID," + std::to_string(i) + ",,7.,7.,7.\n";
+    const CStoredRun point(sCards);
+    const std::string sPoint = Draw(point.GetDataPool()); // nothing is apart any more: the spring is a general link
     EXPECT_EQ(LegendRow(sPoint, "general link"), "2");
     EXPECT_EQ(LegendRow(sPoint, "elastic link"), "no row");
 
     // 1 is of one cube, with its support; 23 of the shear panel, a rigid leg and the spring
-    pool.NODS.Update(1, [](T_NODS_D& rNode) { rNode.dGX = std::numeric_limits<double>::infinity(); });
-    pool.NODS.Update(23, [](T_NODS_D& rNode) { rNode.dGY = std::nan(""); });
-    const std::string sNowhere = Draw(pool);
+    const CStoredRun nowhere(sCards + "GRID,1,,1.E999,7.,7.\nGRID,23,9,7.,7.,7.\nCORD2R,9,,1.E999,,,1.E999,,1.\n");
+    const std::string sNowhere = Draw(nowhere.GetDataPool());
     EXPECT_NE(sNowhere.find("no numbers: 4<"), std::string::npos);
     EXPECT_EQ(sNowhere.find("nan"), std::string::npos);
     EXPECT_EQ(sNowhere.find("inf"), std::string::npos);

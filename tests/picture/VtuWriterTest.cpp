@@ -8,9 +8,8 @@ namespace {
 
 TEST(VtuWriter, PartsWithAllTheirNodes) {
     const CTempFolder folder;
-    CDataPool pool;
-    FillModel(pool);
-    EXPECT_EQ(WriteVtu(pool, folder.Path("model.vtu")).nPARTS, 2u); // a plate and a leg of the rigid link
+    const CStoredRun run(MODEL_CARDS);
+    EXPECT_EQ(WriteVtu(run.GetDataPool(), folder.Path("model.vtu")).nPARTS, 2u); // a plate and a leg of the rigid link
     const std::string sVtu = ReadText(folder.Path("model.vtu"));
     EXPECT_NE(sVtu.find("<Piece NumberOfPoints=\"24\" NumberOfCells=\"16\">"), std::string::npos);
 }

@@ -6,8 +6,8 @@
 int main(int nArgs, char** aArgs) {
     if (nArgs != 2) return 2;
     const std::string sFolder = std::string(aArgs[1]) + "/";
-    CDataPool model;
-    FillModel(model);
+    const CStoredRun run(MODEL_CARDS);
+    const CDataPool& model = run.GetDataPool();
     CSvgPicture(model).Write("<model> & \xFF", sFolder + "model.svg");
     WriteVtu(model, sFolder + "model.vtu");
     const CDataPool empty;

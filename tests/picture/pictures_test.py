@@ -41,7 +41,7 @@ CELL_VALUES = {
     "Pressure case 1": {102: 0.5, 105: -0.5},
 }
 GRAVITY = [0, 0, -9.81]
-NAMES = {"Property": [(2, "PSHELL 2"), (6, "PBUSH 6")], "Material": [(4, "MAT1 4")]}
+NAMES = {"Property": [(1, "PSOLID 1"), (2, "PSHELL 2"), (3, "PELAS 3"), (6, "PBUSH 6")], "Material": [(4, "MAT1 4")]}
 
 
 def others(ids, values):

@@ -29,17 +29,6 @@ std::string WithCarriageReturns(const std::string& sDeck) {
 
 class PropertyTest : public testing::TestWithParam<std::uint64_t> {};
 
-TEST_P(PropertyTest, ADeckGivesTheSameBytesTwice) {
-    const CTempFolder folder;
-    const std::string sPath = folder.Path("deck.dat");
-    WriteText(sPath, CDeckMaker(GetParam()).Deck());
-    const T_RUN_D first = RunFile(sPath);
-    const T_RUN_D second = RunFile(sPath);
-    EXPECT_EQ(first.sZDT, second.sZDT);
-    EXPECT_EQ(first.aSHOWN, second.aSHOWN);
-    EXPECT_LE(first.aSHOWN.size(), 200u);
-}
-
 /// A carriage return is trimmed from free fields and taken from large ones. A small field keeps it, unless the line
 /// reaches behind its last field.
 TEST_P(PropertyTest, LineEndingsDoNotMatterWhereNoFieldCanHoldOne) {

@@ -27,12 +27,6 @@ TEST_P(DeckReaderTest, Gives) {
     EXPECT_EQ(run.aLOG, GetParam().aLOG);
 }
 
-std::string Lines(const std::string& sLine, int nLines) {
-    std::string sText;
-    for (int i = 0; i < nLines; ++i) sText += sLine;
-    return sText;
-}
-
 const std::string IGNORED = "A line that generates cards automatically is ignored. (after Line:";
 
 const std::vector<T_DECK_D> DECKS = {
@@ -67,13 +61,13 @@ const std::vector<T_DECK_D> DECKS = {
     {"LoneReturnIsALine", "BEGIN BULK\r\nGRID,1\r\n\r\nGRID,2\r\n$\r\n", "  1, 0, 0, 0\n  2, 0, 0, 0\n", {}},
     {"CommentPartsACard", "BEGIN BULK\nGRID,1,,1.\n$\n,,,,2.\nGRID,2\n$\n", "  1, 1, 0, 0\n  2, 0, 0, 0\n", {}},
     {"ColonInColumn1IsBlank", "BEGIN BULK\nGRID,1\n:GRID,2\nGRID,3\n$\n", "  1, 0, 0, 0\n  3, 0, 0, 0\n", {}},
-    {"MostLinesOfACard", "BEGIN BULK\nGRID,1\n" + Lines("+\n", 1000) + "$\n", "  1, 0, 0, 0\n", {}},
+    {"MostLinesOfACard", "BEGIN BULK\nGRID,1\n" + Repeat("+\n", 1000) + "$\n", "  1, 0, 0, 0\n", {}},
     {"TooManyLines",
-     "BEGIN BULK\nGRID,1\n" + Lines("+\n", 1001) + "GRID,2\n$\n",
+     "BEGIN BULK\nGRID,1\n" + Repeat("+\n", 1001) + "GRID,2\n$\n",
      "  2, 0, 0, 0\n",
      {"A card has too many lines and is left out. (Line:2~1003)"}},
     {"TooManyLinesTwice",
-     "BEGIN BULK\nGRID,1\n" + Lines("+\n", 2004) + "GRID,2\n$\n",
+     "BEGIN BULK\nGRID,1\n" + Repeat("+\n", 2004) + "GRID,2\n$\n",
      "  2, 0, 0, 0\n",
      {"A card has too many lines and is left out. (Line:2~1003)",
       "A card has too many lines and is left out. (Line:1004~2005)"}},

@@ -105,6 +105,7 @@ constexpr const char* MODEL = "GRID,1,,10.,0.,0.,,456\n"
                               "SPC1,1,13,2,4\n"
                               "FORCE,1,3,,2.,0.,-1.,0.\n"
                               "GRAV,1,,9.5,0.,0.,-1.\n"
+                              "SPCD,1,2,1,.5\n"
                               "PLOAD4,4,7,2.,,,,,,+\n"
                               "+,,0.,0.,-1.\n"
                               "LOAD,9,1.,2.,1,.5,4\n";
@@ -164,22 +165,22 @@ TEST(ReportBlocks, WholeModel) {
     EXPECT_EQ(Floats("beam-y"), (FLOATS{-2}));
     EXPECT_EQ(Floats("beam-z"), (FLOATS{-2}));
 
-    EXPECT_EQ(Small("load-type"),
-              (std::vector<int>{LOADROW_GRAVITY, LOADROW_FORCE, LOADROW_PRESSURE, LOADROW_DIRECTION}));
-    EXPECT_EQ(Ints("load-id"), (INTS{0, 3, 7, 7}));
-    EXPECT_EQ(Floats("load-0"), (FLOATS{0, 0, 2, 0}));
-    EXPECT_EQ(Floats("load-1"), (FLOATS{0, -2, 2, 0}));
-    EXPECT_EQ(Floats("load-2"), (FLOATS{-9.5, 0, 2, -1}));
-    EXPECT_EQ(Floats("load-3"), (FLOATS{0, 0, 2, 0}));
+    EXPECT_EQ(Small("load-type"), (std::vector<int>{LOADROW_GRAVITY, LOADROW_FORCE, LOADROW_DISPLACEMENT,
+                                                    LOADROW_PRESSURE, LOADROW_DIRECTION}));
+    EXPECT_EQ(Ints("load-id"), (INTS{0, 3, 2, 7, 7}));
+    EXPECT_EQ(Floats("load-0"), (FLOATS{0, 0, 0.5, 2, 0}));
+    EXPECT_EQ(Floats("load-1"), (FLOATS{0, -2, 0, 2, 0}));
+    EXPECT_EQ(Floats("load-2"), (FLOATS{-9.5, 0, 0, 2, -1}));
+    EXPECT_EQ(Floats("load-3"), (FLOATS{0, 0, 0, 2, 0}));
 }
 
 TEST(ReportBlocks, CasesAndTheirMost) {
     const CStoredRun run(MODEL);
-    const T_LOADTABLE_D table = CollectLoadRows(run.GetDataPool(), 3);
+    const T_LOADTABLE_D table = CollectLoadRows(run.GetDataPool(), 4);
     ASSERT_EQ(table.aCASES.size(), 2u); // in the order of the file
     EXPECT_EQ(table.aCASES[0].iSID, 1);
-    EXPECT_EQ(table.aCASES[0].nROWS, 2u);
-    EXPECT_EQ(table.aCASES[1].iFIRST, 2u);
+    EXPECT_EQ(table.aCASES[0].nROWS, 3u);
+    EXPECT_EQ(table.aCASES[1].iFIRST, 3u);
     EXPECT_EQ(table.aCASES[1].nROWS, 1u);
     EXPECT_EQ(table.nLEFTOUT, 1u);
 }
@@ -205,7 +206,7 @@ TEST(ReportDeckText, WholeOrWantedLines) {
     const std::vector<std::string> aNames = {folder.Path("a"), folder.Path("none"), folder.Path("b")};
     WriteText(aNames[0], "  one\ntwo  \r\nthree\n");
     WriteText(aNames[2], "four\nfive");
-    const std::set<T_LINES_D> wanted = {{0, 1, 2}, {0, 2, 2}, {2, 2, 9}};
+    const std::set<T_LINES_D> wanted = {{0, 1, 2}, {0, 2, 2}, {0, 7, 7}, {2, 2, 9}};
     const auto Write = [&](std::uint64_t nMost, std::string& rJson) {
         return Blocks([&](CFile& rFile) { rJson = CDeckText(aNames, wanted, nMost).Write(rFile); });
     };

@@ -34,6 +34,9 @@ INSTANTIATE_TEST_SUITE_P(Cases, GridPositionTest, testing::ValuesIn<T_CASE_D>({
      "CORD2R,5,,1.,,,1.,,1.\n"
      "GRID,1,5,4.,,.5\n",
      "  1, -3, 0, 0.5\n"},
+    {"PointsOnALineOrInOnePlace",
+     "CORD2R,5,,1.,2.,3.,1.,2.,5.\n,1.,2.,9.\nCORD2R,6,,1.,2.,3.,1.,2.,3.\n,4.,5.,6.\nGRID,1,5,7.,8.,9.\nGRID,2,6,7.,8.,9.\n",
+     "  1, 1, 2, 12\n  2, 1, 2, 3\n"},
     {"QuarterTurnOfACylinder", // the ten digits of pi leave a trace: 2 cos(90 pi / 180)
      "CORD2C,4,,,,,,,1.\n,1.\n"
      "GRID,1,4,2.,90.,5.\n",

@@ -1,180 +1,132 @@
-// Reference points of line elements, angles of links, lengths.
+// Reference points of line elements, angles of links, lengths, loads whose direction is given by grids.
 
-#include "messages/ZdtMsgMgr.h"
-#include "store/DataPool.h"
-#include "support/NoDialogs.h"
-#include "support/Text.h"
+#include "support/Deck.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cmath>
-#include <ostream>
-#include <utility>
+#include <sstream>
 
 namespace {
 
-/// A model with a log.
-class CModel : public CDataPool {
-  public:
-    CModel() { m_pMsgMgr = &m_log; }
-
-    void AddNode(std::int32_t iID, double dX, double dY, double dZ) {
-        T_NODS_D node;
-        node.dX1 = node.dGX = dX;
-        node.dX2 = node.dGY = dY;
-        node.dX3 = node.dGZ = dZ;
-        SetNODS(iID, node);
+/// The last columns of the lines that hold sMark, as they stand in the file: "0, 0, 1" and so on.
+std::vector<std::string> Columns(const std::string& sZdt, const std::string& sMark) {
+    std::vector<std::string> aColumns;
+    std::istringstream text(sZdt);
+    for (std::string sLine; std::getline(text, sLine);) {
+        const std::size_t i = sLine.find(sMark);
+        if (i != std::string::npos) aColumns.push_back(sLine.substr(i + sMark.size()));
     }
+    return aColumns;
+}
 
-    void AddLine(std::int32_t iID, std::int32_t iType, std::int32_t iNode1, std::int32_t iNode2, std::int32_t iG0) {
-        T_ELEM_D element;
-        element.iTYPE = iType;
-        element.iNODE.Set(0, iNode1);
-        element.iNODE.Set(1, iNode2);
-        element.iG0 = iG0;
-        SetELEM(iID, element);
-    }
-
-    std::string Orientation(std::int32_t iID) const {
-        const T_ELEM_D rElement = *ELEM.Find(iID);
-        return Text(rElement.bVECTOR) + ": " + Text(rElement.dX1, rElement.dX2, rElement.dX3);
-    }
-
-    std::string Beta(std::int32_t iNode1, std::int32_t iNode2, double dVX, double dVY, double dVZ) const {
-        double dAngle = 7.0;
-        ComputeBetaAngle(iNode1, iNode2, dVX, dVY, dVZ, dAngle);
-        return Text(dAngle);
-    }
-
-    const std::vector<std::string>& GetLog() const { return m_log.GetMessages(); }
-
-  private:
-    CNoDialogs m_dialogs;
-    CZdtMsgMgr m_log{m_dialogs};
-};
-
-struct T_LINE_CASE_D {
-    const char* sNAME;
-    double dFROM[3], dTO[3], dVECTOR[3];
-    const char* sPOINT;
-    friend std::ostream& operator<<(std::ostream& rOut, const T_LINE_CASE_D& rCase) { return rOut << rCase.sNAME; }
-};
-
-class ReferencePointTest : public testing::TestWithParam<T_LINE_CASE_D> {};
+using COLUMNS = std::vector<std::string>;
 
 } // namespace
 
-TEST_P(ReferencePointTest, ByVectorAndByGrid) {
-    const auto& [sName, dFrom, dTo, dVector, sPoint] = GetParam();
-    CModel model;
-    model.AddNode(1, dFrom[0], dFrom[1], dFrom[2]);
-    model.AddNode(2, dTo[0], dTo[1], dTo[2]);
-    model.AddNode(3, dFrom[0] + dVector[0], dFrom[1] + dVector[1], dFrom[2] + dVector[2]);
-    model.AddLine(10, TYPE_BAR, 1, 2, 0);
-    model.ELEM.Update(10, [&rVector = dVector](T_ELEM_D& rByVector) {
-        rByVector.bVECTOR = 1;
-        rByVector.dX1 = rVector[0];
-        rByVector.dX2 = rVector[1];
-        rByVector.dX3 = rVector[2];
-    });
-    model.AddLine(11, TYPE_BUSH, 1, 2, 3);
-    model.ResolveElementOrientations();
-    EXPECT_EQ(model.Orientation(10), "1: " + std::string(sPoint));
-    EXPECT_EQ(model.Orientation(11), "1: " + std::string(sPoint));
+TEST(ElementOrientations, ReferencePointsByVectorAndByGrid) {
+    const struct {
+        const char *sFROM, *sTO, *sVECTOR, *sGRID; // the last is where the vector ends
+        const char* sPOINT;
+    } CASES[] = {
+        {"0.,0.,0.", "1.,0.,0.", "0.,1.,0.", "0.,1.,0.", "0, 0, 1"},
+        {"0.,0.,0.", "1.,0.,0.", "0.,0.,1.", "0.,0.,1.", "0, -1, 0"},
+        {"1.,1.,1.", "1.,3.,1.", "0.,0.,1.", "1.,1.,2.", "2, 1, 1"},
+        {"0.,0.,0.", "0.,0.,1.", "1.,0.,0.", "1.,0.,0.", "0, 1, 0"},
+        {"0.,0.,1.", "0.,0.,0.", "1.,0.,0.", "1.,0.,1.", "0, -1, 1"},
+        {"0.,0.,0.", "2.,2.,2.", "1.,0.,0.", "1.,0.,0.", "0.333333, 0.910684, -0.244017"},
+        {"1.,1.,1.", "1.,1.,1.", "1.,0.,0.", "2.,1.,1.", "1, 2, 1"}, // no length
+    };
+    for (const auto& r : CASES) {
+        const std::string sCards = std::string("GRID,1,,") + r.sFROM + "\nGRID,2,," + r.sTO + "\nGRID,3,," + r.sGRID +
+                                   "\nCBAR,1,9,1,2," + r.sVECTOR + "\nCBEAM,2,9,1,2,3\n";
+        EXPECT_EQ(Columns(ConvertBulk(sCards), "REF, "), COLUMNS(2, r.sPOINT)) << sCards;
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, ReferencePointTest,
-                         testing::ValuesIn<T_LINE_CASE_D>({
-                             {"AlongX", {0, 0, 0}, {1, 0, 0}, {0, 1, 0}, "0 0 1"},
-                             {"AlongXUp", {0, 0, 0}, {1, 0, 0}, {0, 0, 1}, "0 -1 0"},
-                             {"AlongY", {1, 1, 1}, {1, 3, 1}, {0, 0, 1}, "2 1 1"},
-                             {"AlongZ", {0, 0, 0}, {0, 0, 1}, {1, 0, 0}, "0 1 0"},
-                             {"Downward", {0, 0, 1}, {0, 0, 0}, {1, 0, 0}, "0 -1 1"},
-                             {"Slanted", {0, 0, 0}, {2, 2, 2}, {1, 0, 0}, "0.333333 0.910684 -0.244017"},
-                             {"NoLength", {1, 1, 1}, {1, 1, 1}, {1, 0, 0}, "1 2 1"},
-                         }),
-                         [](const auto& rInfo) { return std::string(rInfo.param.sNAME); });
+TEST(ElementOrientations, WhatCardsSay) { // a blank or a number without a point in X1 makes a grid of the vector
+    EXPECT_EQ(Columns(ConvertBulk("GRID,1\nGRID,2,,1.\nGRID,3,,,,1.\nCBAR,1,9,1,2\nCBAR,2,9,1,2,1.0\n"
+                                  "CBEAM,3,9,1,2,.5,-1,3.-1\nCBAR,4,9,1,2,3,0.,1.\nCBAR,5,9,1,2,,1.0\n"
+                                  "CBAR,6,9,1,2,3E1,0.,0.\nCBAR,8,9,1,2,0.,1.,0.,GGG\n,456,,.1,.2,.3,.4\n"),
+                      "REF, "),
+              (COLUMNS{"0, 0, 0", "1, 0, 0", "0.5, -0.3, -1", "0, -1, 0", "0, 0, 0", "0, -1, 0", "0, 0, 1"}));
+}
 
 TEST(ElementOrientations, WhatIsMissingStaysAndIsLoggedInStoreOrder) {
-    CModel model;
-    model.AddNode(1, 0, 0, 0);
-    model.AddNode(2, 1, 0, 0);
-    model.AddNode(3, 0, 1, 0);
-    model.AddLine(50, TYPE_BAR, 1, 2, 9);
-    model.AddLine(100, TYPE_BEAM, 1, 2, 0);
-    model.AddLine(20, TYPE_GAP, 8, 9, 3);
-    model.AddLine(30, TYPE_ROD, 1, 9, 0);
-    model.AddLine(31, TYPE_BEND, 1, 2, 9);
-    model.AddLine(32, TYPE_TUBE, 1, 2, 0);
-    model.AddLine(33, TYPE_BAR, 1, 2, 3);
-    model.AddLine(34, TYPE_PLATE, 1, 9, 9);
-    model.ELEM.Update(34, [](T_ELEM_D& rPlate) { rPlate.iSUBTYPE = SHAPE_TRIA3; });
-    model.ResolveElementOrientations();
-    EXPECT_EQ(model.GetLog(), (std::vector<std::string>{"Element 20: its first grid doesn't exist.",
-                                                        "Element 30: its second grid doesn't exist.",
-                                                        "Element 100: its orientation grid 0 doesn't exist.",
-                                                        "Element 50: its orientation grid 9 doesn't exist."}));
-    for (const std::int32_t iID : {20, 30, 31, 32, 34, 50, 100}) EXPECT_EQ(model.Orientation(iID), "0: 0 0 0") << iID;
-    EXPECT_EQ(model.Orientation(33), "1: 0 0 1");
+    const T_RUN_D run = RunBulk("GRID,1\nGRID,2,,1.\nGRID,3,,,1.\nCBAR,50,1,1,2,9\nCBEAM,100,1,1,2,0\n"
+                                "CGAP,20,1,8,9,3\nCROD,30,1,1,9\nCBEND,31,1,1,2,9\nCTUBE,32,1,1,2\nCBAR,33,1,1,2,3\n"
+                                "CTRIA3,34,1,1,9,9\n");
+    EXPECT_EQ(run.aLOG,
+              (COLUMNS{"Element 20: its first grid doesn't exist.", "Element 30: its second grid doesn't exist.",
+                       "Element 100: its orientation grid 0 doesn't exist.",
+                       "Element 50: its orientation grid 9 doesn't exist."}));
+    EXPECT_EQ(Columns(run.sZDT, "REF, "), (COLUMNS{"0, 0, 1", "0, 0, 0", "0, 0, 0"}));
 }
 
-TEST(ElementGeometry, BetaAngle) {
-    CModel model;
-    model.AddNode(1, 0, 0, 0);
-    model.AddNode(2, 1, 0, 0);
-    model.AddNode(3, 0, 0, 1);
-    model.AddNode(4, 1, 0, 1);
-    model.AddNode(5, 0, 0, 0);
-    model.NODS.Update(2, [](T_NODS_D& rNode) { rNode.dGZ = 5.0; }); // the card's coordinates count
-    EXPECT_EQ(model.Beta(1, 2, 0, 0, 0), "0");
-    EXPECT_EQ(model.Beta(1, 2, 3, 0, 0), "0");  // along the element
-    EXPECT_EQ(model.Beta(1, 5, 1, 0, 0), "0");  // no length
-    EXPECT_EQ(model.Beta(2, 99, 0, 0, 1), "0"); // no second node: the first
-    // vertical
-    EXPECT_EQ(model.Beta(1, 3, 1, 0, 0), "90");
-    EXPECT_EQ(model.Beta(1, 3, -1, 0, 0), "270");
-    EXPECT_EQ(model.Beta(1, 3, 0, 1, 0), "180");
-    EXPECT_EQ(model.Beta(99, 3, 1, 1, 0), "135"); // no first node: the origin
-    // level
-    EXPECT_EQ(model.Beta(1, 2, 0, 1, 0), "0");
-    EXPECT_EQ(model.Beta(1, 2, 0, 0, 1), "90");
-    EXPECT_EQ(model.Beta(1, 2, 0, -1, 0), "180");
-    // slanted
-    EXPECT_EQ(model.Beta(1, 4, 0, 1, 0), "-90");
-    EXPECT_EQ(model.Beta(1, 4, 0, 0, 1), "0");
-    EXPECT_EQ(model.Beta(1, 4, 0, -1, 0), "90");
-    // nearly vertical or level, and a little less so
-    const double NEAR = 0.00009, FAR = 0.00011;
-    const std::pair<std::array<double, 3>, const char*> aEnds[] = {
-        {{NEAR, 0, 1}, "180"}, {{FAR, 0, 1}, "-90"}, {{-NEAR, 0, 1}, "180"}, {{-FAR, 0, 1}, "90"},
-        {{0, NEAR, 1}, "180"}, {{0, FAR, 1}, "0"},   {{0, -NEAR, 1}, "180"}, {{0, -FAR, 1}, "0"}};
-    for (const auto& [dEnd, sAngle] : aEnds) {
-        model.AddNode(6, dEnd[0], dEnd[1], dEnd[2]);
-        EXPECT_EQ(model.Beta(1, 6, 0, 1, 0), sAngle) << Text(dEnd[0], dEnd[1], dEnd[2]);
+TEST(ElementGeometry, AnglesOfLinks) {
+    const std::pair<const char*, const char*> CASES[] = {
+        {"2,0.,0.,0.", "0"},
+        {"2,3.,0.,0.", "0"}, // along the link
+        // upright
+        {"3,1.,0.,0.", "90"},
+        {"3,-1.,0.,0.", "270"},
+        {"3,0.,1.,0.", "180"},
+        // level, though the position of grid 2 isn't: the card's coordinates count
+        {"2,0.,1.,0.", "0"},
+        {"2,0.,0.,1.", "90"},
+        {"2,0.,-1.,0.", "180"},
+        // slanted
+        {"4,0.,1.,0.", "-90"},
+        {"4,0.,0.,1.", "0"},
+        {"4,0.,-1.,0.", "90"},
+        // nearly upright or level, and a little less so
+        {"11,0.,1.,0.", "180"},
+        {"12,0.,1.,0.", "-90"},
+        {"13,0.,1.,0.", "180"},
+        {"14,0.,1.,0.", "90"},
+        {"15,0.,1.,0.", "180"},
+        {"16,0.,1.,0.", "0"},
+        {"17,0.,1.,0.", "180"},
+        {"18,0.,1.,0.", "0"},
+        {"21,0.,0.,1.", "90"},
+        {"22,0.,0.,1.", "90"},
+        {"23,0.,0.,1.", "0"},
+        {"24,0.,0.,1.", "0"},
+    };
+    std::string sCards = "CORD2R,5,,0.,0.,5.,0.,0.,6.\n,1.,0.,5.\nGRID,1\nGRID,2,5,1.\nGRID,3,,,,1.\nGRID,4,,1.,,1.\n"
+                         "GRID,11,,9.-5,,1.\nGRID,12,,11.-5,,1.\nGRID,13,,-9.-5,,1.\nGRID,14,,-11.-5,,1.\n"
+                         "GRID,15,,,9.-5,1.\nGRID,16,,,11.-5,1.\nGRID,17,,,-9.-5,1.\nGRID,18,,,-11.-5,1.\n"
+                         "GRID,21,,1.,,9.-5\nGRID,22,,1.,,-9.-5\nGRID,23,,1.,,11.-5\nGRID,24,,1.,,-11.-5\n";
+    COLUMNS aAngles;
+    for (const auto& [sFields, sAngle] : CASES) {
+        sCards += "CBUSH," + std::to_string(aAngles.size() + 101) + ",7,1," + sFields + "\n";
+        aAngles.push_back(std::string(sAngle) + ", ");
     }
-    for (const double dZ : {NEAR, -NEAR, FAR, -FAR}) {
-        model.AddNode(6, 1, 0, dZ);
-        EXPECT_EQ(model.Beta(1, 6, 0, 0, 1), std::fabs(dZ) == NEAR ? "90" : "0") << dZ;
-    }
+    EXPECT_EQ(Columns(ConvertBulk(sCards), ", GPROP7, , 0, "), aAngles);
+    // a first grid that doesn't exist is the origin, a second one is the first
+    EXPECT_EQ(Columns(ConvertBulk("GRID,2,,1.\nGRID,3,,,,1.\nCBUSH,1,7,99,3,1.,1.,0.\nCBUSH,2,7,2,99,0.,0.,1.\n"),
+                      ", GPROP7, , 0, "),
+              (COLUMNS{"135, ", "0, "}));
 }
 
-TEST(ElementGeometry, Length) {
-    CModel model;
-    model.AddNode(1, 0, 0, 0);
-    model.AddNode(2, 7, 7, 7);
-    model.NODS.Update(2, [](T_NODS_D& rNode) { // the position counts
-        rNode.dGX = 3.0;
-        rNode.dGY = 4.0;
-        rNode.dGZ = 12.0;
-    });
-    model.AddLine(1, TYPE_BAR, 1, 2, 0);
-    model.AddLine(2, TYPE_BAR, 2, 99, 0);
-    double dLength = 0.0;
-    EXPECT_EQ(model.ComputeElementLength(1, dLength), 1);
-    EXPECT_EQ(dLength, 13.0);
-    model.ComputeElementLength(2, dLength);
-    EXPECT_EQ(dLength, 13.0);
-    EXPECT_EQ(model.ComputeElementLength(99, dLength), 1);
-    EXPECT_EQ(dLength, 0.0);
+/// The file has them as fractions of the length between positions.
+TEST(ElementGeometry, Lengths) {
+    const std::string sZdt =
+        ConvertBulk("CORD2R,5,,-4.,-3.,5.,-4.,-3.,6.\n,-3.,-3.,5.\nGRID,1\nGRID,2,5,7.,7.,7.\n"
+                    "CBAR,1,1,1,2\nCBAR,2,1,2,99\nPLOAD1,1,1,FZ,LE,1.3,1.\nPLOAD1,1,2,FZ,LE,2.6,1.\n");
+    EXPECT_EQ(Columns(sZdt, "GZ,    NO,     "), (COLUMNS{"0.1,     1,     0,     0,     0,     0,     0,     0",
+                                                         "0.2,     1,     0,     0,     0,     0,     0,     0"}));
+}
+
+/// In store order set 3 comes first. Its first load has no direction and follows the last of set 1.
+TEST(LoadDirections, SetsByAscendingId) {
+    const std::string sZdt = ConvertBulk(
+        "CORD2R,5,,-97.,,,-97.,,1.\n,-96.\n" // the position counts, not what the card says
+        "GRID,1\nGRID,2,,,3.,4.\nGRID,3,5,98.\nGRID,4,,,1.\nGRID,5,,,,2.\nGRID,6\n"
+        "FORCE1,3,11,2.,1,6\nFORCE2,3,12,1.,1,3,1,4\nMOMENT2,3,13,2.,1,4,1,3\n"
+        "FORCE1,1,21,5.,6,1\nFORCE1,1,22,10.,1,2\nMOMENT1,1,23,-10.,2,1\nMOMENT1,1,24,3.,4,4\nFORCE,1,25,,7.,1.\n"
+        "FORCE1,1,26,1.,5,99\nGRAV,2,,0.\n");
+    EXPECT_EQ(Columns(sZdt, "   "),
+              (COLUMNS{"11,  0, 0, -2, 0, 0, 0", "12,  0, 0, 1, 0, 0, 0", "13,  0, 0, 0, 0, 0, -2",
+                       "22,  0, 6, 8, 0, 0, 0", "25,  7, 0, 0, 0, 0, 0", "26,  0, 0, -1, 0, 0, 0",
+                       "23,  0, 0, 0, -0, 6, 8", "24,  0, 0, 0, 0, -1.8, -2.4"}));
 }

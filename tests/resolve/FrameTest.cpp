@@ -1,4 +1,4 @@
-// Frames, chains of frames, and the vector operations under them.
+// Frames in a circle, and the vector operations under frames.
 
 #include "store/Frames.h"
 #include "store/MathFunc.h"
@@ -15,20 +15,8 @@ CUCSRect Shifted(double dX, double dY, double dZ) {
     return frame;
 }
 
-/// A frame whose X axis lies along the outer Y axis, and Y along -X.
-CUCSRect Turned(double dX, double dY, double dZ) {
-    CUCSRect frame;
-    frame.SetByThreePoints({dX, dY, dZ}, {dX, dY, dZ + 2.0}, {dX, dY + 3.0, dZ + 4.0});
-    return frame;
-}
-
 std::string Global(const CUCSRect& rFrame, double dX, double dY, double dZ) {
     rFrame.ToGlobal(dX, dY, dZ);
-    return Text(dX, dY, dZ);
-}
-
-std::string Local(const CUCSRect& rFrame, double dX, double dY, double dZ) {
-    rFrame.ToLocal(dX, dY, dZ);
     return Text(dX, dY, dZ);
 }
 
@@ -38,34 +26,6 @@ std::string Turn(double dAngle, const double (&dAxis)[3], double dX, double dY, 
 }
 
 } // namespace
-
-TEST(Frame, ThreePoints) {
-    EXPECT_EQ(Global(Shifted(0, 0, 0), 1, 2, 3), "1 2 3");
-    EXPECT_EQ(Global(Shifted(1, 0, 0), 0, 0, 0), "1 0 0");
-    EXPECT_EQ(Global(Turned(10, 20, 30), 1, 2, 3), "8 21 33");
-    EXPECT_EQ(Global(CUCSRect(), 1, 2, 3), "0 0 0");
-
-    CUCSRect collinear;
-    collinear.SetByThreePoints({1, 2, 3}, {1, 2, 5}, {1, 2, 9});
-    EXPECT_EQ(Global(collinear, 7, 8, 9), "1 2 12");
-    CUCSRect point;
-    point.SetByThreePoints({1, 2, 3}, {1, 2, 3}, {4, 5, 6});
-    EXPECT_EQ(Global(point, 7, 8, 9), "1 2 3");
-}
-
-TEST(Frame, ChainGoesOutwardAndInward) {
-    CUCSRect outer = Turned(10, 0, 0);
-    CUCSRect inner = Shifted(0, 0, 5);
-    EXPECT_EQ(inner.SetParent(&outer), &outer);
-    EXPECT_EQ(Global(inner, 1, 2, 3), "8 1 8");
-    // Inward a frame turns the point before it takes its origin off: (8 1 8) turns to (1 -8 8).
-    EXPECT_EQ(Local(inner, 8, 1, 8), "-9 -8 3");
-
-    CUCSRect matrix;
-    matrix.SetMatrix({0, 1, 0, -7, -1, 0, 0, -8, 0, 0, 1, -9, 0, 0, 0, 1});
-    EXPECT_EQ(Global(matrix, 1, 2, 3), "5 9 12");
-    EXPECT_EQ(Local(matrix, 1, 2, 3), "-5 -9 -6");
-}
 
 TEST(Frame, EachFrameOfACircleOnce) {
     for (std::size_t nFrames = 1; nFrames <= 6; ++nFrames) {
@@ -86,7 +46,6 @@ TEST(Frame, EachFrameOfACircleOnce) {
                     for (std::size_t i = 0; i < nFrames; ++i) frames[i].MeasureChain();
                 }
                 EXPECT_EQ(Global(frames[0], 0, 0, 0), Text(dSum, 0, 0));
-                EXPECT_EQ(Local(frames[0], dSum, 0, 0), "0 0 0");
                 const CUCSRect copy = frames[nFrames - 1]; // stands before the circle
                 EXPECT_EQ(copy.GetFrameCount(), 1 + nFrames - iEntry);
             }

@@ -1,4 +1,4 @@
-// Restating, by the cases of the files beside this one: a name, the cards of a deck, what they are restated as, what is
+// Restating, by the cases of the files beside this one: a name, the cards of a deck and what becomes of them, what is
 // told. Cards are compared by their fields; restating again must change nothing.
 
 #include "support/Accounted.h"
@@ -16,23 +16,33 @@ struct T_RESTATECASE_D {
     std::string sNAME, sDECK, sEXPECTED, sTOLD;
 };
 
-/// "== name", lines of the deck, "->", cards, "told: ..." or nothing. Other lines in front are comments.
+/// A free-field card of any length in lines of eight fields.
+std::string LayOut(const std::string& sCard) {
+    std::string sLines;
+    int nFields = 0;
+    for (const char c : sCard) {
+        if (c == ',' && ++nFields % 8 == 1 && nFields > 1) sLines += '\n';
+        sLines += c;
+    }
+    return sLines + "\n";
+}
+
+/// "== name"; the lines of a deck, those that restating takes out behind "< " and those that it puts in behind "> ";
+/// "told: ..." or nothing. Other lines in front are comments.
 std::vector<T_RESTATECASE_D> ReadCases(const std::string& sPath) {
     std::vector<T_RESTATECASE_D> aCases;
     std::istringstream text(ReadText(sPath));
-    bool bExpected = false;
     for (std::string sLine; std::getline(text, sLine);) {
         if (sLine.starts_with("== ")) {
             aCases.push_back({sLine.substr(3), {}, {}, {}});
-            bExpected = false;
         } else if (aCases.empty() || sLine.empty()) {
             continue;
-        } else if (sLine == "->") {
-            bExpected = true;
-        } else if (bExpected && sLine.starts_with("told: ")) {
+        } else if (sLine.starts_with("told: ")) {
             aCases.back().sTOLD = sLine.substr(6);
         } else {
-            (bExpected ? aCases.back().sEXPECTED : aCases.back().sDECK) += sLine + "\n";
+            const std::string sCard = sLine.substr(sLine.starts_with("< ") || sLine.starts_with("> ") ? 2 : 0);
+            if (sLine[0] != '>') aCases.back().sDECK += LayOut(sCard);
+            if (sLine[0] != '<') aCases.back().sEXPECTED += sCard + "\n";
         }
     }
     return aCases;
@@ -84,6 +94,13 @@ TEST(RulesPage, IsThatOfTheRules) {
     const std::size_t iTitle = sPage.find(sTitle);
     ASSERT_NE(iTitle, std::string::npos);
     EXPECT_EQ(sPage.substr(iTitle + sTitle.size()), MakeRulesTable()) << "scripts/make_pages.sh makes the page anew";
+}
+
+TEST(RestateText, OfMoreThanABlockOfMemory) {
+    std::string sDeck = "CEND\nBEGIN BULK\n";
+    for (int i = 10000; i < 50000; ++i) sDeck += "GRID    " + std::to_string(i) + "           1.5     2.5     3.5\n";
+    sDeck += "ENDDATA\n";
+    EXPECT_TRUE(RestateText(sDeck).sTEXT == sDeck);
 }
 
 /// A card of more than 1001 lines is lost, so an RBE2 has at most 8005 dependent grids.

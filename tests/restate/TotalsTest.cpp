@@ -1,7 +1,6 @@
-// Totals of small decks and of their files, worked out by hand.
+// Totals of small decks, worked out by hand.
 
 #include "nas2zdt/check/DeckTotals.h"
-#include "nas2zdt/check/FileTotals.h"
 #include "support/Deck.h"
 
 #include <gtest/gtest.h>
@@ -55,38 +54,6 @@ const std::string CUBE =
     "PLOAD1,5,3,FX,FR,0.,1.,1.,3.\nPLOAD1,5,3,FYE,FR,.5,4.\n"
     "GRAV,6,,9.81,0.,0.,-1.\nTEMP,6,1,20.,2,30.\nTEMPD,6,5.\nTEMPP1,6,2,40.\nSPCD,6,4,3,.5\n"
     "LOAD,9,1.,2.,1,3.,2\n";
-
-constexpr const char* CUBE_TOTALS =
-    "nodes: count 8, sum of x 4, sum of y 4, sum of z 4, "
-    "highest x 1, highest y 1, highest z 1\n"
-    "lines: count 1, length 1\n"
-    "triangles: count 1, area 0.5\n"
-    "quads: count 1, area 1\n"
-    "tetrahedra: count 1, volume 0.166667\n"
-    "wedges: count 1, volume 0.5\n"
-    "hexahedra: count 1, volume 1\n"
-    "links: count 1\n"
-    "supports: component 1 2, component 2 2, component 3 2\n"
-    "rigid links: count 12\n"
-    "masses: count 1, mass 2, mass by x 2, mass by y 2, mass by z 2, inertia 9\n"
-    "set 1 nodal loads: forces 1, moments 1, force z 2, moment x 4, moment y -2\n"
-    "set 2 pressures: count 1, force z 3, moment x 1.5, moment y -1.5\n"
-    "set 3 pressures: count 1, force z 2.5, moment x 1.41667, moment y -1.25\n"
-    "set 4 pressures: count 3, force x 2, force z 7, moment x 3.33333, moment y -1.33333, moment z -1\n"
-    "set 5 line loads: count 2, force x 6, moment y 3.16667\n"
-    "set 6 gravity: z -9.81\n"
-    "set 6 temperatures: count 8, sum 80\n"
-    "set 6 element temperatures: count 1, sum 40\n"
-    "set 6 displacements: count 1, sum 0.5\n"
-    "set 9 combinations: count 2, sum 5\n";
-
-TEST(Totals, OfADeckAndItsFile) {
-    const T_TOTALS_D deck = TotalCards(CUBE);
-    EXPECT_EQ(ShowTotals(deck), CUBE_TOTALS);
-    const T_TOTALS_D file = TotalFile(CStoredRun(CUBE).GetDataPool());
-    EXPECT_EQ(ShowTotals(file), CUBE_TOTALS);
-    for (const T_DIFFERENCE_D& rFound : FindDifferences(deck, file)) ADD_FAILURE() << rFound.GetText();
-}
 
 /// What the file can't say as the card does, or the converter takes otherwise.
 TEST(Totals, OfWhatCardsMean) {

@@ -64,6 +64,28 @@ std::string ReadText(const std::string& sPath) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
+std::vector<std::string> ListFolder(const std::string& sFolder) {
+    std::vector<std::string> aNames;
+    for (const auto& rEntry : std::filesystem::directory_iterator(PathOf(sFolder))) {
+        aNames.push_back(rEntry.path().filename().string());
+    }
+    std::sort(aNames.begin(), aNames.end());
+    return aNames;
+}
+
+std::string Repeat(const std::string& sText, int nTimes) {
+    std::string sAll;
+    for (; nTimes > 0; --nTimes) sAll += sText;
+    return sAll;
+}
+
+std::string Without(std::string sText, const std::string& sPart) {
+    for (std::size_t i = sText.find(sPart); i != std::string::npos; i = sText.find(sPart, i)) {
+        sText.erase(i, sPart.size());
+    }
+    return sText;
+}
+
 T_RUN_D RunFile(const std::string& sPath, const T_LIMITS_D& rLimits) {
     T_RUN_D result;
     CSilentDialogs dialogs(result);
@@ -120,4 +142,12 @@ std::string Sections(const std::string& sZdt, std::string_view sKeyword) {
         sFound += sText.substr(i + 1, iEnd == std::string::npos ? iEnd : iEnd + 1 - i);
     }
     return sFound;
+}
+
+std::string WithoutComments(const std::string& sZdt) {
+    std::string sText = "\n" + sZdt;
+    for (std::size_t i = sText.find("\n;"); i != std::string::npos; i = sText.find("\n;", i)) {
+        sText.erase(i, sText.find('\n', i + 1) - i);
+    }
+    return sText.substr(1);
 }

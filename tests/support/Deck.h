@@ -31,6 +31,15 @@ void WriteText(const std::string& sPath, std::string_view sText);
 /// The file's bytes; a text that no output equals if it isn't there.
 std::string ReadText(const std::string& sPath);
 
+/// The names in a folder, in order.
+std::vector<std::string> ListFolder(const std::string& sFolder);
+
+/// The text nTimes, one behind the other.
+std::string Repeat(const std::string& sText, int nTimes);
+
+/// The text without sPart, wherever that stands.
+std::string Without(std::string sText, const std::string& sPart);
+
 /// What a run left behind.
 struct T_RUN_D {
     int iRESULT = 0;
@@ -68,3 +77,6 @@ std::string ConvertBulk(std::string_view sCards);
 
 /// All blocks of the target file that begin with sKeyword, each through the empty line that ends it.
 std::string Sections(const std::string& sZdt, std::string_view sKeyword);
+
+/// The text without lines that are comments, which the examples have.
+std::string WithoutComments(const std::string& sZdt);

@@ -41,6 +41,13 @@ constexpr T_PATTERN_D PATTERNS[] = {
 // clang-format on
 constexpr std::size_t PATTERN_COUNT = sizeof PATTERNS / sizeof PATTERNS[0];
 
+/// A kind of field: a number up to nMOST, and once in nTHRU times a THRU instead, or one of some texts.
+struct T_KIND_D {
+    char cKIND;
+    std::size_t nMOST, nTHRU;
+    std::vector<const char*> aTEXTS;
+};
+
 std::string Padded(std::string sText, std::size_t nWidth, bool bRight) {
     if (sText.size() >= nWidth) return sText.substr(0, nWidth);
     sText.insert(bRight ? 0 : sText.size(), nWidth - sText.size(), ' ');
@@ -70,51 +77,14 @@ std::uint64_t CChance::Next() {
 std::string CDeckMaker::Nasty() {
     static constexpr std::string_view NUL("1\0002", 3);
     if (m_chance.Once(20)) return std::string(NUL);
-    return m_chance.Of({"2147483647",
-                        "-2147483648",
-                        "2147483648",
-                        "-2147483649",
-                        "99999999999999999999",
-                        "1E400",
-                        "-1E400",
-                        "1.-400",
-                        "4.94-324",
-                        "1.7E308",
-                        "-0.",
-                        "-",
-                        "+",
-                        ".",
-                        "+1",
-                        "1.0E+3",
-                        "1.0D+3",
-                        "E",
-                        "1E",
-                        "1E-",
-                        "--1",
-                        "1.2.3",
-                        "0X10",
-                        "INF",
-                        "NAN",
-                        "THRU",
-                        "ALPHA",
-                        "*",
-                        "=",
-                        "$",
-                        ":",
-                        "\t",
-                        "\r",
-                        "\x1A",
-                        "1 2",
-                        "\xFF",
-                        "%s%n",
-                        "1,2",
-                        "'",
-                        "\"NO\"",
-                        "0.1000000000000000055511151231257827",
-                        "123456789012345678901234567890",
-                        "00000000000000000000007",
-                        "-1",
-                        "0"});
+    // clang-format off
+    return m_chance.Of({
+        "2147483647", "-2147483648", "2147483648", "-2147483649", "99999999999999999999", "1E400", "-1E400", "1.-400",
+        "4.94-324", "1.7E308", "-0.", "-", "+", ".", "+1", "1.0E+3", "1.0D+3", "E", "1E", "1E-", "--1", "1.2.3",
+        "0X10", "INF", "NAN", "THRU", "ALPHA", "*", "=", "$", ":", "\t", "\r", "\x1A", "1 2", "\xFF", "%s%n", "1,2",
+        "'", "\"NO\"", "0.1000000000000000055511151231257827", "123456789012345678901234567890",
+        "00000000000000000000007", "-1", "0"});
+    // clang-format on
 }
 
 std::string CDeckMaker::Real() {
@@ -142,52 +112,32 @@ std::string CDeckMaker::Real() {
 
 std::string CDeckMaker::Field(char cKind) {
     if (!m_bSound && m_chance.Once(40)) return Nasty();
-    const auto number = [&](std::size_t nMost) {
-        return m_chance.Once(12) ? std::string() : std::to_string(1 + m_chance.Below(nMost));
+    // clang-format off
+    static const std::vector<T_KIND_D> KINDS = {
+        {'g', 16, 0, {}}, {'h', 16, 9, {}}, {'e', 40, 0, {}}, {'t', 40, 5, {}}, {'p', 12, 0, {}}, {'c', 6, 0, {}},
+        {'s', 4, 0, {}}, {'i', 9, 0, {}},
+        {'d', 0, 0, {"123456", "123", "1", "3", "246", "0", "", "17"}},
+        {'f', 0, 0, {"1", "2", "3", "4", "5", "6", "0", ""}},
+        {'S', 0, 0, {"ROD", "TUBE", "HEXA", "I", "CHAN", "T", "Z", "HAT", "BOX", "BAR",
+                     "CROSS", "H", "T1", "T2", "I1", "CHAN1", "CHAN2", "BOX1", "HAT1", "L"}},
+        {'T', 0, 0, {"FX", "FY", "FZ", "FXE", "FYE", "FZE", "MX", "MY", "MZ", "MXE", "MYE", "MZE", "QQ"}},
+        {'L', 0, 0, {"LE", "FR", "LEPR", "FPPR", "FRPR", ""}},
+        {'K', 0, 0, {"K", "B", "GE", "RCV", "", "X"}},
+        {'M', 0, 0, {"INV", "SINV", ""}},
+        {'N', 0, 0, {"MAX", "POINT", "MASS", ""}},
+        {'O', 0, 0, {"YES", "NO", "YESA", ""}},
+        {'I', 0, 0, {"'A.DAT'", "'B.DAT'", "'b.dat'", "A.DAT"}},
     };
-    switch (cKind) {
-    case 'g':
-        return number(16);
-    case 'h':
-        return m_chance.Once(9) ? "THRU" : number(16);
-    case 'e':
-        return number(40);
-    case 't':
-        return m_chance.Once(5) ? "THRU" : number(40);
-    case 'p':
-        return number(12);
-    case 'c':
-        return m_chance.Once(2) ? "" : number(6);
-    case 's':
-        return number(4);
-    case 'i':
-        return number(9);
-    case 'r':
-        return Real();
-    case 'd':
-        return m_chance.Of({"123456", "123", "1", "3", "246", "0", "", "17"});
-    case 'f':
-        return m_chance.Of({"1", "2", "3", "4", "5", "6", "0", ""});
-    case 'S':
-        return m_chance.Of({"ROD",   "TUBE", "HEXA", "I",  "CHAN", "T",     "Z",     "HAT",  "BOX",  "BAR",
-                            "CROSS", "H",    "T1",   "T2", "I1",   "CHAN1", "CHAN2", "BOX1", "HAT1", "L"});
-    case 'T':
-        return m_chance.Of({"FX", "FY", "FZ", "FXE", "FYE", "FZE", "MX", "MY", "MZ", "MXE", "MYE", "MZE", "QQ"});
-    case 'L':
-        return m_chance.Of({"LE", "FR", "LEPR", "FPPR", "FRPR", ""});
-    case 'K':
-        return m_chance.Of({"K", "B", "GE", "RCV", "", "X"});
-    case 'M':
-        return m_chance.Of({"INV", "SINV", ""});
-    case 'N':
-        return m_chance.Of({"MAX", "POINT", "MASS", ""});
-    case 'O':
-        return m_chance.Of({"YES", "NO", "YESA", ""});
-    case 'I':
-        return m_chance.Of({"'A.DAT'", "'B.DAT'", "'b.dat'", "A.DAT"});
-    default:
-        return "";
+    // clang-format on
+    if (cKind == 'r') return Real();
+    if (cKind == 'c' && m_chance.Once(2)) return "";
+    for (const T_KIND_D& rKind : KINDS) {
+        if (rKind.cKIND != cKind) continue;
+        if (rKind.nTHRU > 0 && m_chance.Once(rKind.nTHRU)) return "THRU";
+        if (rKind.nMOST > 0) return m_chance.Once(12) ? "" : std::to_string(1 + m_chance.Below(rKind.nMOST));
+        return rKind.aTEXTS[m_chance.Below(rKind.aTEXTS.size())];
     }
+    return "";
 }
 
 T_MADECARD_D CDeckMaker::MakeCard() {
@@ -304,29 +254,12 @@ void CDeckMaker::Spoil(std::string& rDeck) {
         rDeck.insert(std::min(aStarts[m_chance.Below(aStarts.size())], rDeck.size()), sLine);
         break;
     case 5: // a line of another kind
-        rDeck.insert(iBegin, m_chance.Of({"\n",
-                                          "        \n",
-                                          "\t\n",
-                                          "\r\n",
-                                          "$ comment\n",
-                                          "CEND\n",
-                                          "BEGIN BULK\n",
-                                          "BEGIN  BULK\n",
-                                          "ENDDATA\n",
-                                          " ENDDATA\n",
-                                          "=(3)\n",
-                                          "*(1),=\n",
-                                          "A:B\n",
-                                          ":\n",
-                                          "+\n",
-                                          "*\n",
-                                          ",\n",
-                                          "INCLUDE 'A.DAT'\n",
-                                          "INCLUDE,B.DAT\n",
-                                          "GRID   *\n",
-                                          "ACEND*\n",
-                                          "GRID 1 A=B\n",
-                                          "RBE3,1,2\n"}));
+        // clang-format off
+        rDeck.insert(iBegin, m_chance.Of({
+            "\n", "        \n", "\t\n", "\r\n", "$ comment\n", "CEND\n", "BEGIN BULK\n", "BEGIN  BULK\n", "ENDDATA\n",
+            " ENDDATA\n", "=(3)\n", "*(1),=\n", "A:B\n", ":\n", "+\n", "*\n", ",\n", "INCLUDE 'A.DAT'\n",
+            "INCLUDE,B.DAT\n", "GRID   *\n", "ACEND*\n", "GRID 1 A=B\n", "RBE3,1,2\n"}));
+        // clang-format on
         break;
     case 6: // another beginning
         replaceLine(m_chance.Of({"+", "*", " ", ",", "=", "$", "        ", "*       ", "+       "}) +

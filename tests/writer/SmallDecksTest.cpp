@@ -16,13 +16,16 @@ struct T_SMALL_D {
     friend std::ostream& operator<<(std::ostream& rOut, const T_SMALL_D& rDeck) { return rOut << rDeck.sNAME; }
 };
 
+// the last two lines of a section of values
+#define NO_STRESS "    0, 0, 0, 0, 0, 0, 0, 0, 0, 0\n    0, 0, 0, 0, 0, 0, 0, 0\n"
+
 class SmallDeckTest : public testing::TestWithParam<T_SMALL_D> {};
 
 TEST_P(SmallDeckTest, Gives) {
-    std::istringstream section(Sections(ConvertBulk(GetParam().sCARDS), GetParam().sKEYWORD));
+    std::istringstream section(WithoutComments(Sections(ConvertBulk(GetParam().sCARDS), GetParam().sKEYWORD)));
     std::string sLines;
     for (std::string sLine; std::getline(section, sLine);) {
-        if (!sLine.starts_with(';') && !sLine.starts_with('*')) sLines += sLine + "\n";
+        if (!sLine.starts_with('*')) sLines += sLine + "\n";
     }
     EXPECT_EQ(sLines, GetParam().sLINES + std::string("\n"));
 }
@@ -49,7 +52,24 @@ INSTANTIATE_TEST_SUITE_P(Decks, SmallDeckTest, testing::ValuesIn<T_SMALL_D>({
      "PLOAD4,1,1,1.,,,,THRU,14\nPLOAD4,1,1,1.,,,THRU,,14\n", "*PRESSURE",
      "1, PRES , SOLID, 0, NORMAL, 0, 0, 0, NO, 0, 1, 1, 1, 1, \n"
      "1, PRES , SOLID, 1, NORMAL, 0, 0, 0, NO, 0, 1, 1, 1, 1, \n"}, // the word is a corner's pressure there
+    {"WrongGrids", "CQUAD4,7,9,A,2.9,-3\n", "*ELEMENT", "7, PLATE, 1, 9, 0, 2, -3, 0, 1\n"},
+    {"StationsBeforeEndB", "PBEAM,7,2,4.,5.,6.,7.,8.,9.\n,11.,,,,,,,18.\n,YES,.5,91.,92.,93.,94.,95.,96.\n"
+     ",91.,92.,93.,94.,95.,96.,97.,98.\n,YES,.9999995,24.,25.,26.,27.,28.,29.\n,31.,,,,,,,38.\n"
+     ",.5,.4,91.,92.,93.,94.,41.,42.\n", "*SECTION",
+     "  7, TAPERED, SECT7, CC, SB,  1,  1, VALUE\n    2, 2, 0, 0, 0, 0, 0, 0\n    4, 2, 1.6, 8, 5, 6\n" NO_STRESS
+     "    4.89898, 4.89898, 0, 0, 0, 0, 0, 0\n    24, 12, 9.6, 28, 25, 26\n" NO_STRESS},
+    {"FalseEndB", // I1 of the station between is 1.0: what follows is taken for end B
+     "PBEAM,7,2,4.,5.,6.,7.,8.,\n,,,,,,,,\n,YES,.5,44.,1.,46.,47.,48.,49.\n,51.\n", "*SECTION",
+     "  7, TAPERED, SECT7, CC, SB,  1,  1, VALUE\n    2, 2, 0, 0, 0, 0, 0, 0\n    4, 0, 0, 8, 5, 6\n" NO_STRESS
+     "    6.78233, 6.78233, 0, 0, 0, 0, 0, 0\n    46, 0, 0, 51, 47, 48\n" NO_STRESS},
+    {"NotQuiteEndB", "PBEAM,7,2,4.,5.,6.,7.,8.,9.\n,,,,,,,,\n,YES,.999998,24.,25.,26.,27.,28.,29.\n", "*SECTION",
+     "  7, VALUE, SECT7, CC, SB, BUILT, 2, 2, 0, 0, 0, 0, 0, 0\n       4, 0, 0, 8, 5, 6\n" NO_STRESS},
+    {"EmptyEndB", "PBEAM,7,2,4.,,,,,\n,,,,,,,,\n,YES,1.\n", "*SECTION",
+     "  7, VALUE, SECT7, CC, SB, BUILT, 2, 2, 0, 0, 0, 0, 0, 0\n       4, 0, 0, 0, 0, 0\n" NO_STRESS},
     // one id twice
+    {"RodReplacesSolid", "CTETRA,7,8,1,2,3,4\nCROD,7,9,5,6\n", "*ELEMENT", "  7, TRUSS, 1, 9, 5, 6, 0\n"},
+    {"RodReplacesBar", "PBAR,7,2,1.,2.,3.,4.,5.\nPROD,7,3,4.,2.,3.,4.\n", "*SECTION",
+     "  7, VALUE, SECT7, CC, SB, BUILT, 2, 2, 0, 0, 0, 0, 0, 0\n       4, 0, 0, 2, 0, 0\n" NO_STRESS},
     {"ThermalReplacesIsotropic", "MAT1,1,5.\nMAT4,1,50.,460.\n", "*MATERIAL", "1,USER,MAT1,460,50,2,1e-05,0,0,0\n"},
     {"PanelReplacesRod", "PROD,1,1,9.\nPSHEAR,1,1,2.\n", "*THICKNESS", "    1, VALUE, NO, 2, 0\n"},
     {"LaterShellCounts", "PSHELL,1,1,.5,1\nPSHELL,1,1,.25\n", "*THICKNESS", "    1, VALUE, NO, 0.25, 0\n"},
@@ -91,5 +111,12 @@ INSTANTIATE_TEST_SUITE_P(Decks, SmallDeckTest, testing::ValuesIn<T_SMALL_D>({
      "  2, 1, 1, 1, 0, 0, 0\n  1, 1, 1, 1, 0, 0, 0\n  3, 1, 1, 1, 0, 0, 0\n"},
 }), [](const auto& rInfo) { return std::string(rInfo.param.sNAME); });
 // clang-format on
+
+TEST(BeamCard, TapersByEachValueOfEndB) {
+    for (std::size_t iValue = 0; iValue < 6; ++iValue) { // A, I1, I2, I12, J and, which doesn't count, NSM
+        const std::string sCard = "PBEAM,7,2,,,,,,\n,,,,,,,,\n,YES,1." + std::string(iValue, ',') + ",.5\n";
+        EXPECT_EQ(ConvertBulk(sCard).find("TAPERED") != std::string::npos, iValue < 5) << sCard;
+    }
+}
 
 } // namespace

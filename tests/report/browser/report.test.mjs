@@ -7,6 +7,11 @@ import { after, before, describe, test } from "node:test";
 
 import { choose, clickPicture, countLit, drawn, find, folder, launch, open, pageMemory, pdfPages, report, text, texts, writeDeck } from "./page.mjs";
 
+const GRIDS = [
+  [1, 0, 0, 0], [2, 2, 0, 0], [3, 2, 2, 0], [4, 0, 2, 0], [5, 4, 0, 0], [6, 4, 2, 0], [7, 0, 0, 4],
+  [21, 8, 0, 0], [22, 9, 0, 0], [23, 9, 1, 0], [24, 8, 1, 0], [25, 8, 0, 1], [26, 9, 0, 1], [27, 9, 1, 1],
+  [28, 8, 1, 1], [32, 10, 0, 0], [33, 10, 1, 0], [36, 10, 0, 1], [37, 10, 1, 1],
+];
 // Two plates side by side, a bar, a solid, a mass; element 12 loses its MCID, node 5 is held, two load sets and a sum.
 const DECK = `SOL 101
 CEND
@@ -14,26 +19,7 @@ SPC = 1
 SUBCASE 1
 LOAD = 1
 BEGIN BULK
-GRID,1,,0.,0.,0.
-GRID,2,,2.,0.,0.
-GRID,3,,2.,2.,0.
-GRID,4,,0.,2.,0.
-GRID,5,,4.,0.,0.
-GRID,6,,4.,2.,0.
-GRID,7,,0.,0.,4.
-GRID,21,,8.,0.,0.
-GRID,22,,9.,0.,0.
-GRID,23,,9.,1.,0.
-GRID,24,,8.,1.,0.
-GRID,25,,8.,0.,1.
-GRID,26,,9.,0.,1.
-GRID,27,,9.,1.,1.
-GRID,28,,8.,1.,1.
-GRID,32,,10.,0.,0.
-GRID,33,,10.,1.,0.
-GRID,36,,10.,0.,1.
-GRID,37,,10.,1.,1.
-CQUAD4,11,1,1,2,3,4
+${GRIDS.map(([id, x, y, z]) => `GRID,${id},,${x}.,${y}.,${z}.\n`).join("")}CQUAD4,11,1,1,2,3,4
 CQUAD4,12,1,2,5,6,3,3
 CBAR,13,2,1,7,1.,0.,0.
 CHEXA,14,3,21,22,23,24,25,26
