@@ -196,6 +196,9 @@ def try_headers(faults, environment):
 
 def build(faults):
     """Builds with all faults that compile, and forgets the others."""
+    for path in SOURCE.rglob("*"):
+        if path.is_file() and not (PROJECT / path.relative_to(SOURCE)).exists():
+            path.unlink()  # or what is found by its name would be built on
     shutil.copytree(PROJECT, SOURCE, ignore=lambda folder, names: NOT_COPIED(folder, names) | {
         name for name in names if name.endswith((".cpp", ".h")) and
         pathlib.Path(folder).relative_to(PROJECT).parts[:1] in [(part,) for part in PRODUCT]},
