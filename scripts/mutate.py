@@ -37,7 +37,7 @@ PRODUCT = ("Converter", "platform", "nas2zdt")
 ELSEWHERE = re.compile(r"platform/(win32|gtk)/|Windows\.cpp$|None\.cpp$|/NoPage\.cpp$")  # isn't built here
 NOT_COPIED = shutil.ignore_patterns("build", ".git", "node_modules", "__pycache__")
 QUICK = 0.4  # seconds: tests that take longer run alone
-ENOUGH = 20  # seconds of tests that a fault has survived: those that are left seldom catch one
+ENOUGH = 60  # seconds of tests that a fault has survived: those that are left seldom catch one
 WAIT = 60  # seconds at least before a process that does nothing counts as one that hangs
 MOST = 65536
 
