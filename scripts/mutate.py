@@ -37,7 +37,7 @@ PRODUCT = ("Converter", "platform", "nas2zdt")
 ELSEWHERE = re.compile(r"platform/(win32|gtk)/|Windows\.cpp$|None\.cpp$|/NoPage\.cpp$")  # isn't built here
 NOT_COPIED = shutil.ignore_patterns("build", ".git", "node_modules", "__pycache__")
 QUICK = 0.4  # seconds: tests that take longer run alone
-ENOUGH = 20  # seconds of tests that a fault has survived: those that are left seldom catch one
+ENOUGH = 60  # seconds of tests that a fault has survived: those that are left seldom catch one
 WAIT = 60  # seconds at least before a process that does nothing counts as one that hangs
 MOST = 65536
 
@@ -196,6 +196,9 @@ def try_headers(faults, environment):
 
 def build(faults):
     """Builds with all faults that compile, and forgets the others."""
+    for path in SOURCE.rglob("*"):
+        if path.is_file() and not (PROJECT / path.relative_to(SOURCE)).exists():
+            path.unlink()  # or what is found by its name would be built on
     shutil.copytree(PROJECT, SOURCE, ignore=lambda folder, names: NOT_COPIED(folder, names) | {
         name for name in names if name.endswith((".cpp", ".h")) and
         pathlib.Path(folder).relative_to(PROJECT).parts[:1] in [(part,) for part in PRODUCT]},

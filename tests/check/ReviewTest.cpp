@@ -73,7 +73,7 @@ TEST(Review, SaysWhyForcesDiffer) {
     const CTempFolder folder;
     WriteText(folder.Path("deck.dat"),
               "BEGIN BULK\nGRID,1\nMAT1,1,2.,,.3,,,20.\nCORD2R,7,,0.,0.,0.,0.,0.,1.\n,0.,1.,0.\n"
-              "FORCE,1,1,7,1.,1.,0.,0.\nMOMENT,1,1,0,1.,1.,0.,0.\nENDDATA\n");
+              "FORCE,1,1,7,1.,1.,0.,0.\nMOMENT,1,1,0,1.,1.,0.,0.\nPLOAD2,2,1.,9\nENDDATA\n");
     std::string sShown;
     for (const T_REVIEWROW_D& rRow : ReviewDeck(folder.Path("deck.dat"), folder)) {
         if (!rRow.bDIFFERS) continue;
