@@ -13,6 +13,7 @@
 #include <new>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -81,9 +82,12 @@ class LineReaderTest : public testing::Test {
 };
 
 TEST_F(LineReaderTest, GivesTheSameHoweverManyRead) {
-    const std::string sBytes = MakeBytes();
-    WriteText(m_sPath, sBytes);
-    for (const bool bPeek : {false, true}) {
+    std::string sOneMore; // than blocks have
+    while (sOneMore.size() < std::size_t{1} << 20) sOneMore += std::string(63, '-') + "\n";
+    sOneMore += "X";
+    const std::pair<std::string, bool> aDecks[] = {{MakeBytes(), false}, {MakeBytes(), true}, {sOneMore, false}};
+    for (const auto& [sBytes, bPeek] : aDecks) {
+        WriteText(m_sPath, sBytes);
         CLineReader alone, shared;
         ASSERT_NO_FATAL_FAILURE(Open(alone, 1, FindRuns));
         ASSERT_NO_FATAL_FAILURE(Open(shared, 3, FindRuns));
