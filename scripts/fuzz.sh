@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 . scripts/packages.sh
 seconds=${1:-20}
 [ $# -eq 0 ] || shift
-targets=${*:-deck include field map restate check}
+targets=${*:-deck include field restate check}
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
@@ -37,7 +37,7 @@ trap 'rm -rf "$scratch" "$runs"' EXIT
 corpus=$PWD/build/fuzz/corpus
 findings=$PWD/build/fuzz/findings
 bin=$PWD/build/fuzz/bin
-mkdir -p "$corpus/deck" "$corpus/include" "$corpus/field" "$corpus/map" "$corpus/restate" "$corpus/check" "$findings"
+mkdir -p "$corpus/deck" "$corpus/include" "$corpus/field" "$corpus/restate" "$corpus/check" "$findings"
 for deck in examples/*.dat; do
     cp "$deck" "$corpus/deck/"
     cp "$deck" "$corpus/restate/"
