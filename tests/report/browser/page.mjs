@@ -107,6 +107,7 @@ export async function find(page, kind, id) {
 
 /** Clicks the picture, at its middle or beside it. */
 export async function clickPicture(page, right = 0, down = 0) {
+  await drawn(page); // as the last choice has it
   const box = await (await page.$("canvas")).boundingBox();
   await page.mouse.click(box.x + box.width / 2 + right, box.y + box.height / 2 + down);
   await drawn(page);
