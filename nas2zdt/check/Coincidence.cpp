@@ -16,7 +16,7 @@ namespace {
 class CCells {
   public:
     CCells(const CCheckDeck& rDeck, CConnectivity& rConnectivity, CGeometryTold& rTold)
-        : m_rGrids(rDeck.GetModel().m_grids), m_rConnectivity(rConnectivity), m_rTold(rTold) {}
+        : m_rGrids(rDeck.GetGrids()), m_rConnectivity(rConnectivity), m_rTold(rTold) {}
 
     void Tell(double dTolerance, double dEdge);
 
@@ -24,7 +24,7 @@ class CCells {
     using T_CELL = std::array<std::int64_t, 3>;
     static constexpr unsigned SIDES = 8; // a value is the row times it, and a bit for each side that is passed
 
-    const T_VECTOR& Position(std::uint32_t iRow) const { return m_rGrids.GetRows()[iRow].second.dX; }
+    const T_VECTOR& Position(std::uint32_t iRow) const { return m_rGrids.GetPosition(iRow); }
     void Fill(double dCells);
     double CountWork() const;
     double Place(std::uint32_t iRow, std::size_t iAxis) const;
@@ -32,7 +32,7 @@ class CCells {
     void TellRun(std::size_t iFirst, std::size_t iEnd);
     void TellCell();
 
-    const CIdTable<T_POINT_D>& m_rGrids;
+    const CDeckGrids& m_rGrids;
     CConnectivity& m_rConnectivity;
     CGeometryTold& m_rTold;
     double m_dTolerance = 0.0;
@@ -47,7 +47,7 @@ void CCells::Tell(double dTolerance, double dEdge) {
     constexpr double EDGE_SHARE = 1e-2; // for a grid that strayed far off
     constexpr double DIGITS = 1e-15;    // what doubles can tell apart
     constexpr double MOST_WORK = 32.0;  // comparisons of a grid
-    if (m_rGrids.GetRows().size() > CKeyIndex::NONE / SIDES) return;
+    if (m_rGrids.GetCount() > CKeyIndex::NONE / SIDES) return;
     if (m_rConnectivity.GetLow()[0] > m_rConnectivity.GetHigh()[0]) return; // no grids
     const double dExtent = Length(Subtract(m_rConnectivity.GetHigh(), m_rConnectivity.GetLow()));
     if (dTolerance < 0.0) {
@@ -76,9 +76,9 @@ void CCells::Fill(double dCells) {
     constexpr std::uint64_t FACTORS[3] = {0x9E3779B97F4A7C15ull, 0xC2B2AE3D27D4EB4Full, 0x165667B19E3779F9ull};
     m_dScale = 1.0 / std::max(dCells * m_dTolerance, LEAST);
     m_aEntries.clear();
-    m_aEntries.reserve(m_rGrids.GetRows().size() + m_rGrids.GetRows().size() / 8);
+    m_aEntries.reserve(m_rGrids.GetCount() + m_rGrids.GetCount() / 8);
     const double dLow = m_dTolerance * m_dScale, dHigh = 1.0 - dLow;
-    for (std::uint32_t iRow = 0; iRow < m_rGrids.GetRows().size(); ++iRow) {
+    for (std::uint32_t iRow = 0; iRow < m_rGrids.GetCount(); ++iRow) {
         if (!m_rConnectivity.IsPlaced(iRow)) continue;
         std::array<std::uint64_t, 3> nParts, nBeside;
         unsigned nSides = 0;

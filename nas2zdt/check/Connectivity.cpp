@@ -69,8 +69,8 @@ const std::vector<CConnectivity::T_TIE_D> CConnectivity::TIES = {
 };
 
 CConnectivity::CConnectivity(const CCheckDeck& rDeck)
-    : m_rDeck(rDeck), m_rGrids(rDeck.GetModel().m_grids), m_joints(m_rGrids.GetRows().size()),
-      m_links(m_rGrids.GetRows().size()), m_aUses(m_rGrids.GetRows().size()) {
+    : m_rDeck(rDeck), m_rGrids(rDeck.GetGrids()), m_joints(m_rGrids.GetCount()), m_links(m_rGrids.GetCount()),
+      m_aUses(m_rGrids.GetCount()) {
     for (std::size_t i = 0; i < m_aTies.size(); ++i) {
         const auto isOther = [&](const T_TIE_D& r) { return static_cast<std::size_t>(r.sKEYWORD[0] - 'A') != i; };
         const auto pFirst = std::ranges::find_if_not(TIES, isOther);
@@ -78,7 +78,7 @@ CConnectivity::CConnectivity(const CCheckDeck& rDeck)
     }
     m_low.fill(FARTHEST);
     m_high.fill(-FARTHEST);
-    for (const auto& [iCID, frame] : rDeck.GetModel().m_frameCards.GetRows()) {
+    for (const auto& [iCID, frame] : rDeck.GetFrames().GetCards().GetRows()) {
         if (!frame.bGRIDS) continue;
         for (const std::int32_t iGrid : frame.iG) Name(iGrid);
     }
@@ -91,15 +91,15 @@ void CConnectivity::Name(std::int32_t iGrid) {
 
 void CConnectivity::UseFirst(std::uint32_t iRow) {
     m_aUses[iRow] |= USE_PART;
-    const T_POINT_D& rGrid = m_rGrids.GetRows()[iRow].second;
-    if (!rGrid.bPLACED) return;
-    for (const double d : rGrid.dX) {
+    if (!m_rGrids.GetKind(iRow).bPLACED) return;
+    const T_VECTOR& rX = m_rGrids.GetPosition(iRow);
+    for (const double d : rX) {
         if (!(std::abs(d) <= FARTHEST)) return;
     }
     m_aUses[iRow] |= USE_PLACED;
     for (std::size_t k = 0; k < 3; ++k) {
-        m_low[k] = std::min(m_low[k], rGrid.dX[k]);
-        m_high[k] = std::max(m_high[k], rGrid.dX[k]);
+        m_low[k] = std::min(m_low[k], rX[k]);
+        m_high[k] = std::max(m_high[k], rX[k]);
     }
 }
 
@@ -122,17 +122,20 @@ void CConnectivity::AddElement(const T_DECKELEMENT_D& rElement, E_BODY eBody, st
     if (pOrientation && pOrientation->iG0) Name(*pOrientation->iG0);
 }
 
+const CConnectivity::T_TIE_D* CConnectivity::FindTie(std::string_view sKeyword) const {
+    if (sKeyword.empty() || sKeyword[0] < 'A' || sKeyword[0] > 'Z') return nullptr;
+    const std::span<const T_TIE_D> aTies = m_aTies[static_cast<std::size_t>(sKeyword[0] - 'A')];
+    const auto pTie = std::ranges::find(aTies, sKeyword, &T_TIE_D::sKEYWORD);
+    return pTie == aTies.end() ? nullptr : &*pTie;
+}
+
 void CConnectivity::TakeCard(const CCardFields& rCard) {
-    const std::string_view sKeyword = rCard.GetKeyword();
-    if (sKeyword.empty() || sKeyword[0] < 'A' || sKeyword[0] > 'Z') return;
-    for (const T_TIE_D& rTie : m_aTies[static_cast<std::size_t>(sKeyword[0] - 'A')]) {
-        if (rTie.sKEYWORD != sKeyword) continue;
-        if (rTie.TAKE) {
-            (this->*rTie.TAKE)(rCard);
-        } else {
-            TakeTie(rCard, rTie);
-        }
-        return;
+    const T_TIE_D* pTie = FindTie(rCard.GetKeyword());
+    if (!pTie) return;
+    if (pTie->TAKE) {
+        (this->*pTie->TAKE)(rCard);
+    } else {
+        TakeTie(rCard, *pTie);
     }
 }
 
@@ -196,8 +199,8 @@ void CConnectivity::TellFreeGrids(CGeometryTold& rTold) {
     std::vector<std::pair<std::int32_t, std::uint32_t>> aFree; // ids and rows
     for (std::uint32_t i = 0; i < m_aUses.size(); ++i) {
         if (m_aUses[i] != 0) continue;
-        const auto& [iGrid, grid] = m_rGrids.GetRows()[i];
-        if (FindRow(iGrid) == i && grid.nPS != ALL_SIX) aFree.emplace_back(iGrid, i);
+        const std::int32_t iGrid = m_rGrids.GetIds()[i];
+        if (FindRow(iGrid) == i && m_rGrids.GetKind(i).nPS != ALL_SIX) aFree.emplace_back(iGrid, i);
     }
     if (aFree.empty()) return;
     std::ranges::sort(aFree);
@@ -241,7 +244,7 @@ void CConnectivity::TellParts(CGeometryTold& rTold) {
         const auto pPart = std::ranges::find(aShown, m_joints.Find(i), &T_PART_D::iROW);
         if (pPart == aShown.end()) continue;
         std::vector<std::int32_t>& rLowest = pPart->aLOWEST;
-        const std::int32_t iGrid = m_rGrids.GetRows()[i].first;
+        const std::int32_t iGrid = m_rGrids.GetIds()[i];
         rLowest.insert(std::ranges::upper_bound(rLowest, iGrid), iGrid);
         if (rLowest.size() > MOST_GRIDS) rLowest.pop_back();
     }

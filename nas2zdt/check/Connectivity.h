@@ -39,7 +39,7 @@ class CConnectivity : public CCardTaker {
     explicit CConnectivity(const CCheckDeck& rDeck);
 
     /// Place of a grid in the table, CKeyIndex::NONE if there is none.
-    std::uint32_t FindRow(std::int32_t iGrid) const { return m_rDeck.FindGridRow(iGrid); }
+    std::uint32_t FindRow(std::int32_t iGrid) const { return m_rGrids.FindRow(iGrid); }
 
     /// aRows are the element's grids, CKeyIndex::NONE for one that doesn't exist.
     void AddElement(const T_DECKELEMENT_D& rElement, E_BODY eBody, std::span<const std::uint32_t> aRows);
@@ -48,6 +48,7 @@ class CConnectivity : public CCardTaker {
     void AddLink(std::span<const std::uint32_t> aRows) { Join(m_links, aRows); }
 
     void TakeCard(const CCardFields& rCard) override;
+    bool Wants(std::string_view sKeyword) const override { return FindTie(sKeyword) != nullptr; }
 
     void TellFreeGrids(CGeometryTold& rTold);
     void TellParts(CGeometryTold& rTold);
@@ -78,6 +79,7 @@ class CConnectivity : public CCardTaker {
     }
     void UseFirst(std::uint32_t iRow);
     void Join(CJoints& rJoints, std::span<const std::uint32_t> aRows);
+    const T_TIE_D* FindTie(std::string_view sKeyword) const;
     void TakeTie(const CCardFields& rCard, const T_TIE_D& rTie);
     void TakeWeighted(const CCardFields& rCard);
     void TakeSupport(const CCardFields& rCard);
@@ -89,7 +91,7 @@ class CConnectivity : public CCardTaker {
     };
 
     const CCheckDeck& m_rDeck;
-    const CIdTable<T_POINT_D>& m_rGrids;
+    const CDeckGrids& m_rGrids;
     CJoints m_joints, m_links;
     T_VECTOR m_low, m_high;
     std::vector<std::uint8_t> m_aUses;

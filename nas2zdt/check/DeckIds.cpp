@@ -82,7 +82,7 @@ std::size_t FindFamilyOfProperty(std::string_view sKeyword) {
 }
 
 CDeckIds::CDeckIds(const CCheckDeck& rDeck, CFindings& rFindings) : m_rDeck(rDeck), m_rFindings(rFindings) {
-    for (const auto& [iID, grid] : rDeck.GetModel().m_grids.GetRows()) m_grids.Add(iID);
+    for (const std::int32_t iID : rDeck.GetGrids().GetIds()) m_grids.Add(iID);
     for (const T_DECKELEMENT_D& rElement : rDeck.GetElements()) {
         const E_BODY eBody = rElement.GetKind().eBODY;
         if (eBody == BODY_TRIANGLE || eBody == BODY_QUAD) m_surfaces.Add(rElement.iEID);
@@ -217,7 +217,7 @@ bool CDeckIds::HasMaterial(std::int32_t iID) const {
 bool CDeckIds::HasPointIn(std::int32_t iFirst, std::int32_t iLast) const {
     if (HasPoint(iFirst) || HasPoint(iLast)) return true;
     if (m_aSortedGrids.empty()) {
-        for (const auto& [iID, grid] : m_rDeck.GetModel().m_grids.GetRows()) m_aSortedGrids.push_back(iID);
+        m_aSortedGrids = m_rDeck.GetGrids().GetIds();
         std::sort(m_aSortedGrids.begin(), m_aSortedGrids.end());
     }
     return HasIn(m_aSortedGrids, iFirst, iLast) || IsScalarIn(iFirst, iLast);

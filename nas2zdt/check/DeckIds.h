@@ -67,7 +67,7 @@ class CDeckIds : public CCardTaker {
 
     bool HasGrid(std::int32_t iID) const { return m_grids.Has(iID) || m_rDeck.HasGrid(iID) || IsOther('G', iID); }
     bool HasPoint(std::int32_t iID) const { return HasGrid(iID) || IsScalar(iID); }
-    bool HasFrame(std::int32_t iID) const { return m_rDeck.GetModel().m_frameCards.Has(iID) || IsOther('F', iID); }
+    bool HasFrame(std::int32_t iID) const { return m_rDeck.GetFrames().GetCards().Has(iID) || IsOther('F', iID); }
     bool HasMaterial(std::int32_t iID) const;
     bool HasSet(E_SETKIND eKind, std::int32_t iID) const { return FindSet(eKind, iID) || IsOtherSet(iID); }
     bool IsSurface(std::int32_t iEID) const { return m_surfaces.Has(iEID); } // an element

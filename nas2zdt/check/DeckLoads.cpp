@@ -41,7 +41,7 @@ void CDeckTotals::AddNodalLoad(std::int32_t iGrid, const T_VECTOR& rLoad) {
 
 void CDeckTotals::TakeForce() {
     const std::int32_t iGrid = m_pCard->Int(1);
-    const T_FRAME_D* pFrame = m_rModel.FindFrame(m_pCard->Int(2));
+    const T_FRAME_D* pFrame = m_rDeck.FindFrame(m_pCard->Int(2));
     const T_VECTOR load = Scale({m_pCard->Real(4), m_pCard->Real(5), m_pCard->Real(6)}, m_pCard->Real(3));
     const T_VECTOR* pAt = m_rDeck.FindPosition(iGrid);
     AddNodalLoad(iGrid, pFrame && pAt ? pFrame->VectorToBasic(load, *pAt) : T_VECTOR{});
@@ -69,7 +69,7 @@ void CDeckTotals::TakeForceAcross() {
 
 /// Several of one set add up. A vector in a frame that isn't rectangular is along the axes at its origin.
 void CDeckTotals::TakeGRAV() {
-    const T_FRAME_D* pFrame = m_rModel.FindFrame(m_pCard->Int(1));
+    const T_FRAME_D* pFrame = m_rDeck.FindFrame(m_pCard->Int(1));
     const T_VECTOR load = Scale({m_pCard->Real(3), m_pCard->Real(4), m_pCard->Real(5)}, m_pCard->Real(2));
     if (!IsSound()) return;
     T_SETTOTALS_D& rSet = Set();
@@ -281,7 +281,7 @@ void CDeckTotals::AddPressure(T_PENDING_D pending) {
     T_FACELOAD_D load = {std::span(aFace).first(nPlaces), dP, {}, {}};
     if (bSolid) load.inside = inside;
     if (!IsZero(rPressure.direction)) {
-        const T_FRAME_D* pFrame = m_rModel.FindFrame(rPressure.iCID);
+        const T_FRAME_D* pFrame = m_rDeck.FindFrame(rPressure.iCID);
         if (!pFrame) return;
         load.direction = pFrame->VectorToBasic(rPressure.direction, middle);
     }
@@ -318,8 +318,8 @@ void CDeckTotals::TakeTEMPD() {
 void CDeckTotals::AddTemperatures() {
     for (const auto& [iSet, dValue] : m_mapDefaultTemperatures) {
         CIdValues<double> values;
-        CountRange(m_rModel.m_grids.GetRows().size());
-        for (const auto& rRow : m_rModel.m_grids.GetRows()) values.Put(rRow.first, dValue);
+        CountRange(m_rGrids.GetCount());
+        for (const std::int32_t iGrid : m_rGrids.GetIds()) values.Put(iGrid, dValue);
         const auto own = [&](std::int32_t iGrid, double dOwn) { values.Put(iGrid, dOwn); };
         const auto pOwn = m_mapTemperatures.find(iSet);
         if (pOwn != m_mapTemperatures.end()) pOwn->second.Settle([](double, double dLater) { return dLater; }, own);

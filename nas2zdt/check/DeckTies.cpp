@@ -12,7 +12,7 @@ constexpr std::uint8_t ALL_SIX = 0x3F;
 
 const std::vector<std::int32_t>& CDeckTotals::ReadGrids(std::size_t iFirst, std::size_t iEnd) {
     const auto has = [&](std::int32_t iGrid) { return IsGrid(iGrid); };
-    const auto getRange = [&](std::int32_t iLow, std::int32_t iHigh) { return m_rModel.m_grids.GetRange(iLow, iHigh); };
+    const auto getRange = [&](std::int32_t iLow, std::int32_t iHigh) { return m_rGrids.GetRange(iLow, iHigh); };
     return ReadRanges(has, getRange, iFirst, iEnd);
 }
 
@@ -90,10 +90,10 @@ std::set<std::int32_t> CDeckTotals::T_SETS_D::FindTaken(bool bAsked, std::int32_
 void CDeckTotals::AddSupports() {
     const std::set<std::int32_t> taken = m_supportSets.FindTaken(m_rDeck.AsksForSets(), m_rDeck.GetCase().iSPC);
     CIdValues<std::uint8_t> held;
-    const auto& rRows = m_rModel.m_grids.GetRows();
-    for (std::size_t i = 0; i < rRows.size(); ++i) {
-        const auto& [iGrid, grid] = rRows[i];
-        if (grid.nPS != 0 && m_rDeck.FindGridRow(iGrid) == i) held.Put(iGrid, grid.nPS);
+    for (std::size_t i = 0; i < m_rGrids.GetCount(); ++i) {
+        const std::int32_t iGrid = m_rGrids.GetIds()[i];
+        const std::uint8_t nPS = m_rGrids.GetKind(i).nPS;
+        if (nPS != 0 && m_rGrids.FindRow(iGrid) == i) held.Put(iGrid, nPS);
     }
     for (const T_SUPPORT_D& rSupport : m_aSupports) {
         if (rSupport.nCOMPONENTS == 0 || !taken.contains(rSupport.iSET)) continue;
@@ -132,13 +132,14 @@ void CDeckTotals::AddEquations() {
     constexpr double SAME = 1e-9;
     const std::set<std::int32_t> taken = m_equationSets.FindTaken(m_rDeck.AsksForSets(), m_rDeck.GetCase().iMPC);
     for (const T_EQUATION_D& rEquation : m_aEquations) {
-        const T_POINT_D* pMaster = m_rModel.m_grids.Find(rEquation.iMASTER);
-        const T_POINT_D* pSlave = m_rModel.m_grids.Find(rEquation.iSLAVE);
-        if (!taken.contains(rEquation.iSET) || !pMaster || !pSlave) continue;
-        const T_FRAME_D *pFirst = m_rModel.FindFrame(pMaster->iCD), *pSecond = m_rModel.FindFrame(pSlave->iCD);
+        if (!taken.contains(rEquation.iSET) || !IsGrid(rEquation.iMASTER) || !IsGrid(rEquation.iSLAVE)) continue;
+        const std::uint32_t iMaster = m_rGrids.FindRow(rEquation.iMASTER), iSlave = m_rGrids.FindRow(rEquation.iSLAVE);
+        const T_FRAME_D* pFirst = m_rDeck.FindFrame(m_rGrids.GetKind(iMaster).iCD);
+        const T_FRAME_D* pSecond = m_rDeck.FindFrame(m_rGrids.GetKind(iSlave).iCD);
         if (!pFirst || !pSecond) continue;
         const auto iAxis = static_cast<std::size_t>(rEquation.iCOMPONENT - 1) % 3;
-        if (Length(Subtract(pFirst->AxesAt(pMaster->dX)[iAxis], pSecond->AxesAt(pSlave->dX)[iAxis])) > SAME) continue;
+        const T_VECTOR first = pFirst->AxesAt(m_rGrids.GetPosition(iMaster))[iAxis];
+        if (Length(Subtract(first, pSecond->AxesAt(m_rGrids.GetPosition(iSlave))[iAxis])) > SAME) continue;
         AddRigid(rEquation.iMASTER, rEquation.iSLAVE, static_cast<std::uint8_t>(1u << (rEquation.iCOMPONENT - 1)));
     }
 }

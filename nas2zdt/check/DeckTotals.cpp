@@ -35,7 +35,7 @@ const std::vector<CDeckTotals::T_ROW_D> CDeckTotals::ROWS = {
     {"SPCD", &CDeckTotals::TakeSPCD},
 };
 
-CDeckTotals::CDeckTotals(const CCheckDeck& rDeck) : m_rDeck(rDeck), m_rModel(rDeck.GetModel()) {
+CDeckTotals::CDeckTotals(const CCheckDeck& rDeck) : m_rDeck(rDeck), m_rGrids(rDeck.GetGrids()) {
     for (const T_ROW_D& rRow : ROWS) m_mapRows[rRow.sKEYWORD] = &rRow;
 }
 
@@ -105,13 +105,12 @@ void CDeckTotals::TakePointMatrix() {
 }
 
 void CDeckTotals::AddNodes() {
-    const auto& rRows = m_rModel.m_grids.GetRows();
-    for (std::size_t i = 0; i < rRows.size(); ++i) {
-        const auto& [iGrid, grid] = rRows[i];
-        if (m_rDeck.FindGridRow(iGrid) != i) continue; // a later one has its id
-        m_totals.AddNode(iGrid, grid.dX);
-        const T_FRAME_D* pFrame = grid.iCD == 0 ? nullptr : m_rModel.FindFrame(grid.iCD);
-        if (pFrame) m_totals.AddAxes(iGrid, pFrame->AxesAt(grid.dX));
+    for (std::size_t i = 0; i < m_rGrids.GetCount(); ++i) {
+        const std::int32_t iGrid = m_rGrids.GetIds()[i], iCD = m_rGrids.GetKind(i).iCD;
+        if (m_rGrids.FindRow(iGrid) != i) continue; // a later one has its id
+        m_totals.AddNode(iGrid, m_rGrids.GetPosition(i));
+        const T_FRAME_D* pFrame = iCD == 0 ? nullptr : m_rDeck.FindFrame(iCD);
+        if (pFrame) m_totals.AddAxes(iGrid, pFrame->AxesAt(m_rGrids.GetPosition(i)));
     }
 }
 
@@ -170,7 +169,7 @@ void CDeckTotals::Weigh(const T_DECKELEMENT_D& rElement, T_SUMMEDELEMENT_D& rSum
 void CDeckTotals::AddMasses() {
     for (const auto& [iEID, mass] : m_masses.GetRows()) {
         const T_VECTOR* pGrid = m_rDeck.FindPosition(mass.iGRID);
-        const T_FRAME_D* pFrame = mass.iCID == -1 ? nullptr : m_rModel.FindFrame(mass.iCID);
+        const T_FRAME_D* pFrame = mass.iCID == -1 ? nullptr : m_rDeck.FindFrame(mass.iCID);
         if (m_masses.Find(iEID) != &mass || !pGrid || (!pFrame && mass.iCID != -1)) continue;
         const T_VECTOR at = pFrame ? Add(*pGrid, pFrame->VectorToBasic(mass.offset, *pGrid)) : mass.offset;
         m_totals.AddMass(mass.dMASS, at, mass.dINERTIA, pFrame ? pFrame->AxesAt(*pGrid) : T_FRAME_D().dAXES);

@@ -121,7 +121,7 @@ class CDeckTotals : public CCardTaker {
     bool FindCorners(const T_DECKELEMENT_D& rElement, std::array<T_VECTOR, 8>& rCorners) const;
 
     const CCheckDeck& m_rDeck;
-    const CDeckModel& m_rModel;
+    const CDeckGrids& m_rGrids;
     std::map<std::string_view, const T_ROW_D*> m_mapRows;
     const T_ROW_D* m_pRow = nullptr;      // of the last card
     const CCardFields* m_pCard = nullptr; // the card in hand

@@ -16,16 +16,16 @@ constexpr std::string_view KEYWORDS[2][3] = {{"CORD2R", "CORD2C", "CORD2S"}, {"C
 class CFrameCheck {
   public:
     CFrameCheck(const CCheckDeck& rDeck, const CDeckIds& rIds, CFindings& rFindings)
-        : m_rModel(rDeck.GetModel()), m_rDeck(rDeck), m_rIds(rIds), m_rFindings(rFindings) {}
+        : m_rFrames(rDeck.GetFrames()), m_rDeck(rDeck), m_rIds(rIds), m_rFindings(rFindings) {}
 
     void Check() {
-        for (const auto& [iCID, frame] : m_rModel.m_frameCards.GetRows()) {
+        for (const auto& [iCID, frame] : m_rFrames.GetCards().GetRows()) {
             CheckTwice(iCID, frame);
             CheckReferences(iCID, frame);
             if (!m_left.contains(iCID)) FindRings(iCID);
         }
-        for (const auto& [iCID, frame] : m_rModel.m_frameCards.GetRows()) {
-            if (!m_inRings.contains(iCID) && !m_rModel.FindFrame(iCID)) CheckPoints(iCID, frame);
+        for (const auto& [iCID, frame] : m_rFrames.GetCards().GetRows()) {
+            if (!m_inRings.contains(iCID) && !m_rFrames.Find(iCID)) CheckPoints(iCID, frame);
         }
     }
 
@@ -35,7 +35,7 @@ class CFrameCheck {
     }
 
     void CheckTwice(std::int32_t iCID, const T_FRAMECARD_D& rFrame) const {
-        const T_FRAMECARD_D& rLast = *m_rModel.m_frameCards.Find(iCID);
+        const T_FRAMECARD_D& rLast = *m_rFrames.GetCards().Find(iCID);
         if (&rLast == &rFrame) return;
         const bool bSame = rLast.eKIND == rFrame.eKIND && rLast.bGRIDS == rFrame.bGRIDS && rLast.iRID == rFrame.iRID &&
                            rLast.iG == rFrame.iG && rLast.dPOINTS == rFrame.dPOINTS;
@@ -63,12 +63,13 @@ class CFrameCheck {
 
     /// The frames that a frame is defined in, 0 for the basic one.
     std::array<std::int32_t, 3> OuterFrames(std::int32_t iCID) const {
-        const T_FRAMECARD_D* pFrame = m_rModel.m_frameCards.Find(iCID);
+        const T_FRAMECARD_D* pFrame = m_rFrames.GetCards().Find(iCID);
         if (!pFrame) return {};
         if (!pFrame->bGRIDS) return {pFrame->iRID, 0, 0};
         std::array<std::int32_t, 3> aOuter = {};
         for (std::size_t i = 0; i < 3; ++i) {
-            if (const T_POINT_D* pGrid = m_rModel.m_grids.Find(pFrame->iG[i])) aOuter[i] = pGrid->iCP;
+            const std::uint32_t iRow = m_rDeck.GetGrids().FindRow(pFrame->iG[i]);
+            if (iRow != CKeyIndex::NONE) aOuter[i] = m_rDeck.GetGrids().GetKind(iRow).iCP;
         }
         return aOuter;
     }
@@ -112,7 +113,7 @@ class CFrameCheck {
         std::reverse(aRing.begin(), aRing.end());
         std::rotate(aRing.begin(), std::min_element(aRing.begin(), aRing.end()), aRing.end());
         const std::int32_t iCID = aRing.front();
-        Tell(m_rFindings, FRAME_RING, PlaceOf(iCID, *m_rModel.m_frameCards.Find(iCID)), [&] {
+        Tell(m_rFindings, FRAME_RING, PlaceOf(iCID, *m_rFrames.GetCards().Find(iCID)), [&] {
             constexpr std::size_t MOST = 10;
             std::string sText = "coordinate systems are defined by each other: ";
             for (std::size_t i = 0; i < std::min(aRing.size(), MOST); ++i) sText += std::to_string(aRing[i]) + " in ";
@@ -123,9 +124,9 @@ class CFrameCheck {
     /// The basic positions of the three points, nothing if they aren't known.
     std::optional<std::array<T_VECTOR, 3>> FindPoints(const T_FRAMECARD_D& rFrame) const {
         std::array<T_VECTOR, 3> points = rFrame.dPOINTS;
-        const T_FRAME_D* pOuter = rFrame.bGRIDS ? nullptr : m_rModel.FindFrame(rFrame.iRID);
+        const T_FRAME_D* pOuter = rFrame.bGRIDS ? nullptr : m_rFrames.Find(rFrame.iRID);
         for (std::size_t i = 0; i < 3; ++i) {
-            const T_VECTOR* pPosition = rFrame.bGRIDS ? m_rModel.FindPosition(rFrame.iG[i]) : nullptr;
+            const T_VECTOR* pPosition = rFrame.bGRIDS ? m_rDeck.FindPosition(rFrame.iG[i]) : nullptr;
             if (!pOuter && !pPosition) return std::nullopt;
             points[i] = pOuter ? pOuter->ToBasic(points[i]) : *pPosition;
         }
@@ -145,7 +146,7 @@ class CFrameCheck {
         });
     }
 
-    const CDeckModel& m_rModel;
+    const CDeckFrames& m_rFrames;
     const CCheckDeck& m_rDeck;
     const CDeckIds& m_rIds;
     CFindings& m_rFindings;

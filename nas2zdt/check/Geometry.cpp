@@ -26,7 +26,7 @@ void TellSameId(const CCheckDeck& rDeck, const T_DECKELEMENT_D& rElement, const 
 void CheckElements(const CCheckDeck& rDeck, CConnectivity& rConnectivity, CShapeCheck& rShapes, CGeometryTold& rTold) {
     constexpr std::size_t MOST_NODES = 20;
     const std::vector<T_DECKELEMENT_D>& rElements = rDeck.GetElements();
-    const std::vector<std::pair<std::int32_t, T_POINT_D>>& rGrids = rDeck.GetModel().m_grids.GetRows();
+    const CDeckGrids& rGrids = rDeck.GetGrids();
     const std::span<const T_ELEMENTKIND_D> aKinds = GetElementKinds();
     CSameElements same(rDeck);
     same.Reserve(rElements.size());
@@ -49,7 +49,7 @@ void CheckElements(const CCheckDeck& rDeck, CConnectivity& rConnectivity, CShape
         bool bPlaced = true;
         for (std::size_t i = 0; i < nCorners && bPlaced; ++i) {
             bPlaced = aRows[i] != CKeyIndex::NONE && rConnectivity.IsPlaced(aRows[i]);
-            if (bPlaced) aCorners[i] = &rGrids[aRows[i]].second.dX;
+            if (bPlaced) aCorners[i] = &rGrids.GetPosition(aRows[i]);
         }
         if (bPlaced && !rShapes.CheckShape(rElement, eBody, aCorners.data(), bRepeated)) rConnectivity.AddLink(aThere);
     }

@@ -73,8 +73,8 @@ std::string CGeometryTold::Name(const T_DECKELEMENT_D& rElement) const {
 }
 
 std::string CGeometryTold::NameGrid(std::size_t iRow) const {
-    return "GRID " + std::to_string(m_rDeck.GetModel().m_grids.GetRows()[iRow].first) + " (" +
-           m_rDeck.GetPlace(m_rDeck.GetGridOrigin(iRow)) + ")";
+    return "GRID " + std::to_string(m_rDeck.GetGrids().GetIds()[iRow]) + " (" +
+           m_rDeck.GetPlace(m_rDeck.GetGrids().GetOrigin(iRow)) + ")";
 }
 
 std::string ShowNumber(double dValue) {

@@ -48,8 +48,8 @@ class CGeometryTold {
     template <class TEXT>
     void TellGrid(E_GEOMETRY eKind, std::size_t iRow, TEXT makeText) {
         if (!IsKept(eKind, m_iGrid)) return;
-        const std::int32_t iGrid = m_rDeck.GetModel().m_grids.GetRows()[iRow].first;
-        Add(eKind, m_iGrid, {iGrid, m_rDeck.GetGridOrigin(iRow), makeText()});
+        const std::int32_t iGrid = m_rDeck.GetGrids().GetIds()[iRow];
+        Add(eKind, m_iGrid, {iGrid, m_rDeck.GetGrids().GetOrigin(iRow), makeText()});
     }
     void TellDeck(E_GEOMETRY eKind, std::string sText);
 

@@ -5,24 +5,23 @@
 #include <vector>
 
 void CheckGrids(const CCheckDeck& rDeck, CCardCheck& rCheck, CFindings& rFindings) {
-    const CIdTable<T_POINT_D>& rGrids = rDeck.GetModel().m_grids;
+    const CDeckGrids& rGrids = rDeck.GetGrids();
     std::int32_t iFound = 0; // the frame that was found last
-    for (std::uint32_t i = 0; i < rGrids.GetRows().size(); ++i) {
-        const std::int32_t iID = rGrids.GetRows()[i].first;
-        const T_POINT_D& rGrid = rGrids.GetRows()[i].second;
+    for (std::uint32_t i = 0; i < rGrids.GetCount(); ++i) {
+        const std::int32_t iID = rGrids.GetIds()[i];
+        const T_GRIDKIND_D& rGrid = rGrids.GetKind(i);
         for (const std::int32_t iFrame : {rGrid.iCP, rGrid.iCD}) {
             if (iFrame <= 0 || iFrame == iFound) continue;
-            rCheck.CheckTarget(TARGET_FRAME, iFrame, {"GRID", iID, rDeck.GetGridOrigin(i)});
-            if (rDeck.GetModel().m_frameCards.Has(iFrame)) iFound = iFrame;
+            rCheck.CheckTarget(TARGET_FRAME, iFrame, {"GRID", iID, rGrids.GetOrigin(i)});
+            if (rDeck.GetFrames().GetCards().Has(iFrame)) iFound = iFrame;
         }
-        const std::uint32_t iLast = rDeck.FindGridRow(iID);
+        const std::uint32_t iLast = rGrids.FindRow(iID);
         if (iLast == i) continue;
-        const T_POINT_D& rLast = rGrids.GetRows()[iLast].second;
-        const bool bSame =
-            rLast.iCP == rGrid.iCP && rLast.iCD == rGrid.iCD && rLast.dX == rGrid.dX && rLast.nPS == rGrid.nPS;
-        Tell(rFindings, bSame ? TWICE_SAME : TWICE, {"GRID", iID, rDeck.GetGridOrigin(iLast)}, [&] {
-            return "there is a GRID " + std::to_string(iID) + " at " + rDeck.GetPlace(rDeck.GetGridOrigin(i));
-        });
+        const T_GRIDKIND_D& rLast = rGrids.GetKind(iLast);
+        const bool bSame = rLast.iCP == rGrid.iCP && rLast.iCD == rGrid.iCD &&
+                           rGrids.GetPosition(iLast) == rGrids.GetPosition(i) && rLast.nPS == rGrid.nPS;
+        Tell(rFindings, bSame ? TWICE_SAME : TWICE, {"GRID", iID, rGrids.GetOrigin(iLast)},
+             [&] { return "there is a GRID " + std::to_string(iID) + " at " + rDeck.GetPlace(rGrids.GetOrigin(i)); });
     }
 }
 

@@ -80,6 +80,7 @@ std::string FolderPart(const std::string& sPath, bool bIncluded) {
 
 /// A deck that is being read.
 struct CDeckJoin::T_LEVEL_D {
+    std::unique_ptr<CLinesAhead> pAHEAD; // may be null
     std::unique_ptr<CTextReader> pREADER;
     std::string sPATH;
     std::string sFOLDER; // ends in a separator; empty for the current folder
@@ -122,7 +123,9 @@ void CDeckJoin::Enter(const std::string& sPath, std::unique_ptr<CTextReader> pRe
     }
     m_inputs.emplace(id, "the deck " + sPath);
     const std::string sFolder = FolderPart(sPath, !m_aLevels.empty());
-    m_aLevels.push_back({std::move(pReader), sPath, sFolder, m_nFiles++, 0, bEnclosed});
+    std::unique_ptr<CLinesAhead> pAhead = m_rSink.MakeAhead();
+    if (pAhead) pReader->LookAhead(*pAhead);
+    m_aLevels.push_back({std::move(pAhead), std::move(pReader), sPath, sFolder, m_nFiles++, 0, bEnclosed});
     m_rSink.OnFile(sPath);
     if (bEnclosed) Switch(true);
 }
@@ -146,8 +149,12 @@ void CDeckJoin::Switch(bool bBulk) {
 
 /// Takes the next line of the innermost deck.
 void CDeckJoin::Step() {
-    constexpr std::uint32_t LINES = 1u << 14; // between polls
-    if (++m_nSteps % LINES == 0 && m_rRules.fnPOLL) m_rRules.fnPOLL();
+    constexpr std::int64_t LINES = 1 << 14; // between polls
+    if (++m_nUnpolled >= LINES) {
+        m_nUnpolled = 0;
+        if (m_rRules.fnPOLL) m_rRules.fnPOLL();
+    }
+    if (m_bBulk && TakeRun()) return;
     T_LEVEL_D& rLevel = m_aLevels.back();
     std::string_view sLine;
     if (!rLevel.pREADER->Read(sLine)) {
@@ -168,6 +175,19 @@ void CDeckJoin::Step() {
     const bool bMayInclude = c == 'I' || c == 'i' || c == ' ' || c == '\t';
     if (CIncludeStatement statement; bMayInclude && statement.Begin(sLine)) return Include(statement);
     TakeLine(sLine);
+}
+
+/// Takes the run that the next lines are, if there is one and the sink takes it.
+bool CDeckJoin::TakeRun() {
+    T_LEVEL_D& rLevel = m_aLevels.back();
+    T_JOINLINE_D first = Line({});
+    ++first.iLINE;
+    const T_LINERUN_D* pRun = rLevel.pAHEAD ? rLevel.pREADER->PeekRun(first.sTEXT) : nullptr;
+    if (!pRun || !m_rSink.OnRun(first, *pRun, *rLevel.pAHEAD)) return false;
+    rLevel.iLINE += pRun->nLINES;
+    m_nUnpolled += pRun->nLINES;
+    rLevel.pREADER->PassRun();
+    return true;
 }
 
 /// Reads on behind an ENDDATA: nothing there counts, but somebody may have meant it to.

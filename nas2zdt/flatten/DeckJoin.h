@@ -3,6 +3,7 @@
 
 #include "messages/RunError.h"
 #include "nas2zdt/flatten/LineMap.h"
+#include "nas2zdt/text/LinesAhead.h"
 #include "platform/File.h"
 
 #include <cstddef>
@@ -33,6 +34,18 @@ class CJoinSink {
 
     virtual void OnFile(const std::string& sPath) = 0;
     virtual void OnLine(const T_JOINLINE_D& rLine) = 0;
+
+    /// What looks at the lines of a deck that is opened, null for nothing.
+    virtual std::unique_ptr<CLinesAhead> MakeAhead() { return nullptr; }
+
+    /// A run of rAhead in the bulk section. rFirst is its first line, with the text of all. False if its lines are to
+    /// come one by one.
+    virtual bool OnRun(const T_JOINLINE_D& rFirst, const T_LINERUN_D& rRun, CLinesAhead& rAhead) {
+        static_cast<void>(rFirst);
+        static_cast<void>(rRun);
+        static_cast<void>(rAhead);
+        return false;
+    }
 
     /// The bulk section begins or ends without a line that says so. rLine is the next line of its deck, without text.
     virtual void OnSwitch(const T_JOINLINE_D& rLine) = 0;
@@ -84,6 +97,7 @@ class CDeckJoin {
     void Leave();
     void PassRest();
     void Step();
+    bool TakeRun();
     void TakeLine(std::string_view sLine);
     void Include(CIncludeStatement& rStatement);
     std::unique_ptr<CTextReader> Find(const std::string& sName, std::string& rPath, std::string& rCause);
@@ -97,7 +111,7 @@ class CDeckJoin {
     T_INPUTS m_inputs;
     std::vector<T_LEVEL_D> m_aLevels; // the main deck first; no recursion, since includes may nest deeply
     std::size_t m_nFiles = 0;
-    std::int64_t m_nDecks = 0; // opened
-    std::uint32_t m_nSteps = 0;
-    bool m_bBulk = false; // whether the joined text is in the bulk section
+    std::int64_t m_nDecks = 0;    // opened
+    std::int64_t m_nUnpolled = 0; // lines since the last poll
+    bool m_bBulk = false;         // whether the joined text is in the bulk section
 };

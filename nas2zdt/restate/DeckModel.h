@@ -2,15 +2,13 @@
 // What a deck means, as far as several families of rules need it.
 
 #include "messages/RunError.h"
-#include "nas2zdt/restate/Frame.h"
+#include "nas2zdt/restate/DeckFrames.h"
 #include "nas2zdt/restate/IdTable.h"
 #include "nas2zdt/restate/Rule.h"
 #include "nas2zdt/text/CaseRequests.h"
 
-#include <array>
 #include <cstdint>
 #include <functional>
-#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -23,16 +21,6 @@ struct T_POINT_D {
     std::uint8_t nPS = 0; // bit 0 for component 1
     bool bPLACED = true;  // whether the position is known
     std::uint32_t iCARD = 0;
-};
-
-/// A frame as its card says it.
-struct T_FRAMECARD_D {
-    E_FRAME eKIND = FRAME_RECTANGULAR;
-    bool bGRIDS = false;   // by three grids, or by three points
-    std::int32_t iRID = 0; // of the points
-    std::array<std::int32_t, 3> iG = {};
-    std::array<T_VECTOR, 3> dPOINTS = {}; // A, B, C
-    T_ORIGINLINE_D origin;
 };
 
 /// Why a card is looked at again when the deck is written. Families set these bits of their cards, and of m_nActive
@@ -54,7 +42,7 @@ class CDeckModel {
         : m_sDeck(sDeck), m_nMostRanges(nMostRanges) {}
 
     CIdTable<T_POINT_D> m_grids;
-    CIdTable<T_FRAMECARD_D> m_frameCards;
+    CDeckFrames m_frames;
     CIdTable<std::uint32_t> m_elements;   // places of their cards in the deck
     CIdTable<std::uint32_t> m_properties; // likewise
     CIdTable<std::uint32_t> m_materials;  // likewise; of structural ones
@@ -68,7 +56,7 @@ class CDeckModel {
     void Resolve();
 
     /// The frame of an id, the basic one for 0. Null if there is none or it isn't one.
-    const T_FRAME_D* FindFrame(std::int32_t iCID) const;
+    const T_FRAME_D* FindFrame(std::int32_t iCID) const { return m_frames.Find(iCID); }
 
     /// The basic position of a grid, null if it isn't known.
     const T_VECTOR* FindPosition(std::int32_t iGrid) const {
@@ -92,13 +80,6 @@ class CDeckModel {
     void UseElementId(std::int32_t iID) { m_iLastElement = std::max(m_iLastElement, iID); }
 
   private:
-    void ResolveFrame(std::int32_t iCID);
-    std::int32_t FindMissing(const T_FRAMECARD_D& rCard) const;
-    bool MakeFrame(std::int32_t iCID, const T_FRAMECARD_D& rCard);
-    bool PlaceInFrame(const T_POINT_D& rGrid, T_VECTOR& rPosition) const;
-
-    std::map<std::int32_t, T_FRAME_D> m_mapFrames;
-    std::set<std::int32_t> m_badFrames;
     std::set<std::int32_t> m_newIds; // below the largest
     std::int32_t m_iLastFrame = 0;
     std::int32_t m_iLastElement = 0;

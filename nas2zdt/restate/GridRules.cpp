@@ -75,7 +75,7 @@ std::uint8_t CGridRules::GatherByGrids(const CCardFields& rCard, E_FRAME eKind) 
         frame.eKIND = eKind;
         frame.bGRIDS = true;
         for (std::size_t k = 0; k < 3; ++k) frame.iG[k] = rCard.Int(i + 1 + k);
-        m_rModel.m_frameCards.Put(rCard.Int(i), frame);
+        m_rModel.m_frames.Put(rCard.Int(i), frame);
     }
     return NEED_ALWAYS;
 }
@@ -85,7 +85,7 @@ std::uint8_t CGridRules::GatherByPoints(const CCardFields& rCard, E_FRAME eKind)
     frame.eKIND = eKind;
     frame.iRID = rCard.Int(1);
     for (std::size_t i = 0; i < 9; ++i) frame.dPOINTS[i / 3][i % 3] = rCard.Real(2 + i);
-    m_rModel.m_frameCards.Put(rCard.Int(0), frame);
+    m_rModel.m_frames.Put(rCard.Int(0), frame);
     return NEED_ALWAYS;
 }
 

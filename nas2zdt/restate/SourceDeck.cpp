@@ -3,6 +3,7 @@
 #include "nas2zdt/restate/SourceDeck.h"
 
 #include "nas2zdt/flatten/DeckError.h"
+#include "nas2zdt/restate/CardLines.h"
 #include "nas2zdt/restate/CardText.h"
 #include "nas2zdt/restate/FieldText.h"
 #include "nas2zdt/text/Words.h"
@@ -16,37 +17,12 @@ namespace {
 
 enum E_TEXTRULE { TEXT_UNREADABLE, TEXT_PART, TEXT_INCLUDE, TEXT_INCLUDE_BULK, TEXT_REPLICATED, TEXT_JOINED };
 
-constexpr std::size_t FIELD_WIDTH = 8;
 constexpr std::size_t MARK_COLUMN = 72; // from 0
-constexpr std::size_t FREE_COLUMNS = 10;
 
-/// Field 1 of a line, without the blanks around it.
-std::string_view FirstField(std::string_view sText) {
-    const std::size_t iComma = sText.substr(0, FREE_COLUMNS).find(',');
-    if (iComma != std::string_view::npos) return TrimText(sText.substr(0, iComma));
-    const std::string_view sColumns = sText.substr(0, FIELD_WIDTH);
-    return TrimText(sColumns.substr(0, sColumns.find('\t')));
-}
-
-/// Field 10 of a line, bare.
-std::string LastMark(std::string_view sText, bool bPlain) {
-    if (bPlain) {
-        if (sText.size() <= MARK_COLUMN) return {};
-        return std::string(BareMark(TrimText(sText.substr(MARK_COLUMN, FIELD_WIDTH))));
-    }
-    CCardText text;
-    text.Read({&sText, 1});
-    return std::string(BareMark(text.GetLines()[0].sMARK));
-}
-
-/// A card's first word without the "*" of large field.
-std::string_view Keyword(std::string_view sFirst) {
-    return sFirst.ends_with('*') ? TrimText(sFirst.substr(0, sFirst.size() - 1)) : sFirst;
-}
-
-bool IsWord(std::string_view sFirst) {
-    const std::size_t nWord = Keyword(sFirst).size();
-    return nWord > 0 && nWord <= FIELD_WIDTH && sFirst.find_first_of(" \t") == std::string_view::npos;
+/// A line without what ends it.
+std::string_view WithoutEnd(std::string_view sLine) {
+    while (!sLine.empty() && (sLine.back() == '\n' || sLine.back() == '\r')) sLine.remove_suffix(1);
+    return sLine;
 }
 
 } // namespace
@@ -119,15 +95,11 @@ void CSourceDeck::OnMissing(const std::string& sName, const T_JOINLINE_D& rLine)
 }
 
 void CSourceDeck::OnLine(const T_JOINLINE_D& rLine) {
-    std::string_view sText = rLine.sTEXT;
-    while (!sText.empty() && (sText.back() == '\n' || sText.back() == '\r')) sText.remove_suffix(1);
+    const std::string_view sText = WithoutEnd(rLine.sTEXT);
     const T_ORIGINLINE_D origin{static_cast<std::uint32_t>(rLine.iFILE), rLine.iLINE};
     if (sText.starts_with('$') || sText.starts_with(CTRL_Z)) return;
     const T_LINELOOK_D look = rLine.bBULK ? LookAtLine(sText) : T_LINELOOK_D();
-    if (look.bCARD) {
-        if (!look.bCOLUMNS || !GiveLine(rLine, sText, origin)) BeginCard(sText, origin, look);
-        return;
-    }
+    if (look.bCARD) return BeginCard(sText, origin, look);
     if (TakeMarker(sText, rLine.bBULK)) return EndCard();
     if (rLine.bBULK) {
         TakeBulk(sText, origin, look);
@@ -182,10 +154,10 @@ void CSourceDeck::BeginCard(std::string_view sText, const T_ORIGINLINE_D& rOrigi
     EndCard();
     if (!rLook.bCARD) {
         const std::string_view sFirst = FirstField(sText);
-        if (!IsWord(sFirst) || HoldsEnd(sFirst)) return m_rTold.Tell(RULES[TEXT_UNREADABLE], sFirst, rOrigin);
+        if (!BeginsCard(sFirst)) return m_rTold.Tell(RULES[TEXT_UNREADABLE], sFirst, rOrigin);
     }
     if (m_iInPart != m_iPart) {
-        std::string sKeyword(Keyword(FirstField(sText)));
+        std::string sKeyword(KeywordOf(FirstField(sText)));
         std::transform(sKeyword.begin(), sKeyword.end(), sKeyword.begin(), &ToUpper);
         ++m_mapParts[sKeyword];
         return;
@@ -208,15 +180,13 @@ void CSourceDeck::GiveCard() {
     if (!m_pSink->OnCard(card)) m_texts.Drop(card.Text());
 }
 
-/// The short way for a card that ends with its line: the next one begins another. False if it isn't gone.
-bool CSourceDeck::GiveLine(const T_JOINLINE_D& rLine, std::string_view sText, const T_ORIGINLINE_D& rOrigin) {
-    if (!m_pSink || sText.size() > MARK_COLUMN || m_iInPart != m_iPart) return false;
-    const char cNext = ToUpper(*(rLine.sTEXT.data() + rLine.sTEXT.size()));
-    if (cNext < 'A' || cNext > 'Z' || cNext == 'E' || cNext == 'I') return false; // a deck may begin or end there
+bool CSourceDeck::OnRun(const T_JOINLINE_D& rFirst, const T_LINERUN_D& rRun, CLinesAhead& rAhead) {
+    if (m_iInPart != m_iPart) return false;
     EndCard();
     GiveCard();
-    if (IsWaiting() || !m_pSink->OnLine(sText, rOrigin)) return false;
-    m_sGiven = sText;
+    if (IsWaiting()) return false;
+    m_pSink->OnRun(rFirst.sTEXT, {static_cast<std::uint32_t>(rFirst.iFILE), rFirst.iLINE}, rRun, rAhead);
+    m_sGiven = WithoutEnd(rFirst.sTEXT.substr(rRun.iLAST - rRun.iBEGIN));
     return true;
 }
 
@@ -288,7 +258,7 @@ void CSourceDeck::JoinStrays() {
             const std::size_t iStray = pFound->second.back();
             pFound->second.pop_back();
             join(iCard, iStray);
-            m_rTold.Tell(RULES[TEXT_JOINED], Keyword(FirstField(m_aCards[iCard].Text())), m_aCards[iCard].origin);
+            m_rTold.Tell(RULES[TEXT_JOINED], KeywordOf(FirstField(m_aCards[iCard].Text())), m_aCards[iCard].origin);
             sMark = lastMark(m_aStrays[iStray].sTEXT);
         }
     }

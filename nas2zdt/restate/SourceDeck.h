@@ -4,6 +4,7 @@
 #include "nas2zdt/flatten/DeckJoin.h"
 #include "nas2zdt/restate/LineLook.h"
 #include "nas2zdt/restate/Rule.h"
+#include "nas2zdt/text/LinesAhead.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -72,9 +73,17 @@ class CCardSink {
     /// Whether the card's text has to stay where it is.
     virtual bool OnCard(const T_SOURCECARD_D& rCard) = 0;
 
-    /// The same for a card that is a single line of columns, whose text is valid during the call. If it returns false,
-    /// the card comes again.
-    virtual bool OnLine(std::string_view sLine, const T_ORIGINLINE_D& rOrigin) = 0;
+    /// What looks at the lines of a deck ahead, null for nothing.
+    virtual std::unique_ptr<CLinesAhead> MakeAhead() { return nullptr; }
+
+    /// Cards of a run of rAhead, as they stand in the deck.
+    virtual void OnRun(std::string_view sText, const T_ORIGINLINE_D& rOrigin, const T_LINERUN_D& rRun,
+                       CLinesAhead& rAhead) {
+        static_cast<void>(sText);
+        static_cast<void>(rOrigin);
+        static_cast<void>(rRun);
+        static_cast<void>(rAhead);
+    }
 };
 
 /// Reads a deck. Comments and lines of blanks are nothing; continuation lines belong together by their marks, or else
@@ -103,6 +112,8 @@ class CSourceDeck : private CJoinSink {
   private:
     void OnFile(const std::string& sPath) override { m_aFiles.push_back(sPath); }
     void OnLine(const T_JOINLINE_D& rLine) override;
+    std::unique_ptr<CLinesAhead> MakeAhead() override { return m_pSink ? m_pSink->MakeAhead() : nullptr; }
+    bool OnRun(const T_JOINLINE_D& rFirst, const T_LINERUN_D& rRun, CLinesAhead& rAhead) override;
     void OnSwitch(const T_JOINLINE_D&) override {}
     void OnMissing(const std::string& sName, const T_JOINLINE_D& rLine) override;
     void OnBehindEnd(const T_JOINLINE_D& rFirst, std::size_t nLines) override {
@@ -116,7 +127,6 @@ class CSourceDeck : private CJoinSink {
     void AddLine(std::string_view sText, const T_LINELOOK_D& rLook);
     void EndCard();
     void GiveCard();
-    bool GiveLine(const T_JOINLINE_D& rLine, std::string_view sText, const T_ORIGINLINE_D& rOrigin);
     bool IsWaiting() const { return !m_aWaiting.empty() || !m_aStrays.empty(); }
     void Replicate(std::string_view sText, const T_ORIGINLINE_D& rOrigin);
     void JoinStrays();

@@ -31,17 +31,19 @@ std::string ShowVector(const T_VECTOR& rVector) {
 
 /// "GRID 1 @2 CP 1 CD 2 PS 3 (1 2 3)", then "CBAR 1 @3 PID 2: 1 2 G0 3", then cards with odd fields, those with sizes
 /// of their own, and the others.
-std::string ShowTables(const std::string& sCards) {
+std::string ShowTables(const std::string& sCards, std::size_t nThreads = 1) {
     const CTempFolder folder;
     WriteText(folder.Path("deck.dat"), "BEGIN BULK\n" + sCards);
-    const CCheckDeck deck(folder.Path("deck.dat"), {});
+    T_CHOICE_D choice;
+    choice.nTHREADS = nThreads;
+    const CCheckDeck deck(folder.Path("deck.dat"), choice);
     std::string sShown;
-    const auto& rGrids = deck.GetModel().m_grids.GetRows();
-    for (std::size_t i = 0; i < rGrids.size(); ++i) {
-        const auto& [iGrid, grid] = rGrids[i];
-        sShown += "GRID " + std::to_string(iGrid) + " @" + std::to_string(deck.GetGridOrigin(i).iLINE) + " CP " +
-                  std::to_string(grid.iCP) + " CD " + std::to_string(grid.iCD) + " PS " + std::to_string(grid.nPS) +
-                  " " + ShowVector(grid.dX) + "\n";
+    const CDeckGrids& rGrids = deck.GetGrids();
+    for (std::size_t i = 0; i < rGrids.GetCount(); ++i) {
+        const T_GRIDKIND_D& rKind = rGrids.GetKind(i);
+        sShown += "GRID " + std::to_string(rGrids.GetIds()[i]) + " @" + std::to_string(rGrids.GetOrigin(i).iLINE) +
+                  " CP " + std::to_string(rKind.iCP) + " CD " + std::to_string(rKind.iCD) + " PS " +
+                  std::to_string(rKind.nPS) + " " + ShowVector(rGrids.GetPosition(i)) + "\n";
     }
     for (const T_DECKELEMENT_D& rElement : deck.GetElements()) {
         sShown += std::string(rElement.GetKind().sKEYWORD) + " " + std::to_string(rElement.iEID) + " @" +
@@ -106,6 +108,27 @@ TEST(CheckDeck, TablesOfWhatCardsMean) {
               "GRID 1 @2 CP 0 CD 0 PS 0 (0 0 0)\nGRID 2 @4 CP 0 CD 0 PS 0 (0 0 0)\nGRID 3 @8 CP 0 CD 0 PS 0 (0 0 0)\n"
               "CHEXA 1 @3 PID 1: 1 2 3 4 5 6 7 8\nCQUAD4 2 @6 PID 1: 1 2 3 4\n"
               "FORCE@5,1,2\n"},
+             {"carriage returns, comments, blank lines and marks that fit",
+              "GRID    1                               2.\r\nCQUAD4  1       1       1       2       3       4\r\n"
+              "FORCE   1       1\r\nFORCE   1       2\r\n$ what\r\nFORCE   1       3\r\n\r\n"
+              "+                               5\r\n"
+              "CQUAD8  2       1       1       2       3       4       5       6       +A\r\n"
+              "+A      7\r\n$\r\n"
+              "CTRIA3  3               1       2       3\r\n+                       .5\r\nGRID    2\r\n",
+              "GRID 1 @2 CP 0 CD 0 PS 0 (0 0 2)\nGRID 2 @15 CP 0 CD 0 PS 0 (0 0 0)\n"
+              "CQUAD4 1 @3 PID 1: 1 2 3 4\nCQUAD8 2 @10 PID 1: 1 2 3 4 5 6 7\nCTRIA3 3 @13 PID 3: 1 2 3\n"
+              "sized CTRIA3@13,3,,1,2,3,,,,,,.5\n"
+              "FORCE@4,1,1\nFORCE@5,1,2\nFORCE@7,1,3,,,,,,,,,,5\n"},
+             {"bars and what they use, one line behind the other",
+              "CBAR    1       1       1       2       1.              \n"
+              "CBAR    2               1       2       9\n"
+              "CBEAM   3       1       1       2               1.              BGG\n"
+              "CBAR*                  4               1               1               2\n"
+              "*                     9\nGRID*                  1                              1.\nGRID,2\n"
+              "BAROR           5\n",
+              "GRID 1 @7 CP 0 CD 0 PS 0 (1 0 0)\nGRID 2 @8 CP 0 CD 0 PS 0 (0 0 0)\n"
+              "CBAR 1 @2 PID 1: 1 2 (1 0 0)\nCBAR 2 @3 PID 5: 1 2 G0 9\nCBEAM 3 @4 PID 1: 1 2 (0 1 0) basic\n"
+              "CBAR 4 @5 PID 1: 1 2 G0 9\nBAROR@9,,5\n"},
              {"a line with another mark than the one before it",
               "CQUAD8  1       1       1       2       3       4       5       6       +A\n+B      7       8\nFORCE   "
               "9\n",
@@ -117,6 +140,34 @@ TEST(CheckDeck, TablesOfWhatCardsMean) {
          }) {
         SCOPED_TRACE(rCase.sNAME);
         EXPECT_EQ(ShowTables(rCase.sCARDS), rCase.sTABLES);
+    }
+}
+
+/// Chunks of the deck are read by several threads.
+TEST(CheckDeck, LongDecksAreReadInTheOrderOfTheirLines) {
+    constexpr std::int32_t CARDS = 40000; // about three megabytes
+    std::string sCards, sGrids, sElements, sForces;
+    std::int32_t iLine = 1;
+    for (std::int32_t i = 1; i <= CARDS; ++i) {
+        const std::string sID = std::to_string(i), sField = sID + std::string(8 - sID.size(), ' ');
+        if (i == CARDS / 2) {
+            sCards += "$" + std::string(600000, 'x') + "\n"; // longer than a chunk
+            ++iLine;
+        }
+        sCards += "GRID    " + sField + "                2.\n";
+        sGrids += "GRID " + sID + " @" + std::to_string(iLine + 1) + " CP 0 CD 0 PS 0 (0 2 0)\n";
+        if (i % 3 == 0) {
+            sCards += "FORCE   1       " + sField + "\nFORCE   2       " + sField + "\n";
+            sForces += "FORCE@" + std::to_string(iLine + 2) + ",1," + sID + "\nFORCE@" + std::to_string(iLine + 3) +
+                       ",2," + sID + "\n";
+            iLine += 2;
+        }
+        sCards += "CQUAD8  " + sField + "        1       2       3       4       5       6\n+       7       8\n";
+        sElements += "CQUAD8 " + sID + " @" + std::to_string(iLine + 2) + " PID " + sID + ": 1 2 3 4 5 6 7 8\n";
+        iLine += 3;
+    }
+    for (const std::size_t nThreads : {1u, 2u, 5u}) {
+        EXPECT_TRUE(ShowTables(sCards, nThreads) == sGrids + sElements + sForces) << nThreads << " threads";
     }
 }
 
