@@ -34,6 +34,7 @@ std::string ShowVector(const T_VECTOR& rVector) {
 std::string ShowTables(const std::string& sCards, std::size_t nThreads = 1) {
     const CTempFolder folder;
     WriteText(folder.Path("deck.dat"), "BEGIN BULK\n" + sCards);
+    WriteText(folder.Path("rest.dat"), "+       7       8\n");
     T_CHOICE_D choice;
     choice.nTHREADS = nThreads;
     const CCheckDeck deck(folder.Path("deck.dat"), choice);
@@ -43,7 +44,8 @@ std::string ShowTables(const std::string& sCards, std::size_t nThreads = 1) {
         const T_GRIDKIND_D& rKind = rGrids.GetKind(i);
         sShown += "GRID " + std::to_string(rGrids.GetIds()[i]) + " @" + std::to_string(rGrids.GetOrigin(i).iLINE) +
                   " CP " + std::to_string(rKind.iCP) + " CD " + std::to_string(rKind.iCD) + " PS " +
-                  std::to_string(rKind.nPS) + " " + ShowVector(rGrids.GetPosition(i)) + "\n";
+                  std::to_string(rKind.nPS) + " " + ShowVector(rGrids.GetPosition(i)) +
+                  (rGrids.FindPosition(rGrids.GetIds()[i]) ? "\n" : " unplaced\n");
     }
     for (const T_DECKELEMENT_D& rElement : deck.GetElements()) {
         sShown += std::string(rElement.GetKind().sKEYWORD) + " " + std::to_string(rElement.iEID) + " @" +
@@ -55,6 +57,10 @@ std::string ShowTables(const std::string& sCards, std::size_t nThreads = 1) {
             if (pOrientation->bBASIC) sShown += " basic";
         }
         sShown += "\n";
+    }
+    for (const T_ELEMENTUSE_D& rUse : deck.GetUses()) {
+        sShown +=
+            "use of " + std::to_string(rUse.iID) + " by " + std::to_string(deck.GetElements()[rUse.iROW].iEID) + "\n";
     }
     CShownCards odd("odd "), sized("sized "), rest("");
     deck.WalkOdd(odd);
@@ -91,13 +97,14 @@ TEST(CheckDeck, TablesOfWhatCardsMean) {
              {"sizes of their own",
               "CQUAD4  1       1       1       2       3       4\nCQUAD4  2       1       1       2       3       4\n"
               "+                       .1\nCONROD  3       1       2       1       .5\n",
-              "CQUAD4 1 @2 PID 1: 1 2 3 4\nCQUAD4 2 @3 PID 1: 1 2 3 4\nCONROD 3 @5 PID 0: 1 2\n"
+              "CQUAD4 1 @2 PID 1: 1 2 3 4\nCQUAD4 2 @3 PID 1: 1 2 3 4\nCONROD 3 @5 PID 0: 1 2\nuse of 1 by 3\n"
               "sized CQUAD4@3,2,1,1,2,3,4,,,,,.1\nsized CONROD@5,3,1,2,1,.5\n"},
              {"defaults behind their cards",
               "GRID    1               1.\nGRID,2,0,,,,0\nCBAR,3,1,1,2\nCBAR,4,1,1,2,9,,,GGG\nCBEAM   5       1       1"
               "       2\nGRDSET,,8,,,,6,12\nBAROR,,,,,0.,1.,0.,BGG\nBEAMOR,,,,,7\n",
-              "GRID 1 @2 CP 8 CD 6 PS 3 (1 0 0)\nGRID 2 @3 CP 0 CD 0 PS 3 (0 0 0)\n"
-              "CBAR 3 @4 PID 1: 1 2 (0 1 0) basic\nCBAR 4 @5 PID 1: 1 2 G0 9\nCBEAM 5 @6 PID 1: 1 2 G0 7\n"
+              "GRID 1 @2 CP 8 CD 6 PS 3 (1 0 0) unplaced\nGRID 2 @3 CP 0 CD 0 PS 3 (0 0 0)\n"
+              "CBAR 3 @4 PID 1: 1 2 (0 1 0) basic\nCBAR 4 @5 PID 1: 1 2 G0 9\nCBEAM 5 @6 PID 1: 1 2 G0 7\nuse of 9 by "
+              "4\n"
               "GRDSET@7,,8,,,,6,12\nBAROR@8,,,,,0.,1.,0.,BGG\nBEAMOR@9,,,,,7\n"},
              {"lines that stand elsewhere, in the order of the deck",
               "GRID    1\n"
@@ -114,7 +121,7 @@ TEST(CheckDeck, TablesOfWhatCardsMean) {
               "+                               5\r\n"
               "CQUAD8  2       1       1       2       3       4       5       6       +A\r\n"
               "+A      7\r\n$\r\n"
-              "CTRIA3  3               1       2       3\r\n+                       .5\r\nGRID    2\r\n",
+              "CTRIA3  3               1       2       3\r\n+                       .5\r\nGRID    2",
               "GRID 1 @2 CP 0 CD 0 PS 0 (0 0 2)\nGRID 2 @15 CP 0 CD 0 PS 0 (0 0 0)\n"
               "CQUAD4 1 @3 PID 1: 1 2 3 4\nCQUAD8 2 @10 PID 1: 1 2 3 4 5 6 7\nCTRIA3 3 @13 PID 3: 1 2 3\n"
               "sized CTRIA3@13,3,,1,2,3,,,,,,.5\n"
@@ -122,13 +129,21 @@ TEST(CheckDeck, TablesOfWhatCardsMean) {
              {"bars and what they use, one line behind the other",
               "CBAR    1       1       1       2       1.              \n"
               "CBAR    2               1       2       9\n"
-              "CBEAM   3       1       1       2               1.              BGG\n"
+              "CBEAM   3       1       1       2               1.              BGG\nFORCE   1\n"
               "CBAR*                  4               1               1               2\n"
               "*                     9\nGRID*                  1                              1.\nGRID,2\n"
               "BAROR           5\n",
-              "GRID 1 @7 CP 0 CD 0 PS 0 (1 0 0)\nGRID 2 @8 CP 0 CD 0 PS 0 (0 0 0)\n"
+              "GRID 1 @8 CP 0 CD 0 PS 0 (1 0 0)\nGRID 2 @9 CP 0 CD 0 PS 0 (0 0 0)\n"
               "CBAR 1 @2 PID 1: 1 2 (1 0 0)\nCBAR 2 @3 PID 5: 1 2 G0 9\nCBEAM 3 @4 PID 1: 1 2 (0 1 0) basic\n"
-              "CBAR 4 @5 PID 1: 1 2 G0 9\nBAROR@9,,5\n"},
+              "CBAR 4 @6 PID 1: 1 2 G0 9\nuse of 9 by 2\nFORCE@5,1\nBAROR@10,,5\n"},
+             {"a card that an include goes on with, and one whose mark is further on",
+              "CQUAD8  1       1       1       2       3       4       5       6\nINCLUDE 'rest.dat'\n"
+              "FORCE   1       2                                                       +B\nGRID    1\n+B      3\n",
+              "GRID 1 @5 CP 0 CD 0 PS 0 (0 0 0)\nCQUAD8 1 @2 PID 1: 1 2 3 4 5 6 7 8\nFORCE@4,1,2,,,,,,,3\n"},
+             {"another part with the same cards",
+              "CBAR,1,1,1,2,9\nBEGIN SUPER=1\nCBAR,2,1,1,2,8\nGRID,1\nBEGIN BULK\nCBAR,3,1,1,2,8\nGRID,2\n",
+              "GRID 2 @8 CP 0 CD 0 PS 0 (0 0 0)\nCBAR 1 @2 PID 1: 1 2 G0 9\nCBAR 3 @7 PID 1: 1 2 G0 8\n"
+              "use of 9 by 1\nuse of 8 by 3\n"},
              {"a line with another mark than the one before it",
               "CQUAD8  1       1       1       2       3       4       5       6       +A\n+B      7       8\nFORCE   "
               "9\n",
