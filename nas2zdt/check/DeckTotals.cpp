@@ -143,6 +143,7 @@ void CDeckTotals::AddElements() {
             return pPosition != nullptr;
         });
     }
+    sum.Finish();
 }
 
 /// Solids have no property in the file, which is why they are in no group of one. A plate's own thickness takes the

@@ -11,8 +11,11 @@
 #include "writer/rows/LoadRows.h"
 #include "writer/rows/SpringRows.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -20,21 +23,80 @@ namespace {
 struct T_FILEBODY_D {
     E_BODY eBODY = BODY_LINE;
     std::array<std::int32_t, 8> aNODES = {};
-    std::array<T_VECTOR, 8> dCORNERS = {};
-    std::optional<T_VECTOR> reference; // of a beam
+    std::optional<T_VECTOR> reference = {}; // of a beam
+    std::array<T_VECTOR, 8> dCORNERS;       // unknown until they are found
+};
+
+/// The pressures of all load sets by the elements that they are on. Cards name elements in any order, and looked up one
+/// by one each would be waited for.
+class CPressures {
+  public:
+    void Add(const CLoadEntries& rEntries, T_SETTOTALS_D& rTotals) {
+        m_aSets.push_back({m_nEntries, rEntries, rTotals});
+        const std::vector<std::int8_t>& aKinds = rEntries.GetKinds();
+        for (std::size_t i = 0; i < aKinds.size(); ++i) {
+            if (aKinds[i] != LOAD_PRESSURE) continue;
+            m_aOrder.push_back(MakeKeyed(KeyOf(rEntries.IdOf(i)), static_cast<std::uint32_t>(m_nEntries + i)));
+        }
+        m_nEntries += aKinds.size();
+    }
+
+    /// Once all are added.
+    void Sort() { SortByKey(m_aOrder); }
+
+    /// Calls visit(entry, totals of its set) for the pressures on an element, whose id is above that of the call
+    /// before.
+    template <class VISIT>
+    void Visit(std::int32_t iEID, VISIT visit) {
+        const std::uint32_t nKey = KeyOf(iEID);
+        while (m_iNext < m_aOrder.size() && GetKey(m_aOrder[m_iNext]) < nKey) ++m_iNext;
+        for (; m_iNext < m_aOrder.size() && GetKey(m_aOrder[m_iNext]) == nKey; ++m_iNext) {
+            FetchAhead();
+            const auto [rSet, iEntry] = Locate(m_iNext);
+            visit(rSet.rENTRIES[iEntry], rSet.rTOTALS);
+        }
+    }
+
+  private:
+    struct T_SET_D {
+        std::size_t iFIRST; // of its entries among those of all sets
+        const CLoadEntries& rENTRIES;
+        T_SETTOTALS_D& rTOTALS;
+    };
+
+    /// A set and the place of an entry in it.
+    std::pair<const T_SET_D&, std::size_t> Locate(std::size_t iOrdered) const {
+        const std::size_t iEntry = GetValue(m_aOrder[iOrdered]);
+        const auto isBefore = [](std::size_t i, const T_SET_D& r) { return i < r.iFIRST; };
+        const T_SET_D& rSet = *std::prev(std::upper_bound(m_aSets.begin(), m_aSets.end(), iEntry, isBefore));
+        return {rSet, iEntry - rSet.iFIRST};
+    }
+
+    void FetchAhead() const {
+        constexpr std::size_t AHEAD = 8;
+        if (m_iNext + AHEAD >= m_aOrder.size()) return;
+        const auto [rSet, iEntry] = Locate(m_iNext + AHEAD);
+        rSet.rENTRIES.Fetch(iEntry);
+    }
+
+    /// Unsigned, in the order of the ids.
+    static std::uint32_t KeyOf(std::int32_t iEID) { return static_cast<std::uint32_t>(iEID) ^ 0x80000000u; }
+
+    std::vector<T_SET_D> m_aSets;
+    std::size_t m_nEntries = 0;
+    std::vector<std::uint64_t> m_aOrder; // keyed by element
+    std::size_t m_iNext = 0;
 };
 
 class CFileTotals {
   public:
     explicit CFileTotals(const CDataPool& rPool) : m_rPool(rPool) {
-        m_aPositions.reserve(rPool.NODS.GetCount());
-        const auto node = [&](const T_NODE_ROW& r) {
-            m_aPositions.push_back({r.iNODE, {r.dX, r.dY, r.dZ}});
-            m_totals.AddNode(r.iNODE, m_aPositions.back().at);
-        };
-        ForEachNode(rPool, CRowVisitor{node, IGNORE_LEFT});
-        m_places.Fill(m_aPositions, [](const T_POSITION_D& r) { return r.iNODE; });
+        AddNodes();
         ForEachLocalAxis(rPool, [&](const CLocalAxis& rAxis) { AddAxis(rAxis); });
+        ForEachLoadCase(rPool, [&](const T_LOADCASE_ROW& rCase) {
+            m_pressures.Add(rCase.rSET.aMBLD, m_totals.mapSETS[rCase.iSID]);
+        });
+        m_pressures.Sort();
         AddElements();
         AddTies();
         ForEachLoadCase(rPool, [&](const T_LOADCASE_ROW& rCase) { AddCase(rCase); });
@@ -49,17 +111,31 @@ class CFileTotals {
     T_TOTALS_D Take() { return std::move(m_totals); }
 
   private:
-    /// A node of the file.
-    struct T_POSITION_D {
-        std::int32_t iNODE;
-        T_VECTOR at;
-    };
+    void AddNodes() {
+        std::vector<std::int32_t> aIDs;
+        aIDs.reserve(m_rPool.NODS.GetCount());
+        m_aPositions.reserve(m_rPool.NODS.GetCount());
+        const auto node = [&](const T_NODE_ROW& r) {
+            aIDs.push_back(r.iNODE);
+            m_aPositions.push_back({r.dX, r.dY, r.dZ});
+            m_totals.AddNode(r.iNODE, m_aPositions.back());
+        };
+        ForEachNode(m_rPool, CRowVisitor{node, IGNORE_LEFT});
+        m_places.Fill(aIDs, [](std::int32_t iNode) { return iNode; });
+    }
 
     bool Find(std::int32_t iNode, T_VECTOR& rPosition) const {
         const std::uint32_t iPlace = m_places.Find(iNode);
         if (iPlace == CKeyIndex::NONE) return false;
-        rPosition = m_aPositions[iPlace].at;
+        rPosition = m_aPositions[iPlace];
         return true;
+    }
+    bool FindCorners(T_FILEBODY_D& rBody) const {
+        bool bFound = true;
+        for (std::size_t i = 0; bFound && i < BODY_CORNERS[rBody.eBODY]; ++i) {
+            bFound = Find(rBody.aNODES[i], rBody.dCORNERS[i]);
+        }
+        return bFound;
     }
     bool Has(std::int32_t iNode) const { return m_places.Find(iNode) != CKeyIndex::NONE; }
 
@@ -76,27 +152,22 @@ class CFileTotals {
         m_totals.AddAxes(r.iNODE, axes);
     }
 
-    void Add(const T_SUMMEDELEMENT_D& rElement, const std::int32_t* pNodes) {
-        m_elements.Add(rElement, pNodes, [&](std::int32_t iNode, T_VECTOR& rAt) { return Find(iNode, rAt); });
-    }
     void AddLink(E_FORM eForm, std::int32_t iEID, std::int32_t iNode1, std::int32_t iNode2) {
         const std::array aNodes = {iNode1, iNode2};
-        Add({eForm, BODY_LINK, iEID}, aNodes.data());
+        m_elements.AddPlaced({eForm, BODY_LINK, iEID}, aNodes.data(), nullptr);
     }
 
-    /// Body and nodes of a row of elements.
+    /// A row of elements without the positions of its corners.
     template <class ROW>
-    static T_FILEBODY_D BodyOf(const ROW& r) {
-        T_FILEBODY_D body{BODY_LINE, {r.iNODE1, r.iNODE2}, {}, {}};
-        if constexpr (std::is_same_v<ROW, T_BEAM_ROW>) body.reference = {r.dX, r.dY, r.dZ};
-        return body;
-    }
-    static T_FILEBODY_D BodyOf(const T_PLATE_ROW& r) {
-        const E_BODY eBody = r.nCORNERS == 3 ? BODY_TRIANGLE : BODY_QUAD;
-        return {eBody, {r.aNODES[0], r.aNODES[1], r.aNODES[2], r.aNODES[3]}, {}, {}};
-    }
-    static T_FILEBODY_D BodyOf(const T_SOLID_ROW& r) {
-        return {r.nCORNERS == 4 ? BODY_TETRA : r.nCORNERS == 6 ? BODY_WEDGE : BODY_HEXA, r.aNODES, {}, {}};
+    static void SetBody(T_FILEBODY_D& rBody, const ROW& r) {
+        rBody.eBODY = SummedOf(r).eBODY;
+        if constexpr (std::is_same_v<ROW, T_PLATE_ROW> || std::is_same_v<ROW, T_SOLID_ROW>) {
+            std::copy(r.aNODES.begin(), r.aNODES.end(), rBody.aNODES.begin());
+        } else {
+            rBody.aNODES[0] = r.iNODE1;
+            rBody.aNODES[1] = r.iNODE2;
+        }
+        if constexpr (std::is_same_v<ROW, T_BEAM_ROW>) rBody.reference = {r.dX, r.dY, r.dZ};
     }
 
     static T_SUMMEDELEMENT_D SummedOf(const T_TRUSS_ROW& r) { return {FORM_ROD, BODY_LINE, r.iEID, r.iPID, r.iMID}; }
@@ -114,18 +185,22 @@ class CFileTotals {
     static T_SUMMEDELEMENT_D SummedOf(const ROW& r) {
         return {FORM_BEAM, BODY_LINE, r.iEID, r.iPID, r.iMID};
     }
-    template <class ROW>
-    static std::array<std::int32_t, 2> NodesOf(const ROW& r) {
-        return {r.iNODE1, r.iNODE2};
-    }
-    static const std::array<std::int32_t, 4>& NodesOf(const T_PLATE_ROW& r) { return r.aNODES; }
-    static const std::array<std::int32_t, 8>& NodesOf(const T_SOLID_ROW& r) { return r.aNODES; }
 
     void AddElements() {
+        T_FILEBODY_D body;
+        const auto add = [&](const auto& r) {
+            SetBody(body, r);
+            const bool bFound = FindCorners(body);
+            m_elements.AddPlaced(SummedOf(r), body.aNODES.data(), bFound ? &body.dCORNERS : nullptr);
+            return bFound;
+        };
         const CRowVisitor elements{
-            [&](const auto& r) {
-                const auto& rNodes = NodesOf(r);
-                Add(SummedOf(r), rNodes.data());
+            [&](const auto& r) { add(r); },
+            [&](const T_PLATE_ROW& r) {
+                if (add(r)) AddPressures(r.iEID, r.bPLANESTRESS ? TYPE_SHEAR : TYPE_PLATE, body);
+            },
+            [&](const T_SOLID_ROW& r) {
+                if (add(r)) AddPressures(r.iEID, TYPE_SOLID, body);
             },
             IGNORE_LEFT,
         };
@@ -146,6 +221,7 @@ class CFileTotals {
         };
         ForEachScalarLink(m_rPool, linksOf(FORM_SPRING));
         ForEachGeneralLink(m_rPool, linksOf(FORM_LINK));
+        m_elements.Finish();
         const auto mass = [&](const T_MASS_ROW& r) {
             T_VECTOR at;
             if (Find(r.iNODE, at))
@@ -184,22 +260,18 @@ class CFileTotals {
     void AddCase(const T_LOADCASE_ROW& rCase) {
         T_SETTOTALS_D& rSet = m_totals.mapSETS[rCase.iSID];
         ForEachGravity(rCase.rSET, [&](const T_GRAVITY_ROW& r) { rSet.gravity.Add({r.dX, r.dY, r.dZ}); });
-        const auto force = [&](const T_NODALLOAD_ROW& r) {
-            T_VECTOR at;
-            if (!Find(r.iNODE, at)) return;
-            ++rSet.nFORCES;
-            rSet.nodal.AddForce({r.dX, r.dY, r.dZ}, at);
-        };
+        CForces forces(*this, rSet);
+        const auto force = [&](const T_NODALLOAD_ROW& r) { forces.Add(r); };
         const auto moment = [&](const T_NODALLOAD_ROW& r) {
             if (!Has(r.iNODE)) return;
             ++rSet.nMOMENTS;
             rSet.nodal.AddMoment({r.dX, r.dY, r.dZ});
         };
         ForEachNodalLoad(m_rPool, rCase.rSET, LOAD_FORCE, CRowVisitor{force, IGNORE_LEFT});
+        forces.Finish();
         ForEachNodalLoad(m_rPool, rCase.rSET, LOAD_MOMENT, CRowVisitor{moment, IGNORE_LEFT});
         const auto line = [&](const T_BEAMLOAD_ROW& r) { AddBeamLoad(rSet, r); };
         ForEachBeamLoad(m_rPool, rCase.rSET, CRowVisitor{line, IGNORE_LEFT});
-        AddPressures(rSet, rCase.rSET);
         CIdValues<double> nodes, elements;
         const auto temperature = [&](const T_NODETEMPERATURE_ROW& r) {
             if (Has(r.iNODE)) nodes.Put(r.iNODE, r.dT);
@@ -221,73 +293,86 @@ class CFileTotals {
         ForEachDisplacement(m_rPool, rCase.rSET, CRowVisitor{displacement, IGNORE_LEFT});
     }
 
+    /// Forces of a set. They name nodes in any order, whose positions are asked for some at a time so that the waits
+    /// for memory overlap.
+    class CForces {
+      public:
+        CForces(const CFileTotals& rFile, T_SETTOTALS_D& rSet) : m_rFile(rFile), m_rSet(rSet) {}
+
+        void Add(const T_NODALLOAD_ROW& r) {
+            m_aRows[m_nRows++] = r;
+            if (m_nRows == m_aRows.size()) Finish();
+        }
+
+        void Finish() {
+            std::array<std::uint32_t, BATCH> aPlaces;
+            for (std::size_t i = 0; i < m_nRows; ++i) aPlaces[i] = m_rFile.m_places.Find(m_aRows[i].iNODE);
+            for (std::size_t i = 0; i < m_nRows; ++i) {
+                if (aPlaces[i] != CKeyIndex::NONE) __builtin_prefetch(&m_rFile.m_aPositions[aPlaces[i]]);
+            }
+            for (std::size_t i = 0; i < m_nRows; ++i) {
+                if (aPlaces[i] == CKeyIndex::NONE) continue;
+                ++m_rSet.nFORCES;
+                m_rSet.nodal.AddForce({m_aRows[i].dX, m_aRows[i].dY, m_aRows[i].dZ}, m_rFile.m_aPositions[aPlaces[i]]);
+            }
+            m_nRows = 0;
+        }
+
+      private:
+        static constexpr std::size_t BATCH = 32;
+
+        const CFileTotals& m_rFile;
+        T_SETTOTALS_D& m_rSet;
+        std::array<T_NODALLOAD_ROW, BATCH> m_aRows;
+        std::size_t m_nRows = 0;
+    };
+
     /// The element of an id. False if the file hasn't it or one of its nodes.
     bool FindBody(std::int32_t iEID, T_FILEBODY_D& rBody) const {
         const auto pElement = m_rPool.ELEM.Find(iEID);
         bool bFound = false;
         const CRowVisitor visitor{
             [&](const auto& r) {
-                rBody = BodyOf(r);
+                SetBody(rBody, r);
                 bFound = true;
             },
             IGNORE_LEFT,
         };
         if (pElement) VisitElement(m_rPool, iEID, *pElement, visitor);
-        for (std::size_t i = 0; bFound && i < BODY_CORNERS[rBody.eBODY]; ++i) {
-            bFound = Find(rBody.aNODES[i], rBody.dCORNERS[i]);
-        }
-        return bFound;
+        return bFound && FindCorners(rBody);
     }
 
-    /// Loads name elements in any order. In that of their ids those that stand together use the same memory.
-    void AddPressures(T_SETTOTALS_D& rTotals, const T_LOAD_D& rSet) {
-        constexpr std::size_t MOST_PENDING = std::size_t{1} << 16;
-        std::vector<T_CORNERPRESSURE_ROW> aPending;
-        const auto add = [&] {
-            std::vector<std::uint64_t> aOrder;
-            aOrder.reserve(aPending.size());
-            for (const T_CORNERPRESSURE_ROW& r : aPending) {
-                aOrder.push_back(
-                    MakeKeyed(static_cast<std::uint32_t>(r.iEID), static_cast<std::uint32_t>(aOrder.size())));
-            }
-            SortByKey(aOrder);
-            for (const std::uint64_t nKeyed : aOrder) AddPressure(rTotals, aPending[GetValue(nKeyed)]);
-            aPending.clear();
-        };
-        const auto take = [&](const T_CORNERPRESSURE_ROW& r) {
-            aPending.push_back(r);
-            if (aPending.size() == MOST_PENDING) add();
-        };
-        const CRowVisitor pressures{
-            [&](const T_UNIFORMPRESSURE_ROW& r) {
-                take({r.iEID, false, 0, false, {}, {r.dP, r.dP, r.dP, r.dP}});
-            },
-            take,
-            IGNORE_LEFT,
-        };
-        ForEachPressure(m_rPool, rSet, pressures);
-        add();
+    /// Those on an element of iType whose corners are found.
+    void AddPressures(std::int32_t iEID, std::int32_t iType, const T_FILEBODY_D& rBody) {
+        m_pressures.Visit(iEID, [&](const T_MBLD_D& rEntry, T_SETTOTALS_D& rSet) {
+            const CRowVisitor pressures{
+                [&](const T_UNIFORMPRESSURE_ROW& r) {
+                    AddPressure(rSet, {r.iEID, false, 0, false, {}, {r.dP, r.dP, r.dP, r.dP}}, rBody);
+                },
+                [&](const T_CORNERPRESSURE_ROW& r) { AddPressure(rSet, r, rBody); },
+                IGNORE_LEFT,
+            };
+            VisitPressure(m_rPool, rEntry, iType, pressures);
+        });
     }
 
-    void AddPressure(T_SETTOTALS_D& rSet, const T_CORNERPRESSURE_ROW& r) {
-        T_FILEBODY_D body;
-        if (!FindBody(r.iEID, body)) return;
+    static void AddPressure(T_SETTOTALS_D& rSet, const T_CORNERPRESSURE_ROW& r, const T_FILEBODY_D& rBody) {
         constexpr std::array<std::uint8_t, 4> PLATE = {0, 1, 2, 3};
         const std::span<const std::uint8_t> places =
-            r.bSOLID ? FaceCorners(body.eBODY, r.iFACE) : std::span(PLATE).first(BODY_CORNERS[body.eBODY]);
+            r.bSOLID ? FaceCorners(rBody.eBODY, r.iFACE) : std::span(PLATE).first(BODY_CORNERS[rBody.eBODY]);
         if (places.empty()) return;
         std::array<T_VECTOR, 4> aFace;
         double dMean = 0.0;
         for (std::size_t i = 0; i < places.size(); ++i) {
-            aFace[i] = body.dCORNERS[places[i]];
+            aFace[i] = rBody.dCORNERS[places[i]];
             dMean += r.dP[i] / static_cast<double>(places.size());
         }
         T_FACELOAD_D load = {std::span(aFace).first(places.size()), r.dP, {}, {}};
         if (r.bSOLID) {
             load.dP.fill(dMean);
             T_VECTOR inside = {};
-            for (std::size_t i = 0; i < BODY_CORNERS[body.eBODY]; ++i) {
-                inside = ::Add(inside, Scale(body.dCORNERS[i], 1.0 / static_cast<double>(BODY_CORNERS[body.eBODY])));
+            for (std::size_t i = 0; i < BODY_CORNERS[rBody.eBODY]; ++i) {
+                inside = ::Add(inside, Scale(rBody.dCORNERS[i], 1.0 / static_cast<double>(BODY_CORNERS[rBody.eBODY])));
             }
             load.inside = inside;
         }
@@ -333,8 +418,9 @@ class CFileTotals {
     }
 
     const CDataPool& m_rPool;
-    std::vector<T_POSITION_D> m_aPositions;
-    CDenseRows m_places; // of these, by node
+    std::vector<T_VECTOR> m_aPositions; // of the file's nodes
+    CDenseRows m_places;                // of these, by node
+    CPressures m_pressures;
     T_TOTALS_D m_totals;
     CElementSum m_elements{m_totals};
 };

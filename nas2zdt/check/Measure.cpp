@@ -16,13 +16,6 @@ constexpr std::array<std::array<double, 3>, 3> TRIANGLE_POINTS = {{
     {1.0 / 6, 1.0 / 6, 2.0 / 3},
 }};
 
-/// Weights of corners and their derivatives at a point.
-template <std::size_t COUNT>
-struct T_WEIGHTS_D {
-    std::array<double, COUNT> dN;
-    std::array<std::array<double, COUNT>, 3> dD; // by each local coordinate
-};
-
 template <class VALUES>
 T_VECTOR Combine(const VALUES& rWeights, const T_VECTOR* pCorners) {
     T_VECTOR sum = {};
@@ -30,49 +23,36 @@ T_VECTOR Combine(const VALUES& rWeights, const T_VECTOR* pCorners) {
     return sum;
 }
 
-constexpr T_WEIGHTS_D<4> QuadWeights(double dR, double dS) {
-    constexpr double R[4] = {-1, 1, 1, -1}, S[4] = {-1, -1, 1, 1};
-    T_WEIGHTS_D<4> weights = {};
-    for (std::size_t i = 0; i < 4; ++i) {
-        weights.dN[i] = (1 + R[i] * dR) * (1 + S[i] * dS) / 4;
-        weights.dD[0][i] = R[i] * (1 + S[i] * dS) / 4;
-        weights.dD[1][i] = S[i] * (1 + R[i] * dR) / 4;
-    }
-    return weights;
+constexpr std::array<double, 4> QuadWeights(double dR, double dS) {
+    return {(1 - dR) * (1 - dS) / 4, (1 + dR) * (1 - dS) / 4, (1 + dR) * (1 + dS) / 4, (1 - dR) * (1 + dS) / 4};
 }
 
-/// Corners 0 to 3 below, 4 to 7 above.
-T_WEIGHTS_D<8> HexaWeights(double dR, double dS, double dT) {
-    const T_WEIGHTS_D<4> quad = QuadWeights(dR, dS);
-    T_WEIGHTS_D<8> weights = {};
-    for (std::size_t i = 0; i < 8; ++i) {
-        const double dSide = i < 4 ? -1.0 : 1.0, dLevel = (1 + dSide * dT) / 2;
-        weights.dN[i] = quad.dN[i % 4] * dLevel;
-        weights.dD[0][i] = quad.dD[0][i % 4] * dLevel;
-        weights.dD[1][i] = quad.dD[1][i % 4] * dLevel;
-        weights.dD[2][i] = quad.dN[i % 4] * dSide / 2;
-    }
-    return weights;
+double Volume(const T_VECTOR& a, const T_VECTOR& b, const T_VECTOR& c) {
+    return Dot(Cross(a, b), c);
 }
 
-/// Corners 0 to 2 below, 3 to 5 above.
-T_WEIGHTS_D<6> WedgeWeights(const std::array<double, 3>& rPoint, double dT) {
-    constexpr double R[3] = {-1, 1, 0}, S[3] = {-1, 0, 1};
-    T_WEIGHTS_D<6> weights = {};
-    for (std::size_t i = 0; i < 6; ++i) {
-        const double dSide = i < 3 ? -1.0 : 1.0, dLevel = (1 + dSide * dT) / 2;
-        weights.dN[i] = rPoint[i % 3] * dLevel;
-        weights.dD[0][i] = R[i % 3] * dLevel;
-        weights.dD[1][i] = S[i % 3] * dLevel;
-        weights.dD[2][i] = rPoint[i % 3] * dSide / 2;
-    }
-    return weights;
+/// Corners 0 to 3 below, 4 to 7 above. With dx/dr = r + s rs + t rt and the like, all of them times 8, what is odd in a
+/// coordinate integrates to nothing, and so does what has one of the vectors twice, as all with the term of rst.
+double HexaVolume(const T_VECTOR* p) {
+    const T_VECTOR e01 = Subtract(p[1], p[0]), e32 = Subtract(p[2], p[3]), e45 = Subtract(p[5], p[4]),
+                   e76 = Subtract(p[6], p[7]), e03 = Subtract(p[3], p[0]), e12 = Subtract(p[2], p[1]),
+                   e47 = Subtract(p[7], p[4]), e56 = Subtract(p[6], p[5]), e04 = Subtract(p[4], p[0]),
+                   e15 = Subtract(p[5], p[1]), e26 = Subtract(p[6], p[2]), e37 = Subtract(p[7], p[3]);
+    const T_VECTOR below = Add(e01, e32), above = Add(e45, e76);
+    const T_VECTOR r = Add(below, above), rt = Subtract(above, below);
+    const T_VECTOR s = Add(Add(e03, e12), Add(e47, e56)), rs = Subtract(Add(e12, e56), Add(e03, e47));
+    const T_VECTOR t = Add(Add(e04, e15), Add(e26, e37)), st = Subtract(Add(e26, e37), Add(e04, e15));
+    return (Volume(r, s, t) + (Volume(r, rs, rt) + Volume(rs, s, st) + Volume(rt, st, t)) / 3) / 64;
 }
 
-template <std::size_t COUNT>
-double Jacobian(const T_WEIGHTS_D<COUNT>& rWeights, const T_VECTOR* pCorners) {
-    return Dot(Cross(Combine(rWeights.dD[0], pCorners), Combine(rWeights.dD[1], pCorners)),
-               Combine(rWeights.dD[2], pCorners));
+/// Corners 0 to 2 below, 3 to 5 above. The edges of the triangles change along the height, whose mean over a triangle
+/// is the one from middle to middle.
+double WedgeVolume(const T_VECTOR* p) {
+    const T_VECTOR e01 = Subtract(p[1], p[0]), e02 = Subtract(p[2], p[0]), e34 = Subtract(p[4], p[3]),
+                   e35 = Subtract(p[5], p[3]);
+    const T_VECTOR height = Add(Add(Subtract(p[3], p[0]), Subtract(p[4], p[1])), Subtract(p[5], p[2]));
+    return (Volume(Add(e01, e34), Add(e02, e35), height) + Volume(Subtract(e34, e01), Subtract(e35, e02), height) / 3) /
+           24;
 }
 
 T_VECTOR TriangleNormal(const T_VECTOR* pCorners) {
@@ -83,8 +63,7 @@ T_VECTOR TriangleNormal(const T_VECTOR* pCorners) {
 template <class VISIT>
 void VisitQuad(const T_VECTOR* pCorners, VISIT visit) {
     static constexpr std::array<std::array<double, 4>, 4> WEIGHTS = {
-        QuadWeights(-GAUSS, -GAUSS).dN, QuadWeights(-GAUSS, GAUSS).dN, QuadWeights(GAUSS, -GAUSS).dN,
-        QuadWeights(GAUSS, GAUSS).dN};
+        QuadWeights(-GAUSS, -GAUSS), QuadWeights(-GAUSS, GAUSS), QuadWeights(GAUSS, -GAUSS), QuadWeights(GAUSS, GAUSS)};
     // dX/dr = (along + s twist) / 4 and dX/ds = (across + r twist) / 4
     const T_VECTOR first = Subtract(pCorners[1], pCorners[0]), second = Subtract(pCorners[2], pCorners[3]);
     const T_VECTOR along = Add(first, second), twist = Subtract(second, first);
@@ -103,6 +82,31 @@ void VisitTriangle(const T_VECTOR* pCorners, VISIT visit) {
     for (const std::array<double, 3>& rPoint : TRIANGLE_POINTS) visit(rPoint, normal);
 }
 
+/// As VisitQuad has it, two points at a time.
+double QuadArea(const T_VECTOR* p) {
+    using T_PAIR = double __attribute__((vector_size(16)));
+    const T_VECTOR first = Subtract(p[1], p[0]), second = Subtract(p[2], p[3]);
+    const T_VECTOR along = Add(first, second), twist = Subtract(second, first);
+    const T_VECTOR across = Subtract(Add(p[3], p[2]), Add(p[0], p[1]));
+    const T_VECTOR middle = Cross(along, across), byS = Cross(along, twist), byR = Cross(twist, across);
+    T_PAIR lower = {}, upper = {}; // squares of the normals
+    for (std::size_t i = 0; i < 3; ++i) {
+        const double dS = GAUSS * byS[i], dR = GAUSS * byR[i];
+        const T_PAIR sides = {middle[i] - dS, middle[i] + dS}, step = {dR, dR};
+        const T_PAIR low = sides - step, high = sides + step;
+        lower += low * low;
+        upper += high * high;
+    }
+    constexpr T_PAIR LEAST = {1e-280, 1e-280}, MOST = {1e280, 1e280};
+    const auto plain = (lower > LEAST) & (lower < MOST) & (upper > LEAST) & (upper < MOST);
+    if (plain[0] & plain[1]) {
+        return (std::sqrt(lower[0]) + std::sqrt(lower[1]) + std::sqrt(upper[0]) + std::sqrt(upper[1])) / 16;
+    }
+    double dSum = 0.0; // squares that are no numbers, or lose digits
+    VisitQuad(p, [&](const auto&, const T_VECTOR& rNormal) { dSum += Length(rNormal); });
+    return dSum;
+}
+
 // Faces of the target file, by the corners of an element.
 constexpr std::uint8_t TETRA_FACES[][3] = {{0, 1, 2}, {0, 1, 3}, {1, 2, 3}, {2, 0, 3}};
 constexpr std::uint8_t WEDGE_ENDS[][3] = {{0, 1, 2}, {3, 4, 5}};
@@ -114,27 +118,19 @@ constexpr std::uint8_t HEXA_FACES[][4] = {{0, 1, 2, 3}, {4, 5, 6, 7}, {0, 1, 5, 
 
 double MeasureBody(E_BODY eBody, const std::array<T_VECTOR, 8>& rCorners) {
     const T_VECTOR* p = rCorners.data();
-    double dSum = 0.0;
     switch (eBody) {
     case BODY_LINE:
         return Length(Subtract(p[1], p[0]));
     case BODY_TRIANGLE:
         return Length(TriangleNormal(p)) / 2;
     case BODY_QUAD:
-        VisitQuad(p, [&](const auto&, const T_VECTOR& rNormal) { dSum += Length(rNormal); });
-        return dSum;
+        return QuadArea(p);
     case BODY_TETRA:
         return Dot(TriangleNormal(p), Subtract(rCorners[3], rCorners[0])) / 6;
     case BODY_WEDGE:
-        for (const std::array<double, 3>& rPoint : TRIANGLE_POINTS) {
-            for (const double dT : PLACES) dSum += Jacobian(WedgeWeights(rPoint, dT), p) / 6;
-        }
-        return dSum;
+        return WedgeVolume(p);
     case BODY_HEXA:
-        for (std::size_t i = 0; i < 8; ++i) {
-            dSum += Jacobian(HexaWeights(PLACES[i & 1], PLACES[i >> 1 & 1], PLACES[i >> 2]), p);
-        }
-        return dSum;
+        return HexaVolume(p);
     case BODY_PYRAMID: // a hexahedron whose top is one point
         return MeasureBody(BODY_HEXA, {rCorners[0], rCorners[1], rCorners[2], rCorners[3], rCorners[4], rCorners[4],
                                        rCorners[4], rCorners[4]});
@@ -159,14 +155,13 @@ void AddFaceLoad(T_RESULTANT_D& rResultant, const T_FACELOAD_D& rLoad) {
                                 ? TriangleNormal(pCorners)
                                 : Cross(Subtract(aCorners[2], aCorners[0]), Subtract(aCorners[3], aCorners[1]));
     const bool bTurned = rLoad.inside && Dot(normal, Subtract(*rLoad.inside, pCorners[0])) < 0.0;
+    const T_VECTOR along = rLoad.direction ? Over(*rLoad.direction, Length(*rLoad.direction)) : T_VECTOR{};
     const auto addPoint = [&](const auto& rWeights, const T_VECTOR& rNormal) {
         double dP = 0.0;
         for (std::size_t i = 0; i < rWeights.size(); ++i) dP += rWeights[i] * rLoad.dP[i];
-        T_VECTOR force = Scale(rNormal, bTurned ? -dP : dP);
-        if (rLoad.direction) {
-            force = Scale(*rLoad.direction, dP * Length(rNormal) / Length(*rLoad.direction));
-        }
-        rResultant.AddForce(force, Combine(rWeights, pCorners));
+        const double dForce = dP * Length(rNormal);
+        const T_VECTOR force = rLoad.direction ? Scale(along, dForce) : Scale(rNormal, bTurned ? -dP : dP);
+        rResultant.AddForce(force, std::fabs(dForce), Combine(rWeights, pCorners));
     };
     if (nCorners == 3) {
         VisitTriangle(pCorners, addPoint);

@@ -4,16 +4,17 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
-/// For ids of which few come again and again in any order, such as the properties of elements: a search in a map costs
-/// more than what is done with the value that it finds.
-template <class VALUE>
+/// For ids, or pairs of ids, of which few come again and again in any order, such as the properties of elements: a
+/// search in a map costs more than what is done with the value that it finds.
+template <class VALUE, class ID = std::int32_t>
 class CRecentFinds {
   public:
     /// What find(iID) gives, which has to be the same at any time, unless it is null.
     template <class FIND>
-    VALUE* Get(std::int32_t iID, FIND find) {
-        T_ENTRY_D& rEntry = m_aEntries[static_cast<std::uint32_t>(iID) % SIZE];
+    VALUE* Get(ID iID, FIND find) {
+        T_ENTRY_D& rEntry = m_aEntries[PlaceOf(iID)];
         if (!rEntry.pVALUE || rEntry.iID != iID) rEntry = {iID, find(iID)};
         return rEntry.pVALUE;
     }
@@ -21,8 +22,13 @@ class CRecentFinds {
   private:
     static constexpr std::size_t SIZE = 256;
 
+    static std::size_t PlaceOf(std::int32_t iID) { return static_cast<std::uint32_t>(iID) % SIZE; }
+    static std::size_t PlaceOf(const std::pair<std::int32_t, std::int32_t>& rIDs) {
+        return (static_cast<std::uint32_t>(rIDs.first) + static_cast<std::uint32_t>(rIDs.second)) % SIZE;
+    }
+
     struct T_ENTRY_D {
-        std::int32_t iID = 0;
+        ID iID = {};
         VALUE* pVALUE = nullptr;
     };
     std::array<T_ENTRY_D, SIZE> m_aEntries;

@@ -137,8 +137,7 @@ void ListMasses(CSumList& rList, const T_TOTALS_D& r) {
     rList.Vector("centre of gravity", total.GetCentre(), total.moment.dSIZE / dMass, cards);
     constexpr const char* INERTIA[] = {"Ixx about it", "Iyy about it", "Izz about it",
                                        "Ixy about it", "Ixz about it", "Iyz about it"};
-    double dSize = 0.0;
-    for (const T_SUM_D& rSecond : total.aSECOND) dSize += rSecond.dSIZE;
+    const double dSize = static_cast<double>(total.dSECOND.size()) * total.dSECONDSIZE;
     const std::array<double, 6> inertia = total.GetInertia();
     for (std::size_t i = 0; i < inertia.size(); ++i) rList.Value(INERTIA[i], inertia[i], dSize, cards);
 }

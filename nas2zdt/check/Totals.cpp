@@ -18,6 +18,10 @@ std::uint64_t Scatter(std::uint64_t n) {
     return n ^ (n >> 31);
 }
 
+double WeightOfScattered(std::uint64_t n) {
+    return 1.0 + static_cast<double>(static_cast<std::int64_t>(n >> 12)) * 0x1p-52;
+}
+
 /// Makes the rows of a group.
 class CRowList {
   public:
@@ -91,25 +95,34 @@ bool AreSame(const T_TOTALROW_D& rA, const T_TOTALROW_D& rB, double dTolerance) 
 } // namespace
 
 void T_LISTSUM_D::Add(std::int32_t iFirst, const std::int32_t* pIDs, std::size_t nIDs) {
-    constexpr std::uint64_t FACTOR = 0x9E3779B97F4A7C15u; // odd and large: ids of a list are its digits to this base
-    std::uint64_t nList = (nIDs + 1) * FACTOR + static_cast<std::uint32_t>(iFirst);
-    for (std::size_t i = 0; i < nIDs; ++i) nList = nList * FACTOR + static_cast<std::uint32_t>(pIDs[i]);
+    constexpr std::uint64_t FACTOR =
+        0x9E3779B97F4A7C15u; // odd and large: pairs of ids are a list's digits to this base
+    const auto digitOf = [](std::int32_t i) { return std::uint64_t{static_cast<std::uint32_t>(i)}; };
+    std::uint64_t nList = (nIDs + 1) * FACTOR + digitOf(iFirst);
+    std::size_t i = 0;
+    for (; i + 1 < nIDs; i += 2) nList = nList * FACTOR + (digitOf(pIDs[i]) | digitOf(pIDs[i + 1]) << 32);
+    if (i < nIDs) nList = nList * FACTOR + digitOf(pIDs[i]);
     ++nCOUNT;
     nCHECK += Scatter(nList);
 }
 
 double WeightOf(std::int32_t iID) {
-    return 1.0 + static_cast<double>(Scatter(static_cast<std::uint32_t>(iID)) >> 12) * 0x1p-52;
+    return WeightOfScattered(Scatter(static_cast<std::uint32_t>(iID)));
 }
 
+/// The weight's digits serve as the check of the id, too.
 void T_TOTALS_D::AddNode(std::int32_t iNode, const T_VECTOR& rPosition) {
+    if (nodes.nCOUNT == 0) dLOW = dHIGH = rPosition;
     for (std::size_t i = 0; i < 3; ++i) {
-        dLOW[i] = nodes.nCOUNT == 0 ? rPosition[i] : std::min(dLOW[i], rPosition[i]);
-        dHIGH[i] = nodes.nCOUNT == 0 ? rPosition[i] : std::max(dHIGH[i], rPosition[i]);
+        dLOW[i] = std::min(dLOW[i], rPosition[i]);
+        dHIGH[i] = std::max(dHIGH[i], rPosition[i]);
     }
-    nodes.Add({iNode});
-    position.Add(rPosition);
-    weighted.Add(Scale(rPosition, WeightOf(iNode)));
+    const std::uint64_t nScattered = Scatter(static_cast<std::uint32_t>(iNode));
+    const double dWeight = WeightOfScattered(nScattered), dLength = Length(rPosition);
+    ++nodes.nCOUNT;
+    nodes.nCHECK += nScattered;
+    position.Add(rPosition, dLength);
+    weighted.Add(Scale(rPosition, dWeight), dLength * dWeight);
 }
 
 void T_TOTALS_D::AddAxes(std::int32_t iNode, const std::array<T_VECTOR, 3>& rAxes) {
@@ -123,46 +136,59 @@ void T_TOTALS_D::AddAxes(std::int32_t iNode, const std::array<T_VECTOR, 3>& rAxe
     axisY.Add(rAxes[1]);
 }
 
-void CElementSum::AddIds(const T_SUMMEDELEMENT_D& rElement, const std::int32_t* pNodes) {
-    m_rTotals.aELEMENTS[rElement.eBODY].Add(rElement.iEID, pNodes, BODY_CORNERS[rElement.eBODY]);
-    ++m_rTotals.aFORMS[rElement.eFORM];
-    const auto groupOf = [](auto& rFinds, auto& rGroups, std::int32_t iID) {
-        return iID == 0 ? nullptr : rFinds.Get(iID, [&](std::int32_t i) { return &rGroups[i]; });
-    };
-    m_pProperty = groupOf(m_properties, m_rTotals.mapPROPERTIES, rElement.iPID);
-    m_pMaterial = groupOf(m_materials, m_rTotals.mapMATERIALS, rElement.iMID);
-    for (T_GROUPTOTALS_D* pGroup : {m_pProperty, m_pMaterial}) {
-        if (pGroup) ++pGroup->nELEMENTS;
-    }
+T_GROUPTOTALS_D& CElementSum::FindGroup(const T_SUMMEDELEMENT_D& rElement) {
+    return *m_groups.Get({rElement.iPID, rElement.iMID}, [&](const T_GROUPIDS_D& r) { return &m_mapGroups[r]; });
 }
 
-void CElementSum::AddMeasure(const T_SUMMEDELEMENT_D& rElement, const std::array<T_VECTOR, 8>& rCorners) {
-    if (rElement.eBODY == BODY_LINK) return;
+void CElementSum::AddPlaced(const T_SUMMEDELEMENT_D& rElement, const std::int32_t* pNodes,
+                            const std::array<T_VECTOR, 8>* pCorners) {
+    m_rTotals.aELEMENTS[rElement.eBODY].Add(rElement.iEID, pNodes, BODY_CORNERS[rElement.eBODY]);
+    ++m_rTotals.aFORMS[rElement.eFORM];
+    T_GROUPTOTALS_D& rGroup = FindGroup(rElement);
+    ++rGroup.nELEMENTS;
+    if (pCorners && rElement.eBODY != BODY_LINK) AddMeasure(rElement, *pCorners, rGroup);
+}
+
+void CElementSum::AddMeasure(const T_SUMMEDELEMENT_D& rElement, const std::array<T_VECTOR, 8>& rCorners,
+                             T_GROUPTOTALS_D& rGroup) {
     const double dMeasure = MeasureBody(rElement.eBODY, rCorners);
     const double dMass = rElement.dMASS * dMeasure, dAdded = rElement.dADDED * dMeasure;
     m_rTotals.aMEASURES[rElement.eBODY].Add(dMeasure);
-    for (T_GROUPTOTALS_D* pGroup : {m_pProperty, m_pMaterial}) {
-        if (!pGroup) continue;
-        pGroup->measure.Add(dMeasure);
-        if (dMass != 0.0 || dAdded != 0.0) pGroup->mass.Add(dMass + dAdded);
-    }
+    rGroup.measure.Add(dMeasure);
+    if (dMass != 0.0 || dAdded != 0.0) rGroup.mass.Add(dMass + dAdded);
     const std::span<const T_VECTOR> aCorners(rCorners.data(), BODY_CORNERS[rElement.eBODY]);
     if (dMass != 0.0) m_rTotals.structure.Add(dMass, aCorners);
     if (dAdded != 0.0) m_rTotals.added.Add(dAdded, aCorners);
 }
 
+void CElementSum::Finish() {
+    for (const auto& [rIDs, rGroup] : m_mapGroups) {
+        if (rIDs.first != 0) m_rTotals.mapPROPERTIES[rIDs.first].Add(rGroup);
+        if (rIDs.second != 0) m_rTotals.mapMATERIALS[rIDs.second].Add(rGroup);
+    }
+}
+
 void T_MASSTOTALS_D::Add(double dMass, std::span<const T_VECTOR> aPoints) {
     const double dShare = dMass / static_cast<double>(aPoints.size()), dSize = std::fabs(dShare);
-    mass.Add(dMass);
+    T_VECTOR first = {};
+    std::array<double, 6> dProducts = {};
+    double dReach = 0.0, dReaches = 0.0;
     for (const T_VECTOR& p : aPoints) {
-        const double dReach = std::fabs(p[0]) + std::fabs(p[1]) + std::fabs(p[2]);
-        moment.Add(Scale(p, dShare), dSize * dReach);
-        const std::array<double, 6> dProducts = {p[0] * p[0], p[1] * p[1], p[2] * p[2],
-                                                 p[0] * p[1], p[0] * p[2], p[1] * p[2]};
-        for (std::size_t i = 0; i < dProducts.size(); ++i) {
-            aSECOND[i].Add(dShare * dProducts[i], dSize * dReach * dReach);
-        }
+        const double dSum = std::fabs(p[0]) + std::fabs(p[1]) + std::fabs(p[2]);
+        dReach += dSum;
+        dReaches += dSum * dSum;
+        first = ::Add(first, p);
+        dProducts[0] += p[0] * p[0];
+        dProducts[1] += p[1] * p[1];
+        dProducts[2] += p[2] * p[2];
+        dProducts[3] += p[0] * p[1];
+        dProducts[4] += p[0] * p[2];
+        dProducts[5] += p[1] * p[2];
     }
+    mass.Add(dMass);
+    moment.Add(Scale(first, dShare), dSize * dReach);
+    for (std::size_t i = 0; i < dProducts.size(); ++i) dSECOND[i] += dShare * dProducts[i];
+    dSECONDSIZE += dSize * dReaches;
 }
 
 T_VECTOR T_MASSTOTALS_D::GetCentre() const {
@@ -174,7 +200,7 @@ std::array<double, 6> T_MASSTOTALS_D::GetInertia() const {
     const std::array<double, 6> dProducts = {c[0] * c[0], c[1] * c[1], c[2] * c[2],
                                              c[0] * c[1], c[0] * c[2], c[1] * c[2]};
     std::array<double, 6> d = {};
-    for (std::size_t i = 0; i < d.size(); ++i) d[i] = aSECOND[i].dSUM - mass.dSUM * dProducts[i];
+    for (std::size_t i = 0; i < d.size(); ++i) d[i] = dSECOND[i] - mass.dSUM * dProducts[i];
     return {d[1] + d[2], d[0] + d[2], d[0] + d[1], d[3], d[4], d[5]};
 }
 
@@ -182,7 +208,8 @@ T_MASSTOTALS_D operator+(const T_MASSTOTALS_D& rA, const T_MASSTOTALS_D& rB) {
     T_MASSTOTALS_D sum = rA;
     sum.mass.Add(rB.mass.dSUM, rB.mass.dSIZE);
     sum.moment.Add(rB.moment.dSUM, rB.moment.dSIZE);
-    for (std::size_t i = 0; i < sum.aSECOND.size(); ++i) sum.aSECOND[i].Add(rB.aSECOND[i].dSUM, rB.aSECOND[i].dSIZE);
+    for (std::size_t i = 0; i < sum.dSECOND.size(); ++i) sum.dSECOND[i] += rB.dSECOND[i];
+    sum.dSECONDSIZE += rB.dSECONDSIZE;
     return sum;
 }
 
@@ -201,13 +228,14 @@ void T_TOTALS_D::AddMass(double dMass, const T_VECTOR& rAt, const std::array<dou
     const double dHalf = (d11 + d22 + d33) / 2;
     const double dS[3][3] = {{dHalf - d11, d21, d31}, {d21, dHalf - d22, d32}, {d31, d32, dHalf - d33}};
     constexpr std::size_t PAIRS[6][2] = {{0, 0}, {1, 1}, {2, 2}, {0, 1}, {0, 2}, {1, 2}};
-    for (std::size_t k = 0; k < points.aSECOND.size(); ++k) {
+    for (std::size_t k = 0; k < points.dSECOND.size(); ++k) {
         double dSum = 0.0;
         for (std::size_t i = 0; i < 3; ++i) {
             for (std::size_t j = 0; j < 3; ++j) dSum += dS[i][j] * rAxes[i][PAIRS[k][0]] * rAxes[j][PAIRS[k][1]];
         }
-        points.aSECOND[k].Add(dSum, dSize);
+        points.dSECOND[k] += dSum;
     }
+    points.dSECONDSIZE += dSize;
 }
 
 void T_TOTALS_D::AddSupports(CIdValues<std::uint8_t>& rHeld) {

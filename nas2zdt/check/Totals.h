@@ -97,9 +97,10 @@ class CIdValues {
 struct T_RESULTANT_D {
     T_VECTORSUM_D force, moment;
 
-    void AddForce(const T_VECTOR& rForce, const T_VECTOR& rAt) {
-        force.Add(rForce);
-        moment.Add(Cross(rAt, rForce), Length(rAt) * Length(rForce));
+    void AddForce(const T_VECTOR& rForce, const T_VECTOR& rAt) { AddForce(rForce, Length(rForce), rAt); }
+    void AddForce(const T_VECTOR& rForce, double dLength, const T_VECTOR& rAt) {
+        force.Add(rForce, dLength);
+        moment.Add(Cross(rAt, rForce), Length(rAt) * dLength);
     }
     void AddMoment(const T_VECTOR& rMoment) { moment.Add(rMoment); }
 };
@@ -142,13 +143,20 @@ struct T_GROUPTOTALS_D {
     std::uint64_t nELEMENTS = 0;
     T_SUM_D measure; // length, area or volume
     T_SUM_D mass;    // by density and non-structural
+
+    void Add(const T_GROUPTOTALS_D& r) {
+        nELEMENTS += r.nELEMENTS;
+        measure.Add(r.measure.dSUM, r.measure.dSIZE);
+        mass.Add(r.mass.dSUM, r.mass.dSIZE);
+    }
 };
 
 /// Masses, their first moments, and their second moments xx, yy, zz, xy, xz, yz about the origin.
 struct T_MASSTOTALS_D {
     T_SUM_D mass;
     T_VECTORSUM_D moment;
-    std::array<T_SUM_D, 6> aSECOND;
+    std::array<double, 6> dSECOND = {};
+    double dSECONDSIZE = 0.0; // of each of these
 
     /// A mass in equal parts at some points.
     void Add(double dMass, std::span<const T_VECTOR> aPoints);
@@ -239,21 +247,28 @@ class CElementSum {
     /// pNodes are the corners of the body. find(id, position) gives false for a node that doesn't exist.
     template <class FIND>
     void Add(const T_SUMMEDELEMENT_D& rElement, const std::int32_t* pNodes, FIND find) {
-        AddIds(rElement, pNodes);
         std::array<T_VECTOR, 8> corners;
-        for (std::size_t i = 0; i < BODY_CORNERS[rElement.eBODY]; ++i) {
-            if (!find(pNodes[i], corners[i])) return;
-        }
-        AddMeasure(rElement, corners);
+        bool bFound = true;
+        for (std::size_t i = 0; bFound && i < BODY_CORNERS[rElement.eBODY]; ++i) bFound = find(pNodes[i], corners[i]);
+        AddPlaced(rElement, pNodes, bFound ? &corners : nullptr);
     }
+    /// The same with the positions of all corners, null if one of them doesn't exist.
+    void AddPlaced(const T_SUMMEDELEMENT_D& rElement, const std::int32_t* pNodes,
+                   const std::array<T_VECTOR, 8>* pCorners);
+
+    /// Once all elements are added.
+    void Finish();
 
   private:
-    void AddIds(const T_SUMMEDELEMENT_D& rElement, const std::int32_t* pNodes);
-    void AddMeasure(const T_SUMMEDELEMENT_D& rElement, const std::array<T_VECTOR, 8>& rCorners);
+    using T_GROUPIDS_D = std::pair<std::int32_t, std::int32_t>; // property and material
+
+    T_GROUPTOTALS_D& FindGroup(const T_SUMMEDELEMENT_D& rElement);
+    void AddMeasure(const T_SUMMEDELEMENT_D& rElement, const std::array<T_VECTOR, 8>& rCorners,
+                    T_GROUPTOTALS_D& rGroup);
 
     T_TOTALS_D& m_rTotals;
-    CRecentFinds<T_GROUPTOTALS_D> m_properties, m_materials;
-    T_GROUPTOTALS_D *m_pProperty = nullptr, *m_pMaterial = nullptr; // of the element in hand
+    std::map<T_GROUPIDS_D, T_GROUPTOTALS_D> m_mapGroups;
+    CRecentFinds<T_GROUPTOTALS_D, T_GROUPIDS_D> m_groups;
 };
 
 /// One number of the totals.

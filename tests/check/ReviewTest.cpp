@@ -84,6 +84,42 @@ TEST(Review, SaysWhyForcesDiffer) {
     EXPECT_EQ(sShown, "force x: FORCE: dropped: CID\nforce y: FORCE: dropped: CID\n");
 }
 
+/// Cards name elements and grids in any order, twice, that don't exist, or that lack a grid.
+TEST(Review, AddsUpLoadsInAnyOrder) {
+    const CTempFolder folder;
+    std::ostringstream deck;
+    deck << "BEGIN BULK\nMAT1,1,2.,,.3\nPSHELL,1,1,1.\nPSOLID,2,1\n";
+    for (int i = 0; i <= 40; ++i)
+        deck << "GRID," << i + 1 << ",," << i << ".\nGRID," << i + 51 << ",," << i << ".,1.\n";
+    for (int i = 0; i <= 1; ++i)
+        deck << "GRID," << i + 101 << ",," << i << ".,,1.\nGRID," << i + 103 << ",," << i << ".,1.,1.\n";
+    for (int i = 40; i >= 1; --i)
+        deck << "CQUAD4," << i << ",1," << i << "," << i + 1 << "," << i + 51 << "," << i + 50 << "\n";
+    deck << "CQUAD4,80,1,1,2,52,999\nCTRIA3,81,1,1,2,51\nCSHEAR,82,1,1,2,52,51\nCHEXA,90,2,1,2,52,51,101,102\n,104,"
+            "103\nCBAR,91,1,1,2,51\n";
+    for (int i = 1; i <= 40; ++i) deck << "PLOAD2,7," << i * 7 % 41 << ".," << i * 7 % 41 << "\n"; // i on i
+    for (int i = 30; i >= 1; i -= 3) deck << "PLOAD4,2," << i << ",1.\n";
+    deck << "PLOAD2,2,100.,30\nPLOAD2,2,5.,80,99\nPLOAD4,2,81,1000.\nPLOAD2,2,10000.,82\nPLOAD4,2,90,7.,,,,101,104\n"
+            "PLOAD4,2,91,3.\n";
+    for (int i = 40; i >= 0; --i) deck << "FORCE,3," << i % 2 * 50 + i + 1 << ",0,1.,0.,0.,1.\n";
+    deck << "FORCE,3,500,0,1.,0.,0.,1.\nENDDATA\n";
+    WriteText(folder.Path("deck.dat"), deck.str());
+    std::map<std::string, double> mapFile;
+    for (const T_REVIEWROW_D& rRow : ReviewDeck(folder.Path("deck.dat"), folder)) {
+        if (rRow.sGROUP.starts_with("load set")) mapFile[rRow.sGROUP + ", " + rRow.sNAME] = rRow.dFILE;
+    }
+    EXPECT_EQ(mapFile["load set 7, elements under pressure"], 40.0);
+    EXPECT_NEAR(mapFile["load set 7, force z"], 820.0, 1e-9);
+    EXPECT_NEAR(mapFile["load set 7, moment x"], 410.0, 1e-9);
+    EXPECT_NEAR(mapFile["load set 7, moment y"], -(22140.0 - 410.0), 1e-8); // squares of 1 to 40, less a half of each
+    EXPECT_EQ(mapFile["load set 2, elements under pressure"], 14.0);
+    EXPECT_NEAR(mapFile["load set 2, force z"], 10.0 + 100.0 + 500.0 + 10000.0 - 7.0, 1e-9);
+    EXPECT_EQ(mapFile["load set 3, forces"], 41.0);
+    EXPECT_NEAR(mapFile["load set 3, force z"], 41.0, 1e-9);
+    EXPECT_NEAR(mapFile["load set 3, moment x"], 20.0, 1e-9);
+    EXPECT_NEAR(mapFile["load set 3, moment y"], -820.0, 1e-9);
+}
+
 /// The rows of masses that aren't zero: "total 2, Ixx about it 1".
 std::string ShowMasses(const std::string& sCards) {
     const CTempFolder folder;

@@ -168,6 +168,7 @@ TEST(Packed, LoadEntriesKeepAllTheyHave) {
     for (std::size_t i = 0; i < aEntries.size(); ++i) {
         ASSERT_EQ(Show(entries[i]), Show(aEntries[i])) << i;
         ASSERT_EQ(entries.GetKinds()[i], aEntries[i].iKIND) << i;
+        ASSERT_EQ(entries.IdOf(i), aEntries[i].iID) << i;
     }
     EXPECT_THROW(static_cast<void>(entries[aEntries.size()]), std::invalid_argument);
 }

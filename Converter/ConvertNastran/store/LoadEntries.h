@@ -82,6 +82,12 @@ class CLoadEntries {
     static std::span<const std::uint32_t> Pack(const T_MBLD_D& rEntry, ROOM& rRoom);
     void AddWords(std::span<const std::uint32_t> aWords);
 
+    /// The id of an entry alone.
+    std::int32_t IdOf(std::size_t i) const { return static_cast<std::int32_t>(m_words.At(m_aPlaces[i])[ID_WORD]); }
+
+    /// Asks for an entry's memory, which takes long to answer, before it is needed.
+    void Fetch(std::size_t i) const { __builtin_prefetch(m_words.At(m_aPlaces[i])); }
+
     /// The kind of each entry.
     const std::vector<std::int8_t>& GetKinds() const { return m_aKinds; }
 
@@ -151,6 +157,8 @@ class CLoadEntries {
     }
 
   private:
+    static constexpr std::size_t ID_WORD = 1; // behind the codes
+
     void Replace(std::size_t i, const T_MBLD_D& rEntry);
 
     std::vector<std::int8_t> m_aKinds;
