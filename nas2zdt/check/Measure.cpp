@@ -27,13 +27,16 @@ constexpr std::array<double, 4> QuadWeights(double dR, double dS) {
     return {(1 - dR) * (1 - dS) / 4, (1 + dR) * (1 - dS) / 4, (1 + dR) * (1 + dS) / 4, (1 - dR) * (1 + dS) / 4};
 }
 
+using T_CORNERS = std::array<T_VECTOR, 8>; // of which a body has the first ones
+
 double Volume(const T_VECTOR& a, const T_VECTOR& b, const T_VECTOR& c) {
     return Dot(Cross(a, b), c);
 }
 
-/// Corners 0 to 3 below, 4 to 7 above. With dx/dr = r + s rs + t rt and the like, all of them times 8, what is odd in a
-/// coordinate integrates to nothing, and so does what has one of the vectors twice, as all with the term of rst.
-double HexaVolume(const T_VECTOR* p) {
+/// Corners 0 to 3 below, 4 to 7 above. With 8 dx/dr = r + s rs + t rt + s t rst and the like, terms of the Jacobian
+/// that are odd in a coordinate integrate to nothing, and those with a vector twice are nothing: rst is in none of the
+/// rest.
+double HexaVolume(const T_CORNERS& p) {
     const T_VECTOR e01 = Subtract(p[1], p[0]), e32 = Subtract(p[2], p[3]), e45 = Subtract(p[5], p[4]),
                    e76 = Subtract(p[6], p[7]), e03 = Subtract(p[3], p[0]), e12 = Subtract(p[2], p[1]),
                    e47 = Subtract(p[7], p[4]), e56 = Subtract(p[6], p[5]), e04 = Subtract(p[4], p[0]),
@@ -47,7 +50,7 @@ double HexaVolume(const T_VECTOR* p) {
 
 /// Corners 0 to 2 below, 3 to 5 above. The edges of the triangles change along the height, whose mean over a triangle
 /// is the one from middle to middle.
-double WedgeVolume(const T_VECTOR* p) {
+double WedgeVolume(const T_CORNERS& p) {
     const T_VECTOR e01 = Subtract(p[1], p[0]), e02 = Subtract(p[2], p[0]), e34 = Subtract(p[4], p[3]),
                    e35 = Subtract(p[5], p[3]);
     const T_VECTOR height = Add(Add(Subtract(p[3], p[0]), Subtract(p[4], p[1])), Subtract(p[5], p[2]));
@@ -83,7 +86,7 @@ void VisitTriangle(const T_VECTOR* pCorners, VISIT visit) {
 }
 
 /// As VisitQuad has it, two points at a time.
-double QuadArea(const T_VECTOR* p) {
+double QuadArea(const T_CORNERS& p) {
     using T_PAIR = double __attribute__((vector_size(16)));
     const T_VECTOR first = Subtract(p[1], p[0]), second = Subtract(p[2], p[3]);
     const T_VECTOR along = Add(first, second), twist = Subtract(second, first);
@@ -103,7 +106,7 @@ double QuadArea(const T_VECTOR* p) {
         return (std::sqrt(lower[0]) + std::sqrt(lower[1]) + std::sqrt(upper[0]) + std::sqrt(upper[1])) / 16;
     }
     double dSum = 0.0; // squares that are no numbers, or lose digits
-    VisitQuad(p, [&](const auto&, const T_VECTOR& rNormal) { dSum += Length(rNormal); });
+    VisitQuad(p.data(), [&](const auto&, const T_VECTOR& rNormal) { dSum += Length(rNormal); });
     return dSum;
 }
 
@@ -124,13 +127,13 @@ double MeasureBody(E_BODY eBody, const std::array<T_VECTOR, 8>& rCorners) {
     case BODY_TRIANGLE:
         return Length(TriangleNormal(p)) / 2;
     case BODY_QUAD:
-        return QuadArea(p);
+        return QuadArea(rCorners);
     case BODY_TETRA:
         return Dot(TriangleNormal(p), Subtract(rCorners[3], rCorners[0])) / 6;
     case BODY_WEDGE:
-        return WedgeVolume(p);
+        return WedgeVolume(rCorners);
     case BODY_HEXA:
-        return HexaVolume(p);
+        return HexaVolume(rCorners);
     case BODY_PYRAMID: // a hexahedron whose top is one point
         return MeasureBody(BODY_HEXA, {rCorners[0], rCorners[1], rCorners[2], rCorners[3], rCorners[4], rCorners[4],
                                        rCorners[4], rCorners[4]});
