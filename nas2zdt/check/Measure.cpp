@@ -31,8 +31,9 @@ double Volume(const T_VECTOR& a, const T_VECTOR& b, const T_VECTOR& c) {
     return Dot(Cross(a, b), c);
 }
 
-/// Corners 0 to 3 below, 4 to 7 above. With dx/dr = r + s rs + t rt and the like, all of them times 8, what is odd in a
-/// coordinate integrates to nothing, and so does what has one of the vectors twice, as all with the term of rst.
+/// Corners 0 to 3 below, 4 to 7 above. With 8 dx/dr = r + s rs + t rt + s t rst and the like, terms of the Jacobian
+/// that are odd in a coordinate integrate to nothing, and those with a vector twice are nothing: rst is in none of the
+/// rest.
 double HexaVolume(const T_VECTOR* p) {
     const T_VECTOR e01 = Subtract(p[1], p[0]), e32 = Subtract(p[2], p[3]), e45 = Subtract(p[5], p[4]),
                    e76 = Subtract(p[6], p[7]), e03 = Subtract(p[3], p[0]), e12 = Subtract(p[2], p[1]),
@@ -43,6 +44,12 @@ double HexaVolume(const T_VECTOR* p) {
     const T_VECTOR s = Add(Add(e03, e12), Add(e47, e56)), rs = Subtract(Add(e12, e56), Add(e03, e47));
     const T_VECTOR t = Add(Add(e04, e15), Add(e26, e37)), st = Subtract(Add(e26, e37), Add(e04, e15));
     return (Volume(r, s, t) + (Volume(r, rs, rt) + Volume(rs, s, st) + Volume(rt, st, t)) / 3) / 64;
+}
+
+/// A hexahedron whose top is one point.
+double PyramidVolume(const T_VECTOR* p) {
+    const std::array<T_VECTOR, 8> corners = {p[0], p[1], p[2], p[3], p[4], p[4], p[4], p[4]};
+    return HexaVolume(corners.data());
 }
 
 /// Corners 0 to 2 below, 3 to 5 above. The edges of the triangles change along the height, whose mean over a triangle
@@ -131,9 +138,8 @@ double MeasureBody(E_BODY eBody, const std::array<T_VECTOR, 8>& rCorners) {
         return WedgeVolume(p);
     case BODY_HEXA:
         return HexaVolume(p);
-    case BODY_PYRAMID: // a hexahedron whose top is one point
-        return MeasureBody(BODY_HEXA, {rCorners[0], rCorners[1], rCorners[2], rCorners[3], rCorners[4], rCorners[4],
-                                       rCorners[4], rCorners[4]});
+    case BODY_PYRAMID:
+        return PyramidVolume(p);
     default:
         return 0.0;
     }
