@@ -22,7 +22,6 @@ namespace {
 /// An element of the file with its corners.
 struct T_FILEBODY_D {
     E_BODY eBODY = BODY_LINE;
-    std::array<std::int32_t, 8> aNODES = {};
     std::optional<T_VECTOR> reference = {}; // of a beam
     std::array<T_VECTOR, 8> dCORNERS;       // unknown until they are found
 };
@@ -130,13 +129,6 @@ class CFileTotals {
         rPosition = m_aPositions[iPlace];
         return true;
     }
-    bool FindCorners(T_FILEBODY_D& rBody) const {
-        bool bFound = true;
-        for (std::size_t i = 0; bFound && i < BODY_CORNERS[rBody.eBODY]; ++i) {
-            bFound = Find(rBody.aNODES[i], rBody.dCORNERS[i]);
-        }
-        return bFound;
-    }
     bool Has(std::int32_t iNode) const { return m_places.Find(iNode) != CKeyIndex::NONE; }
 
     /// Three points: the origin, one on X, one in the XY plane.
@@ -157,17 +149,17 @@ class CFileTotals {
         m_elements.AddPlaced({eForm, BODY_LINK, iEID}, aNodes.data(), nullptr);
     }
 
-    /// A row of elements without the positions of its corners.
+    /// Takes a row of elements. False if a node doesn't exist.
     template <class ROW>
-    static void SetBody(T_FILEBODY_D& rBody, const ROW& r) {
+    bool FindCorners(const ROW& r, T_FILEBODY_D& rBody) const {
         rBody.eBODY = SummedOf(r).eBODY;
-        if constexpr (std::is_same_v<ROW, T_PLATE_ROW> || std::is_same_v<ROW, T_SOLID_ROW>) {
-            std::copy(r.aNODES.begin(), r.aNODES.end(), rBody.aNODES.begin());
-        } else {
-            rBody.aNODES[0] = r.iNODE1;
-            rBody.aNODES[1] = r.iNODE2;
-        }
         if constexpr (std::is_same_v<ROW, T_BEAM_ROW>) rBody.reference = {r.dX, r.dY, r.dZ};
+        const auto& rNodes = NodesOf(r);
+        bool bFound = true;
+        for (std::size_t i = 0; bFound && i < BODY_CORNERS[rBody.eBODY]; ++i) {
+            bFound = Find(rNodes[i], rBody.dCORNERS[i]);
+        }
+        return bFound;
     }
 
     static T_SUMMEDELEMENT_D SummedOf(const T_TRUSS_ROW& r) { return {FORM_ROD, BODY_LINE, r.iEID, r.iPID, r.iMID}; }
@@ -185,13 +177,19 @@ class CFileTotals {
     static T_SUMMEDELEMENT_D SummedOf(const ROW& r) {
         return {FORM_BEAM, BODY_LINE, r.iEID, r.iPID, r.iMID};
     }
+    template <class ROW>
+    static std::array<std::int32_t, 2> NodesOf(const ROW& r) {
+        return {r.iNODE1, r.iNODE2};
+    }
+    static const std::array<std::int32_t, 4>& NodesOf(const T_PLATE_ROW& r) { return r.aNODES; }
+    static const std::array<std::int32_t, 8>& NodesOf(const T_SOLID_ROW& r) { return r.aNODES; }
 
     void AddElements() {
         T_FILEBODY_D body;
         const auto add = [&](const auto& r) {
-            SetBody(body, r);
-            const bool bFound = FindCorners(body);
-            m_elements.AddPlaced(SummedOf(r), body.aNODES.data(), bFound ? &body.dCORNERS : nullptr);
+            const bool bFound = FindCorners(r, body);
+            const auto& rNodes = NodesOf(r);
+            m_elements.AddPlaced(SummedOf(r), rNodes.data(), bFound ? &body.dCORNERS : nullptr);
             return bFound;
         };
         const CRowVisitor elements{
@@ -332,14 +330,11 @@ class CFileTotals {
         const auto pElement = m_rPool.ELEM.Find(iEID);
         bool bFound = false;
         const CRowVisitor visitor{
-            [&](const auto& r) {
-                SetBody(rBody, r);
-                bFound = true;
-            },
+            [&](const auto& r) { bFound = FindCorners(r, rBody); },
             IGNORE_LEFT,
         };
         if (pElement) VisitElement(m_rPool, iEID, *pElement, visitor);
-        return bFound && FindCorners(rBody);
+        return bFound;
     }
 
     /// Those on an element of iType whose corners are found.

@@ -48,6 +48,11 @@ double HexaVolume(const T_CORNERS& p) {
     return (Volume(r, s, t) + (Volume(r, rs, rt) + Volume(rs, s, st) + Volume(rt, st, t)) / 3) / 64;
 }
 
+/// A hexahedron whose top is one point.
+double PyramidVolume(const T_CORNERS& p) {
+    return HexaVolume({p[0], p[1], p[2], p[3], p[4], p[4], p[4], p[4]});
+}
+
 /// Corners 0 to 2 below, 3 to 5 above. The edges of the triangles change along the height, whose mean over a triangle
 /// is the one from middle to middle.
 double WedgeVolume(const T_CORNERS& p) {
@@ -134,9 +139,8 @@ double MeasureBody(E_BODY eBody, const std::array<T_VECTOR, 8>& rCorners) {
         return WedgeVolume(rCorners);
     case BODY_HEXA:
         return HexaVolume(rCorners);
-    case BODY_PYRAMID: // a hexahedron whose top is one point
-        return MeasureBody(BODY_HEXA, {rCorners[0], rCorners[1], rCorners[2], rCorners[3], rCorners[4], rCorners[4],
-                                       rCorners[4], rCorners[4]});
+    case BODY_PYRAMID:
+        return PyramidVolume(rCorners);
     default:
         return 0.0;
     }

@@ -95,6 +95,7 @@ TEST(Review, AddsUpLoadsInAnyOrder) {
         deck << "GRID," << i + 101 << ",," << i << ".,,1.\nGRID," << i + 103 << ",," << i << ".,1.,1.\n";
     for (int i = 40; i >= 1; --i)
         deck << "CQUAD4," << i << ",1," << i << "," << i + 1 << "," << i + 51 << "," << i + 50 << "\n";
+    deck << "CQUAD4,-5,3,1,2,52,51\n"; // counts for the file alone
     deck << "CQUAD4,80,1,1,2,52,999\nCTRIA3,81,1,1,2,51\nCSHEAR,82,1,1,2,52,51\nCHEXA,90,2,1,2,52,51,101,102\n,104,"
             "103\nCBAR,91,1,1,2,51\n";
     for (int i = 1; i <= 40; ++i) deck << "PLOAD2,7," << i * 7 % 41 << ".," << i * 7 % 41 << "\n"; // i on i
@@ -106,8 +107,12 @@ TEST(Review, AddsUpLoadsInAnyOrder) {
     WriteText(folder.Path("deck.dat"), deck.str());
     std::map<std::string, double> mapFile;
     for (const T_REVIEWROW_D& rRow : ReviewDeck(folder.Path("deck.dat"), folder)) {
-        if (rRow.sGROUP.starts_with("load set")) mapFile[rRow.sGROUP + ", " + rRow.sNAME] = rRow.dFILE;
+        mapFile[rRow.sGROUP + ", " + rRow.sNAME] = rRow.dFILE;
     }
+    EXPECT_EQ(mapFile["property 1, elements"], 44.0);
+    EXPECT_EQ(mapFile["property 1, length or area"], 40.0 + 0.5 + 1.0 + 1.0);
+    EXPECT_EQ(mapFile["property 3, elements"], 1.0);
+    EXPECT_EQ(mapFile["material 1, elements"], 46.0);
     EXPECT_EQ(mapFile["load set 7, elements under pressure"], 40.0);
     EXPECT_NEAR(mapFile["load set 7, force z"], 820.0, 1e-9);
     EXPECT_NEAR(mapFile["load set 7, moment x"], 410.0, 1e-9);
@@ -118,6 +123,26 @@ TEST(Review, AddsUpLoadsInAnyOrder) {
     EXPECT_NEAR(mapFile["load set 3, force z"], 41.0, 1e-9);
     EXPECT_NEAR(mapFile["load set 3, moment x"], 20.0, 1e-9);
     EXPECT_NEAR(mapFile["load set 3, moment y"], -820.0, 1e-9);
+}
+
+/// Where nothing but ids differs.
+TEST(Review, TellsIdsApart) {
+    for (std::size_t nIDs = 0; nIDs <= 8; ++nIDs) {
+        const std::vector<std::int32_t> aIDs = {1, 2, 3, 4, 5, 6, 7, 8};
+        T_LISTSUM_D list;
+        list.Add(9, aIDs.data(), nIDs);
+        for (std::size_t i = 0; i < nIDs; ++i) {
+            std::vector<std::int32_t> aOthers = aIDs;
+            std::swap(aOthers[i], aOthers[(i + 1) % 8]);
+            T_LISTSUM_D other;
+            other.Add(9, aOthers.data(), nIDs);
+            EXPECT_NE(list.nCHECK, other.nCHECK) << nIDs << ", " << i;
+        }
+    }
+    T_TOTALS_D a, b;
+    a.AddNode(1, {});
+    b.AddNode(2, {});
+    EXPECT_EQ(FindDifferences(a, b).size(), 1u);
 }
 
 /// The rows of masses that aren't zero: "total 2, Ixx about it 1".
@@ -190,6 +215,9 @@ TEST(Review, WeighsPoints) {
         ShowMasses(sGrids + "CONM2   1       1       7       2.\n+       1.      5.      2.      0.      0.      3.\n"),
         "masses at nodes 1, of those 2, total 2, centre of gravity x 2, Ixx about it 2, Iyy about it 1, "
         "Izz about it 3, Ixy about it -5");
+    EXPECT_EQ(ShowMasses("GRID,1,,.1,.3\nGRID,2,,.7,.3\nCONM2,1,1,,.1\nCONM2,2,2,,.1\n"), // but for rounding
+              "masses at nodes 2, of those 0.2, total 0.2, centre of gravity x 0.4, centre of gravity y 0.3, "
+              "Iyy about it 0.018, Izz about it 0.018");
     EXPECT_EQ(ShowMasses(sGrids + "GRID,2,,0.,0.,0.\nCONM2,1,1,,1.\nCONM2,2,2,,1.\n"),
               "masses at nodes 2, of those 2, total 2, centre of gravity x 1, Iyy about it 2, Izz about it 2");
 }
