@@ -47,7 +47,7 @@ void CCheckDeck::OnRun(std::string_view sText, const T_ORIGINLINE_D& rOrigin, co
     const auto& rMaker = static_cast<const CRowsAhead&>(rAhead); // of MakeAhead
     const CRowsAhead::T_RUNROWS_D& rMade = rMaker.GetRun(rRun);
     if (rMade.bROWS) return m_rows.Append(rMaker.GetRows(rRun), rMade.begin, rMade.end, rOrigin);
-    if (rMade.bRETURNS) {
+    if (rMade.first.bRETURNS) {
         m_sText.clear();
         AppendWithoutReturns(m_sText, sText);
         sText = m_sText;
@@ -59,8 +59,8 @@ void CCheckDeck::OnRun(std::string_view sText, const T_ORIGINLINE_D& rOrigin, co
     rCards.first.pTEXT = m_texts.GetOpen().data();
     rCards.first.nTEXT = static_cast<std::uint32_t>(sText.size());
     rCards.first.origin = rOrigin;
-    rCards.first.bPLAIN = rMade.bPLAIN;
-    rCards.first.bCOLUMNS = rMade.bCOLUMNS;
+    rCards.first.bPLAIN = rMade.first.bPLAIN;
+    rCards.first.bCOLUMNS = rMade.first.bCOLUMNS;
 }
 
 bool CCheckDeck::OnCard(const T_SOURCECARD_D& rCard) {

@@ -18,9 +18,7 @@ bool HaveOneKeyword(std::string_view sText, std::size_t iFirst, std::size_t iSec
 void AppendWithoutReturns(std::string& rText, std::string_view sLines) {
     while (!sLines.empty()) {
         const std::size_t nLine = std::min(sLines.find('\n'), sLines.size());
-        std::size_t nKept = nLine;
-        while (nKept > 0 && sLines[nKept - 1] == '\r') --nKept;
-        rText.append(sLines.substr(0, nKept)) += '\n';
+        rText.append(WithoutEnd(sLines.substr(0, nLine))) += '\n';
         sLines.remove_prefix(std::min(nLine + 1, sLines.size()));
     }
 }
@@ -28,8 +26,8 @@ void AppendWithoutReturns(std::string& rText, std::string_view sLines) {
 /// Whether a card may stand in a run behind one of a line: a run of cards that are in no table has cards of a line
 /// each, all alike, or a single one.
 bool CRowsAhead::T_RUNROWS_D::TakesMore(const T_WHOLECARD_D& rCard) const {
-    return !bROWS && nLINES == 1 && rCard.nLINES == 1 && bPLAIN == rCard.bPLAIN && bCOLUMNS == rCard.bCOLUMNS &&
-           bRETURNS == rCard.bRETURNS;
+    return !bROWS && first.nLINES == 1 && rCard.nLINES == 1 && first.bPLAIN == rCard.bPLAIN &&
+           first.bCOLUMNS == rCard.bCOLUMNS && first.bRETURNS == rCard.bRETURNS;
 }
 
 T_READCARD_D CRowsAhead::T_SLOT_D::Read(std::string_view sLines, const T_WHOLECARD_D& rWhole, std::int32_t iLine) {
@@ -78,7 +76,7 @@ void CRowsAhead::Look(std::size_t iSlot, std::string_view sText, std::vector<T_L
                          (!whole.bCOLUMNS || HaveOneKeyword(sText, rRuns.back().iLAST, i)))) {
             rRuns.push_back({i, i, i, 0, static_cast<std::uint32_t>(iSlot), static_cast<std::uint32_t>(rRuns.size())});
             const T_ROWCOUNTS_D begin = bRow ? before : rSlot.rows.Count();
-            rSlot.aRUNS.push_back({bRow, begin, {}, 0, whole.nLINES, whole.bPLAIN, whole.bCOLUMNS, whole.bRETURNS});
+            rSlot.aRUNS.push_back({bRow, begin, {}, 0, whole});
         }
         rRuns.back().iEND = i + whole.nBYTES;
         rRuns.back().iLAST = i;

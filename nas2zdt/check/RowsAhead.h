@@ -27,10 +27,7 @@ class CRowsAhead : public CLinesAhead {
         bool bROWS = false;       // else the cards are in no table
         T_ROWCOUNTS_D begin, end; // of rows
         std::size_t nCARDS = 0;
-        std::int32_t nLINES = 0; // of the first card
-        bool bPLAIN = true;      // of cards that are in no table, as of T_SOURCECARD_D
-        bool bCOLUMNS = true;    // likewise
-        bool bRETURNS = false;   // likewise; whether lines end in more than a line feed
+        T_WHOLECARD_D first; // the others of cards that are in no table are like it
 
         bool TakesMore(const T_WHOLECARD_D& rCard) const;
     };

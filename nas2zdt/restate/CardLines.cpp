@@ -24,8 +24,7 @@ bool CutLine(std::string_view sText, std::string_view& rLine, std::size_t& rByte
     const auto* pFeed = static_cast<const char*>(std::memchr(sText.data(), '\n', sText.size()));
     if (!pFeed) return false;
     rBytes = static_cast<std::size_t>(pFeed - sText.data()) + 1;
-    rLine = sText.substr(0, rBytes - 1);
-    while (!rLine.empty() && rLine.back() == '\r') rLine.remove_suffix(1);
+    rLine = WithoutEnd(sText.substr(0, rBytes));
     return true;
 }
 
@@ -47,6 +46,11 @@ bool IsContinuation(std::string_view sLine) {
 }
 
 } // namespace
+
+std::string_view WithoutEnd(std::string_view sLine) {
+    while (!sLine.empty() && (sLine.back() == '\n' || sLine.back() == '\r')) sLine.remove_suffix(1);
+    return sLine;
+}
 
 std::string_view FirstField(std::string_view sLine) {
     const std::size_t iComma = sLine.substr(0, FREE_COLUMNS).find(',');

@@ -6,6 +6,9 @@
 #include <string>
 #include <string_view>
 
+/// A line without what ends it: a line feed, carriage returns.
+std::string_view WithoutEnd(std::string_view sLine);
+
 /// Field 1 of a line, without the blanks around it.
 std::string_view FirstField(std::string_view sLine);
 

@@ -52,8 +52,6 @@ class CIdTable {
         return iRow == CKeyIndex::NONE ? nullptr : &m_aRows[iRow].second;
     }
     ROW* Find(std::int32_t iID) { return const_cast<ROW*>(std::as_const(*this).Find(iID)); }
-    /// Its place in GetRows(), CKeyIndex::NONE if there is none.
-    std::uint32_t FindRow(std::int32_t iID) const { return m_index.Find(iID); }
     bool Has(std::int32_t iID) const { return Find(iID) != nullptr; }
 
     /// Zero or the largest id, if that is greater.

@@ -19,12 +19,6 @@ enum E_TEXTRULE { TEXT_UNREADABLE, TEXT_PART, TEXT_INCLUDE, TEXT_INCLUDE_BULK, T
 
 constexpr std::size_t MARK_COLUMN = 72; // from 0
 
-/// A line without what ends it.
-std::string_view WithoutEnd(std::string_view sLine) {
-    while (!sLine.empty() && (sLine.back() == '\n' || sLine.back() == '\r')) sLine.remove_suffix(1);
-    return sLine;
-}
-
 } // namespace
 
 const std::vector<T_RULE_D> CSourceDeck::RULES = {
